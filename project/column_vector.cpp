@@ -1,0 +1,97 @@
+#include "project/column_vector.h"
+
+#include <limits>
+#include <stdexcept>
+
+namespace sbd {
+
+ColumnVector::Cell ColumnVector::Store(std::string_view text)
+{
+    if (text.size() > std::numeric_limits<std::uint32_t>::max() - bytes_.size())
+        throw std::length_error("a column of more than 4 GB"); // files of that size are refused before
+    const Cell cell{static_cast<std::uint32_t>(bytes_.size()), static_cast<std::uint32_t>(text.size())};
+    bytes_.append(text);
+    return cell;
+}
+
+void ColumnVector::Append(std::string_view text)
+{
+    cells_.push_back(Store(text));
+}
+
+void ColumnVector::Set(std::size_t row, std::string_view text)
+{
+    if ((*this)[row] == text)
+        return;
+    Cell& cell = cells_[row];
+    if (text.size() <= cell.length) { // fits in its place
+        bytes_.replace(cell.offset, text.size(), text);
+        wasted_ += cell.length - text.size();
+        cell.length = static_cast<std::uint32_t>(text.size());
+    } else {
+        const std::string copy(text); // it may be a view of this very column
+        wasted_ += cell.length;
+        cell = Store(copy);
+    }
+    CompactIfWasteful();
+}
+
+void ColumnVector::Insert(std::size_t row, std::string_view text)
+{
+    const std::string copy(text);
+    const Cell cell = Store(copy);
+    cells_.insert(cells_.begin() + static_cast<std::ptrdiff_t>(row), cell);
+}
+
+void ColumnVector::Erase(std::size_t row)
+{
+    wasted_ += cells_[row].length;
+    cells_.erase(cells_.begin() + static_cast<std::ptrdiff_t>(row));
+    CompactIfWasteful();
+}
+
+void ColumnVector::Clear()
+{
+    bytes_.clear();
+    cells_.clear();
+    wasted_ = 0;
+}
+
+void ColumnVector::Shrink()
+{
+    bytes_.shrink_to_fit();
+    cells_.shrink_to_fit();
+}
+
+std::size_t ColumnVector::MemoryUsed() const
+{
+    return bytes_.capacity() + cells_.capacity() * sizeof(Cell);
+}
+
+void ColumnVector::CompactIfWasteful()
+{
+    constexpr std::size_t tolerated = 4096;
+    if (wasted_ < tolerated || wasted_ < bytes_.size() / 2)
+        return;
+    std::string bytes;
+    bytes.reserve(bytes_.size() - wasted_);
+    for (Cell& cell : cells_) {
+        const std::uint32_t offset = static_cast<std::uint32_t>(bytes.size());
+        bytes.append(bytes_, cell.offset, cell.length);
+        cell.offset = offset;
+    }
+    bytes_ = std::move(bytes);
+    wasted_ = 0;
+}
+
+bool operator==(const ColumnVector& a, const ColumnVector& b)
+{
+    if (a.size() != b.size())
+        return false;
+    for (std::size_t row = 0; row < a.size(); ++row)
+        if (a[row] != b[row])
+            return false;
+    return true;
+}
+
+} // namespace sbd

@@ -1,0 +1,200 @@
+#include "project/panel_columns.h"
+
+#include "project/option_rows.h"
+#include "project/panel_raw_tables.h"
+#include "project/sbd_data.h"
+#include "project/text.h"
+
+#include <algorithm>
+
+namespace sbd {
+
+namespace {
+
+constexpr std::string_view kGirderMark = "@girders";
+constexpr std::string_view kBeamMark = "@beams";
+constexpr int kFirstDataRow = 2; // grid row behind the automatic row
+constexpr int kRecordNumberWidth = 35;
+
+std::string NumberHead(int block)
+{
+    std::string head;
+    AppendFixed(head, block, 0, 0);
+    return head;
+}
+
+WordList MakeWords(std::string_view list)
+{
+    WordList words;
+    while (!list.empty()) {
+        const std::size_t end = std::min(list.find('|'), list.size());
+        words.push_back(Cp932(list.substr(0, end)));
+        list.remove_prefix(std::min(end + 1, list.size()));
+    }
+    return words;
+}
+
+bool HasSectionHeads(std::span<const RawColumn> columns)
+{
+    return std::ranges::any_of(columns, [](const RawColumn& column) { return !column.sectionHead.empty(); });
+}
+
+std::string MakeSectionHead(const RawColumn& column)
+{
+    return Cp932(column.sectionHead.empty() ? column.head : column.sectionHead);
+}
+
+PanelColumn MakeColumn(const RawColumn& raw, bool hasSectionHeads)
+{
+    PanelColumn column;
+    column.width = raw.width;
+    column.head = Cp932(raw.head);
+    if (hasSectionHeads)
+        column.sectionHead = MakeSectionHead(raw);
+    column.name = Cp932(raw.name);
+    column.words = MakeWords(raw.words);
+    column.rightAlignedFromRow = raw.align == kNumber ? kFirstDataRow : 0;
+    return column;
+}
+
+PanelTable MakePanel(const RawPanel& raw, int block)
+{
+    PanelTable panel;
+    panel.block = block;
+    panel.headHeight = raw.headHeight;
+    panel.automaticRows = raw.automaticRows;
+    panel.usable = raw.usable;
+    panel.fixedTexts = MakeWords(raw.fixedTexts);
+    panel.hasSectionHeads = HasSectionHeads(raw.columns);
+    PanelColumn& number = panel.columns.emplace_back();
+    number.width = raw.numberWidth;
+    number.head = NumberHead(block);
+    for (const RawColumn& column : raw.columns)
+        panel.columns.push_back(MakeColumn(column, panel.hasSectionHeads));
+    return panel;
+}
+
+RecordPanel MakeRecordPanel(const RawRecordPanel& raw)
+{
+    RecordPanel panel;
+    panel.block = raw.block;
+    panel.headHeight = raw.headHeight;
+    const bool hasSectionHeads = HasSectionHeads(raw.columns);
+    panel.heads.push_back(Cp932(raw.numberHead));
+    if (hasSectionHeads)
+        panel.sectionHeads = panel.heads;
+    panel.widths.push_back(kRecordNumberWidth);
+    panel.words.emplace_back();
+    for (const RawColumn& column : raw.columns) {
+        panel.heads.push_back(Cp932(column.head));
+        if (hasSectionHeads)
+            panel.sectionHeads.push_back(MakeSectionHead(column));
+        panel.widths.push_back(column.width);
+        panel.words.push_back(MakeWords(column.words));
+    }
+    return panel;
+}
+
+/// Gives the list to the rows that `raw` names; rows that the block has not are left out.
+void PutRowWords(std::vector<WordList>& rows, const RawRowWords& raw)
+{
+    const WordList words = MakeWords(raw.words);
+    for (const std::string_view range : SplitWords(raw.rows)) {
+        const int first = LeadingInteger(range);
+        const std::size_t dash = range.find('-');
+        const int last = dash == std::string_view::npos ? first : LeadingInteger(range.substr(dash + 1));
+        for (int row = first; row <= last && row <= static_cast<int>(rows.size()); ++row)
+            rows[static_cast<std::size_t>(row) - 1] = words;
+    }
+}
+
+OptionPanel MakeOptionPanel(const RawOptionPanel& raw)
+{
+    OptionPanel panel;
+    panel.block = raw.block;
+    panel.heads = {NumberHead(raw.block), Cp932(raw.labelHead), Cp932(raw.valueHead)};
+    panel.labelWidth = raw.labelWidth;
+    panel.valueWidth = raw.valueWidth;
+    panel.lowerLimit = raw.lowerLimit;
+    if (const OptionBlock* block = FindOptionBlock(raw.block))
+        panel.words.resize(block->rows.size());
+    for (const RawRowWords& rowWords : raw.rowWords)
+        PutRowWords(panel.words, rowWords);
+    return panel;
+}
+
+/// The panel of a number among panels in order of number; null if there is none.
+template <typename Panel>
+const Panel* FindPanel(std::span<const Panel> panels, int block)
+{
+    const auto found = std::ranges::lower_bound(panels, block, {}, &Panel::block);
+    return found != panels.end() && found->block == block ? &*found : nullptr;
+}
+
+} // namespace
+
+std::span<const PanelTable> PanelTables()
+{
+    static const std::vector<PanelTable> panels = [] {
+        std::vector<PanelTable> result;
+        for (const RawPanel& raw : RawPanels())
+            for (int block = raw.block; block <= std::max(raw.block, raw.last); ++block)
+                result.push_back(MakePanel(raw, block));
+        return result;
+    }();
+    return panels;
+}
+
+const PanelTable* FindPanelTable(int block)
+{
+    return FindPanel(PanelTables(), block);
+}
+
+std::span<const OptionPanel> OptionPanels()
+{
+    static const std::vector<OptionPanel> panels = [] {
+        std::vector<OptionPanel> result;
+        for (const RawOptionPanel& raw : RawOptionPanels())
+            result.push_back(MakeOptionPanel(raw));
+        return result;
+    }();
+    return panels;
+}
+
+const OptionPanel* FindOptionPanel(int block)
+{
+    return FindPanel(OptionPanels(), block);
+}
+
+std::span<const RecordPanel> RecordPanels()
+{
+    static const std::vector<RecordPanel> panels = [] {
+        std::vector<RecordPanel> result;
+        for (const RawRecordPanel& raw : RawRecordPanels())
+            result.push_back(MakeRecordPanel(raw));
+        return result;
+    }();
+    return panels;
+}
+
+const RecordPanel* FindRecordPanel(int block)
+{
+    return FindPanel(RecordPanels(), block);
+}
+
+WordList ResolveWords(const WordList& words, const CSbdData& data)
+{
+    const GridNames& names = data.gridNames;
+    WordList resolved;
+    for (const std::string& word : words) {
+        if (word == kGirderMark)
+            resolved.insert(resolved.end(), names.girderNames.begin(), names.girderNames.end());
+        else if (word == kBeamMark)
+            resolved.insert(resolved.end(), names.swayNames.begin(), names.swayNames.end());
+        else
+            resolved.push_back(word);
+    }
+    return resolved;
+}
+
+} // namespace sbd

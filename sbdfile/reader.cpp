@@ -1,0 +1,282 @@
+#include "sbdfile/reader.h"
+
+#include "project/catalogue.h"
+#include "project/option_rows.h"
+#include "project/sbd_data.h"
+#include "project/text.h"
+#include "sbdfile/line_reader.h"
+#include "sbdfile/reader_records.h"
+#include "sbdfile/reader_rules.h"
+#include "sbdfile/repairs.h"
+
+#include <algorithm>
+
+namespace sbd {
+
+namespace {
+
+using namespace literals;
+
+std::string_view FirstToken(std::string_view line)
+{
+    return line.substr(0, line.find(' '));
+}
+
+/// The block whose header prefix the token begins with; 0: none.
+int BlockOfHeader(std::string_view token)
+{
+    // In the order of the tests: the blocks below 300 first, then by rising number, which the catalogue's order is.
+    if (!token.starts_with('['))
+        return 0;
+    for (const CatalogueRow& row : Catalogue())
+        for (const std::string_view prefix : row.prefixes)
+            if (!prefix.empty() && token.starts_with(prefix))
+                return row.block;
+    return 0;
+}
+
+/// Takes the value of one line "keyword [label] value"; false if the line has too few words.
+bool TakeOptionValue(std::string_view& rest, OptionShape shape)
+{
+    const int wordsAhead = shape == OptionShape::KeywordLabelValue ? 2 : 1;
+    for (int word = 0; word < wordsAhead; ++word) {
+        const std::size_t blank = rest.find(' ');
+        if (blank == std::string_view::npos)
+            return false;
+        rest = TrimLeft(rest.substr(blank + 1));
+    }
+    return true;
+}
+
+/// Rows of 301, 302 and 303: the first whose short key the token begins with. Other blocks: all rows with the longest
+/// such key. False if there is none.
+bool SetOptionRows(const OptionBlock& block, std::string_view token, std::string_view value, CSbdData& data)
+{
+    if (block.block == 401) { // these two keywords begin like those of other rows
+        const std::size_t row = token.starts_with("VS_R_UP_SU") ? 11 : token.starts_with("VS_R_BOTTOM_SU") ? 12 : 0;
+        if (row > 0) {
+            data.SetOption(401, row, value);
+            return true;
+        }
+    }
+    const bool firstOnly = block.block <= 303;
+    std::size_t longest = 0;
+    for (const OptionRow& row : block.rows)
+        if (token.starts_with(row.shortKey))
+            longest = std::max(longest, row.shortKey.size());
+    for (std::size_t row = 0; row < block.rows.size(); ++row) {
+        const std::string& key = block.rows[row].shortKey;
+        if (!token.starts_with(key) || (!firstOnly && key.size() < longest))
+            continue;
+        data.SetOption(block.block, row, value);
+        if (firstOnly)
+            return true;
+    }
+    return longest > 0;
+}
+
+/// Reads one project text; the sections take their lines from it in turn.
+class ProjectReader {
+public:
+    ProjectReader(std::string_view bytes, CSbdData& data, std::vector<ReadNote>* notes)
+        : lines_(bytes), data_(data), notes_(notes)
+    {
+    }
+
+    void Read()
+    {
+        std::string_view raw;
+        while (lines_.Next(raw)) {
+            const std::string_view line = cleaner_.Clean(raw);
+            const std::string_view token = FirstToken(line);
+            if (line.empty() || token.starts_with('!'))
+                continue;
+            if (line.starts_with("TITLE:"))
+                ReadTitle(line);
+            else if (const int block = BlockOfHeader(token); block != 0)
+                ReadSection(block);
+            else if (line.starts_with('[') && line.find(']') != std::string_view::npos)
+                KeepUnknownSection(line);
+            else
+                Note(LostLine::OutsideSection, 0, line);
+        }
+    }
+
+private:
+    void Note(LostLine reason, int block, std::string_view line)
+    {
+        if (notes_)
+            notes_->push_back({reason, lines_.Number(), block, std::string(line)});
+    }
+
+    void ReadTitle(std::string_view line)
+    {
+        // A set of characters, not the word: a title that begins with one of these letters loses them.
+        const std::size_t begin = std::min(line.find_first_not_of("TITLE:"), line.size());
+        data_.SetOption(301, 0, line.substr(begin));
+    }
+
+    void KeepUnknownSection(std::string_view header)
+    {
+        data_.unknownLines.emplace_back(header);
+        std::string_view raw;
+        while (lines_.Next(raw)) {
+            data_.unknownLines.emplace_back(raw);
+            if (cleaner_.Clean(raw).starts_with("[E")) {
+                data_.unknownLines.emplace_back();
+                return;
+            }
+        }
+    }
+
+    void ReadSection(int block)
+    {
+        if (const OptionBlock* options = FindOptionBlock(block))
+            return ReadOptions(*options);
+        switch (block) {
+        case 311:
+            return ReadHGirder(lines_, data_);
+        case 324:
+            return ReadCrossRibs(lines_, data_);
+        case 325:
+            return ReadLRibs(lines_, data_);
+        case 412:
+            return ReadUnusedLines(lines_, data_);
+        case 501:
+        case 702:
+            return ReadNames(lines_, block, data_);
+        default:
+            return ReadTable(block);
+        }
+    }
+
+    void ReadOptions(const OptionBlock& block)
+    {
+        std::string_view raw;
+        while (lines_.Next(raw)) {
+            const std::string_view line = cleaner_.Clean(raw);
+            if (line.empty() || line.starts_with('!'))
+                continue;
+            if (line.starts_with("[E"))
+                return;
+            std::string_view value = line;
+            if (!TakeOptionValue(value, block.shape))
+                Note(LostLine::NoValue, block.block, line);
+            else if (!SetOptionRows(block, FirstToken(line), value, data_))
+                Note(LostLine::UnknownKeyword, block.block, line);
+        }
+    }
+
+    /// The rows of a table block, head rows and control row included.
+    void ReadTable(int block)
+    {
+        TableBlock& table = *data_.Table(block);
+        const ControlRowRule* control = ControlRowOf(block);
+        const std::span<const HeadRow> heads = HeadRowsOf(block);
+        const std::size_t firstRow = table.RowCount();
+        bool atFirstRow = true;
+        std::string_view raw;
+        while (lines_.Next(raw)) {
+            std::string_view line = cleaner_.CleanRow(raw);
+            if (line.empty() || line.starts_with('!'))
+                continue;
+            if (line.starts_with("[E"))
+                return;
+            if (block == 315 && line.starts_with("NEW_VERSION_")) {
+                data_.versionWord = line;
+                continue;
+            }
+            std::string replaced;
+            if (block == 306 && line.starts_with(kOldMainLoad)) {
+                replaced = "主荷重"_cp932 + std::string(line.substr(kOldMainLoad.size()));
+                line = replaced;
+            }
+            if (atFirstRow)
+                AddRowsAhead(table, control, heads, FirstToken(line));
+            atFirstRow = false;
+            if (!ReplaceHeadRow(table, heads, firstRow, line, block))
+                AppendLine(table, line);
+            if (block == 331)
+                MoveOldWebRow(table);
+        }
+    }
+
+    /// Ahead of the first row: the head rows, or the control row if the file has none.
+    static void AddRowsAhead(TableBlock& table, const ControlRowRule* control, std::span<const HeadRow> heads,
+                             std::string_view firstWord)
+    {
+        for (const HeadRow& head : heads)
+            table.AppendRow({head.word, head.value});
+        if (control
+            && std::ranges::none_of(control->words, [&](const std::string& word) { return firstWord.starts_with(word); }))
+            table.AppendRow({control->cells.begin(), control->cells.end()});
+    }
+
+    /// A line with a head's key takes the place of that head row; false if it is none.
+    bool ReplaceHeadRow(TableBlock& table, std::span<const HeadRow> heads, std::size_t firstRow, std::string_view line,
+                        int block)
+    {
+        if (heads.empty())
+            return false;
+        const std::string_view word = TakeToken(line);
+        const int head = FindHeadRow(heads, word);
+        if (head < 0)
+            return false;
+        line = TrimLeft(line);
+        const std::size_t row = firstRow + static_cast<std::size_t>(head);
+        table.columns[0].Set(row, word);
+        table.columns[1].Set(row, TakeToken(line));
+        if (!TrimLeft(line).empty())
+            Note(LostLine::FurtherWords, block, TrimLeft(line));
+        return true;
+    }
+
+    /// One word a column; the last column takes the rest of the line.
+    static void AppendLine(TableBlock& table, std::string_view line)
+    {
+        const std::size_t last = table.columns.size() - 1;
+        for (std::size_t column = 0; column < last; ++column) {
+            line = TrimLeft(line);
+            table.columns[column].Append(TakeToken(line));
+        }
+        table.columns[last].Append(TrimLeft(line));
+    }
+
+    /// A row of block 331 in the old layout moves to the right: the reason for the thickness had no column then.
+    static void MoveOldWebRow(TableBlock& table)
+    {
+        const std::size_t row = table.RowCount() - 1;
+        const auto cell = [&](std::size_t column) { return table.columns[column][row]; };
+        static const std::vector<std::string> sides = {"内面"_cp932, "外面"_cp932, "中心"_cp932};
+        if (row == 0 || !cell(10).empty() || cell(7).empty() || cell(9).empty()
+            || std::ranges::find(sides, cell(8)) == sides.end())
+            return;
+        for (std::size_t column = 10; column > 7; --column)
+            table.columns[column].Set(row, cell(column - 1));
+        table.columns[7].Set(row, {});
+    }
+
+    static constexpr std::string_view kOldMainLoad = "YES_MAIN_LOAD";
+
+    LineReader lines_;
+    LineCleaner cleaner_;
+    CSbdData& data_;
+    std::vector<ReadNote>* notes_;
+};
+
+} // namespace
+
+void ReadSections(std::string_view bytes, CSbdData& data, std::vector<ReadNote>* notes)
+{
+    ProjectReader(bytes, data, notes).Read();
+}
+
+void ReadProject(std::string_view bytes, CSbdData& data)
+{
+    data.ClearBlocks();
+    ReadSections(bytes, data);
+    RepairAfterRead(data);
+    data.Shrink();
+}
+
+} // namespace sbd

@@ -1,0 +1,231 @@
+#include "sbdfile/repairs.h"
+
+#include "project/sbd_data.h"
+#include "project/text.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <unordered_set>
+
+namespace sbd {
+
+namespace {
+
+using namespace literals;
+
+/// A row of an option block, from 0.
+struct OptionPlace {
+    int block;
+    std::size_t row;
+};
+
+/// Values that one block copies to another: source, target.
+struct Link {
+    OptionPlace from;
+    OptionPlace to;
+};
+
+constexpr Link kLinks[] = {
+    {{301, 29}, {521, 2}},  {{301, 30}, {521, 3}},  {{301, 16}, {521, 4}}, {{301, 16}, {721, 9}},
+    {{301, 16}, {701, 16}}, {{301, 28}, {721, 2}},  {{302, 34}, {521, 33}}, {{303, 30}, {521, 34}},
+};
+
+/// The scallops and welds of 701, which rule those of 401 and 721.
+constexpr Link kScallopLinks[] = {
+    {{701, 9}, {401, 11}}, {{701, 10}, {401, 12}}, {{701, 11}, {401, 13}}, {{701, 12}, {401, 14}}, {{701, 13}, {401, 15}},
+    {{701, 9}, {721, 4}},  {{701, 10}, {721, 5}},  {{701, 11}, {721, 6}},  {{701, 12}, {721, 7}},  {{701, 13}, {721, 8}},
+};
+
+/// Control rows that follow a switch of block 301.
+struct ControlLink {
+    std::size_t row; ///< of block 301
+    int block;
+};
+
+constexpr ControlLink kControlLinks[] = {
+    {18, 326}, {11, 313}, {10, 315}, {12, 327}, {13, 328}, {8, 331},
+    {8, 332},  {9, 341},  {9, 342},  {9, 343},  {9, 344},
+};
+
+/// Blocks of one splice, whose control rows are tied together.
+constexpr std::array<std::array<int, 4>, 3> kTiedBlocks = {
+    {{557, 558, 559, 560}, {657, 658, 659, 660}, {677, 678, 679, 680}}};
+
+void CopyValues(std::span<const Link> links, CSbdData& data)
+{
+    for (const Link& link : links)
+        data.SetOption(link.to.block, link.to.row, std::string(data.Option(link.from.block, link.from.row)));
+}
+
+std::string ControlWord()
+{
+    return "自動計算(YES_NO)"_cp932;
+}
+
+void ReadStringerNames(CSbdData& data)
+{
+    const std::size_t count = static_cast<std::size_t>(std::max(0, LeadingInteger(data.Option(640, 0))));
+    data.stringerNames.clear();
+    for (const std::string_view name : SplitWords(data.Option(640, 1)))
+        if (data.stringerNames.size() < count)
+            data.stringerNames.emplace_back(name);
+}
+
+void AddHandHoleTypes(TableBlock& table)
+{
+    if (table.RowCount() > 1)
+        return;
+    if (table.RowCount() == 0)
+        table.AppendRow({ControlWord(), "YES"});
+    table.AppendRow({"TYPE_H_A", "6", "19", "16", "9", "300", "340", "240 150 180 SS400 SUS304"});
+    table.AppendRow({"TYPE_H_B", "6", "19", "16", "9", "430", "250", "630 270 300 120 330 150 390 210 SS400 SUS304"});
+}
+
+/// Does the flange's thickness count within the girder height? "YES" or "NO" for 511 and 721, from the type in 311.
+void SetFlangeRows(CSbdData& data)
+{
+    TableBlock& table = *data.Table(511);
+    if (table.RowCount() == 0) {
+        table.AppendRow({ControlWord(), "YES"});
+        table.AppendRow({"上FLG厚を主桁高に含むか"_cp932, "YES"});
+        table.AppendRow({"下FLG厚を主桁高に含むか"_cp932, "YES"});
+    }
+    const std::string outside = "桁高に含まない"_cp932;
+    for (std::size_t flange = 0; flange < 2; ++flange) {
+        const std::string_view value = data.hGirder.types[flange] == outside ? "NO" : "YES";
+        if (flange + 1 < table.RowCount())
+            table.columns[1].Set(flange + 1, value);
+        data.SetOption(721, flange, value);
+    }
+}
+
+/// The cells of a control row behind its value: one word a column, the last column the rest of its line.
+struct CellsBehindValue {
+    std::vector<std::string> cells;
+
+    explicit CellsBehindValue(const TableBlock& table)
+    {
+        for (std::size_t column = 2; column < table.columns.size(); ++column)
+            cells.emplace_back(table.columns[column][0]);
+    }
+
+    /// Takes `words` off the front; false, and nothing taken, if one of them is not there.
+    bool Take(const std::vector<std::string_view>& words)
+    {
+        const std::vector<std::string> before = cells;
+        for (const std::string_view word : words) {
+            if (FirstWord() != word) {
+                cells = before;
+                return false;
+            }
+            RemoveFirstWord();
+        }
+        return true;
+    }
+
+private:
+    [[nodiscard]] std::string_view FirstWord() const
+    {
+        if (cells.empty())
+            return {};
+        if (cells.size() > 1)
+            return cells.front();
+        std::string_view rest = TrimLeft(cells.front());
+        return TakeToken(rest);
+    }
+
+    /// All cells move up by one; the last but one takes a word off the last one's text.
+    void RemoveFirstWord()
+    {
+        std::rotate(cells.begin(), cells.begin() + 1, cells.end());
+        std::string_view rest;
+        if (cells.size() > 1) {
+            std::swap(cells.back(), cells[cells.size() - 2]); // the text of the last column stands there now
+            const std::string text = cells.back();
+            rest = TrimLeft(text);
+            cells[cells.size() - 2] = TakeToken(rest);
+            cells.back() = TrimLeft(rest);
+        } else {
+            const std::string text = cells.back();
+            rest = TrimLeft(text);
+            static_cast<void>(TakeToken(rest));
+            cells.back() = TrimLeft(rest);
+        }
+    }
+};
+
+void SetControlValue(TableBlock& table, std::string_view value)
+{
+    if (table.RowCount() == 0) {
+        table.AppendRow({ControlWord(), value});
+        return;
+    }
+    // A value of several words ("YES, 3") comes from the file as several cells. They are this value's own words and go.
+    std::vector<std::string_view> further = SplitWords(value);
+    if (further.size() > 1) {
+        further.erase(further.begin());
+        CellsBehindValue behind(table);
+        if (behind.Take(further))
+            for (std::size_t i = 0; i < behind.cells.size(); ++i)
+                table.columns[i + 2].Set(0, behind.cells[i]);
+    }
+    table.columns[1].Set(0, value);
+}
+
+void TieSplices(const std::array<int, 4>& blocks, CSbdData& data)
+{
+    const bool tied = std::ranges::any_of(blocks, [&](int block) {
+        const TableBlock& table = *data.Table(block);
+        // The single letter only: the word "YES" stands for itself.
+        return table.RowCount() > 0 && (table.columns[1][0] == "Y" || table.columns[1][0] == "y");
+    });
+    if (!tied)
+        return;
+    for (const int block : blocks) {
+        TableBlock& table = *data.Table(block);
+        if (table.RowCount() == 0)
+            table.AppendRow({ControlWord(), "YES"});
+        else
+            table.columns[1].Set(0, "YES");
+    }
+}
+
+/// A beam name of block 501 up to its first "_" behind the first character.
+std::string_view BeamName(std::string_view name)
+{
+    if (name.empty())
+        return name;
+    for (std::size_t pos = CharacterLength(name, 0); pos < name.size(); pos += CharacterLength(name, pos))
+        if (name[pos] == '_')
+            return name.substr(0, pos);
+    return name;
+}
+
+} // namespace
+
+void RefreshSwayNames(CSbdData& data)
+{
+    std::vector<std::string>& names = data.gridNames.swayNames;
+    names.resize(std::min(names.size(), data.swayNameCount));
+    std::unordered_set<std::string> known(names.begin(), names.end());
+    for (const std::string& full : data.Names(501)->lists[1])
+        if (const std::string name(BeamName(full)); known.insert(name).second)
+            names.push_back(name);
+}
+
+void RepairAfterRead(CSbdData& data)
+{
+    RefreshSwayNames(data);
+    ReadStringerNames(data);
+    AddHandHoleTypes(*data.Table(409));
+    CopyValues(kLinks, data);
+    SetFlangeRows(data);
+    CopyValues(kScallopLinks, data);
+    for (const ControlLink& link : kControlLinks)
+        SetControlValue(*data.Table(link.block), data.Option(301, link.row));
+    for (const std::array<int, 4>& blocks : kTiedBlocks)
+        TieSplices(blocks, data);
+}
+
+} // namespace sbd

@@ -1,0 +1,187 @@
+#include "sbdfile/writer.h"
+
+#include "project/option_rows.h"
+#include "project/sbd_data.h"
+#include "project/text.h"
+#include "sbdfile/camber.h"
+#include "sbdfile/layout.h"
+#include "sbdfile/writer_records.h"
+
+#include <algorithm>
+
+namespace sbd {
+
+namespace {
+
+using namespace literals;
+
+void AppendLine(std::string& out, std::string_view line)
+{
+    out.append(line);
+    out.append(kLineEnd);
+}
+
+/// The 32 values of a block 301 that has lost its rows.
+std::vector<std::string> RebuiltControlValues()
+{
+    std::vector<std::string> values = {"SBD1", "YES", "YES"};
+    values.insert(values.end(), 5, "NO");
+    values.insert(values.end(), 13, "YES"); // up to row 20
+    for (const char* value :
+         {"死荷重", "1", "一般", "YES", "NO", "100", "0.03", "非合成", "自動", "横桁腹板", "3次"})
+        values.push_back(Cp932(value));
+    return values;
+}
+
+/// A value that marks a block as not ready to be written.
+constexpr std::string_view kPlaceholder = "<?>";
+
+void WriteOptions(std::string& out, const OptionBlock& block, const std::vector<std::string>& values)
+{
+    const std::size_t firstRow = block.block == 301 ? 1 : 0; // row 0 of 301 is the title, on a line of its own
+    AppendLine(out, block.header);
+    AppendLine(out, block.comment);
+    for (std::size_t i = firstRow; i < block.rows.size() && i < values.size(); ++i) {
+        out.append("  ");
+        AppendPadded(out, block.rows[i].keyword, static_cast<std::size_t>(block.keywordWidth), true);
+        out.push_back(' ');
+        if (block.shape == OptionShape::KeywordLabelValue) {
+            AppendPadded(out, block.rows[i].label, static_cast<std::size_t>(block.labelWidth), true);
+            out.push_back(' ');
+        }
+        AppendPadded(out, values[i], static_cast<std::size_t>(block.valueWidth), false);
+        out.append(kLineEnd);
+    }
+    AppendLine(out, block.end);
+    out.append(kLineEnd);
+}
+
+/// The first format that has a field for every cell that holds something, else the last.
+const RowFormat& FormatFor(const SectionLayout& layout, const TableBlock& table, std::size_t row)
+{
+    if (layout.formats.size() == 1 || (layout.rule == RowRule::FirstRowApart && row > 0))
+        return layout.formats.back();
+    if (layout.rule == RowRule::FirstRowApart)
+        return layout.formats.front();
+    for (const RowFormat& format : layout.formats) {
+        const auto behind = table.columns.begin() + static_cast<std::ptrdiff_t>(format.fields.size());
+        if (std::all_of(behind, table.columns.end(), [&](const ColumnVector& column) { return column[row].empty(); }))
+            return format;
+    }
+    return layout.formats.back();
+}
+
+void WriteRow(std::string& out, const SectionLayout& layout, const TableBlock& table, std::size_t row)
+{
+    const RowFormat& format = FormatFor(layout, table, row);
+    const std::size_t lineStart = out.size();
+    for (std::size_t column = 0; column < format.fields.size(); ++column) {
+        const RowField& field = format.fields[column];
+        out.append(field.before);
+        AppendPadded(out, table.columns[column][row], field.width, field.left);
+    }
+    out.append(format.behind);
+    if (layout.cutTrailingBlanks)
+        while (out.size() > lineStart && out.back() == ' ')
+            out.pop_back();
+    out.append(kLineEnd);
+}
+
+/// Place of the one comment that 321 and 322 write: 1 if the input method says lengths.
+std::size_t InputMethodComment(const TableBlock& table)
+{
+    static const std::vector<std::string> lengths = {"継手長"_cp932, "断面長"_cp932, "自動_継手長"_cp932,
+                                                     "自動_断面長"_cp932};
+    if (table.RowCount() < 2)
+        return 0;
+    const std::string_view method = table.columns[1][1];
+    return std::ranges::any_of(lengths, [&](const std::string& word) { return method.starts_with(word); }) ? 1 : 0;
+}
+
+void WriteComments(std::string& out, const std::vector<std::string>& comments)
+{
+    for (const std::string& comment : comments)
+        AppendLine(out, comment);
+}
+
+/// Comments and rows; `ahead` is a line of the block's own in front of its rows, if it is not empty.
+void WriteTableRows(std::string& out, const SectionLayout& layout, const TableBlock& table, std::string_view ahead = {})
+{
+    if (layout.rule == RowRule::CommentByInputMethod)
+        AppendLine(out, layout.comments[InputMethodComment(table)]);
+    else
+        WriteComments(out, layout.comments);
+    if (!ahead.empty())
+        AppendLine(out, ahead);
+    const std::size_t rows = table.RowCount();
+    const bool firstApart = layout.rule == RowRule::FirstRowApart || layout.rule == RowRule::ControlRowFirst;
+    if (firstApart && rows > 0)
+        WriteRow(out, layout, table, 0);
+    WriteComments(out, layout.rowComments);
+    for (std::size_t row = firstApart ? 1 : 0; row < rows; ++row)
+        WriteRow(out, layout, table, row);
+}
+
+/// 702 counts as having rows if one of its lists holds a name.
+std::size_t NamesOf(const NameLists& names)
+{
+    std::size_t count = 0;
+    for (const std::vector<std::string>& list : names.lists)
+        count += list.size();
+    return count;
+}
+
+void WriteSection(std::string& out, const SectionLayout& layout, const CSbdData& data)
+{
+    const NameLists* names = data.Names(layout.block);
+    const std::size_t rows = names ? NamesOf(*names) : data.RowCount(layout.block);
+    if (rows < static_cast<std::size_t>(layout.leastRows))
+        return;
+    AppendLine(out, layout.header);
+    if (layout.block == 315) {
+        const bool known = data.versionWord.starts_with("NEW_VERSION_");
+        WriteTableRows(out, layout, *data.Table(315), known ? std::string_view(data.versionWord) : std::string_view());
+    } else if (layout.block == 259) {
+        WriteTableRows(out, layout, CleanedCamber(*data.Table(259)));
+    } else if (layout.block == 311) {
+        WriteHGirder(out, data);
+    } else if (layout.block == 324) {
+        WriteCrossRibs(out, data);
+    } else if (layout.block == 325) {
+        WriteLRibs(out, data);
+    } else if (names) {
+        WriteNames(out, layout.block, data);
+    } else {
+        WriteTableRows(out, layout, *data.Table(layout.block));
+    }
+    AppendLine(out, layout.end);
+    out.append(kLineEnd);
+}
+
+} // namespace
+
+std::string WriteProject(CSbdData& data, WriteReport* report)
+{
+    std::string out;
+    std::vector<std::string>& control = *data.Options(301);
+    if (control.empty())
+        control = RebuiltControlValues();
+    const bool heldBack = std::ranges::find(control, kPlaceholder) != control.end();
+    if (report)
+        report->controlBlockHeldBack = heldBack;
+    if (!heldBack)
+        AppendLine(out, "TITLE:" + control[0]);
+    for (const int block : SectionOrder()) {
+        if (const OptionBlock* options = FindOptionBlock(block)) {
+            if (block != 301 || !heldBack)
+                WriteOptions(out, *options, *data.Options(block));
+        } else {
+            WriteSection(out, *FindSectionLayout(block), data);
+        }
+    }
+    for (const std::string& line : data.unknownLines)
+        AppendLine(out, line);
+    return out;
+}
+
+} // namespace sbd
