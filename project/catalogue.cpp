@@ -34,14 +34,13 @@ constexpr PanelRange kRanges[] = {
 
 /// Numbers outside the ranges that open a panel; the group heads 400, 500, 600, 700 open the table panels.
 constexpr std::pair<int, std::string_view> kPanels[] = {
-    {400, k400},         {500, k500},         {600, k600},         {700, k700},         {253, "CDown253"},
-    {254, "CDown254"},   {255, "CDown255"},   {256, "CDown256"},   {301, "CDown301"},   {302, "CDown302"},
-    {303, "CDown303"},   {308, "CDown308"},   {309, "CDown309"},   {310, "CDown310"},   {311, "CDown311"},
-    {324, "CDown324"},   {325, "CDown325"},   {361, "CDown521"},   {362, "CDown531"},   {363, "CDown541"},
-    {401, "CDown401"},   {421, "CDown421"},   {501, "CDown501"},   {521, "CDown521"},   {522, "CDown522"},
-    {531, "CDown531"},   {541, "CDown541"},   {569, "CDown521"},   {570, "CDown522"},   {571, "CDown571"},
-    {601, "CDown601"},   {701, "CDown701"},   {702, "CDown702"},   {721, "CDown721"},   {722, "CDown702"},
-    {801, "CDown801"},   {999, "CDown999"},
+    {400, k400},       {500, k500},       {600, k600},       {700, k700},       {253, "CDown253"}, {254, "CDown254"},
+    {255, "CDown255"}, {256, "CDown256"}, {301, "CDown301"}, {302, "CDown302"}, {303, "CDown303"}, {308, "CDown308"},
+    {309, "CDown309"}, {310, "CDown310"}, {311, "CDown311"}, {324, "CDown324"}, {325, "CDown325"}, {361, "CDown521"},
+    {362, "CDown531"}, {363, "CDown541"}, {401, "CDown401"}, {421, "CDown421"}, {501, "CDown501"}, {521, "CDown521"},
+    {522, "CDown522"}, {531, "CDown531"}, {541, "CDown541"}, {569, "CDown521"}, {570, "CDown522"}, {571, "CDown571"},
+    {601, "CDown601"}, {701, "CDown701"}, {702, "CDown702"}, {721, "CDown721"}, {722, "CDown702"}, {801, "CDown801"},
+    {999, "CDown999"},
 };
 
 } // namespace

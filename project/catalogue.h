@@ -24,9 +24,9 @@ struct CatalogueRow {
     std::string_view tag;                     ///< word in brackets in the project file; empty: no section
     std::array<std::string_view, 4> prefixes; ///< header prefixes the reader accepts, in order of their test
     BlockKind kind;
-    int columns;                              ///< column vectors of a table block; 0: none
-    std::string_view panel;                   ///< class of the panel
-    bool commandOpens = true;                 ///< the command stands in the command table (six stand in the menu alone)
+    int columns;              ///< column vectors of a table block; 0: none
+    std::string_view panel;   ///< class of the panel
+    bool commandOpens = true; ///< the command stands in the command table (six stand in the menu alone)
 };
 
 /// All 241 rows in order of number.

@@ -5,6 +5,8 @@ namespace sbd {
 
 namespace {
 
+// clang-format off
+
 using enum BlockKind;
 
 constexpr CatalogueRow kRows[] = {
@@ -251,6 +253,8 @@ constexpr CatalogueRow kRows[] = {
     {801, 48010, "801.材料_CONTROL[MBD_CONTROL]", "MBD_CONTROL", {"[MBD_CONTROL]", "[mbd_control]"}, Option, 0, "CDown801"},
     {999, 49990, "999.KELD_検索_Q_&_A", "", {}, None, 0, "CDown999"},
 };
+
+// clang-format on
 
 } // namespace
 

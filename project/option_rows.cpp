@@ -24,8 +24,9 @@ OptionRow MakeRow(const RawOptionRow& raw, OptionShape shape)
 
 OptionBlock MakeBlock(const RawOptionBlock& raw)
 {
-    OptionBlock block{raw.block,        Cp932(raw.header), Cp932(raw.comment), Cp932(raw.end), raw.shape,
-                      raw.keywordWidth, raw.labelWidth,    raw.valueWidth,     {}};
+    OptionBlock block{raw.block,      Cp932(raw.header), Cp932(raw.comment),
+                      Cp932(raw.end), raw.shape,         raw.keywordWidth,
+                      raw.labelWidth, raw.valueWidth,    {}};
     for (const RawOptionRow& row : raw.rows)
         block.rows.push_back(MakeRow(row, raw.shape));
     return block;

@@ -27,12 +27,12 @@ enum class OptionShape {
 struct OptionBlock {
     int block;
     std::string header;
-    std::string comment;        ///< the line that names the columns
+    std::string comment; ///< the line that names the columns
     std::string end;
     OptionShape shape;
-    int keywordWidth;           ///< bytes, left-aligned behind two blanks
-    int labelWidth;             ///< bytes, left-aligned; 0 without label
-    int valueWidth;             ///< bytes, least width of the value, right-aligned (a value of 1 byte is as long)
+    int keywordWidth; ///< bytes, left-aligned behind two blanks
+    int labelWidth;   ///< bytes, left-aligned; 0 without label
+    int valueWidth;   ///< bytes, least width of the value, right-aligned (a value of 1 byte is as long)
     std::vector<OptionRow> rows;
 };
 

@@ -5,6 +5,8 @@ namespace sbd {
 
 namespace {
 
+// clang-format off
+
 using enum OptionShape;
 
 // Each row: keyword, short key (empty: the keyword), default, label (empty in blocks of keyword and value: the
@@ -690,6 +692,8 @@ constexpr RawOptionBlock kBlocks[] = {
     {721, "[2BD_BOX_COMMON] 721. 箱桁基本条件", "! タイプ                                                                              データ", "[END 2BD_BOX_COMMON]", KeywordValue, 64, 0, 25, kRows721},
     {801, "[MBD_CONTROL] 801.  材料_CONTROL", "! タイプ                                                                              データ", "[END MBD_CONTROL]", KeywordValue, 64, 0, 25, kRows801},
 };
+
+// clang-format on
 
 } // namespace
 

@@ -13,7 +13,10 @@ namespace sbd {
 
 /// A number that is not given.
 inline constexpr double kNotGiven = 1e40;
-[[nodiscard]] constexpr bool IsGiven(double value) { return value < kNotGiven; }
+[[nodiscard]] constexpr bool IsGiven(double value)
+{
+    return value < kNotGiven;
+}
 
 /// The columns of a table block. All columns have the same length, the number of rows.
 struct TableBlock {
@@ -28,13 +31,13 @@ struct TableBlock {
 
 /// Block 311: girder heights. Numbers in m.
 struct HGirderRecord {
-    std::array<std::string, 4> names;   ///< girder from, to; cross beam from, to
+    std::array<std::string, 4> names; ///< girder from, to; cross beam from, to
     std::array<double, 7> numbers{kNotGiven, kNotGiven, kNotGiven, kNotGiven, kNotGiven, kNotGiven, kNotGiven};
     friend bool operator==(const HGirderRecord&, const HGirderRecord&) = default;
 };
 
 struct HGirder {
-    std::array<std::string, 4> types;   ///< T_U, T_L, Z_U, Z_L
+    std::array<std::string, 4> types; ///< T_U, T_L, Z_U, Z_L
     std::vector<HGirderRecord> records;
     friend bool operator==(const HGirder&, const HGirder&) = default;
 };
@@ -56,10 +59,10 @@ struct RibSpacing {
 
 /// Block 324: cross ribs of a box girder. Sizes in mm, spacings in m.
 struct CrossRibRecord {
-    std::array<std::string, 5> names;   ///< girder from, to; cross beam from, to; flange
-    std::array<double, 4> sizes{};      ///< Bri, Tri, Bfi, Tfi
-    int n = 0;                          ///< ribs
-    RibSpacing left;                    ///< n numbers
+    std::array<std::string, 5> names; ///< girder from, to; cross beam from, to; flange
+    std::array<double, 4> sizes{};    ///< Bri, Tri, Bfi, Tfi
+    int n = 0;                        ///< ribs
+    RibSpacing left;                  ///< n numbers
     RibSpacing right;
     /// Sizes of the ribs from the second on, n - 1 of them; sizes at the end that are not given are not held.
     std::vector<std::array<double, 4>> furtherSizes;
@@ -72,11 +75,11 @@ struct CrossRibRecord {
 
 /// Block 325: longitudinal ribs of a box girder. Spacings in mm.
 struct LRibRecord {
-    std::array<std::string, 5> names;   ///< girder from, to; cross beam; flange; rib number
+    std::array<std::string, 5> names; ///< girder from, to; cross beam; flange; rib number
     int n1 = 0;
     int n2 = 0;
-    RibSpacing left;                    ///< n1 numbers
-    RibSpacing right;                   ///< n2 numbers
+    RibSpacing left;  ///< n1 numbers
+    RibSpacing right; ///< n2 numbers
     friend bool operator==(const LRibRecord&, const LRibRecord&) = default;
 };
 
@@ -91,9 +94,9 @@ struct NameLists {
 struct GridNames {
     std::vector<std::string> girderNames;
     std::vector<std::string> swayNames;
-    std::vector<int> swayMarks;         ///< one a sway name: 0 none, 1 "-", 2 "-+"
+    std::vector<int> swayMarks; ///< one a sway name: 0 none, 1 "-", 2 "-+"
     std::vector<std::string> lineNames;
-    int girderNameWidth = 3;            ///< bytes of the longest name; only ever grows
+    int girderNameWidth = 3; ///< bytes of the longest name; only ever grows
     int swayNameWidth = 3;
 };
 
@@ -131,15 +134,15 @@ public:
     [[nodiscard]] NameLists* Names(int block);
     [[nodiscard]] const NameLists* Names(int block) const;
 
-    HGirder hGirder;                             ///< 311
-    std::vector<CrossRibRecord> crossRibs;       ///< 324
-    std::vector<LRibRecord> lRibs;               ///< 325
-    std::string versionWord;                     ///< format version, written with block 315
-    std::vector<std::string> unknownLines;       ///< sections this version does not know
+    HGirder hGirder;                       ///< 311
+    std::vector<CrossRibRecord> crossRibs; ///< 324
+    std::vector<LRibRecord> lRibs;         ///< 325
+    std::string versionWord;               ///< format version, written with block 315
+    std::vector<std::string> unknownLines; ///< sections this version does not know
 
-    GridNames gridNames;                         ///< from the *.abd file; swayNames grows by the names of 501
-    std::size_t swayNameCount = 0;               ///< how many of gridNames.swayNames the *.abd file gave
-    std::vector<std::string> stringerNames;      ///< from 640
+    GridNames gridNames;                    ///< from the *.abd file; swayNames grows by the names of 501
+    std::size_t swayNameCount = 0;          ///< how many of gridNames.swayNames the *.abd file gave
+    std::vector<std::string> stringerNames; ///< from 640
 
     /// Bytes held by the tables, reserve included.
     [[nodiscard]] std::size_t MemoryUsed() const;
@@ -150,8 +153,8 @@ public:
     [[nodiscard]] bool SameProject(const CSbdData& other) const;
 
 private:
-    std::vector<TableBlock> tables_;                 // one a catalogue row that has columns
-    std::vector<std::vector<std::string>> options_;  // one an option block, in the order of OptionBlocks()
+    std::vector<TableBlock> tables_;                // one a catalogue row that has columns
+    std::vector<std::vector<std::string>> options_; // one an option block, in the order of OptionBlocks()
     NameLists names501_;
     NameLists names702_;
 };

@@ -83,8 +83,8 @@ std::optional<double> LeadingNumber(std::string_view text)
     if (error == std::errc::result_out_of_range) {
         // Too small counts as zero, too large as the largest number; the exponent's sign tells which.
         const std::string_view read(text.data(), static_cast<std::size_t>(end - text.data()));
-        const bool small = read.find("e-") != std::string_view::npos || read.find("E-") != std::string_view::npos
-                           || (read.find_first_of("eE") == std::string_view::npos && read.find_first_of("123456789") > 1);
+        const bool small = read.find("e-") != std::string_view::npos || read.find("E-") != std::string_view::npos ||
+                           (read.find_first_of("eE") == std::string_view::npos && read.find_first_of("123456789") > 1);
         const double largest = std::numeric_limits<double>::max();
         return small ? 0.0 : text[0] == '-' ? -largest : largest;
     }
@@ -106,7 +106,8 @@ void AppendFixed(std::string& out, double value, int width, int decimals)
     std::array<char, 400> buffer; // the largest double has 309 digits in front of the point
     const auto [end, error] =
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, decimals);
-    const std::string_view number(buffer.data(), error == std::errc() ? static_cast<std::size_t>(end - buffer.data()) : 0);
+    const std::string_view number(buffer.data(),
+                                  error == std::errc() ? static_cast<std::size_t>(end - buffer.data()) : 0);
     AppendPadded(out, number, static_cast<std::size_t>(width), false);
 }
 

@@ -124,7 +124,10 @@ std::string Joined(const std::vector<std::string>& row)
 class RowComparison {
 public:
     RowComparison(int block, const Rows& before, const Rows& after, std::vector<Difference>& found)
-        : block_(block), before_(before), after_(after), found_(found)
+        : block_(block)
+        , before_(before)
+        , after_(after)
+        , found_(found)
     {
     }
 
@@ -217,14 +220,15 @@ private:
     std::vector<Difference>& found_;
 };
 
-void CompareOptions(const OptionBlock& block, const CSbdData& before, const CSbdData& after, std::vector<Difference>& found)
+void CompareOptions(const OptionBlock& block, const CSbdData& before, const CSbdData& after,
+                    std::vector<Difference>& found)
 {
     for (std::size_t row = 0; row < block.rows.size(); ++row) {
         const std::string_view a = before.Option(block.block, row);
         const std::string_view b = after.Option(block.block, row);
         if (a != b)
-            found.push_back({DifferenceKind::Value, block.block, static_cast<int>(row) + 1, 0, block.rows[row].panelLabel,
-                             std::string(a), std::string(b)});
+            found.push_back({DifferenceKind::Value, block.block, static_cast<int>(row) + 1, 0,
+                             block.rows[row].panelLabel, std::string(a), std::string(b)});
     }
 }
 

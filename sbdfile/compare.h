@@ -9,7 +9,7 @@ namespace sbd {
 class CSbdData;
 
 enum class DifferenceKind {
-    Value,       ///< an option value, a cell, a type or a name list's value
+    Value, ///< an option value, a cell, a type or a name list's value
     RowAdded,
     RowRemoved,
     RowMoved,    ///< the row's texts are the same, in other columns
@@ -19,10 +19,10 @@ enum class DifferenceKind {
 /// One difference. Texts in CP932.
 struct Difference {
     DifferenceKind kind = DifferenceKind::Value;
-    int block = 0;          ///< 0: the unknown sections, the version word
-    int row = 0;            ///< from 1, as the grids count; 0: none
-    int column = 0;         ///< from 1; 0: none
-    std::string place;      ///< row's label or column's name, as far as there is one
+    int block = 0;     ///< 0: the unknown sections, the version word
+    int row = 0;       ///< from 1, as the grids count; 0: none
+    int column = 0;    ///< from 1; 0: none
+    std::string place; ///< row's label or column's name, as far as there is one
     std::string before;
     std::string after;
 };

@@ -13,7 +13,7 @@ namespace sbd {
 namespace {
 
 constexpr std::size_t kMostUnseenNames = 65536; // a count is believed as far as this without names behind it
-constexpr std::size_t kLongestName = 35; // bytes; a longer name is cut, through a character if need be
+constexpr std::size_t kLongestName = 35;        // bytes; a longer name is cut, through a character if need be
 
 bool IsFullWidthBlank(std::string_view text, std::size_t pos)
 {
@@ -52,7 +52,8 @@ class NameListReader {
 public:
     /// `marks`: null, or the list that takes the mark of each name.
     NameListReader(std::vector<std::string>& names, std::vector<int>* marks, int count, std::size_t most)
-        : names_(names), marks_(marks)
+        : names_(names)
+        , marks_(marks)
     {
         const std::size_t size = std::min(static_cast<std::size_t>(std::max(count, 0)), most);
         names_.resize(size);
@@ -99,7 +100,12 @@ private:
 /// Reads the lines of one section [GRID_GRID] up to its end line or the end of the file.
 class GridSectionReader {
 public:
-    GridSectionReader(LineReader& lines, GridNames& names, std::size_t most) : lines_(lines), names_(names), most_(most) {}
+    GridSectionReader(LineReader& lines, GridNames& names, std::size_t most)
+        : lines_(lines)
+        , names_(names)
+        , most_(most)
+    {
+    }
 
     void Read()
     {

@@ -33,7 +33,7 @@ struct RowFormat {
 /// The layout of one section. Bytes in CP932.
 struct SectionLayout {
     int block = 0;
-    int leastRows = 0;               ///< with fewer rows the section is not written; 0: always written
+    int leastRows = 0; ///< with fewer rows the section is not written; 0: always written
     bool cutTrailingBlanks = true;
     RowRule rule = RowRule::ShortestThatHolds;
     std::string header;

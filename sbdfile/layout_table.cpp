@@ -5,6 +5,8 @@ namespace sbd {
 
 namespace {
 
+// clang-format off
+
 using enum RowRule;
 
 constexpr std::string_view kComments304[] = {
@@ -1477,6 +1479,8 @@ constexpr int kOrder[] = {
     669, 670, 671, 672, 673, 674, 675, 676, 677, 678, 679, 680, 681, 682, 683, 689, 701, 702, 703, 704, 705, 706,
     707, 708, 711, 713, 721, 723, 724, 725, 726, 731, 734, 735, 741, 742, 743, 744, 745, 746, 747, 751, 752, 801,
 };
+
+// clang-format on
 
 } // namespace
 

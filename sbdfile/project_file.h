@@ -13,10 +13,10 @@ class CSbdData;
 /// Why a file could not be read or written.
 enum class FileError {
     None,
-    NotFound,      ///< no such file, or no such folder
+    NotFound, ///< no such file, or no such folder
     IsFolder,
-    NoPermission,  ///< not readable, not writable, or on a read-only file system
-    DiskFull,      ///< also a quota or a limit on file size
+    NoPermission, ///< not readable, not writable, or on a read-only file system
+    DiskFull,     ///< also a quota or a limit on file size
     Other,
 };
 

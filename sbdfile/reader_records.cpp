@@ -48,7 +48,8 @@ RibSpacing TakeSpacing(Words& words, int count, std::span<const std::string> sta
 {
     RibSpacing spacing;
     const std::string_view first = WordAt(words, 0);
-    if (std::ranges::any_of(standIns, [&](const std::string& word) { return first.find(word) != std::string_view::npos; })) {
+    if (std::ranges::any_of(standIns,
+                            [&](const std::string& word) { return first.find(word) != std::string_view::npos; })) {
         spacing.word = first;
         words = words.subspan(1);
         return spacing;

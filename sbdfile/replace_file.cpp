@@ -27,7 +27,10 @@ namespace {
 /// An open file descriptor; closes itself.
 class Descriptor {
 public:
-    explicit Descriptor(int number) : number_(number) {}
+    explicit Descriptor(int number)
+        : number_(number)
+    {
+    }
     ~Descriptor()
     {
         if (number_ >= 0)
@@ -105,8 +108,9 @@ void SweepLeftovers(const std::filesystem::path& folder)
 class NewFile {
 public:
     explicit NewFile(const std::filesystem::path& target)
-        : name_((target.parent_path() / (std::string(kNewFilePrefix) + "XXXXXX")).string()),
-          descriptor_(::mkostemp(name_.data(), O_CLOEXEC)), open_(descriptor_.Open())
+        : name_((target.parent_path() / (std::string(kNewFilePrefix) + "XXXXXX")).string())
+        , descriptor_(::mkostemp(name_.data(), O_CLOEXEC))
+        , open_(descriptor_.Open())
     {
         if (open_)
             static_cast<void>(::flock(descriptor_.Number(), LOCK_EX | LOCK_NB)); // says that we live
@@ -165,7 +169,8 @@ FileResult ReplaceFile(const std::filesystem::path& path, std::string_view bytes
     const std::filesystem::path target = std::filesystem::absolute(path);
     std::filesystem::path fresh = target;
     fresh += L"." + std::to_wstring(GetCurrentProcessId()) + L".new";
-    const HANDLE file = CreateFileW(fresh.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE file =
+        CreateFileW(fresh.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return ErrorOfSystem(GetLastError());
     DWORD error = 0;

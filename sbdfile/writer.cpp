@@ -27,8 +27,7 @@ std::vector<std::string> RebuiltControlValues()
     std::vector<std::string> values = {"SBD1", "YES", "YES"};
     values.insert(values.end(), 5, "NO");
     values.insert(values.end(), 13, "YES"); // up to row 20
-    for (const char* value :
-         {"死荷重", "1", "一般", "YES", "NO", "100", "0.03", "非合成", "自動", "横桁腹板", "3次"})
+    for (const char* value : {"死荷重", "1", "一般", "YES", "NO", "100", "0.03", "非合成", "自動", "横桁腹板", "3次"})
         values.push_back(Cp932(value));
     return values;
 }

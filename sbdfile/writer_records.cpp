@@ -52,7 +52,8 @@ GirderShape ShapeOf(const HGirder& girder)
 {
     if (girder.types[2].find("線形"_cp932) == std::string::npos)
         return GirderShape::Curve;
-    return girder.types[3].find("入力"_cp932) != std::string::npos ? GirderShape::Alignment : GirderShape::AlignmentAndEnd;
+    return girder.types[3].find("入力"_cp932) != std::string::npos ? GirderShape::Alignment
+                                                                   : GirderShape::AlignmentAndEnd;
 }
 
 std::string GirderComment(GirderShape shape, const GridNames& names)
@@ -77,7 +78,8 @@ std::string GirderComment(GirderShape shape, const GridNames& names)
 
 void WriteHGirder(std::string& out, const CSbdData& data)
 {
-    constexpr std::array<std::string_view, 4> keywords = {"T_U_FLG_TYPE", "T_L_FLG_TYPE", "Z_U_FLG_TYPE", "Z_L_FLG_TYPE"};
+    constexpr std::array<std::string_view, 4> keywords = {"T_U_FLG_TYPE", "T_L_FLG_TYPE", "Z_U_FLG_TYPE",
+                                                          "Z_L_FLG_TYPE"};
     const HGirder& girder = data.hGirder;
     for (std::size_t type = 0; type < keywords.size(); ++type) {
         if (type == 0)
@@ -156,7 +158,9 @@ void AppendCount(std::string& out, int count)
 
 void WriteCrossRibs(std::string& out, const CSbdData& data)
 {
-    AppendLine(out, "! 主桁始 主桁終 横桁始 横桁終 [U][L]FLG   Bri   Tri   Bfi   Tfi 本数n 左腹板間隔(n個) 右腹板間隔(n個) (寸法2～寸法n)"_cp932);
+    AppendLine(
+        out,
+        "! 主桁始 主桁終 横桁始 横桁終 [U][L]FLG   Bri   Tri   Bfi   Tfi 本数n 左腹板間隔(n個) 右腹板間隔(n個) (寸法2～寸法n)"_cp932);
     for (const CrossRibRecord& record : data.crossRibs) {
         const int count = std::min(record.n, kMostRibs);
         out.append("  ");

@@ -59,13 +59,14 @@ std::string_view ErrorWords(FileError error)
 
 CommandResult CannotRead(const std::string& file, const FileResult& result)
 {
-    return Fail("sbdtool: 読み込めません: " + file + ": " + std::string(ErrorWords(result.error)) + " (" + result.detail + ")");
+    return Fail("sbdtool: 読み込めません: " + file + ": " + std::string(ErrorWords(result.error)) + " (" +
+                result.detail + ")");
 }
 
 CommandResult CannotWrite(const std::string& file, const FileResult& result)
 {
-    return Fail("sbdtool: 書き込めません: " + file + ": " + std::string(ErrorWords(result.error)) + " (" + result.detail
-                + ")。元のファイルはそのまま残っています。");
+    return Fail("sbdtool: 書き込めません: " + file + ": " + std::string(ErrorWords(result.error)) + " (" +
+                result.detail + ")。元のファイルはそのまま残っています。");
 }
 
 /// Arguments of a command: plain words, and options with or without a value.
@@ -248,24 +249,29 @@ CommandResult RunDiff(Arguments arguments)
 }
 
 constexpr Command kCommands[] = {
-    {"new", "new OUT", "Writes a project that was never loaded: all option values at their defaults, no tables.", RunNew},
+    {"new", "new OUT", "Writes a project that was never loaded: all option values at their defaults, no tables.",
+     RunNew},
     {"rewrite", "rewrite IN OUT [--names F | --no-names]",
-     "Loads IN, with the repairs of a load, and saves it as OUT. The names of the bridge come from F, else from the *.abd\n"
+     "Loads IN, with the repairs of a load, and saves it as OUT. The names of the bridge come from F, else from the "
+     "*.abd\n"
      "file beside IN, if there is one. OUT is put in place whole or not at all.",
      RunRewrite},
     {"dump", "dump IN [--names F | --no-names]", "Loads IN likewise and prints the whole document as JSON.", RunDump},
     {"names", "names F.abd", "Prints the names that a file of the frame analysis gives, as JSON.", RunNames},
     {"catalogue", "catalogue", "Prints the block catalogue as JSON: blocks, commands, aliases, panels.", RunCatalogue},
     {"options", "options [BLOCK]", "Prints the rows of the option blocks as JSON, with word lists.", RunOptions},
-    {"columns", "columns [BLOCK]", "Prints the columns of the table panels as JSON: heads, widths, word lists.", RunColumns},
+    {"columns", "columns [BLOCK]", "Prints the columns of the table panels as JSON: heads, widths, word lists.",
+     RunColumns},
     {"pages", "pages", "Prints the title lines of the help pages as JSON.", RunPages},
     {"check", "check IN [--names F | --no-names] [--json]",
-     "Says whether IN stands in the writer's own form, and lists by block, row and column what a load and a save would\n"
-     "change: lines that are passed over, values that are repaired, rows whose empty inner cell will shift, option values\n"
+     "Says whether IN stands in the writer's own form, and lists by block, row and column what a load and a save "
+     "would\n"
+     "change: lines that are passed over, values that are repaired, rows whose empty inner cell will shift, option "
+     "values\n"
      "that an empty text will lose. Exit code 1 if the file would change.",
      RunCheck},
-    {"diff", "diff A B [--json]", "Lists what differs between two projects, by block, row and column. Exit code 1 if anything does.",
-     RunDiff},
+    {"diff", "diff A B [--json]",
+     "Lists what differs between two projects, by block, row and column. Exit code 1 if anything does.", RunDiff},
 };
 
 CommandResult WrongUse(std::string_view name, const std::string& why)
@@ -276,7 +282,8 @@ CommandResult WrongUse(std::string_view name, const std::string& why)
 
 std::string Help()
 {
-    std::string text = "sbdtool COMMAND ...\n\nReads, writes and prints bridge projects (*.sbd). Output is UTF-8. Exit code 0: done, 1: done and\n"
+    std::string text = "sbdtool COMMAND ...\n\nReads, writes and prints bridge projects (*.sbd). Output is UTF-8. Exit "
+                       "code 0: done, 1: done and\n"
                        "something differs, 2: could not be done.\n\n";
     for (const Command& command : kCommands)
         text += "  " + std::string(command.usage) + "\n";

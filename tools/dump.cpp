@@ -39,7 +39,8 @@ json Spacing(const RibSpacing& spacing, int count)
     if (!spacing.word.empty())
         return FromCp932(spacing.word);
     json list = json::array();
-    const std::size_t held = std::max(spacing.numbers.size(), static_cast<std::size_t>(std::clamp(count, 0, kMostRibs)));
+    const std::size_t held =
+        std::max(spacing.numbers.size(), static_cast<std::size_t>(std::clamp(count, 0, kMostRibs)));
     for (std::size_t i = 0; i < held; ++i)
         list.push_back(spacing.At(i));
     return list;
@@ -52,9 +53,12 @@ json CrossRib(const CrossRibRecord& record)
         std::max(record.furtherSizes.size(), static_cast<std::size_t>(std::clamp(record.n, 1, kMostRibs) - 1));
     for (std::size_t i = 0; i < held; ++i)
         further.push_back(NumberList(record.FurtherSizesAt(i)));
-    return {{"names", TextList(record.names)},           {"sizes", NumberList(record.sizes)},
-            {"n", record.n},                             {"left", Spacing(record.left, record.n)},
-            {"right", Spacing(record.right, record.n)},  {"further_sizes", std::move(further)}};
+    return {{"names", TextList(record.names)},
+            {"sizes", NumberList(record.sizes)},
+            {"n", record.n},
+            {"left", Spacing(record.left, record.n)},
+            {"right", Spacing(record.right, record.n)},
+            {"further_sizes", std::move(further)}};
 }
 
 json LRib(const LRibRecord& record)
@@ -150,11 +154,15 @@ json DumpProject(const CSbdData& data)
 json DumpNames(const CSbdData& data)
 {
     const GridNames& names = data.gridNames;
-    json result = {{"girders", TextList(names.girderNames)}, {"sways", TextList(names.swayNames)},
-                   {"marks", names.swayMarks},               {"lines", TextList(names.lineNames)},
-                   {"girderWidth", names.girderNameWidth},   {"swayWidth", names.swayNameWidth}};
-    const bool whole = std::ranges::all_of(names.girderNames, IsWholeText) && std::ranges::all_of(names.swayNames, IsWholeText)
-                       && std::ranges::all_of(names.lineNames, IsWholeText);
+    json result = {{"girders", TextList(names.girderNames)},
+                   {"sways", TextList(names.swayNames)},
+                   {"marks", names.swayMarks},
+                   {"lines", TextList(names.lineNames)},
+                   {"girderWidth", names.girderNameWidth},
+                   {"swayWidth", names.swayNameWidth}};
+    const bool whole = std::ranges::all_of(names.girderNames, IsWholeText) &&
+                       std::ranges::all_of(names.swayNames, IsWholeText) &&
+                       std::ranges::all_of(names.lineNames, IsWholeText);
     if (!whole)
         result["bytes"] = {{"girders", HexList(names.girderNames)},
                            {"sways", HexList(names.swayNames)},

@@ -110,8 +110,8 @@ json JsonList(const List& list, ToJson toJson)
 bool StaysOutOfFile(const Difference& difference, const CSbdData& data)
 {
     const SectionLayout* layout = FindSectionLayout(difference.block);
-    return difference.kind == DifferenceKind::RowAdded && layout
-           && data.RowCount(difference.block) < static_cast<std::size_t>(layout->leastRows);
+    return difference.kind == DifferenceKind::RowAdded && layout &&
+           data.RowCount(difference.block) < static_cast<std::size_t>(layout->leastRows);
 }
 
 } // namespace
@@ -135,9 +135,12 @@ std::string DifferenceText(const Difference& difference)
 
 json DifferenceJson(const Difference& difference)
 {
-    return {{"kind", KindWord(difference.kind)},        {"block", difference.block},
-            {"row", difference.row},                    {"column", difference.column},
-            {"place", FromCp932(difference.place)},     {"before", FromCp932(difference.before)},
+    return {{"kind", KindWord(difference.kind)},
+            {"block", difference.block},
+            {"row", difference.row},
+            {"column", difference.column},
+            {"place", FromCp932(difference.place)},
+            {"before", FromCp932(difference.before)},
             {"after", FromCp932(difference.after)}};
 }
 
@@ -159,7 +162,10 @@ std::string NoteText(const ReadNote& note)
 
 json NoteJson(const ReadNote& note)
 {
-    return {{"reason", ReasonWord(note.reason)}, {"line", note.line}, {"block", note.block}, {"text", FromCp932(note.text)}};
+    return {{"reason", ReasonWord(note.reason)},
+            {"line", note.line},
+            {"block", note.block},
+            {"text", FromCp932(note.text)}};
 }
 
 CheckReport CheckProject(std::string_view bytes, const CSbdData& names)
@@ -189,8 +195,8 @@ std::string CheckText(const CheckReport& report)
 {
     std::string text = report.ownForm
                            ? "このファイルは本システムの書式どおりです。読み込んで保存しても1バイトも変わりません。\n"
-                           : "このファイルは本システムの書式と異なります。読み込んで保存すると "
-                                 + std::to_string(report.firstOtherLine) + "行目から変わります。\n";
+                           : "このファイルは本システムの書式と異なります。読み込んで保存すると " +
+                                 std::to_string(report.firstOtherLine) + "行目から変わります。\n";
     if (report.controlBlockHeldBack)
         text += "301に「<?>」があるので、保存すると題名と301が書かれません。値を入力してください。\n";
     AppendList(text, "読み込むと失われる行", report.lost, NoteText);

@@ -20,12 +20,12 @@ namespace sbd {
 
 /// What a load and a save would do to a file.
 struct CheckReport {
-    bool ownForm = false;               ///< load and save gives the same bytes
-    std::size_t firstOtherLine = 0;     ///< first line that is written otherwise, from 1; 0: none
-    std::vector<ReadNote> lost;         ///< lines that are passed over
-    std::vector<Difference> repaired;   ///< what the repairs behind the last line change
-    std::vector<Difference> unstable;   ///< what another load would read otherwise than is held now
-    bool controlBlockHeldBack = false;  ///< "<?>" in block 301: title and block would not be written
+    bool ownForm = false;              ///< load and save gives the same bytes
+    std::size_t firstOtherLine = 0;    ///< first line that is written otherwise, from 1; 0: none
+    std::vector<ReadNote> lost;        ///< lines that are passed over
+    std::vector<Difference> repaired;  ///< what the repairs behind the last line change
+    std::vector<Difference> unstable;  ///< what another load would read otherwise than is held now
+    bool controlBlockHeldBack = false; ///< "<?>" in block 301: title and block would not be written
 };
 
 /// `names` goes with the project: the data with the names of its bridge already read.
