@@ -1,5 +1,7 @@
 #include "tools/commands.h"
 
+#include "panelmodel/panel_model.h"
+#include "panelmodel/tree_rows.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
 #include "sbdfile/compare.h"
@@ -9,6 +11,7 @@
 #include "tools/dump.h"
 #include "tools/listing.h"
 #include "tools/report.h"
+#include "tools/views.h"
 
 #include <nlohmann/json.hpp>
 
@@ -59,20 +62,24 @@ std::string_view ErrorWords(FileError error)
 
 CommandResult CannotRead(const std::string& file, const FileResult& result)
 {
-    return Fail("sbdtool: 読み込めません: " + file + ": " + std::string(ErrorWords(result.error)) + " (" +
-                result.detail + ")");
+    return Fail("sbdtool: 読み込めません: " + file + ": " + std::string(ErrorWords(result.error)) + " (" + result.detail
+                + ")");
 }
 
 CommandResult CannotWrite(const std::string& file, const FileResult& result)
 {
-    return Fail("sbdtool: 書き込めません: " + file + ": " + std::string(ErrorWords(result.error)) + " (" +
-                result.detail + ")。元のファイルはそのまま残っています。");
+    return Fail("sbdtool: 書き込めません: " + file + ": " + std::string(ErrorWords(result.error)) + " (" + result.detail
+                + ")。元のファイルはそのまま残っています。");
 }
 
 /// Arguments of a command: plain words, and options with or without a value.
 struct ParsedArguments {
     std::vector<std::string> words;
     std::optional<std::string> names;
+    std::optional<std::string> mode;
+    std::vector<std::string> checks;
+    std::string language;
+    bool plain = false;
     bool noNames = false;
     bool asJson = false;
     std::optional<std::string> wrong; ///< what could not be understood
@@ -81,6 +88,8 @@ struct ParsedArguments {
 struct AllowedOptions {
     bool names = false;
     bool asJson = false;
+    bool plain = false;
+    bool tree = false;
 };
 
 ParsedArguments Parse(Arguments arguments, AllowedOptions allowed, std::size_t words)
@@ -92,6 +101,14 @@ ParsedArguments Parse(Arguments arguments, AllowedOptions allowed, std::size_t w
             parsed.names = arguments[++i];
         else if (allowed.names && argument == "--no-names")
             parsed.noNames = true;
+        else if (allowed.plain && argument == "--plain")
+            parsed.plain = true;
+        else if (allowed.tree && argument == "--mode" && i + 1 < arguments.size())
+            parsed.mode = arguments[++i];
+        else if (allowed.tree && argument == "--check" && i + 1 < arguments.size())
+            parsed.checks.push_back(arguments[++i]);
+        else if (allowed.tree && argument == "--language" && i + 1 < arguments.size())
+            parsed.language = arguments[++i];
         else if (allowed.asJson && argument == "--json")
             parsed.asJson = true;
         else if (argument.starts_with("--"))
@@ -113,6 +130,14 @@ std::optional<path> NamesFor(const ParsedArguments& parsed, const path& project)
     if (parsed.noNames)
         return std::nullopt;
     return parsed.names ? PathOf(*parsed.names) : NamesFileBeside(project);
+}
+
+/// A word that is a number as a whole.
+std::optional<int> WholeNumber(const std::string& word)
+{
+    int number = 0;
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+    return error == std::errc() && end == word.data() + word.size() ? std::optional<int>(number) : std::nullopt;
 }
 
 CommandResult RunNew(Arguments arguments)
@@ -184,11 +209,10 @@ CommandResult RunListing(std::string_view command, Arguments arguments, json (*a
     if (parsed.words.empty())
         return Print(all());
     const std::string& word = parsed.words[0];
-    int block = 0;
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), block);
-    if (error != std::errc() || end != word.data() + word.size())
+    const std::optional<int> block = WholeNumber(word);
+    if (!block)
         return WrongUse(command, "ブロック番号ではありません: " + word);
-    const std::optional<json> listing = one(block);
+    const std::optional<json> listing = one(*block);
     return listing ? Print(*listing) : Fail("sbdtool: " + std::string(command) + " に項目のないブロックです: " + word);
 }
 
@@ -200,6 +224,48 @@ CommandResult RunOptions(Arguments arguments)
 CommandResult RunColumns(Arguments arguments)
 {
     return RunListing("columns", arguments, ColumnsListing, ColumnsListing);
+}
+
+CommandResult RunTree(Arguments arguments)
+{
+    const ParsedArguments parsed = Parse(arguments, {.tree = true}, 1);
+    if (parsed.wrong)
+        return WrongUse("tree", *parsed.wrong);
+    TreeView view;
+    view.language = TitleLanguageOf(parsed.language);
+    if (parsed.mode) {
+        const std::optional<TreeMode> mode = TreeModeOf(WholeNumber(*parsed.mode).value_or(0));
+        if (!mode)
+            return WrongUse("tree", "表示方法のコマンドではありません: " + *parsed.mode);
+        view.mode = *mode;
+    }
+    for (const std::string& check : parsed.checks) {
+        const std::optional<TreeFilter> filter = TreeFilterOf(WholeNumber(check).value_or(0));
+        if (!filter)
+            return WrongUse("tree", "表示しない項目のコマンドではありません: " + check);
+        view.filters.insert(*filter);
+    }
+    CSbdData data;
+    const path in = PathOf(parsed.words[0]);
+    if (const FileResult result = LoadProject(in, NamesFileBeside(in), data); !result.Ok())
+        return CannotRead(parsed.words[0], result);
+    return Print(TreeListing(data, view));
+}
+
+CommandResult RunPanel(Arguments arguments)
+{
+    const ParsedArguments parsed = Parse(arguments, {.names = true, .plain = true}, 2);
+    if (parsed.wrong)
+        return WrongUse("panel", *parsed.wrong);
+    const std::optional<int> block = WholeNumber(parsed.words[1]);
+    if (!block)
+        return WrongUse("panel", "ブロック番号ではありません: " + parsed.words[1]);
+    CSbdData data;
+    const std::optional<path> names = parsed.names ? std::optional<path>(PathOf(*parsed.names)) : std::nullopt;
+    if (const FileResult result = LoadProject(PathOf(parsed.words[0]), names, data); !result.Ok())
+        return CannotRead(parsed.words[0], result);
+    const std::unique_ptr<CPanelModel> panel = MakePanelModel(data, *block, {.wordLists = !parsed.plain});
+    return panel ? Print(PanelListing(*panel)) : Fail("sbdtool: 入力パネルのない番号です: " + parsed.words[1]);
 }
 
 CommandResult RunCheck(Arguments arguments)
@@ -263,6 +329,16 @@ constexpr Command kCommands[] = {
     {"columns", "columns [BLOCK]", "Prints the columns of the table panels as JSON: heads, widths, word lists.",
      RunColumns},
     {"pages", "pages", "Prints the title lines of the help pages as JSON.", RunPages},
+    {"tree", "tree PROJECT [--mode C] [--check C]... [--language W]",
+     "Prints what the block tree shows for a project, as JSON. C is a mode (33026, 33007, 33006) or a filter command, "
+     "W the\n"
+     "language word of the profile.",
+     RunTree},
+    {"panel", "panel PROJECT BLOCK [--names F.abd] [--plain]",
+     "Prints the panel of a block as it is set up, as JSON: columns, rows, texts, word lists, locks, colours. The "
+     "names come\n"
+     "from F alone. --plain: without word lists.",
+     RunPanel},
     {"check", "check IN [--names F | --no-names] [--json]",
      "Says whether IN stands in the writer's own form, and lists by block, row and column what a load and a save "
      "would\n"

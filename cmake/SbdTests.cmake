@@ -1,0 +1,71 @@
+# Tests mirror the tree: tests/<folder>/*_test.cpp. Other .cpp files beside them are helpers of that folder's tests.
+
+if(BUILD_TESTING)
+    find_package(GTest REQUIRED)
+    include(GoogleTest)
+    if(SBD_WITH_QT)
+        find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+    endif()
+endif()
+
+# What every test may know about its surroundings, as string literals.
+function(sbd_test_surroundings target)
+    target_compile_definitions(${target} PRIVATE
+        TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data"
+        EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples")
+    if(TARGET sbdtool)
+        target_compile_definitions(${target} PRIVATE SBDTOOL="$<TARGET_FILE:sbdtool>")
+        add_dependencies(${target} sbdtool)
+    endif()
+endfunction()
+
+# One GoogleTest program for a Qt-free folder.
+function(sbd_core_tests folder)
+    file(GLOB files CONFIGURE_DEPENDS
+        "${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp" "${PROJECT_SOURCE_DIR}/tests/${folder}/*.h")
+    set(tests "${files}")
+    list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
+    if(NOT tests OR NOT TARGET sbd_${folder})
+        return()
+    endif()
+    set(target ${folder}_tests)
+    sbd_executable(${target} SOURCES ${files} LINKS sbd_${folder} GTest::gmock GTest::gtest_main)
+    sbd_test_surroundings(${target})
+    gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST TEST_PREFIX "${folder}."
+        PROPERTIES TIMEOUT 300 LABELS core)
+endfunction()
+
+# One Qt Test program for each file of a folder with windows, on the offscreen platform and with a home of its own.
+function(sbd_qt_tests folder)
+    set(source_folder "${PROJECT_SOURCE_DIR}/tests/${folder}")
+    file(GLOB files CONFIGURE_DEPENDS "${source_folder}/*.cpp" "${source_folder}/*.h")
+    set(tests "${files}")
+    list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
+    list(FILTER files EXCLUDE REGEX "_test\\.cpp$")
+    if(NOT tests OR NOT TARGET sbd_${folder})
+        return()
+    endif()
+    foreach(file IN LISTS tests)
+        get_filename_component(name "${file}" NAME_WE)
+        set(target ${folder}_${name})
+        sbd_executable(${target} QT SOURCES ${file} ${files} LINKS sbd_${folder} Qt6::Widgets Qt6::Test)
+        sbd_test_surroundings(${target})
+        add_test(NAME ${folder}.${name} COMMAND ${target})
+        set(home "${SBD_TEST_HOMES}/${target}")
+        set_tests_properties(${folder}.${name} PROPERTIES
+            TIMEOUT 300 LABELS qt FIXTURES_REQUIRED fresh_homes
+            ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;HOME=${home};XDG_CONFIG_HOME=${home}/config;XDG_DATA_HOME=${home}/data;XDG_CACHE_HOME=${home}/cache;XDG_RUNTIME_DIR=${home}/run;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+        set_property(GLOBAL APPEND PROPERTY SBD_TEST_HOME_LIST "${home}")
+    endforeach()
+endfunction()
+
+# The homes are emptied before the first test that needs one, so that no run sees the settings of the run before.
+set(SBD_TEST_HOMES "${PROJECT_BINARY_DIR}/tests/homes")
+function(sbd_fresh_homes)
+    get_property(homes GLOBAL PROPERTY SBD_TEST_HOME_LIST)
+    if(homes)
+        add_test(NAME fresh_homes
+            COMMAND "${CMAKE_COMMAND}" "-DHOMES=${homes}" -P "${PROJECT_SOURCE_DIR}/cmake/FreshHomes.cmake")
+        set_tests_properties(fresh_homes PROPERTIES FIXTURES_SETUP fresh_homes)
+    endif()
+endfunction()

@@ -1,0 +1,102 @@
+#include "document/project_lock.h"
+
+#include <QDir>
+#include <QFile>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#else
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#endif
+
+namespace sbd {
+
+#ifdef Q_OS_WIN
+
+struct CProjectLock::Handle {
+    HANDLE file = INVALID_HANDLE_VALUE;
+    State state = State::Failed;
+
+    explicit Handle(const QString& path)
+    {
+        const std::wstring name = QDir::toNativeSeparators(path).toStdWString();
+        // Others may read meanwhile; none may write.
+        file = CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                           FILE_ATTRIBUTE_NORMAL, nullptr);
+        const DWORD error = file == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS;
+        state = error == ERROR_SUCCESS                                              ? State::Free
+                : error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION ? State::Held
+                : error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND    ? State::NotFound
+                                                                                    : State::Failed;
+    }
+    ~Handle()
+    {
+        if (file != INVALID_HANDLE_VALUE)
+            CloseHandle(file);
+    }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+};
+
+#else
+
+struct CProjectLock::Handle {
+    int file = -1;
+    State state = State::Failed;
+
+    explicit Handle(const QString& path)
+    {
+        const QByteArray name = QFile::encodeName(path);
+        file = ::open(name.constData(), O_RDONLY | O_CLOEXEC);
+        if (file < 0)
+            state = errno == ENOENT || errno == ENOTDIR ? State::NotFound : State::Failed;
+        else if (::flock(file, LOCK_EX | LOCK_NB) == 0)
+            state = State::Free;
+        else
+            // A file system without locks (some network drives) must not keep the user from working.
+            state = errno == EWOULDBLOCK ? State::Held : State::Free;
+    }
+    ~Handle()
+    {
+        if (file >= 0)
+            ::close(file);
+    }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+};
+
+#endif
+
+CProjectLock::CProjectLock() = default;
+
+CProjectLock::~CProjectLock() = default;
+
+bool CProjectLock::Take(const QString& path)
+{
+    Release();
+    auto handle = std::make_unique<Handle>(path);
+    if (handle->state != State::Free)
+        return false;
+    handle_ = std::move(handle);
+    return true;
+}
+
+void CProjectLock::Release()
+{
+    handle_.reset();
+}
+
+bool CProjectLock::IsHeld() const
+{
+    return handle_ != nullptr;
+}
+
+CProjectLock::State CProjectLock::Look(const QString& path)
+{
+    return Handle(path).state;
+}
+
+} // namespace sbd

@@ -1,0 +1,113 @@
+#include "document/recovery.h"
+
+#include "document/path.h"
+#include "sbdfile/project_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QStandardPaths>
+#include <QUuid>
+
+#include <algorithm>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Beside each copy NAME.sbd stand NAME.origin, the project's path in UTF-8, and NAME.lock.
+QString Sibling(const QString& file, QLatin1StringView suffix)
+{
+    return file.first(file.size() - 4) + suffix;
+}
+
+bool IsLeft(const QString& lockFile)
+{
+    QLockFile lock(lockFile);
+    lock.setStaleLockTime(0); // by the life of the process, not by age
+    return lock.tryLock();
+}
+
+} // namespace
+
+QString RecoveryFolder()
+{
+#ifdef Q_OS_WIN
+    const QString base = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+#else
+    // Qt 6.4 has no name for the state folder yet.
+    QString base = qEnvironmentVariable("XDG_STATE_HOME");
+    if (base.isEmpty() || !QDir::isAbsolutePath(base))
+        base = QDir::homePath() + u"/.local/state"_s;
+    base += u"/sbdstation"_s;
+#endif
+    return base + u"/recovery"_s;
+}
+
+CRecoveryCopy::CRecoveryCopy(const QString& folder) : folder_(folder) {}
+
+CRecoveryCopy::~CRecoveryCopy() = default;
+
+bool CRecoveryCopy::Prepare()
+{
+    if (!QDir().mkpath(folder_))
+        return false;
+    QFile::setPermissions(folder_, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
+    file_ = QDir(folder_).filePath(name + u".sbd"_s);
+    lock_ = std::make_unique<QLockFile>(Sibling(file_, ".lock"_L1));
+    lock_->setStaleLockTime(0);
+    if (lock_->tryLock())
+        return true;
+    lock_.reset();
+    return false;
+}
+
+bool CRecoveryCopy::Write(const QString& project, std::string_view bytes)
+{
+    if (!lock_ && !Prepare())
+        return false;
+    const QByteArray origin = project.toUtf8();
+    const std::string_view originBytes(origin.constData(), static_cast<std::size_t>(origin.size()));
+    if (!ReplaceFile(ToPath(Sibling(file_, ".origin"_L1)), originBytes).Ok() || !ReplaceFile(ToPath(file_), bytes).Ok())
+        return false;
+    written_ = true;
+    return true;
+}
+
+void CRecoveryCopy::Discard()
+{
+    if (!lock_)
+        return;
+    QFile::remove(file_);
+    QFile::remove(Sibling(file_, ".origin"_L1));
+    lock_.reset(); // removes its own file
+    written_ = false;
+}
+
+QList<RecoveryCopy> FindRecoveryCopies(const QString& folder)
+{
+    QList<RecoveryCopy> copies;
+    for (const QFileInfo& info : QDir(folder).entryInfoList({u"*.sbd"_s}, QDir::Files)) {
+        const QString file = info.absoluteFilePath();
+        if (!IsLeft(Sibling(file, ".lock"_L1)))
+            continue;
+        QFile origin(Sibling(file, ".origin"_L1));
+        const QString project = origin.open(QFile::ReadOnly) ? QString::fromUtf8(origin.readAll()) : QString();
+        copies.append({file, project, info.lastModified()});
+    }
+    std::ranges::sort(copies, std::greater(), &RecoveryCopy::time);
+    return copies;
+}
+
+void RemoveRecoveryCopy(const RecoveryCopy& copy)
+{
+    QFile::remove(copy.file);
+    QFile::remove(Sibling(copy.file, ".origin"_L1));
+    QFile::remove(Sibling(copy.file, ".lock"_L1));
+}
+
+} // namespace sbd

@@ -1,0 +1,100 @@
+// CKELDSectionDoc: one open project, its path and its session state.
+#pragma once
+
+#include "project/sbd_data.h"
+#include "sbdfile/project_file.h"
+
+#include <QObject>
+#include <QString>
+
+#include <array>
+#include <map>
+
+namespace sbd {
+
+/// What changed: a block, and the stored row (from 0); row -1 means the whole block.
+struct BlockChange {
+    int block = 0;
+    int row = -1;
+};
+
+/// Where a panel stood when its block was left: scroll position and focus cell (grid row and column).
+struct CellMemory {
+    int horizontal = 0;
+    int vertical = 0;
+    int row = 0;
+    int column = 0;
+};
+
+/// One open project. Owns the data; panels and the reader are its only writers. Views follow by signals.
+class CKELDSectionDoc : public QObject {
+    Q_OBJECT
+
+public:
+    explicit CKELDSectionDoc(QObject* parent = nullptr);
+    ~CKELDSectionDoc() override;
+
+    [[nodiscard]] CSbdData& Data() { return data_; }
+    [[nodiscard]] const CSbdData& Data() const { return data_; }
+
+    /// Full path of the project file; empty for a project that was never saved.
+    [[nodiscard]] QString PathName() const { return path_; }
+    /// Name for titles: the file name, or "New SBD File".
+    [[nodiscard]] QString Title() const;
+
+    [[nodiscard]] bool IsModified() const { return modified_; }
+    void SetModifiedFlag(bool modified);
+
+    /// Loads `path` with the names of the *.abd file beside it. On failure the document stays as it is.
+    [[nodiscard]] FileResult OpenDocument(const QString& path);
+    /// Asks the panels to commit, writes the project to `path`; on success that is its path and it is not modified.
+    /// On failure nothing changes, the old file stands. `controlBlockHeldBack` tells of a "<?>" in block 301.
+    [[nodiscard]] FileResult SaveDocument(const QString& path, bool* controlBlockHeldBack = nullptr);
+
+    /// Says that a panel has written to `data_`.
+    void NotifyChanged(const BlockChange& change);
+
+    /// The block on the panel (300 before the first).
+    [[nodiscard]] int CurrentBlock() const { return currentBlock_; }
+    void SetCurrentBlock(int block) { currentBlock_ = block; }
+
+    /// The cell the help pane follows: block (-1: none), grid row, grid column.
+    [[nodiscard]] int HelpBlock() const { return helpBlock_; }
+    [[nodiscard]] int HelpRow() const { return helpRow_; }
+    [[nodiscard]] int HelpColumn() const { return helpColumn_; }
+    void SetHelpCell(int block, int row, int column);
+
+    /// Memory of a block's cell and scroll position.
+    [[nodiscard]] CellMemory& MemoryOf(int block) { return memory_[block]; }
+
+    // Session settings (see the display settings): 1 word lists, 2 plain cells; widening of the columns in pixels.
+    int comboOrList = 1;
+    int rowWidthMode = 0;
+
+signals:
+    void changed(const sbd::BlockChange& change);
+    void reloaded();
+    void modifiedChanged(bool modified);
+    void pathChanged();
+    void helpCellChanged();
+    /// Panels commit what is still in their grids.
+    void aboutToSave();
+
+private:
+    CSbdData data_;
+    QString path_;
+    bool modified_ = false;
+    int currentBlock_ = 300;
+    int helpBlock_ = -1;
+    int helpRow_ = 0;
+    int helpColumn_ = 0;
+    std::map<int, CellMemory> memory_;
+};
+
+/// CP932 bytes to the screen and back; the only edge between the two. A byte that is no CP932 character
+/// becomes U+DC00 + byte on the way out and the same byte on the way back.
+[[nodiscard]] QString toQString(std::string_view bytes);
+/// Nothing with `refused` set to the first character that CP932 has not, if there is one.
+[[nodiscard]] std::optional<std::string> fromQString(const QString& text, QString* refused = nullptr);
+
+} // namespace sbd

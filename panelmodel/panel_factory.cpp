@@ -1,0 +1,57 @@
+#include "panelmodel/height_panel.h"
+#include "panelmodel/name_panel.h"
+#include "panelmodel/option_panel.h"
+#include "panelmodel/panel_model.h"
+#include "panelmodel/rib_panel.h"
+#include "panelmodel/table_panel.h"
+#include "project/catalogue.h"
+#include "project/option_rows.h"
+#include "project/text.h"
+
+namespace sbd {
+
+int PanelBlock(int block)
+{
+    constexpr std::string_view classPrefix = "CDown";
+    constexpr std::string_view tablePrefix = "CDown_DATA_";
+    const std::string_view panel = PanelOfBlock(block);
+    if (panel.empty())
+        return 0;
+    // A class that serves one block carries its number: 361 opens CDown521.
+    const int shown =
+        panel.starts_with(tablePrefix) ? CanonicalBlock(block) : LeadingInteger(panel.substr(classPrefix.size()));
+    const bool hasGrid = FindOptionBlock(shown) || FindRecordPanel(shown) || FindPanelTable(shown);
+    return hasGrid ? shown : 0;
+}
+
+std::unique_ptr<CPanelModel> MakePanelModel(CSbdData& data, int block, const PanelSettings& settings)
+{
+    const int shown = PanelBlock(block);
+    switch (shown) {
+    case 0:
+        return nullptr;
+    case 301:
+        return std::make_unique<CDown301Model>(data, settings);
+    case 302:
+        return std::make_unique<CDown302Model>(data, settings);
+    case 311:
+        return std::make_unique<CDown311Model>(data, settings);
+    case 321:
+    case 322:
+        return std::make_unique<CPlacePanelModel>(data, shown, settings);
+    case 324:
+        return std::make_unique<CDown324Model>(data, settings);
+    case 325:
+        return std::make_unique<CDown325Model>(data, settings);
+    case 501:
+    case 702:
+        return std::make_unique<CNameListModel>(data, shown, settings);
+    default:
+        break;
+    }
+    if (FindOptionBlock(shown))
+        return std::make_unique<COptionPanelModel>(data, shown, settings);
+    return data.Table(shown) ? std::make_unique<CTablePanelModel>(data, shown, settings) : nullptr;
+}
+
+} // namespace sbd

@@ -1,0 +1,125 @@
+#include "panelmodel/panel_model.h"
+
+#include "panelmodel/links.h"
+#include "project/catalogue.h"
+#include "project/text.h"
+
+namespace sbd {
+
+namespace {
+
+const WordList kNoWords;
+
+} // namespace
+
+CPanelModel::CPanelModel(CSbdData& data, int block, const PanelSettings& settings)
+    : data_(data)
+    , block_(block)
+    , className_(PanelOfBlock(block))
+    , settings_(settings)
+{
+}
+
+CellColor CPanelModel::HeadColor(int, int) const
+{
+    return std::nullopt;
+}
+
+bool CPanelModel::AddRows(int)
+{
+    return false;
+}
+
+std::string CPanelModel::RowNumber(int row) const
+{
+    std::string number;
+    AppendFixed(number, row, 0, 0);
+    return number;
+}
+
+int CPanelModel::RowLines(int) const
+{
+    return 1;
+}
+
+bool CPanelModel::IsInside(int row, int column) const
+{
+    return row >= 1 && row <= GridRows() && column >= 1 && column < ColumnCount();
+}
+
+const WordList& CPanelModel::Words(int row, int column) const
+{
+    return settings_.wordLists && IsInside(row, column) && !IsLocked(row, column) ? DoWords(row, column) : kNoWords;
+}
+
+const WordList& CPanelModel::DoWords(int, int) const
+{
+    return kNoWords;
+}
+
+bool CPanelModel::IsEditable(int row, int column) const
+{
+    return IsInside(row, column) && !IsLocked(row, column) && DoIsEditable(row, column);
+}
+
+bool CPanelModel::DoIsEditable(int, int) const
+{
+    return true;
+}
+
+CellColor CPanelModel::TextColor(int, int) const
+{
+    return std::nullopt;
+}
+
+bool CPanelModel::IsRightAligned(int, int) const
+{
+    return false;
+}
+
+CellEffect CPanelModel::SetCell(int row, int column, std::string_view text)
+{
+    if (!IsEditable(row, column) || Text(row, column) == text)
+        return CellEffect::None;
+    return DoSetCell(row, column, text);
+}
+
+std::vector<ChangedRow> CPanelModel::Commit()
+{
+    std::vector<ChangedRow> changed = WriteBack();
+    const std::vector<ChangedRow> linked = WriteLinks();
+    changed.insert(changed.end(), linked.begin(), linked.end());
+    return changed;
+}
+
+std::vector<ChangedRow> CPanelModel::WriteLinks()
+{
+    return ApplyLinks(data_, block_);
+}
+
+bool CPanelModel::CanMoveUp(int) const
+{
+    return false;
+}
+
+bool CPanelModel::CanMoveDown(int) const
+{
+    return false;
+}
+
+bool CPanelModel::CanInsert(int) const
+{
+    return false;
+}
+
+void CPanelModel::MoveRow(int, int) {}
+
+bool CPanelModel::IsBlankRow(int row) const
+{
+    for (int column = 1; column < ColumnCount(); ++column)
+        if (!TrimRight(Text(row, column)).empty())
+            return false;
+    return true;
+}
+
+} // namespace sbd

@@ -1,0 +1,142 @@
+// CPanelModel: what the panel of one block shows, and how it is written back.
+#pragma once
+
+#include "project/panel_columns.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sbd {
+
+class CSbdData;
+
+/// Display settings that a panel follows.
+struct PanelSettings {
+    bool wordLists = true; ///< false: no cell has a word list
+    int rowWidthMode = 0;  ///< pixels by which columns are wider (or narrower) than their base
+};
+
+/// A place in the data that was written: block and stored row from 0; row -1 means that rows appeared or vanished.
+struct ChangedRow {
+    int block = 0;
+    int row = -1;
+    friend bool operator==(const ChangedRow&, const ChangedRow&) = default;
+};
+
+/// What a view has to show again after a cell was set.
+enum class CellEffect {
+    None,  ///< nothing was changed
+    Cell,  ///< that cell
+    Panel, ///< other cells, their locks or lists, or the heads as well
+};
+
+/// 0xRRGGBB; nothing: the default.
+using CellColor = std::optional<std::uint32_t>;
+
+inline constexpr std::uint32_t kMandatoryColor = 0xFF00FF;
+inline constexpr std::uint32_t kEmphasisColor = 0xFF0000;
+
+/// One block as a grid. Rows and columns are those of the grid: both count from 1 behind the head row and the row
+/// numbers, column 0 is the row number. The cells are a working copy; the data change at Commit(). A cell outside of
+/// the grid is empty and locked. Texts are CP932.
+class CPanelModel {
+public:
+    virtual ~CPanelModel() = default;
+    CPanelModel(const CPanelModel&) = delete;
+    CPanelModel& operator=(const CPanelModel&) = delete;
+
+    /// The block whose data are shown, aliases resolved.
+    [[nodiscard]] int Block() const { return block_; }
+    /// Class of the panel, as the catalogue names it.
+    [[nodiscard]] std::string_view ClassName() const { return className_; }
+
+    // --- columns -----------------------------------------------------------------------------------
+    /// Columns, the row number included.
+    [[nodiscard]] virtual int ColumnCount() const = 0;
+    /// Pixels at 96 dpi.
+    [[nodiscard]] virtual int ColumnWidth(int column) const = 0;
+    [[nodiscard]] virtual int HeadHeight() const = 0;
+    /// Head of a column while the focus is in `focusRow` (0: nowhere); a line break is "\n".
+    [[nodiscard]] virtual std::string Head(int column, int focusRow = 0) const = 0;
+    [[nodiscard]] virtual CellColor HeadColor(int column, int focusRow = 0) const;
+
+    // --- rows --------------------------------------------------------------------------------------
+    /// Rows of the block, automatic and head rows included.
+    [[nodiscard]] virtual int BlockRows() const = 0;
+    /// Rows of the grid, spare rows included.
+    [[nodiscard]] virtual int GridRows() const = 0;
+    [[nodiscard]] int SpareRows() const { return GridRows() - BlockRows(); }
+    /// Appends spare rows; false where the block's rows are fixed.
+    virtual bool AddRows(int count);
+    [[nodiscard]] virtual std::string RowNumber(int row) const;
+    /// Lines that the texts of a row need.
+    [[nodiscard]] virtual int RowLines(int row) const;
+
+    // --- cells -------------------------------------------------------------------------------------
+    [[nodiscard]] virtual std::string Text(int row, int column) const = 0;
+    /// The word list, name lists resolved; empty: free text. Any text may be typed beside a list.
+    [[nodiscard]] const WordList& Words(int row, int column) const;
+    /// True for a cell that is shown grey and cannot be edited.
+    [[nodiscard]] virtual bool IsLocked(int row, int column) const = 0;
+    /// True for a cell that takes text. A cell may refuse text without being grey.
+    [[nodiscard]] bool IsEditable(int row, int column) const;
+    [[nodiscard]] virtual CellColor TextColor(int row, int column) const;
+    [[nodiscard]] virtual bool IsRightAligned(int row, int column) const;
+
+    /// Sets a cell of the working copy. A cell that is not editable stays as it is.
+    CellEffect SetCell(int row, int column, std::string_view text);
+
+    // --- writing back ------------------------------------------------------------------------------
+    /// Writes to the data what was changed since the last call, and the copies in other blocks that follow it.
+    /// The outcome is that of writing the whole grid. Returns what became different.
+    std::vector<ChangedRow> Commit();
+    /// True if the block as it would be written differs from the block as it was opened, or from the last TakeBaseline().
+    [[nodiscard]] virtual bool IsChanged() const = 0;
+    /// From now on IsChanged() compares with the present state. To be called after a save.
+    virtual void TakeBaseline() = 0;
+
+    // --- moving rows -------------------------------------------------------------------------------
+    [[nodiscard]] virtual bool CanMoveUp(int row) const;
+    [[nodiscard]] virtual bool CanMoveDown(int row) const;
+    [[nodiscard]] virtual bool CanInsert(int row) const;
+    /// Takes row `from` out and puts it in again as row `to`; the rows between close up.
+    virtual void MoveRow(int from, int to);
+    /// True if no cell of the row holds more than blanks.
+    [[nodiscard]] bool IsBlankRow(int row) const;
+
+protected:
+    CPanelModel(CSbdData& data, int block, const PanelSettings& settings);
+
+    [[nodiscard]] CSbdData& Data() { return data_; }
+    [[nodiscard]] const CSbdData& Data() const { return data_; }
+    [[nodiscard]] const PanelSettings& Settings() const { return settings_; }
+    [[nodiscard]] bool IsInside(int row, int column) const;
+
+    [[nodiscard]] virtual const WordList& DoWords(int row, int column) const;
+    [[nodiscard]] virtual bool DoIsEditable(int row, int column) const;
+    /// Sets an editable cell whose text is another one.
+    virtual CellEffect DoSetCell(int row, int column, std::string_view text) = 0;
+    /// Writes what is dirty to the block itself.
+    virtual std::vector<ChangedRow> WriteBack() = 0;
+    /// Writes the copies in other blocks; behind every WriteBack().
+    virtual std::vector<ChangedRow> WriteLinks();
+
+private:
+    CSbdData& data_;
+    int block_;
+    std::string_view className_;
+    PanelSettings settings_;
+};
+
+/// The model of the panel that opens for a number, alias step included; null if nothing with a grid opens.
+[[nodiscard]] std::unique_ptr<CPanelModel> MakePanelModel(CSbdData& data, int block,
+                                                          const PanelSettings& settings = {});
+
+/// The block whose data the panel of a number shows (406: 713, 361: 521); 0 if nothing with a grid opens.
+[[nodiscard]] int PanelBlock(int block);
+
+} // namespace sbd

@@ -1,0 +1,63 @@
+// The panels of blocks 324 and 325: cross ribs and longitudinal ribs of box girders.
+#pragma once
+
+#include "panelmodel/record_panel.h"
+
+namespace sbd {
+
+/// What 324 and 325 share: row 1 shows the switch of block 301 that they follow.
+template <typename Record>
+class CRibPanelModel : public CRecordPanelModel<Record> {
+public:
+    [[nodiscard]] int ColumnWidth(int column) const override;
+    [[nodiscard]] std::string Head(int column, int focusRow = 0) const override;
+    [[nodiscard]] bool IsLocked(int row, int column) const override;
+    [[nodiscard]] CellColor TextColor(int row, int column) const override;
+    [[nodiscard]] bool IsChanged() const override;
+    void TakeBaseline() override;
+
+protected:
+    /// `texts`: the cells of row 1 from column 3 on. `limits`: least row width modes of the last columns.
+    CRibPanelModel(CSbdData& data, int block, const PanelSettings& settings, std::vector<Record>& stored,
+                   WordList texts, std::vector<int> limits);
+
+    [[nodiscard]] const WordList& DoWords(int row, int column) const override;
+    [[nodiscard]] bool DoIsEditable(int row, int column) const override;
+    std::vector<ChangedRow> WriteLinks() override;
+    [[nodiscard]] std::string HeadRowText(int row, int column) const override;
+    CellEffect SetHeadRowCell(int row, int column, std::string_view text) override;
+
+private:
+    int optionRow_;         // of block 301, from 1
+    std::string automatic_; // its value
+    std::string baselineAutomatic_;
+    WordList texts_;
+    WordList automaticWords_;
+    std::vector<int> limits_;
+};
+
+/// Block 324. Lengths in mm, spacings in m.
+class CDown324Model : public CRibPanelModel<CrossRibRecord> {
+public:
+    CDown324Model(CSbdData& data, const PanelSettings& settings);
+
+protected:
+    [[nodiscard]] std::string Field(const CrossRibRecord& record, int column) const override;
+    void SetField(CrossRibRecord& record, int column, std::string_view text) const override;
+    [[nodiscard]] CrossRibRecord Empty() const override;
+    [[nodiscard]] CrossRibRecord ToBeStored(const CrossRibRecord& record) const override;
+};
+
+/// Block 325. Spacings in mm.
+class CDown325Model : public CRibPanelModel<LRibRecord> {
+public:
+    CDown325Model(CSbdData& data, const PanelSettings& settings);
+
+protected:
+    [[nodiscard]] std::string Field(const LRibRecord& record, int column) const override;
+    void SetField(LRibRecord& record, int column, std::string_view text) const override;
+    [[nodiscard]] LRibRecord Empty() const override;
+    [[nodiscard]] LRibRecord ToBeStored(const LRibRecord& record) const override;
+};
+
+} // namespace sbd

@@ -1,0 +1,182 @@
+#include "panelmodel/row_panel.h"
+
+#include <algorithm>
+
+namespace sbd {
+
+namespace {
+
+/// With more rows than this to insert or to erase, the columns are built anew.
+constexpr std::ptrdiff_t kFewRows = 16;
+
+} // namespace
+
+CRowPanelModel::CRowPanelModel(CSbdData& data, int block, const PanelSettings& settings, int headRows, int fixedRows)
+    : CPanelModel(data, block, settings)
+    , headRows_(headRows)
+    , fixedRows_(fixedRows)
+{
+}
+
+void CRowPanelModel::StartEntries(int stored, int spare)
+{
+    AppendEmptyEntries(spare);
+    stored_.assign(static_cast<std::size_t>(EntryCount()), 0);
+    std::fill_n(stored_.begin(), stored, 1);
+    baseline_ = stored_;
+    CopyToBaseline();
+    for (int entry = 0; entry < stored; ++entry)
+        if (!IsKept(entry))
+            Touch(entry);
+}
+
+void CRowPanelModel::StartWithNewEntry(int entry)
+{
+    stored_[static_cast<std::size_t>(entry)] = 0;
+    dirty_.insert(entry);
+}
+
+int CRowPanelModel::BlockRows() const
+{
+    for (int row = GridRows(); row > headRows_; --row)
+        if (IsKept(EntryOf(row)) || !IsBlankRow(row))
+            return row;
+    return headRows_;
+}
+
+bool CRowPanelModel::AddRows(int count)
+{
+    AppendEmptyEntries(count);
+    stored_.resize(static_cast<std::size_t>(EntryCount()), 0);
+    return true;
+}
+
+void CRowPanelModel::Touch(int entry)
+{
+    dirty_.insert(entry);
+    Compare(entry);
+}
+
+void CRowPanelModel::TouchAll()
+{
+    for (int entry = 0; entry < EntryCount(); ++entry)
+        Touch(entry);
+}
+
+bool CRowPanelModel::WasInBaseline(int entry) const
+{
+    const std::size_t index = static_cast<std::size_t>(entry);
+    return index < baseline_.size() && baseline_[index];
+}
+
+void CRowPanelModel::Compare(int entry)
+{
+    const bool was = WasInBaseline(entry);
+    const bool is = IsKept(entry);
+    changed_.erase(entry);
+    comeOrGone_.erase(entry);
+    if (was != is)
+        comeOrGone_.insert(entry);
+    else if (is && !SameAsBaseline(entry, entry))
+        changed_.insert(entry);
+}
+
+bool CRowPanelModel::IsChanged() const
+{
+    return comeOrGone_.empty() ? !changed_.empty() : !SameRowsAsBaseline();
+}
+
+bool CRowPanelModel::SameRowsAsBaseline() const
+{
+    const std::vector<int> kept = KeptEntries();
+    std::size_t next = 0;
+    for (std::size_t before = 0; before < baseline_.size(); ++before) {
+        if (!baseline_[before])
+            continue;
+        if (next == kept.size() || !SameAsBaseline(kept[next], static_cast<int>(before)))
+            return false;
+        ++next;
+    }
+    return next == kept.size();
+}
+
+std::vector<int> CRowPanelModel::KeptEntries() const
+{
+    std::vector<int> kept;
+    for (int entry = 0; entry < EntryCount(); ++entry)
+        if (IsKept(entry))
+            kept.push_back(entry);
+    return kept;
+}
+
+void CRowPanelModel::TakeBaseline()
+{
+    CopyToBaseline();
+    baseline_.assign(static_cast<std::size_t>(EntryCount()), 0);
+    for (const int entry : KeptEntries())
+        baseline_[static_cast<std::size_t>(entry)] = 1;
+    changed_.clear();
+    comeOrGone_.clear();
+}
+
+std::vector<ChangedRow> CRowPanelModel::WriteBack()
+{
+    const auto comesOrGoes = [this](int entry) { return IsKept(entry) != bool(stored_[static_cast<std::size_t>(entry)]); };
+    std::vector<ChangedRow> changed;
+    if (std::ranges::count_if(dirty_, comesOrGoes) > kFewRows) {
+        const std::vector<int> kept = KeptEntries();
+        StoreAll(kept);
+        std::ranges::fill(stored_, 0);
+        for (const int entry : kept)
+            stored_[static_cast<std::size_t>(entry)] = 1;
+        dirty_.clear();
+        return {{Block(), -1}};
+    }
+    bool moved = false;
+    std::ptrdiff_t counted = 0;
+    int storedRow = 0; // stored entries ahead of `counted`
+    for (const int entry : dirty_) {
+        const auto begin = stored_.begin();
+        storedRow += static_cast<int>(std::count(begin + counted, begin + entry, 1));
+        counted = entry;
+        if (!comesOrGoes(entry)) {
+            if (IsKept(entry) && Store(entry, storedRow))
+                changed.push_back({Block(), storedRow});
+            continue;
+        }
+        moved = true;
+        if (IsKept(entry))
+            InsertStored(entry, storedRow);
+        else
+            EraseStored(storedRow);
+        stored_[static_cast<std::size_t>(entry)] = IsKept(entry);
+    }
+    dirty_.clear();
+    if (moved)
+        return {{Block(), -1}};
+    return changed;
+}
+
+bool CRowPanelModel::CanMoveUp(int row) const
+{
+    return row > fixedRows_ + 1 && row <= GridRows();
+}
+
+bool CRowPanelModel::CanMoveDown(int row) const
+{
+    return row > fixedRows_ && row < GridRows();
+}
+
+bool CRowPanelModel::CanInsert(int row) const
+{
+    return row > fixedRows_ && row < GridRows();
+}
+
+void CRowPanelModel::MoveRow(int from, int to)
+{
+    MoveEntry(EntryOf(from), EntryOf(to));
+    for (int row = std::min(from, to); row <= std::max(from, to); ++row)
+        Touch(EntryOf(row));
+}
+
+} // namespace sbd

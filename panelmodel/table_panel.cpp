@@ -1,0 +1,386 @@
+#include "panelmodel/table_panel.h"
+
+#include "panelmodel/links.h"
+#include "panelmodel/project_type.h"
+#include "project/text.h"
+
+#include <algorithm>
+#include <array>
+#include <initializer_list>
+
+namespace sbd {
+
+namespace {
+
+using namespace literals;
+
+constexpr int kSpareRows = 50;
+constexpr int kLeastWidth = 10;
+constexpr int kWordColumn = 1;  // "自動計算(YES_NO)" and other words at the head of a row
+constexpr int kValueColumn = 2; // the value of such a row
+constexpr int kFixedTextColumn = 3;
+
+const WordList kFreeText;
+
+const WordList& YesNo()
+{
+    static const WordList words{"YES", "NO"};
+    return words;
+}
+
+/// Rows at the top whose first cell is a word that the reader knows the row by; some blocks have more of them than
+/// automatic rows.
+int WordRows(const PanelTable& panel)
+{
+    switch (panel.block) {
+    case 511:
+    case 611:
+    case 644:
+    case 672:
+    case 674:
+        return 3;
+    case 643:
+        return 2;
+    default:
+        return panel.automaticRows;
+    }
+}
+
+/// Rows at the top that stay where they are.
+int FixedRows(const PanelTable& panel)
+{
+    switch (panel.block) {
+    case 402:
+    case 403:
+    case 412:
+        return 1; // their first row has a form of its own in the file
+    default:
+        return WordRows(panel);
+    }
+}
+
+std::string ControlValue(int block, const CSbdData& data)
+{
+    if (const int optionRow = AutomaticOptionRow(block))
+        return std::string(data.Option(301, static_cast<std::size_t>(optionRow) - 1));
+    return block == 651 ? "YES-1" : "YES";
+}
+
+} // namespace
+
+CTablePanelModel::CTablePanelModel(CSbdData& data, int block, const PanelSettings& settings)
+    : CRowPanelModel(data, block, settings, 0, FixedRows(*FindPanelTable(block)))
+    , panel_(*FindPanelTable(block))
+    , cells_(*data.Table(block))
+{
+    for (const PanelColumn& column : panel_.columns)
+        words_.push_back(ResolveWords(column.words, data));
+    const int stored = EntryCount();
+    const bool added = AddAutomaticRows();
+    const bool filled = PutFixedTexts();
+    StartEntries(EntryCount(), kSpareRows);
+    for (int entry = stored; added && entry < panel_.automaticRows; ++entry)
+        StartWithNewEntry(entry);
+    if (filled && !added)
+        Touch(0);
+}
+
+/// A block without rows begins with its automatic row. True if rows were added.
+bool CTablePanelModel::AddAutomaticRows()
+{
+    if (panel_.automaticRows == 0 || cells_.RowCount() > 0)
+        return false;
+    if (Block() == 321 || Block() == 322) {
+        cells_.AppendRow({Block() == 321 ? "最大継手長"_cp932 : "最大断面長"_cp932, "12"});
+        cells_.AppendRow({"入力方法"_cp932, "横桁と垂直補剛材より"_cp932});
+        return true;
+    }
+    cells_.AppendRow({"自動計算(YES_NO)"_cp932, ControlValue(Block(), Data())});
+    return true;
+}
+
+/// The automatic row tells where its value comes from. True if that changed a cell.
+bool CTablePanelModel::PutFixedTexts()
+{
+    bool changed = false;
+    for (std::size_t i = 0; i < panel_.fixedTexts.size() && cells_.RowCount() > 0; ++i) {
+        const std::size_t column = static_cast<std::size_t>(kFixedTextColumn) - 1 + i;
+        if (column >= cells_.columns.size() || cells_.columns[column][0] == panel_.fixedTexts[i])
+            continue;
+        cells_.columns[column].Set(0, panel_.fixedTexts[i]);
+        changed = true;
+    }
+    return changed;
+}
+
+int CTablePanelModel::ColumnWidth(int column) const
+{
+    const int base = panel_.columns[static_cast<std::size_t>(column)].width;
+    return column == 0 ? base : std::max(kLeastWidth, base + Settings().rowWidthMode);
+}
+
+std::string CTablePanelModel::Head(int column, int) const
+{
+    const PanelColumn& definition = panel_.columns[static_cast<std::size_t>(column)];
+    return panel_.hasSectionHeads && column > 0 && IsSectionType(Data().Type()) ? definition.sectionHead
+                                                                                : definition.head;
+}
+
+std::string CTablePanelModel::RowNumber(int row) const
+{
+    const std::string number = CPanelModel::RowNumber(row);
+    return Block() == 412 && row == 1 ? "自動計算(YES_NO)"_cp932 + number : number;
+}
+
+std::string_view CTablePanelModel::Cell(int row, int column) const
+{
+    const std::size_t index = static_cast<std::size_t>(column) - 1;
+    if (!IsInside(row, column) || index >= cells_.columns.size())
+        return {};
+    return cells_.columns[index][static_cast<std::size_t>(EntryOf(row))];
+}
+
+std::string CTablePanelModel::Text(int row, int column) const
+{
+    return IsMasked(row, column) ? std::string() : std::string(Cell(row, column));
+}
+
+bool CTablePanelModel::IsMasked(int, int) const
+{
+    return false;
+}
+
+bool CTablePanelModel::IsLocked(int row, int column) const
+{
+    if (!IsInside(row, column))
+        return true;
+    return (IsAutomaticRow(row) && column >= panel_.usable) || IsMasked(row, column);
+}
+
+bool CTablePanelModel::DoIsEditable(int row, int column) const
+{
+    if (static_cast<std::size_t>(column) > cells_.columns.size())
+        return false; // a column that the block does not store
+    // The word at the head of an automatic row is what makes it one.
+    return column != kWordColumn || row > WordRows(panel_) || Cell(row, column).empty();
+}
+
+CellColor CTablePanelModel::TextColor(int row, int column) const
+{
+    return row == 1 && IsAutomaticRow(row) && column >= panel_.usable ? CellColor(kMandatoryColor) : std::nullopt;
+}
+
+bool CTablePanelModel::IsRightAligned(int row, int column) const
+{
+    if (!IsInside(row, column))
+        return false;
+    const int from = panel_.columns[static_cast<std::size_t>(column)].rightAlignedFromRow;
+    return from > 0 && row >= from;
+}
+
+const WordList& CTablePanelModel::DoWords(int row, int column) const
+{
+    const WordList& words = words_[static_cast<std::size_t>(column)];
+    if (!IsAutomaticRow(row))
+        return words;
+    if (column != kValueColumn)
+        return kFreeText;
+    // Some blocks have switch words of their own, as "YES-1" or "NO幅ONLY".
+    return !words.empty() && words.front().starts_with("YES") ? words : YesNo();
+}
+
+CellEffect CTablePanelModel::DoSetCell(int row, int column, std::string_view text)
+{
+    const int entry = EntryOf(row);
+    cells_.columns[static_cast<std::size_t>(column) - 1].Set(static_cast<std::size_t>(entry), text);
+    Touch(entry);
+    return CellEffect::Cell;
+}
+
+void CTablePanelModel::TouchMasked()
+{
+    for (int row = 1; row <= GridRows(); ++row)
+        for (int column = 1; column < ColumnCount(); ++column)
+            if (IsMasked(row, column) && !Cell(row, column).empty())
+                Touch(EntryOf(row));
+}
+
+// --- entries -----------------------------------------------------------------------------------------
+
+void CTablePanelModel::AppendEmptyEntries(int count)
+{
+    for (ColumnVector& column : cells_.columns)
+        for (int i = 0; i < count; ++i)
+            column.Append({});
+}
+
+void CTablePanelModel::CopyToBaseline()
+{
+    baseline_ = cells_;
+    for (int entry = 0; entry < EntryCount(); ++entry)
+        for (std::size_t column = 0; column < cells_.columns.size(); ++column)
+            if (ToBeStored(entry, column) != cells_.columns[column][static_cast<std::size_t>(entry)])
+                baseline_.columns[column].Set(static_cast<std::size_t>(entry), {});
+}
+
+void CTablePanelModel::MoveEntry(int from, int to)
+{
+    for (ColumnVector& column : cells_.columns) {
+        const std::string text(column[static_cast<std::size_t>(from)]);
+        column.Erase(static_cast<std::size_t>(from));
+        column.Insert(static_cast<std::size_t>(to), text);
+    }
+}
+
+bool CTablePanelModel::IsKept(int entry) const
+{
+    return !cells_.columns.front()[static_cast<std::size_t>(entry)].empty();
+}
+
+std::string_view CTablePanelModel::ToBeStored(int entry, std::size_t column) const
+{
+    if (IsMasked(HeadRows() + entry + 1, static_cast<int>(column) + 1))
+        return {};
+    return cells_.columns[column][static_cast<std::size_t>(entry)];
+}
+
+bool CTablePanelModel::SameAsBaseline(int entry, int baseline) const
+{
+    for (std::size_t column = 0; column < cells_.columns.size(); ++column)
+        if (ToBeStored(entry, column) != baseline_.columns[column][static_cast<std::size_t>(baseline)])
+            return false;
+    return true;
+}
+
+bool CTablePanelModel::Store(int entry, int storedRow)
+{
+    bool changed = false;
+    TableBlock& table = *Data().Table(Block());
+    for (std::size_t column = 0; column < table.columns.size(); ++column) {
+        const std::string_view text = ToBeStored(entry, column);
+        if (table.columns[column][static_cast<std::size_t>(storedRow)] == text)
+            continue;
+        table.columns[column].Set(static_cast<std::size_t>(storedRow), text);
+        changed = true;
+    }
+    return changed;
+}
+
+void CTablePanelModel::InsertStored(int entry, int storedRow)
+{
+    TableBlock& table = *Data().Table(Block());
+    for (std::size_t column = 0; column < table.columns.size(); ++column)
+        table.columns[column].Insert(static_cast<std::size_t>(storedRow), ToBeStored(entry, column));
+}
+
+void CTablePanelModel::EraseStored(int storedRow)
+{
+    for (ColumnVector& column : Data().Table(Block())->columns)
+        column.Erase(static_cast<std::size_t>(storedRow));
+}
+
+void CTablePanelModel::StoreAll(const std::vector<int>& entries)
+{
+    TableBlock& table = *Data().Table(Block());
+    for (std::size_t column = 0; column < table.columns.size(); ++column) {
+        ColumnVector rebuilt;
+        for (const int entry : entries)
+            rebuilt.Append(ToBeStored(entry, column));
+        table.columns[column] = std::move(rebuilt);
+    }
+}
+
+// --- 321, 322 ----------------------------------------------------------------------------------------
+
+namespace {
+
+constexpr int kMethodRow = 2;
+constexpr int kFirstPlaceRow = 3;
+constexpr int kWebColumn = 2;
+constexpr int kPlaceColumn = 5; // cross beam, or length in m
+
+const WordList& JointKinds()
+{
+    static const WordList words{"ボルト継手(省略可)"_cp932, "溶接継手"_cp932,         "UFLG溶接継手"_cp932,
+                                "LFLG溶接継手"_cp932,       "FLG溶接継手"_cp932,      "WEB溶接継手"_cp932,
+                                "UFLG&WEB溶接継手"_cp932,   "LFLG&WEB溶接継手"_cp932};
+    return words;
+}
+
+const WordList& Center()
+{
+    static const WordList words{"CENTER"};
+    return words;
+}
+
+const WordList& LastSection()
+{
+    static const WordList words{"終断面"_cp932};
+    return words;
+}
+
+const WordList& Webs()
+{
+    static const WordList words{"I桁"_cp932, "左腹板"_cp932, "右腹板"_cp932, "両腹板"_cp932};
+    return words;
+}
+
+} // namespace
+
+CPlacePanelModel::CPlacePanelModel(CSbdData& data, int block, const PanelSettings& settings)
+    : CTablePanelModel(data, block, settings)
+    , beams_(ResolveWords({"@beams"}, data))
+    , methods_(FindPanelTable(block)->columns[kWebColumn].words)
+{
+    TouchMasked();
+}
+
+bool CPlacePanelModel::ByLength() const
+{
+    static const std::array<std::string, 4> lengths{"継手長"_cp932, "断面長"_cp932, "自動_継手長"_cp932,
+                                                    "自動_断面長"_cp932};
+    const std::string_view method = Cell(kMethodRow, 2);
+    return std::ranges::any_of(lengths, [method](const std::string& word) { return method.starts_with(word); });
+}
+
+bool CPlacePanelModel::IsMasked(int row, int column) const
+{
+    const int firstUnused = Block() == 321 ? 7 : 6;
+    return row >= kFirstPlaceRow && column >= firstUnused && ByLength();
+}
+
+bool CPlacePanelModel::IsRightAligned(int row, int column) const
+{
+    return row >= kFirstPlaceRow && column == kPlaceColumn && ByLength();
+}
+
+const WordList& CPlacePanelModel::DoWords(int row, int column) const
+{
+    if (row == kMethodRow && column == kWebColumn)
+        return methods_;
+    if (row < kFirstPlaceRow)
+        return kFreeText;
+    if (column == kWebColumn)
+        return Webs();
+    if (column < kPlaceColumn)
+        return CTablePanelModel::DoWords(row, column);
+    const bool joints = Block() == 321;
+    if (ByLength())
+        return column == kPlaceColumn ? LastSection() : joints && column == 6 ? JointKinds() : kFreeText;
+    return column == kPlaceColumn ? beams_
+           : column == 7          ? Center()
+           : joints && column == 8 ? JointKinds()
+                                   : kFreeText;
+}
+
+CellEffect CPlacePanelModel::DoSetCell(int row, int column, std::string_view text)
+{
+    const bool byLength = ByLength();
+    const CellEffect effect = CTablePanelModel::DoSetCell(row, column, text);
+    if (ByLength() == byLength)
+        return effect;
+    TouchAll();
+    return CellEffect::Panel;
+}
+
+} // namespace sbd

@@ -1,0 +1,428 @@
+#include "panelmodel/tree_rows.h"
+
+#include "project/catalogue.h"
+#include "project/sbd_data.h"
+#include "project/text.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+namespace sbd {
+
+using namespace literals;
+
+namespace {
+
+struct BlockRange {
+    int first;
+    int last;
+};
+using BlockRanges = std::vector<BlockRange>;
+
+bool Holds(const BlockRanges& ranges, int block)
+{
+    return std::ranges::any_of(ranges, [=](BlockRange r) { return r.first <= block && block <= r.last; });
+}
+
+// --- the layout ----------------------------------------------------------------------------------
+
+struct TreeGroup {
+    int block;
+    std::string_view title; // empty: by the project's type
+    BlockRanges items;      // in the order of the tree
+};
+
+const std::vector<TreeGroup>& TreeGroups()
+{
+    static const std::vector<TreeGroup> groups = {
+        {290, "", {{291, 296}, {391, 396}, {501, 504}}},
+        {300, "", {{301, 316}, {321, 329}, {331, 344}, {351, 354}, {359, 359}}},
+        {400, "400.製図[DRAWING]", {{401, 409}, {412, 413}, {421, 423}, {481, 486}}},
+        {500, "500.CBD共通[CBD]", {{501, 507}, {511, 517}}},
+        {520, "520.横桁対傾構[CROSS_SWAY]", {{521, 524}, {531, 535}, {541, 543}, {551, 567}}},
+        {570, "570.下横構[LATERAL]", {{521, 522}, {571, 579}, {581, 584}}},
+        {600, "600.FEM_全橋モデル[KELD_FEM]", {{601, 613}, {621, 625}, {631, 633}}},
+        {640,
+         "640.縦桁の設計(644高さは入力必須)[STRINGER]",
+         {{640, 642}, {671, 671}, {643, 649}, {651, 662}, {665, 666}, {668, 669}}},
+        {670, "670.ブラケットの設計(674高さは入力必須)[BRACKET]", {{670, 683}, {689, 689}}},
+        {700,
+         "700.支点上VS・ダイヤの設計[Support_Stiff_or_Diaphragm]",
+         {{503, 503}, {701, 708}, {711, 714}, {721, 727}, {731, 735}, {741, 747}, {751, 752}}},
+    };
+    return groups;
+}
+
+/// Items of their own above and below the groups, for whole bridges only.
+const BlockRanges kItemsAbove = {{999, 999}, {253, 256}, {259, 259}};
+const BlockRanges kItemsBelow = {{801, 801}, {481, 486}};
+constexpr int kLastItem = 999; // in every project
+
+// --- what kind of project it is ------------------------------------------------------------------
+
+struct ProjectKind {
+    std::string_view typeBegins;     // UTF-8; empty: every other type, a whole bridge
+    std::string_view group290;
+    std::string_view group300;
+    std::string_view block301;
+    std::vector<int> groups;         // groups shown; empty: by mode and filters
+    BlockRanges items;               // items shown
+};
+
+/// Each row holds for the types that begin with its word; the last one for all others.
+const std::vector<ProjectKind>& ProjectKinds()
+{
+    static const std::vector<ProjectKind> kinds = {
+        {"ブラケット", "290.横断線などの定義[SEC_INTERNAL_FORCE]", "300.ブラケット自動設計MAIN_CONTROL[MAIN_CONTROL]",
+         "301.ブラケット_CONTROL[SEC_CONTROL](必要)", {290, 300, 670}, {{301, 301}, {501, 501}, {670, 699}, {999, 999}}},
+        {"床組", "290.横断線・縦桁などの定義[SEC_INTERNAL_FORCE]", "300.床組自動設計MAIN_CONTROL[MAIN_CONTROL]",
+         "301.床組_CONTROL[SEC_CONTROL](必要)", {290, 300, 640, 670}, {{301, 301}, {501, 501}, {640, 699}, {999, 999}}},
+        {"縦桁", "290.横断線・縦桁などの定義[SEC_INTERNAL_FORCE]", "300.縦桁自動設計MAIN_CONTROL[MAIN_CONTROL]",
+         "301.縦桁_CONTROL[SEC_CONTROL](必要)", {290, 300, 640}, {{301, 301}, {501, 501}, {640, 669}, {999, 999}}},
+        {"断面", "290.断面のみ場合の断面力[SEC_INTERNAL_FORCE]", "300.断面のみ自動設計MAIN_CONTROL[MAIN_CONTROL]",
+         "301.断面のみ設計条件_CONTROL[SEC_CONTROL](必要)", {290, 300},
+         {{291, 296}, {301, 303}, {305, 305}, {311, 311}, {331, 332}, {999, 999}}},
+        {"", "290.主桁単独・断面力[SEC_INTERNAL_FORCE]", "300.主桁自動設計MAIN_CONTROL[MAIN_CONTROL]",
+         "301.主桁_CONTROL[SEC_CONTROL](必要)", {}, {}},
+    };
+    return kinds;
+}
+
+constexpr std::string_view kSectionType = "断面";
+constexpr std::string_view kSectionSpliceType = "断面継";
+const BlockRanges kSectionBoxItems = {{326, 326}, {333, 333}};
+const BlockRanges kSectionSpliceItems = {{341, 344}};
+
+/// Rows of block 301 behind the type: what the user does not want designed.
+enum class DesignSwitch : std::size_t { Cross = 3, Sway = 4, Lateral = 5, Support = 6 };
+
+/// The facts of a project that the rules ask for.
+struct ProjectFacts {
+    const ProjectKind* kind;
+    bool spliceType;
+    bool box;
+    bool noCross;
+    bool noSway;
+    bool noLateral;
+    bool noSupport;
+};
+
+ProjectFacts FactsOf(const CSbdData& data)
+{
+    const std::string_view type = data.Type();
+    const auto begins = [&](std::string_view word) { return type.starts_with(Cp932(word)); };
+    const auto left = [&](DesignSwitch row) { return data.Option(301, static_cast<std::size_t>(row)) == "YES"; };
+    const auto kind = std::ranges::find_if(ProjectKinds(), [&](const ProjectKind& k) { return begins(k.typeBegins); });
+    return {&*kind,
+            begins(kSectionSpliceType),
+            data.RowCount(305) > 0,
+            left(DesignSwitch::Cross),
+            left(DesignSwitch::Sway),
+            left(DesignSwitch::Lateral),
+            left(DesignSwitch::Support)};
+}
+
+bool IsWholeBridge(const ProjectFacts& facts)
+{
+    return facts.kind->groups.empty();
+}
+
+// --- what is left out ----------------------------------------------------------------------------
+
+struct FilteredItems {
+    TreeFilter filter;
+    int group; // head left out with it; 0: none
+    BlockRanges items;
+};
+
+/// The box filter takes head 640 with it and stops short of 752: it has always been so.
+const std::vector<FilteredItems>& Filters()
+{
+    static const std::vector<FilteredItems> filters = {
+        {TreeFilter::Plate, 0, {{701, 714}}},   {TreeFilter::Box, 640, {{721, 751}}},
+        {TreeFilter::Cross, 520, {{521, 569}}}, {TreeFilter::Lateral, 570, {{571, 584}}},
+        {TreeFilter::Fem, 600, {}},             {TreeFilter::Stringer, 640, {}},
+        {TreeFilter::Bracket, 670, {}},         {TreeFilter::Support, 700, {}},
+        {TreeFilter::Drawing, 400, {{401, 422}}},
+    };
+    return filters;
+}
+
+bool AutomaticHidesGroup(const ProjectFacts& facts, int group)
+{
+    const bool hides520 = facts.noCross && facts.noSway;
+    switch (group) {
+    case 520:
+        return hides520;
+    case 570:
+        return facts.noLateral || facts.box;
+    case 700:
+        return facts.noSupport;
+    case 500:
+        return hides520 && facts.noLateral;
+    default:
+        return false;
+    }
+}
+
+bool AutomaticHidesBlock(const ProjectFacts& facts, int block)
+{
+    static const BlockRanges cross = {{531, 535}, {552, 561}};
+    static const BlockRanges sway = {{541, 543}};
+    static const BlockRanges lateral = {{571, 584}};
+    static const BlockRanges boxOnly = {{324, 326}, {333, 334}, {408, 409}, {721, 752}};
+    static const BlockRanges plateOnly = {{483, 483}, {486, 486}, {571, 584}, {701, 719}};
+    return (facts.noCross && Holds(cross, block)) || (facts.noSway && Holds(sway, block))
+           || (facts.noLateral && Holds(lateral, block)) || Holds(facts.box ? plateOnly : boxOnly, block);
+}
+
+bool ShowGroup(const ProjectFacts& facts, const TreeView& view, int group)
+{
+    if (!IsWholeBridge(facts))
+        return std::ranges::count(facts.kind->groups, group) != 0;
+    if (view.mode == TreeMode::Everything)
+        return true;
+    if (view.mode == TreeMode::Automatic && AutomaticHidesGroup(facts, group))
+        return false;
+    if (group == 500 && view.filters.contains(TreeFilter::Cross) && view.filters.contains(TreeFilter::Lateral))
+        return false;
+    return std::ranges::none_of(
+        Filters(), [&](const FilteredItems& f) { return f.group == group && view.filters.contains(f.filter); });
+}
+
+bool ShowBlock(const ProjectFacts& facts, const TreeView& view, int block)
+{
+    if (!IsWholeBridge(facts)) {
+        const bool section = facts.kind->typeBegins == kSectionType;
+        return Holds(facts.kind->items, block)
+               || (section && (facts.box || view.boxPanelChanged) && Holds(kSectionBoxItems, block))
+               || (facts.spliceType && Holds(kSectionSpliceItems, block));
+    }
+    if (view.mode == TreeMode::Everything)
+        return true;
+    if (view.mode == TreeMode::Automatic && AutomaticHidesBlock(facts, block))
+        return false;
+    return std::ranges::none_of(
+        Filters(), [&](const FilteredItems& f) { return view.filters.contains(f.filter) && Holds(f.items, block); });
+}
+
+// --- marks of content ----------------------------------------------------------------------------
+
+enum class MarkRule {
+    Always,
+    MoreRows,            ///< more rows than the rule's number
+    MoreRowsAndNoAutomatic, ///< and the control row says "NO"
+};
+
+struct MarkRange {
+    MarkRule rule;
+    std::size_t rows;
+    BlockRanges blocks;
+};
+
+/// Numbers as the tree shows them, aliases included. What stands in no row is never bold.
+const std::vector<MarkRange>& MarkRanges()
+{
+    static const std::vector<MarkRange> ranges = {
+        {MarkRule::MoreRowsAndNoAutomatic,
+         1,
+         {{314, 314}, {316, 316}, {327, 328}, {331, 337}, {341, 344}, {359, 359}, {391, 396}, {406, 406}, {408, 409},
+          {412, 413}, {423, 423}, {481, 486}, {502, 504}, {506, 507}, {512, 517}, {523, 524}, {532, 532}, {534, 535},
+          {542, 542}, {551, 561}, {563, 563}, {565, 567}, {573, 579}, {581, 584}, {602, 613}, {621, 625}, {631, 633},
+          {641, 642}, {645, 649}, {651, 662}, {665, 666}, {668, 669}, {671, 671}, {673, 673}, {675, 683}, {689, 689},
+          {703, 708}, {711, 711}, {713, 714}, {723, 727}, {731, 731}, {733, 735}, {741, 747}, {751, 752}}},
+        {MarkRule::MoreRowsAndNoAutomatic, 2, {{643, 643}}},
+        {MarkRule::MoreRowsAndNoAutomatic, 0, {{501, 501}, {702, 702}, {722, 722}}},
+        {MarkRule::MoreRows,
+         0,
+         {{259, 259}, {291, 296}, {306, 307}, {312, 312}, {323, 323}, {325, 325}, {329, 329}, {351, 351}, {353, 354},
+          {401, 401}, {404, 405}, {407, 407}, {422, 422}, {712, 712}, {732, 732}}},
+        {MarkRule::MoreRows, 1, {{315, 315}, {403, 403}}},
+        {MarkRule::MoreRows, 2, {{322, 322}, {402, 402}}},
+        {MarkRule::MoreRows, 3, {{511, 511}, {672, 672}}},
+        {MarkRule::MoreRows, 9, {{421, 421}}},
+        {MarkRule::Always,
+         0,
+         {{301, 305}, {308, 311}, {313, 313}, {321, 321}, {324, 324}, {352, 352}, {521, 522}, {531, 531}, {533, 533},
+          {541, 541}, {543, 543}, {571, 572}, {601, 601}, {640, 640}, {644, 644}, {670, 670}, {674, 674}}},
+    };
+    return ranges;
+}
+
+std::size_t MarkRows(const CSbdData& data, int block)
+{
+    const NameLists* names = data.Names(block);
+    if (names == nullptr)
+        return data.RowCount(block);
+    std::size_t rows = 0;
+    for (const std::vector<std::string>& list : names->lists)
+        rows = std::max(rows, list.size());
+    return rows;
+}
+
+/// The switch of a block's first row; in the one column of 412 it stands alone.
+std::string_view ControlValue(const CSbdData& data, int block)
+{
+    if (const NameLists* names = data.Names(block))
+        return names->autoValue;
+    const TableBlock* table = data.Table(block);
+    if (table == nullptr || table->RowCount() == 0)
+        return {};
+    return table->columns[table->columns.size() > 1 ? 1 : 0][0];
+}
+
+// --- rows ----------------------------------------------------------------------------------------
+
+std::string_view GroupTitle(const ProjectFacts& facts, const TreeGroup& group)
+{
+    if (!group.title.empty())
+        return group.title;
+    return group.block == 290 ? facts.kind->group290 : facts.kind->group300;
+}
+
+std::string_view ItemTitle(const ProjectFacts& facts, int block)
+{
+    switch (block) {
+    case 259:
+        return "259.キャンバー出力[CAMBER]"; // the menu words it otherwise
+    case 301:
+        return facts.kind->block301;
+    default:
+        return FindBlock(block)->menuText;
+    }
+}
+
+class RowMaker {
+public:
+    RowMaker(const CSbdData& data, const TreeView& view) : data_(data), view_(view), facts_(FactsOf(data)) {}
+
+    std::vector<TreeRow> Make()
+    {
+        if (IsWholeBridge(facts_))
+            AddItems(0, kItemsAbove);
+        for (const TreeGroup& group : TreeGroups()) {
+            if (!ShowGroup(facts_, view_, group.block))
+                continue;
+            rows_.push_back({0, group.block, true, false, TitleIn(view_.language, GroupTitle(facts_, group))});
+            AddItems(1, group.items);
+        }
+        if (IsWholeBridge(facts_))
+            AddItems(0, kItemsBelow);
+        AddItem(0, kLastItem);
+        return std::move(rows_);
+    }
+
+private:
+    void AddItems(int level, const BlockRanges& ranges)
+    {
+        for (const BlockRange range : ranges)
+            for (int block = range.first; block <= range.last; ++block)
+                if (FindBlock(block) != nullptr && ShowBlock(facts_, view_, block))
+                    AddItem(level, block);
+    }
+
+    void AddItem(int level, int block)
+    {
+        rows_.push_back({level, block, false, HasInputInForce(data_, block),
+                         TitleIn(view_.language, ItemTitle(facts_, block))});
+    }
+
+    const CSbdData& data_;
+    const TreeView& view_;
+    ProjectFacts facts_;
+    std::vector<TreeRow> rows_;
+};
+
+bool EqualsIgnoringCase(std::string_view a, std::string_view b)
+{
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; };
+    return std::ranges::equal(a, b, {}, lower, lower);
+}
+
+/// The first `count` characters of a UTF-8 text.
+std::string_view FirstCharacters(std::string_view text, std::size_t count)
+{
+    std::size_t end = 0;
+    while (end < text.size() && count > 0) {
+        do
+            ++end;
+        while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80);
+        --count;
+    }
+    return text.substr(0, end);
+}
+
+} // namespace
+
+TitleLanguage TitleLanguageOf(std::string_view word)
+{
+    if (EqualsIgnoringCase(word, "English"))
+        return TitleLanguage::English;
+    if (EqualsIgnoringCase(word, "EnglishAndJapanese"))
+        return TitleLanguage::EnglishAndJapanese;
+    return TitleLanguage::Japanese;
+}
+
+std::string TitleIn(TitleLanguage language, std::string_view title)
+{
+    const std::size_t open = title.find('[');
+    switch (language) {
+    case TitleLanguage::English: {
+        const std::string_view tag = open == std::string_view::npos ? std::string_view() : title.substr(open);
+        return std::string(FirstCharacters(title, 4)) + std::string(TrimRight(tag));
+    }
+    case TitleLanguage::EnglishAndJapanese:
+        return std::string(title);
+    case TitleLanguage::Japanese:
+        break;
+    }
+    const std::size_t close = title.find(']');
+    const std::string_view behind = close == std::string_view::npos ? std::string_view() : title.substr(close + 1);
+    return std::string(title.substr(0, open)) + std::string(TrimLeft(behind));
+}
+
+std::optional<TreeMode> TreeModeOf(int command)
+{
+    constexpr std::array modes = {TreeMode::Everything, TreeMode::Automatic, TreeMode::Filtered};
+    const auto mode = std::ranges::find(modes, command, [](TreeMode m) { return static_cast<int>(m); });
+    return mode == modes.end() ? std::nullopt : std::optional(*mode);
+}
+
+std::optional<TreeFilter> TreeFilterOf(int command)
+{
+    const auto filter =
+        std::ranges::find(Filters(), command, [](const FilteredItems& f) { return static_cast<int>(f.filter); });
+    return filter == Filters().end() ? std::nullopt : std::optional(filter->filter);
+}
+
+std::vector<TreeRow> TreeRows(const CSbdData& data, const TreeView& view)
+{
+    return RowMaker(data, view).Make();
+}
+
+bool HasInputInForce(const CSbdData& data, int block)
+{
+    const auto found =
+        std::ranges::find_if(MarkRanges(), [=](const MarkRange& range) { return Holds(range.blocks, block); });
+    if (found == MarkRanges().end())
+        return false;
+    if (found->rule == MarkRule::Always)
+        return true;
+    const int canonical = CanonicalBlock(block);
+    return MarkRows(data, canonical) > found->rows
+           && (found->rule == MarkRule::MoreRows || ControlValue(data, canonical) == "NO");
+}
+
+std::string TreeKey(const CSbdData& data)
+{
+    std::string key;
+    for (std::size_t row = 2; row <= static_cast<std::size_t>(DesignSwitch::Support); ++row) {
+        key += data.Option(301, row);
+        key += '\n';
+    }
+    key += data.RowCount(305) > 0 ? "box" : "";
+    return key;
+}
+
+} // namespace sbd

@@ -1,0 +1,78 @@
+// The block tree: what stands in it, in which order, under which titles, and what is bold.
+#pragma once
+
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sbd {
+
+class CSbdData;
+
+/// Which form the titles have.
+enum class TitleLanguage {
+    Japanese,           ///< number and Japanese title
+    English,            ///< number and tag
+    EnglishAndJapanese, ///< the title as it stands
+};
+
+/// The form a word of the profile stands for, whatever its case; every other word means Japanese.
+[[nodiscard]] TitleLanguage TitleLanguageOf(std::string_view word);
+
+/// A title ("301.主桁_CONTROL[SEC_CONTROL](必要)") in one of its forms. UTF-8.
+[[nodiscard]] std::string TitleIn(TitleLanguage language, std::string_view title);
+
+/// How much of the tree is shown. One of the three holds; the filter commands count in the last two only.
+enum class TreeMode : int {
+    Everything = 33026, ///< all items
+    Automatic = 33007,  ///< without what the project's switches leave out, and without the filtered items
+    Filtered = 33006,   ///< without the filtered items
+};
+
+/// The commands that each leave a part of the tree out.
+enum class TreeFilter : int {
+    Plate = 33015,    ///< plate girder items
+    Box = 33009,      ///< box girder items
+    Drawing = 33014,  ///< 400
+    Cross = 33010,    ///< 520
+    Lateral = 33012,  ///< 570
+    Fem = 33013,      ///< 600
+    Stringer = 33021, ///< 640
+    Bracket = 33019,  ///< 670
+    Support = 33024,  ///< 700
+};
+
+/// What the user has chosen to see.
+struct TreeView {
+    TreeMode mode = TreeMode::Everything;
+    std::set<TreeFilter> filters;
+    TitleLanguage language = TitleLanguage::Japanese;
+    bool boxPanelChanged = false; ///< block 305 was edited since the tree was built: a section project counts as a box
+};
+
+/// The mode or filter of a command number; nothing if it is none.
+[[nodiscard]] std::optional<TreeMode> TreeModeOf(int command);
+[[nodiscard]] std::optional<TreeFilter> TreeFilterOf(int command);
+
+/// One line of the tree.
+struct TreeRow {
+    int level = 0;     ///< 0: group head or an item of its own, 1: item of the group head above it
+    int block = 0;     ///< number at the start of the text; 290, 300, ... for a group head
+    bool group = false; ///< head of a group
+    bool bold = false; ///< the block holds input that is in force
+    std::string text;  ///< UTF-8
+    friend bool operator==(const TreeRow&, const TreeRow&) = default;
+};
+
+/// The whole tree from top to bottom, as it stands after a rebuild.
+[[nodiscard]] std::vector<TreeRow> TreeRows(const CSbdData& data, const TreeView& view = {});
+
+/// True if a block (an alias counts as the block behind it) holds input that is in force.
+[[nodiscard]] bool HasInputInForce(const CSbdData& data, int block);
+
+/// What of a project decides which lines there are: the tree is rebuilt when this changes.
+[[nodiscard]] std::string TreeKey(const CSbdData& data);
+
+} // namespace sbd

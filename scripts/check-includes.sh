@@ -1,0 +1,81 @@
+#!/usr/bin/env bash
+# Fails where a folder includes what stands above it in docs/architecture.md, or where a folder without Qt includes Qt.
+#   scripts/check-includes.sh [root of the tree]
+set -euo pipefail
+root=${1:-$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)}
+cd "$root"
+
+# The direct arrows, each folder after those it points to. What stands behind an arrow may be included too.
+declare -A arrows=(
+    [project]=""
+    [sbdfile]="project"
+    [results]="project"
+    [panelmodel]="project"
+    [document]="sbdfile results"
+    [grid]=""
+    [panels]="grid panelmodel document"
+    [upperview]="document"
+    [frame]="panels upperview"
+    [app]="frame"
+    [tools]="sbdfile results panelmodel"
+    [sbdpage]="upperview"
+)
+order="project sbdfile results panelmodel document grid panels upperview frame app tools sbdpage"
+without_qt="project sbdfile results panelmodel tools"
+
+declare -A reach
+for folder in $order; do
+    reach[$folder]=" $folder "
+    for target in ${arrows[$folder]}; do
+        reach[$folder]+="${reach[$target]}"
+    done
+done
+
+is_in() { [[ " $2 " == *" $1 "* ]]; }
+
+bad=0
+complain() {
+    echo "$1" >&2
+    bad=1
+}
+
+# lines_of FOLDER FILE...: judges every #include of the files by the rules of FOLDER.
+lines_of() {
+    local folder=$1 file number line name target
+    shift
+    while IFS=: read -r file number line; do
+        if [[ $line =~ ^[[:space:]]*#[[:space:]]*include[[:space:]]*\"([^\"]+)\" ]]; then
+            name=${BASH_REMATCH[1]}
+            target=${name%%/*}
+            if [[ $name == *..* ]]; then
+                complain "$file:$number: include \"$name\" from the root of the tree, without .."
+            elif [[ $name == */* && -n ${arrows[$target]+known} ]] && ! is_in "$target" "${reach[$folder]}"; then
+                complain "$file:$number: $folder must not include $target (\"$name\")"
+            elif [[ $name == tests/* || $name == bench/* || $name == fuzz/* ]]; then
+                complain "$file:$number: $folder must not include \"$name\""
+            fi
+        elif [[ $line =~ ^[[:space:]]*#[[:space:]]*include[[:space:]]*\<(Q[A-Za-z]|Qt[A-Za-z]*/) ]]; then
+            if is_in "$folder" "$without_qt"; then
+                complain "$file:$number: $folder does without Qt (${line#*include })"
+            fi
+        fi
+    done < <(grep -HnE '^[[:space:]]*#[[:space:]]*include' "$@" || true)
+}
+
+files=0
+for folder in $order; do
+    [[ $folder != sbdpage && -d $folder ]] || continue
+    while IFS= read -r -d '' file; do
+        files=$((files + 1))
+        case $file in
+            tools/sbdpage*) lines_of sbdpage "$file" ;;
+            *) lines_of "$folder" "$file" ;;
+        esac
+    done < <(find "$folder" -type f \( -name '*.h' -o -name '*.cpp' \) -print0 | sort -z)
+done
+
+if [[ $bad -ne 0 ]]; then
+    echo "The arrows stand in docs/architecture.md." >&2
+    exit 1
+fi
+echo "includes: $files files follow the arrows"

@@ -1,0 +1,96 @@
+#include "app/start_options.h"
+#include "app/station.h"
+
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QImage>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace sbd;
+
+namespace {
+
+const auto kPlate = QStringLiteral(EXAMPLES_DIR) + QStringLiteral("/plate4/plate4.sbd");
+
+/// Runs the program for a picture of `block`; the exit code.
+int Draw(const QString& project, const QString& picture, int block = 0, QSize size = {1366, 768})
+{
+    StartOptions options;
+    options.projects = {project};
+    options.screenshot = picture;
+    options.block = block;
+    options.size = size;
+    return RunStation(options);
+}
+
+} // namespace
+
+class StationTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aPictureOfTheWholeWindowIsDrawn();
+    void picturesOfTwoBlocksDiffer();
+    void thePictureOfAnEmptyProjectIsDrawn();
+    void aProjectThatCannotBeOpenedEndsWithTwo();
+    void aPictureThatCannotBeWrittenEndsWithTwo();
+    void aWrongCommandLineEndsWithTwo();
+    void thePagesHaveAJapaneseFontOfOneWidth();
+};
+
+void StationTest::aPictureOfTheWholeWindowIsDrawn()
+{
+    const QTemporaryDir folder;
+    QCOMPARE(Draw(kPlate, folder.filePath(u"o.png"_s), 313, {1024, 700}), kExitDone);
+    const QImage picture(folder.filePath(u"o.png"_s));
+    QCOMPARE(picture.size(), QSize(1024, 700));
+    QVERIFY(!picture.allGray());
+}
+
+void StationTest::picturesOfTwoBlocksDiffer()
+{
+    const QTemporaryDir folder;
+    QCOMPARE(Draw(kPlate, folder.filePath(u"a.png"_s), 301), kExitDone);
+    QCOMPARE(Draw(kPlate, folder.filePath(u"b.png"_s), 406), kExitDone);
+    QVERIFY(QImage(folder.filePath(u"a.png"_s)) != QImage(folder.filePath(u"b.png"_s)));
+}
+
+void StationTest::thePictureOfAnEmptyProjectIsDrawn()
+{
+    const QTemporaryDir folder;
+    StartOptions options;
+    options.screenshot = folder.filePath(u"o.png"_s);
+    QCOMPARE(RunStation(options), kExitDone);
+    QVERIFY(!QImage(options.screenshot).isNull());
+}
+
+void StationTest::aProjectThatCannotBeOpenedEndsWithTwo()
+{
+    const QTemporaryDir folder;
+    QCOMPARE(Draw(folder.filePath(u"missing.sbd"_s), folder.filePath(u"o.png"_s)), kExitFailed);
+    QVERIFY(!QFile::exists(folder.filePath(u"o.png"_s)));
+}
+
+void StationTest::aPictureThatCannotBeWrittenEndsWithTwo()
+{
+    const QTemporaryDir folder;
+    QCOMPARE(Draw(kPlate, folder.filePath(u"no folder/o.png"_s)), kExitFailed);
+}
+
+void StationTest::aWrongCommandLineEndsWithTwo()
+{
+    QCOMPARE(RunStation(ReadStartOptions({u"sbdstation"_s, u"--block"_s, u"1"_s})), kExitFailed);
+}
+
+void StationTest::thePagesHaveAJapaneseFontOfOneWidth()
+{
+    const QFont font(u"ＭＳ ゴシック"_s, 12);
+    QVERIFY2(QFontInfo(font).fixedPitch(), qPrintable(QFontInfo(font).family()));
+    const QFontMetricsF metrics(font);
+    QCOMPARE(metrics.horizontalAdvance(u"桁"_s), 2 * metrics.horizontalAdvance(u"A"_s));
+}
+
+QTEST_MAIN(StationTest)
+#include "station_test.moc"

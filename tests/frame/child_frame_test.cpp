@@ -1,0 +1,189 @@
+#include "frame/child_frame.h"
+
+#include "answers.h"
+#include "document/section_doc.h"
+#include "frame/left_view.h"
+#include "panels/panel.h"
+#include "upperview/up_view.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace sbd;
+
+namespace {
+
+/// A project's window, with the plate girder example.
+struct Window {
+    TestFolder folder;
+    std::unique_ptr<CChildFrame> child;
+
+    Window()
+    {
+        auto doc = std::make_unique<CKELDSectionDoc>();
+        if (doc->OpenDocument(folder.Example(u"plate4"_s)).Ok())
+            child = std::make_unique<CChildFrame>(std::move(doc));
+    }
+};
+
+} // namespace
+
+class ChildFrameTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void beginsWithTheControlBlock();
+    void switchingShowsTheBlockAndItsPage();
+    void anAliasShowsTheBlockBehindIt();
+    void theBlockOnShowKeepsItsPanel();
+    void aNumberThatIsNoBlockKeepsThePanel();
+    void aBlockWithoutAGridShowsABlankPane();
+    void everyBlockOfTheMenuOpens();
+    void aMenuCommandSelectsTheItemOfItsNumber();
+    void aClickInTheTreeSwitches();
+    void leavingABlockCommitsIt();
+    void aReloadShowsTheBlockAgain();
+    void theTitleFollowsPathAndModifiedState();
+    void theFocusGoesToAndFro();
+};
+
+void ChildFrameTest::beginsWithTheControlBlock()
+{
+    const Window window;
+    QCOMPARE(window.child->CurrentBlock(), 301);
+    QCOMPARE(window.child->Doc().CurrentBlock(), 301);
+    QCOMPARE(window.child->Tree().SelectedNumber(), 301);
+    QVERIFY(window.child->Panel() != nullptr);
+}
+
+void ChildFrameTest::switchingShowsTheBlockAndItsPage()
+{
+    const Window window;
+    QVERIFY(window.child->SwitchToBlock(313));
+    QCOMPARE(window.child->Doc().CurrentBlock(), 313);
+    QVERIFY2(window.child->UpView().TitleText().startsWith(u"313.垂直補剛材"_s),
+             qPrintable(window.child->UpView().TitleText()));
+}
+
+void ChildFrameTest::anAliasShowsTheBlockBehindIt()
+{
+    const Window window;
+    const std::pair<int, int> aliases[] = {{406, 713}, {567, 482}, {584, 483}, {712, 405}, {714, 514},
+                                           {722, 702}, {727, 707}, {732, 405}, {733, 713}};
+    for (const auto& [shown, block] : aliases) {
+        QVERIFY(window.child->GoToBlock(shown));
+        QCOMPARE(window.child->CurrentBlock(), block);
+        QCOMPARE(window.child->Doc().CurrentBlock(), block);
+        QCOMPARE(window.child->Tree().SelectedNumber(), shown);
+    }
+}
+
+void ChildFrameTest::theBlockOnShowKeepsItsPanel()
+{
+    const Window window;
+    window.child->SwitchToBlock(713);
+    const CPanel* panel = window.child->Panel();
+    QVERIFY(window.child->SwitchToBlock(406));
+    QVERIFY(window.child->SwitchToBlock(733));
+    QCOMPARE(window.child->Panel(), panel);
+}
+
+void ChildFrameTest::aNumberThatIsNoBlockKeepsThePanel()
+{
+    const Window window;
+    window.child->SwitchToBlock(313);
+    const CPanel* panel = window.child->Panel();
+    for (const int number : {-1, 0, 251, 1000, 252, 260, 998}) {
+        QVERIFY2(!window.child->SwitchToBlock(number), qPrintable(QString::number(number)));
+        QCOMPARE(window.child->Panel(), panel);
+        QCOMPARE(window.child->Doc().CurrentBlock(), 313);
+    }
+    QVERIFY(window.child->SwitchToBlock(301));
+}
+
+void ChildFrameTest::aBlockWithoutAGridShowsABlankPane()
+{
+    const Window window;
+    QVERIFY(window.child->SwitchToBlock(255));
+    QCOMPARE(window.child->Doc().CurrentBlock(), 255);
+    QVERIFY(window.child->UpView().TitleText().startsWith(u"255.解析実行"_s));
+    QVERIFY(window.child->SwitchToBlock(313));
+    QVERIFY(window.child->Panel() != nullptr);
+}
+
+void ChildFrameTest::everyBlockOfTheMenuOpens()
+{
+    const Window window;
+    for (const TreeRow& row : TreeRows(window.child->Doc().Data())) {
+        if (!row.group)
+            QVERIFY2(window.child->GoToBlock(row.block), row.text.c_str());
+    }
+    QVERIFY(!window.child->Doc().IsModified());
+}
+
+void ChildFrameTest::aMenuCommandSelectsTheItemOfItsNumber()
+{
+    const Window window;
+    QVERIFY(window.child->GoToBlock(512));
+    QCOMPARE(window.child->Tree().SelectedNumber(), 512);
+    QVERIFY(window.child->Tree().currentItem()->parent()->isExpanded());
+}
+
+void ChildFrameTest::aClickInTheTreeSwitches()
+{
+    const Window window;
+    window.child->show();
+    CLeftView& tree = window.child->Tree();
+    QTreeWidgetItem* item = tree.itemBelow(tree.currentItem());
+    tree.scrollToItem(item);
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(item).center());
+    QCOMPARE(window.child->CurrentBlock(), 302);
+}
+
+void ChildFrameTest::leavingABlockCommitsIt()
+{
+    const Window window;
+    window.child->SwitchToBlock(313);
+    window.child->Doc().SetHelpCell(313, 2, 2);
+    window.child->SwitchToBlock(314);
+    QVERIFY(window.child->Doc().HelpRow() != 2); // the old panel has said good-bye
+}
+
+void ChildFrameTest::aReloadShowsTheBlockAgain()
+{
+    const Window window;
+    window.child->SwitchToBlock(313);
+    QVERIFY(window.child->Doc().OpenDocument(window.child->Doc().PathName()).Ok());
+    QCOMPARE(window.child->CurrentBlock(), 313);
+    QCOMPARE(window.child->Doc().CurrentBlock(), 313);
+    QVERIFY(window.child->Panel() != nullptr);
+    QVERIFY(!window.child->Doc().IsModified());
+}
+
+void ChildFrameTest::theTitleFollowsPathAndModifiedState()
+{
+    const Window window;
+    QCOMPARE(window.child->windowTitle(), u"plate4.sbd[*]"_s);
+    QVERIFY(!window.child->isWindowModified());
+    window.child->Doc().SetModifiedFlag(true);
+    QVERIFY(window.child->isWindowModified());
+    QVERIFY(window.child->Doc().SaveDocument(window.folder.Path(u"second.sbd"_s)).Ok());
+    QCOMPARE(window.child->windowTitle(), u"second.sbd[*]"_s);
+    QVERIFY(!window.child->isWindowModified());
+}
+
+void ChildFrameTest::theFocusGoesToAndFro()
+{
+    const Window window;
+    window.child->show();
+    window.child->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.child.get()));
+    window.child->Tree().setFocus();
+    window.child->FocusOtherPane();
+    QVERIFY(window.child->Panel()->isAncestorOf(QApplication::focusWidget()));
+    window.child->FocusOtherPane();
+    QVERIFY(window.child->Tree().hasFocus());
+}
+
+QTEST_MAIN(ChildFrameTest)
+#include "child_frame_test.moc"

@@ -1,0 +1,316 @@
+#include "frame/file_commands.h"
+
+#include "answers.h"
+#include "document/section_doc.h"
+#include "frame/child_frame.h"
+#include "frame/profile.h"
+
+#include <QMdiArea>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace sbd;
+
+namespace {
+
+/// An area for windows, the commands on it and a user who answers.
+struct Desk {
+    TestFolder folder;
+    Answers user;
+    QMdiArea area;
+    CFileCommands files{area, user.Dialogs()};
+
+    ~Desk()
+    {
+        for (QMdiSubWindow* window : area.subWindowList())
+            delete window; // before the commands that they call
+    }
+    [[nodiscard]] qsizetype Windows() const { return area.subWindowList().size(); }
+    [[nodiscard]] CChildFrame* OpenExample(const QString& name, const QString& as = {})
+    {
+        return files.OpenFile(folder.Example(name, as));
+    }
+};
+
+/// What the user enters.
+void Enter(CChildFrame& child, const char* title)
+{
+    child.SwitchToBlock(302); // the panel of 301 would write its own
+    child.Doc().Data().SetOption(301, 0, title);
+    child.Doc().SetModifiedFlag(true);
+}
+
+} // namespace
+
+class FileCommandsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void openingTakesThePlaceOfTheEmptyProject();
+    void openingLeavesAnEmptyProjectThatWasEnteredInto();
+    void openingAFileThatIsOpenBringsItsWindowToTheFront();
+    void openingALinkToAnOpenFileBringsItsWindowToTheFront();
+    void aFileThatCannotBeOpenedIsToldAndChangesNothing();
+    void aFileOfAnotherKindIsRefused();
+    void givingUpTheDialogsDoesNothing();
+
+    void savingWritesTheProject();
+    void theFirstSaveAsksForAName();
+    void aNameWithoutExtensionGetsIt();
+    void aNameThatGetsItsExtensionReplacesNothing();
+    void savingOverAnotherOpenProjectIsRefused();
+    void aFullDiskIsToldAndTheProjectStaysModified();
+    void aPlaceholderInTheControlBlockIsToldInItsOwnWords();
+
+    void anUnchangedProjectClosesWithoutAQuestion();
+    void cancelKeepsTheWindow();
+    void discardClosesAndLeavesTheFile();
+    void saveClosesWithTheFileWritten();
+    void aSaveThatFailsKeepsTheWindow();
+
+    void recentFilesStandNewestFirst();
+    void twentyRecentFilesAreKept();
+};
+
+void FileCommandsTest::openingTakesThePlaceOfTheEmptyProject()
+{
+    Desk desk;
+    desk.files.New();
+    CChildFrame* child = desk.OpenExample(u"plate4"_s);
+    QVERIFY(child != nullptr);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(desk.Windows(), 1);
+    QCOMPARE(child->Doc().Title(), u"plate4.sbd"_s);
+    QVERIFY(desk.user.asked.isEmpty());
+}
+
+void FileCommandsTest::openingLeavesAnEmptyProjectThatWasEnteredInto()
+{
+    Desk desk;
+    Enter(*desk.files.New(), "MINE");
+    QVERIFY(desk.OpenExample(u"plate4"_s) != nullptr);
+    QVERIFY(desk.OpenExample(u"box2"_s) != nullptr);
+    QCOMPARE(desk.Windows(), 3);
+}
+
+void FileCommandsTest::openingAFileThatIsOpenBringsItsWindowToTheFront()
+{
+    Desk desk;
+    CChildFrame* plate = desk.OpenExample(u"plate4"_s);
+    CChildFrame* box = desk.OpenExample(u"box2"_s);
+    QCOMPARE(desk.area.currentSubWindow(), box);
+    QCOMPARE(desk.files.OpenFile(desk.folder.Path(u"plate4.sbd"_s)), plate);
+    QCOMPARE(desk.area.currentSubWindow(), plate);
+    QCOMPARE(desk.Windows(), 2);
+}
+
+void FileCommandsTest::openingALinkToAnOpenFileBringsItsWindowToTheFront()
+{
+    Desk desk;
+    CChildFrame* plate = desk.OpenExample(u"plate4"_s);
+    const QString link = desk.folder.Path(u"link.sbd"_s);
+    QVERIFY(QFile::link(desk.folder.Path(u"plate4.sbd"_s), link));
+#ifdef Q_OS_UNIX
+    QCOMPARE(desk.files.OpenFile(link), plate);
+#else
+    Q_UNUSED(plate); // links of the shell end in .lnk
+#endif
+}
+
+void FileCommandsTest::aFileThatCannotBeOpenedIsToldAndChangesNothing()
+{
+    Desk desk;
+    desk.files.New();
+    QVERIFY(desk.files.OpenFile(desk.folder.Path(u"missing.sbd"_s)) == nullptr);
+    QCOMPARE(desk.Windows(), 1);
+    QCOMPARE(desk.user.warned.size(), 1);
+    QVERIFY2(desk.user.warned[0].contains(u"見つかりません"_s), qPrintable(desk.user.warned[0]));
+    QVERIFY(CRecentFiles::List().isEmpty());
+}
+
+void FileCommandsTest::aFileOfAnotherKindIsRefused()
+{
+    Desk desk;
+    const QString path = desk.folder.Path(u"plate4.txt"_s);
+    QVERIFY(QFile::copy(desk.folder.Example(u"plate4"_s), path));
+    QVERIFY(desk.files.OpenFile(path) == nullptr);
+    QVERIFY(desk.user.warned.value(0).contains(u".sbd"_s));
+    QVERIFY(QFile::copy(path, desk.folder.Path(u"UPPER.SBD"_s)));
+    QVERIFY(desk.files.OpenFile(desk.folder.Path(u"UPPER.SBD"_s)) != nullptr);
+}
+
+void FileCommandsTest::givingUpTheDialogsDoesNothing()
+{
+    Desk desk;
+    CChildFrame* child = desk.files.New();
+    QVERIFY(desk.files.Open() == nullptr);
+    QVERIFY(!desk.files.Save(*child));
+    QCOMPARE(child->Doc().PathName(), QString());
+    QVERIFY(desk.user.warned.isEmpty());
+}
+
+void FileCommandsTest::savingWritesTheProject()
+{
+    Desk desk;
+    CChildFrame* child = desk.OpenExample(u"plate4"_s);
+    Enter(*child, "SAVED");
+    QVERIFY(desk.files.Save(*child));
+    QVERIFY(Bytes(child->Doc().PathName()).startsWith("TITLE:SAVED\r\n"));
+    QVERIFY(!child->Doc().IsModified());
+}
+
+void FileCommandsTest::theFirstSaveAsksForAName()
+{
+    Desk desk;
+    CChildFrame* child = desk.files.New();
+    desk.user.saveFile = desk.folder.Path(u"first.sbd"_s);
+    QVERIFY(desk.files.Save(*child));
+    QVERIFY(desk.user.proposal.endsWith(u"New SBD File.sbd"_s));
+    QCOMPARE(child->Doc().PathName(), desk.user.saveFile);
+    QVERIFY(QFile::exists(desk.user.saveFile));
+}
+
+void FileCommandsTest::aNameWithoutExtensionGetsIt()
+{
+    Desk desk;
+    CChildFrame* child = desk.files.New();
+    desk.user.saveFile = desk.folder.Path(u"bridge.v2"_s);
+    QVERIFY(desk.files.SaveAs(*child));
+    QCOMPARE(child->Doc().Title(), u"bridge.v2.sbd"_s);
+}
+
+void FileCommandsTest::aNameThatGetsItsExtensionReplacesNothing()
+{
+    Desk desk;
+    const QString existing = desk.folder.Example(u"plate4"_s, u"bridge"_s);
+    const QByteArray before = Bytes(existing);
+    CChildFrame* child = desk.files.New();
+    desk.user.saveFile = desk.folder.Path(u"bridge"_s);
+    QVERIFY(!desk.files.SaveAs(*child));
+    QCOMPARE(desk.user.warned.size(), 1);
+    QCOMPARE(Bytes(existing), before);
+}
+
+void FileCommandsTest::savingOverAnotherOpenProjectIsRefused()
+{
+    Desk desk;
+    CChildFrame* plate = desk.OpenExample(u"plate4"_s);
+    CChildFrame* box = desk.OpenExample(u"box2"_s);
+    const QByteArray before = Bytes(plate->Doc().PathName());
+    desk.user.saveFile = plate->Doc().PathName();
+    QVERIFY(!desk.files.SaveAs(*box));
+    QVERIFY(desk.user.warned.value(0).contains(u"別のウィンドウ"_s));
+    QCOMPARE(Bytes(plate->Doc().PathName()), before);
+    QVERIFY(desk.files.SaveAs(*plate)); // its own name is no other project's
+}
+
+void FileCommandsTest::aFullDiskIsToldAndTheProjectStaysModified()
+{
+#ifdef Q_OS_LINUX
+    Desk desk;
+    CChildFrame* child = desk.OpenExample(u"plate4"_s);
+    Enter(*child, "KEPT");
+    desk.user.saveFile = desk.folder.Path(u"full.sbd"_s);
+    QVERIFY(QFile::link(u"/dev/full"_s, desk.user.saveFile));
+    QVERIFY(!desk.files.SaveAs(*child));
+    QCOMPARE(desk.user.warned.size(), 1);
+    QVERIFY2(desk.user.warned[0].contains(u"空き容量"_s), qPrintable(desk.user.warned[0]));
+    QVERIFY2(desk.user.warned[0].contains(u"入力内容は画面に残っています"_s), qPrintable(desk.user.warned[0]));
+    QVERIFY(child->Doc().IsModified());
+    QCOMPARE(child->Doc().Title(), u"plate4.sbd"_s);
+    QVERIFY(child->Doc().Data().Option(301, 0) == "KEPT");
+#else
+    QSKIP("needs a device that is always full");
+#endif
+}
+
+void FileCommandsTest::aPlaceholderInTheControlBlockIsToldInItsOwnWords()
+{
+    Desk desk;
+    CChildFrame* child = desk.OpenExample(u"plate4"_s);
+    Enter(*child, "<?>");
+    QVERIFY(desk.files.Save(*child));
+    QCOMPARE(desk.user.warned, QStringList{u"Input error in 301 [SEC_CONTROL]"_s});
+    QVERIFY(!child->Doc().IsModified());
+}
+
+void FileCommandsTest::anUnchangedProjectClosesWithoutAQuestion()
+{
+    Desk desk;
+    QVERIFY(desk.OpenExample(u"plate4"_s)->close());
+    QVERIFY(desk.user.asked.isEmpty());
+}
+
+void FileCommandsTest::cancelKeepsTheWindow()
+{
+    Desk desk;
+    CChildFrame* child = desk.OpenExample(u"plate4"_s);
+    Enter(*child, "MINE");
+    QVERIFY(!child->close());
+    QCOMPARE(desk.user.asked.size(), 1);
+    QVERIFY2(desk.user.asked[0].contains(u"「plate4.sbd」"_s), qPrintable(desk.user.asked[0]));
+    QCOMPARE(desk.Windows(), 1);
+    QVERIFY(child->Doc().IsModified());
+}
+
+void FileCommandsTest::discardClosesAndLeavesTheFile()
+{
+    Desk desk;
+    CChildFrame* child = desk.OpenExample(u"plate4"_s);
+    const QString path = child->Doc().PathName();
+    const QByteArray before = Bytes(path);
+    Enter(*child, "MINE");
+    desk.user.save = SaveAnswer::Discard;
+    QVERIFY(child->close());
+    QCOMPARE(Bytes(path), before);
+}
+
+void FileCommandsTest::saveClosesWithTheFileWritten()
+{
+    Desk desk;
+    CChildFrame* child = desk.OpenExample(u"plate4"_s);
+    const QString path = child->Doc().PathName();
+    Enter(*child, "MINE");
+    desk.user.save = SaveAnswer::Save;
+    QVERIFY(child->close());
+    QVERIFY(Bytes(path).startsWith("TITLE:MINE\r\n"));
+}
+
+void FileCommandsTest::aSaveThatFailsKeepsTheWindow()
+{
+    Desk desk;
+    CChildFrame* child = desk.files.New();
+    Enter(*child, "MINE");
+    desk.user.save = SaveAnswer::Save;
+    desk.user.saveFile = desk.folder.Path(u"no folder/new.sbd"_s);
+    QVERIFY(!child->close());
+    QCOMPARE(desk.user.warned.size(), 1);
+    QCOMPARE(desk.Windows(), 1);
+}
+
+void FileCommandsTest::recentFilesStandNewestFirst()
+{
+    Desk desk;
+    const QString plate = desk.OpenExample(u"plate4"_s)->Doc().PathName();
+    CChildFrame* box = desk.OpenExample(u"box2"_s);
+    const QString boxPath = box->Doc().PathName();
+    QCOMPARE(CRecentFiles::List(), (QStringList{boxPath, plate}));
+    desk.user.saveFile = desk.folder.Path(u"copy.sbd"_s);
+    QVERIFY(desk.files.SaveAs(*box));
+    QCOMPARE(CRecentFiles::List(), (QStringList{desk.user.saveFile, boxPath, plate}));
+    CRecentFiles::Add(plate);
+    QCOMPARE(CRecentFiles::List(), (QStringList{plate, desk.user.saveFile, boxPath}));
+}
+
+void FileCommandsTest::twentyRecentFilesAreKept()
+{
+    const TestFolder folder;
+    for (int i = 0; i < 25; ++i)
+        CRecentFiles::Add(folder.Path(u"%1, 100%.sbd"_s.arg(i))); // commas and per cent signs are names too
+    QCOMPARE(CRecentFiles::List().size(), 20);
+    QCOMPARE(CRecentFiles::List().constFirst(), folder.Path(u"24, 100%.sbd"_s));
+    QCOMPARE(CRecentFiles::List().constLast(), folder.Path(u"5, 100%.sbd"_s));
+}
+
+QTEST_MAIN(FileCommandsTest)
+#include "file_commands_test.moc"

@@ -1,0 +1,176 @@
+#include "frame/left_view.h"
+
+#include "document/section_doc.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QTreeWidgetItemIterator>
+
+using namespace Qt::StringLiterals;
+using namespace sbd;
+
+namespace {
+
+QTreeWidgetItem* ItemWithText(QTreeWidget& tree, const QString& text)
+{
+    for (QTreeWidgetItemIterator it(&tree); *it != nullptr; ++it) {
+        if ((*it)->text(0) == text)
+            return *it;
+    }
+    return nullptr;
+}
+
+void SetType(CKELDSectionDoc& doc, const char* cp932)
+{
+    doc.Data().SetOption(301, 2, cp932);
+    doc.NotifyChanged({301, 2});
+}
+
+const char* const kSectionType = "\x92\x66\x96\xCA"; // 断面
+
+} // namespace
+
+class LeftViewTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aClickOnAnItemChoosesItsBlock();
+    void aClickOnAGroupChoosesItsFirstBlock();
+    void aGroupWhoseNumberIsABlockTooChoosesThatBlock();
+    void selectingABlockOpensItsGroupAndChoosesNothing();
+    void aBlockThatStandsTwiceIsSelectedInsideItsGroup();
+    void anItemThatIsSelectedStaysSelectedAmongItsEquals();
+    void aChangeOfTypeRetitlesTheGroupsAndChoosesNothing();
+    void aRebuildKeepsWhatIsOpen();
+    void contentTurnsBoldWhenTheSelectionMoves();
+    void boldStaysUntilTheNextRebuild();
+    void enterAsksForThePanel();
+};
+
+void LeftViewTest::aClickOnAnItemChoosesItsBlock()
+{
+    CKELDSectionDoc doc;
+    CLeftView tree(&doc);
+    tree.resize(400, 900);
+    tree.show();
+    QVERIFY(tree.SelectBlock(301));
+    const QSignalSpy chosen(&tree, &CLeftView::blockChosen);
+    QTreeWidgetItem* item = ItemWithText(tree, u"313.垂直補剛材(必要)"_s);
+    QVERIFY(item != nullptr);
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(item).center());
+    QCOMPARE(chosen.count(), 1);
+    QCOMPARE(chosen[0][0].toInt(), 313);
+}
+
+void LeftViewTest::aClickOnAGroupChoosesItsFirstBlock()
+{
+    CKELDSectionDoc doc;
+    CLeftView tree(&doc);
+    const QSignalSpy chosen(&tree, &CLeftView::blockChosen);
+    tree.setCurrentItem(ItemWithText(tree, u"700.支点上VS・ダイヤの設計"_s));
+    QCOMPARE(chosen.count(), 1);
+    QCOMPARE(chosen[0][0].toInt(), 503);
+}
+
+void LeftViewTest::aGroupWhoseNumberIsABlockTooChoosesThatBlock()
+{
+    CKELDSectionDoc doc;
+    CLeftView tree(&doc);
+    const QSignalSpy chosen(&tree, &CLeftView::blockChosen);
+    tree.setCurrentItem(ItemWithText(tree, u"640.縦桁の設計(644高さは入力必須)"_s));
+    QCOMPARE(chosen[0][0].toInt(), 640);
+}
+
+void LeftViewTest::selectingABlockOpensItsGroupAndChoosesNothing()
+{
+    CKELDSectionDoc doc;
+    CLeftView tree(&doc);
+    const QSignalSpy chosen(&tree, &CLeftView::blockChosen);
+    QVERIFY(tree.SelectBlock(571));
+    QCOMPARE(tree.currentItem()->text(0), u"571.下横構設計条件(必要)"_s);
+    QVERIFY(tree.currentItem()->parent()->isExpanded());
+    QCOMPARE(chosen.count(), 0);
+    QVERIFY(!tree.SelectBlock(614));
+}
+
+void LeftViewTest::aBlockThatStandsTwiceIsSelectedInsideItsGroup()
+{
+    CKELDSectionDoc doc;
+    CLeftView tree(&doc);
+    QVERIFY(tree.SelectBlock(481));
+    QVERIFY(tree.currentItem()->parent() != nullptr);
+    QVERIFY(tree.SelectBlock(999)); // stands in no group
+    QVERIFY(tree.currentItem()->parent() == nullptr);
+}
+
+void LeftViewTest::anItemThatIsSelectedStaysSelectedAmongItsEquals()
+{
+    CKELDSectionDoc doc;
+    CLeftView tree(&doc);
+    QTreeWidgetItem* group500 = ItemWithText(tree, u"500.CBD共通"_s);
+    tree.setCurrentItem(group500->child(0));
+    QCOMPARE(tree.SelectedNumber(), 501);
+    QVERIFY(tree.SelectBlock(501));
+    QCOMPARE(tree.currentItem()->parent(), group500);
+    tree.Rebuild();
+    QCOMPARE(tree.currentItem()->parent()->text(0), u"500.CBD共通"_s);
+}
+
+void LeftViewTest::aChangeOfTypeRetitlesTheGroupsAndChoosesNothing()
+{
+    CKELDSectionDoc doc;
+    CLeftView tree(&doc);
+    tree.SelectBlock(301);
+    const QSignalSpy chosen(&tree, &CLeftView::blockChosen);
+    SetType(doc, kSectionType);
+    QVERIFY(ItemWithText(tree, u"300.断面のみ自動設計MAIN_CONTROL"_s) != nullptr);
+    QVERIFY(ItemWithText(tree, u"400.製図"_s) == nullptr);
+    QCOMPARE(tree.currentItem()->text(0), u"301.断面のみ設計条件_CONTROL(必要)"_s);
+    QCOMPARE(chosen.count(), 0);
+}
+
+void LeftViewTest::aRebuildKeepsWhatIsOpen()
+{
+    CKELDSectionDoc doc;
+    CLeftView tree(&doc);
+    ItemWithText(tree, u"400.製図"_s)->setExpanded(true);
+    tree.Rebuild();
+    QVERIFY(ItemWithText(tree, u"400.製図"_s)->isExpanded());
+    QVERIFY(!ItemWithText(tree, u"500.CBD共通"_s)->isExpanded());
+}
+
+void LeftViewTest::contentTurnsBoldWhenTheSelectionMoves()
+{
+    CKELDSectionDoc doc;
+    CLeftView tree(&doc);
+    const auto bold = [&] { return ItemWithText(tree, u"405.ソールプレート寸法"_s)->font(0).bold(); };
+    doc.Data().Table(405)->AppendRow({"G1"});
+    QVERIFY(!bold());
+    tree.setCurrentItem(ItemWithText(tree, u"401.製図基本条件"_s));
+    QVERIFY(bold());
+}
+
+void LeftViewTest::boldStaysUntilTheNextRebuild()
+{
+    CKELDSectionDoc doc;
+    doc.Data().Table(405)->AppendRow({"G1"});
+    CLeftView tree(&doc);
+    const auto bold = [&] { return ItemWithText(tree, u"405.ソールプレート寸法"_s)->font(0).bold(); };
+    doc.Data().ClearBlocks();
+    tree.MarkContent();
+    QVERIFY(bold());
+    tree.Rebuild();
+    QVERIFY(!bold());
+}
+
+void LeftViewTest::enterAsksForThePanel()
+{
+    CKELDSectionDoc doc;
+    CLeftView tree(&doc);
+    const QSignalSpy wanted(&tree, &CLeftView::panelWanted);
+    QTest::keyClick(&tree, Qt::Key_Return);
+    QCOMPARE(wanted.count(), 1);
+}
+
+QTEST_MAIN(LeftViewTest)
+#include "left_view_test.moc"
