@@ -58,6 +58,22 @@ endfunction()
 function(sbd_qt_target target)
     set_target_properties(${target} PROPERTIES AUTOMOC ON)
     target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
+    sbd_moc_anew_for_new_files(${target})
+endfunction()
+
+# CMake 3.25 does not run moc again when the list of files alone has changed, and a class in a new header would
+# have no meta object. So a changed list takes moc's time stamp away.
+function(sbd_moc_anew_for_new_files target)
+    get_target_property(files ${target} SOURCES)
+    set(kept "${CMAKE_CURRENT_BINARY_DIR}/${target}.files")
+    set(before "")
+    if(EXISTS "${kept}")
+        file(READ "${kept}" before)
+    endif()
+    if(NOT files STREQUAL before)
+        file(WRITE "${kept}" "${files}")
+        file(REMOVE "${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/timestamp")
+    endif()
 endfunction()
 
 # Every <folder>/*.qrc. The objects go straight to the programs that link the library: inside an

@@ -1,5 +1,6 @@
 #include "project/text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -68,6 +69,16 @@ std::string_view NumberText(std::string_view text)
     return text;
 }
 
+/// Is a number that no double can hold too small, not too large? Told by the place of its first digit that counts.
+bool IsTooSmall(std::string_view number)
+{
+    const std::string_view mantissa = number.substr(0, number.find_first_of("eE"));
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t first = std::min(mantissa.find_first_of("123456789"), mantissa.size());
+    const int exponent = mantissa.size() < number.size() ? LeadingInteger(number.substr(mantissa.size() + 1)) : 0;
+    return static_cast<double>(point) - static_cast<double>(first) + exponent < 0;
+}
+
 } // namespace
 
 std::optional<double> LeadingNumber(std::string_view text)
@@ -81,12 +92,9 @@ std::optional<double> LeadingNumber(std::string_view text)
     if (error == std::errc::invalid_argument)
         return std::nullopt;
     if (error == std::errc::result_out_of_range) {
-        // Too small counts as zero, too large as the largest number; the exponent's sign tells which.
         const std::string_view read(text.data(), static_cast<std::size_t>(end - text.data()));
-        const bool small = read.find("e-") != std::string_view::npos || read.find("E-") != std::string_view::npos ||
-                           (read.find_first_of("eE") == std::string_view::npos && read.find_first_of("123456789") > 1);
         const double largest = std::numeric_limits<double>::max();
-        return small ? 0.0 : text[0] == '-' ? -largest : largest;
+        return IsTooSmall(read) ? 0.0 : text[0] == '-' ? -largest : largest;
     }
     return value;
 }

@@ -167,6 +167,9 @@ Utf8Character ReadUtf8(std::string_view text, std::size_t pos)
             return {0xFFFD, 1};
         code = code << 6 | (byte(i) & 0x3F);
     }
+    constexpr char32_t least[] = {0, 0, 0x80, 0x800, 0x10000}; // a shorter character spelled longer is broken
+    if (code < least[size])
+        return {0xFFFD, 1};
     return {code, size};
 }
 

@@ -46,22 +46,63 @@ std::size_t CharacterCount(std::string_view text)
     return count;
 }
 
-/// One of the three name lists while it is read. It takes the size its count tells, bounded by `most`; names that the
-/// file does not give stay as they were, empty at first.
+/// One of the three name lists. It has the size its count tells. The empty places behind the names that came are made
+/// at the end only, so that a count takes neither time nor memory for each time it is told.
+struct NameList {
+    std::vector<std::string>& names;
+    std::vector<int>* marks = nullptr; ///< null, or the list that has the mark of each name
+    std::size_t size = 0;
+
+    void Resize(std::size_t newSize)
+    {
+        size = newSize;
+        names.resize(std::min(names.size(), size));
+        if (marks)
+            marks->resize(names.size());
+    }
+    /// Puts a name in place `place`, which is at most the one behind the last.
+    void Set(std::size_t place, std::string_view name, int mark)
+    {
+        if (place == names.size()) {
+            names.emplace_back();
+            if (marks)
+                marks->emplace_back();
+        }
+        names[place] = name;
+        if (marks)
+            (*marks)[place] = mark;
+    }
+    void Complete()
+    {
+        names.resize(size);
+        if (marks)
+            marks->resize(size);
+    }
+};
+
+/// The three lists of a file.
+struct NameListsOfFile {
+    explicit NameListsOfFile(GridNames& names)
+        : girders{names.girderNames}
+        , sways{names.swayNames, &names.swayMarks}
+        , lines{names.lineNames}
+    {
+    }
+    NameList girders;
+    NameList sways;
+    NameList lines;
+};
+
+/// Takes the names of one keyword; places that the file does not give a name keep what they had.
 class NameListReader {
 public:
-    /// `marks`: null, or the list that takes the mark of each name.
-    NameListReader(std::vector<std::string>& names, std::vector<int>* marks, int count, std::size_t most)
-        : names_(names)
-        , marks_(marks)
+    NameListReader(NameList& list, std::size_t size)
+        : list_(list)
     {
-        const std::size_t size = std::min(static_cast<std::size_t>(std::max(count, 0)), most);
-        names_.resize(size);
-        if (marks_)
-            marks_->resize(size);
+        list_.Resize(size);
     }
 
-    [[nodiscard]] bool Full() const { return taken_ == names_.size(); }
+    [[nodiscard]] bool Full() const { return taken_ == list_.size; }
 
     void TakeNames(std::string_view text)
     {
@@ -78,9 +119,8 @@ public:
 private:
     void Take(std::string_view name)
     {
-        if (marks_)
-            (*marks_)[taken_] = TakeMark(name);
-        names_[taken_] = name.substr(0, kLongestName);
+        const int mark = list_.marks ? TakeMark(name) : 0;
+        list_.Set(taken_, name.substr(0, kLongestName), mark);
         ++taken_;
     }
 
@@ -92,17 +132,17 @@ private:
         return mark;
     }
 
-    std::vector<std::string>& names_;
-    std::vector<int>* marks_;
+    NameList& list_;
     std::size_t taken_ = 0;
 };
 
 /// Reads the lines of one section [GRID_GRID] up to its end line or the end of the file.
 class GridSectionReader {
 public:
-    GridSectionReader(LineReader& lines, GridNames& names, std::size_t most)
+    /// `most`: a count is believed as far as this.
+    GridSectionReader(LineReader& lines, NameListsOfFile& lists, std::size_t most)
         : lines_(lines)
-        , names_(names)
+        , lists_(lists)
         , most_(most)
     {
     }
@@ -119,35 +159,36 @@ public:
             if (word.starts_with("[E"))
                 return;
             if (word == "GIRDER_N_NAME")
-                ReadList(line, names_.girderNames, nullptr);
+                ReadList(line, lists_.girders);
             else if (word == "SWAY_N_NAME")
-                ReadList(line, names_.swayNames, &names_.swayMarks);
+                ReadList(line, lists_.sways);
             else if (word == "LINE_N_NAME")
-                ReadList(line, names_.lineNames, nullptr);
+                ReadList(line, lists_.lines);
         }
     }
 
 private:
     /// A keyword line "KEY = count names ..." and the lines of names behind it.
-    void ReadList(std::string_view line, std::vector<std::string>& names, std::vector<int>* marks)
+    void ReadList(std::string_view line, NameList& list)
     {
         std::vector<std::string_view> words = SplitWords(line);
         const std::string_view count = words.size() > 2 ? words[2] : std::string_view();
-        NameListReader list(names, marks, LeadingInteger(count), most_);
+        const std::size_t size = static_cast<std::size_t>(std::max(LeadingInteger(count), 0));
+        NameListReader reader(list, std::min(size, most_));
         // The names begin behind the first place where the count's text stands, wherever that is.
         const std::size_t place = line.find(count);
-        list.TakeNames(line.substr(std::min(place + count.size(), line.size())));
+        reader.TakeNames(line.substr(std::min(place + count.size(), line.size())));
         std::string_view raw;
-        while (!list.Full() && lines_.Next(raw)) {
+        while (!reader.Full() && lines_.Next(raw)) {
             const std::string further = CleanNames(raw, 1);
             if (further.starts_with("[END"))
                 break;
-            list.TakeNames(further);
+            reader.TakeNames(further);
         }
     }
 
     LineReader& lines_;
-    GridNames& names_;
+    NameListsOfFile& lists_;
     std::size_t most_;
 };
 
@@ -167,13 +208,17 @@ void ReadGridNamesFromBytes(std::string_view bytes, CSbdData& data)
     names.swayNames.clear();
     names.swayMarks.clear();
     names.lineNames.clear();
+    NameListsOfFile lists(names);
+    const std::size_t most = std::max(bytes.size() / 2, kMostUnseenNames); // a name takes two bytes with its divider
     LineReader lines(bytes);
     std::string_view raw;
     while (lines.Next(raw)) {
         std::string_view line = Trim(raw);
         if (TakeToken(line) == "[GRID_GRID]")
-            GridSectionReader(lines, names, std::max(bytes.size(), kMostUnseenNames)).Read();
+            GridSectionReader(lines, lists, most).Read();
     }
+    for (NameList* list : {&lists.girders, &lists.sways, &lists.lines})
+        list->Complete();
     data.swayNameCount = names.swayNames.size();
     names.girderNameWidth = LongestName(names.girderNames, names.girderNameWidth);
     names.swayNameWidth = LongestName(names.swayNames, names.swayNameWidth);

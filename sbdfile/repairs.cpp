@@ -100,60 +100,40 @@ void SetFlangeRows(CSbdData& data)
     }
 }
 
-/// The cells of a control row behind its value: one word a column, the last column the rest of its line.
-struct CellsBehindValue {
-    std::vector<std::string> cells;
+/// The words of `value` as a row's line gives them.
+std::vector<std::string> WordsOfLine(std::string_view value)
+{
+    std::string line(value);
+    std::ranges::replace(line, ',', ' ');
+    std::vector<std::string> words;
+    for (std::string_view rest = TrimLeft(line); !rest.empty(); rest = TrimLeft(rest))
+        words.emplace_back(TakeToken(rest));
+    return words;
+}
 
-    explicit CellsBehindValue(const TableBlock& table)
-    {
-        for (std::size_t column = 2; column < table.columns.size(); ++column)
-            cells.emplace_back(table.columns[column][0]);
-    }
-
-    /// Takes `words` off the front; false, and nothing taken, if one of them is not there.
-    bool Take(const std::vector<std::string_view>& words)
-    {
-        const std::vector<std::string> before = cells;
-        for (const std::string_view word : words) {
-            if (FirstWord() != word) {
-                cells = before;
-                return false;
-            }
-            RemoveFirstWord();
-        }
-        return true;
-    }
-
-private:
-    [[nodiscard]] std::string_view FirstWord() const
-    {
-        if (cells.empty())
-            return {};
-        if (cells.size() > 1)
-            return cells.front();
-        std::string_view rest = TrimLeft(cells.front());
-        return TakeToken(rest);
-    }
-
-    /// All cells move up by one; the last but one takes a word off the last one's text.
-    void RemoveFirstWord()
-    {
-        std::rotate(cells.begin(), cells.begin() + 1, cells.end());
-        std::string_view rest;
-        if (cells.size() > 1) {
-            std::swap(cells.back(), cells[cells.size() - 2]); // the text of the last column stands there now
-            const std::string text = cells.back();
-            rest = TrimLeft(text);
-            cells[cells.size() - 2] = TakeToken(rest);
-            cells.back() = TrimLeft(rest);
-        } else {
-            const std::string text = cells.back();
-            rest = TrimLeft(text);
-            static_cast<void>(TakeToken(rest));
-            cells.back() = TrimLeft(rest);
-        }
-    }
-};
+/// Takes `words` off the control row's cells behind its value; the cells behind them move up. There is one word a
+/// column, the last column has the rest of the line. Does nothing if one of the words is not there.
+void TakeBehindValue(TableBlock& table, std::span<const std::string> words)
+{
+    constexpr std::size_t first = 2;
+    const std::size_t last = table.columns.size() - 1;
+    if (last < first)
+        return;
+    const std::string line(table.columns[last][0]);
+    std::string_view rest = line;
+    std::size_t from = first; // the first column that is left
+    const auto takeNext = [&] {
+        if (from < last)
+            return std::string(table.columns[from++][0]);
+        rest = TrimLeft(rest);
+        return std::string(TakeToken(rest));
+    };
+    if (!std::ranges::all_of(words, [&](const std::string& word) { return takeNext() == word; }))
+        return;
+    for (std::size_t column = first; column < last; ++column)
+        table.columns[column].Set(0, takeNext());
+    table.columns[last].Set(0, TrimLeft(rest));
+}
 
 void SetControlValue(TableBlock& table, std::string_view value)
 {
@@ -162,14 +142,8 @@ void SetControlValue(TableBlock& table, std::string_view value)
         return;
     }
     // A value of several words ("YES, 3") comes from the file as several cells. They are this value's own words and go.
-    std::vector<std::string_view> further = SplitWords(value);
-    if (further.size() > 1) {
-        further.erase(further.begin());
-        CellsBehindValue behind(table);
-        if (behind.Take(further))
-            for (std::size_t i = 0; i < behind.cells.size(); ++i)
-                table.columns[i + 2].Set(0, behind.cells[i]);
-    }
+    if (const std::vector<std::string> words = WordsOfLine(value); words.size() > 1)
+        TakeBehindValue(table, std::span(words).subspan(1));
     table.columns[1].Set(0, value);
 }
 

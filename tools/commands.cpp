@@ -8,6 +8,7 @@
 #include "sbdfile/grid_names.h"
 #include "sbdfile/project_file.h"
 #include "sbdfile/writer.h"
+#include "tools/command_support.h"
 #include "tools/dump.h"
 #include "tools/listing.h"
 #include "tools/report.h"
@@ -26,21 +27,6 @@ namespace {
 using nlohmann::json;
 using Arguments = std::span<const std::string>;
 using std::filesystem::path;
-
-path PathOf(const std::string& utf8)
-{
-    return path(std::u8string(utf8.begin(), utf8.end()));
-}
-
-CommandResult Fail(std::string message)
-{
-    return {2, {}, std::move(message) + "\n"};
-}
-
-CommandResult Print(const json& value)
-{
-    return {0, value.dump(-1, ' ', false, json::error_handler_t::replace) + "\n", {}};
-}
 
 std::string_view ErrorWords(FileError error)
 {
@@ -122,8 +108,6 @@ ParsedArguments Parse(Arguments arguments, AllowedOptions allowed, std::size_t w
         parsed.wrong = "--names と --no-names は同時に指定できません";
     return parsed;
 }
-
-CommandResult WrongUse(std::string_view command, const std::string& why);
 
 std::optional<path> NamesFor(const ParsedArguments& parsed, const path& project)
 {
@@ -349,12 +333,6 @@ constexpr Command kCommands[] = {
     {"diff", "diff A B [--json]",
      "Lists what differs between two projects, by block, row and column. Exit code 1 if anything does.", RunDiff},
 };
-
-CommandResult WrongUse(std::string_view name, const std::string& why)
-{
-    const auto command = std::ranges::find(kCommands, name, &Command::name);
-    return Fail("sbdtool " + std::string(name) + ": " + why + "\n使い方: sbdtool " + std::string(command->usage));
-}
 
 std::string Help()
 {

@@ -4,6 +4,7 @@
 #include "project/option_rows.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
+#include "tools/json_text.h"
 
 #include <nlohmann/json.hpp>
 
@@ -14,15 +15,6 @@ namespace sbd {
 namespace {
 
 using nlohmann::json;
-
-template <typename Texts>
-json TextList(const Texts& texts)
-{
-    json list = json::array();
-    for (const auto& text : texts)
-        list.push_back(FromCp932(text));
-    return list;
-}
 
 template <typename Numbers>
 json NumberList(const Numbers& numbers)
@@ -91,25 +83,6 @@ json Tables(const CSbdData& data)
         tables[std::to_string(row.block)] = std::move(rows);
     }
     return tables;
-}
-
-bool IsWholeText(std::string_view text)
-{
-    for (std::size_t pos = 0; pos < text.size(); pos += CharacterLength(text, pos))
-        if (!DecodeCharacter(text, pos))
-            return false;
-    return true;
-}
-
-std::string Hex(std::string_view bytes)
-{
-    constexpr std::string_view digits = "0123456789abcdef";
-    std::string hex;
-    for (const char c : bytes) {
-        hex.push_back(digits[static_cast<unsigned char>(c) >> 4]);
-        hex.push_back(digits[static_cast<unsigned char>(c) & 0xF]);
-    }
-    return hex;
 }
 
 json HexList(const std::vector<std::string>& texts)

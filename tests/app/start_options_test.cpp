@@ -51,6 +51,8 @@ void StartOptionsTest::aPictureHasASizeAndABlock()
     QCOMPARE(options.size, QSize(1920, 1080));
     QCOMPARE(options.block, 313);
     QCOMPARE(Read({u"--screenshot"_s, u"o.png"_s}).size, QSize(1366, 768));
+    QCOMPARE(Read({u"--cell"_s, u"12,3"_s}).row, 12);
+    QCOMPARE(Read({u"--cell"_s, u"12,3"_s}).column, 3);
 }
 
 void StartOptionsTest::aBlockMayBeGivenByItsAlias()
@@ -67,6 +69,8 @@ void StartOptionsTest::nonsenseIsRefusedByName_data()
     QTest::newRow("picture with empty file") << QStringList{u"--screenshot="_s} << u"--screenshot"_s;
     QTest::newRow("block of words") << QStringList{u"--block"_s, u"third"_s} << u"third"_s;
     QTest::newRow("block that is none") << QStringList{u"--block"_s, u"260"_s} << u"260"_s;
+    QTest::newRow("cell of one number") << QStringList{u"--cell"_s, u"12"_s} << u"--cell 12"_s;
+    QTest::newRow("cell 0") << QStringList{u"--cell"_s, u"0,1"_s} << u"0,1"_s;
     QTest::newRow("size of one number") << QStringList{u"--size"_s, u"1366"_s} << u"--size 1366"_s;
     QTest::newRow("size too small") << QStringList{u"--size"_s, u"1366x10"_s} << u"1366x10"_s;
     QTest::newRow("size too large") << QStringList{u"--size"_s, u"99999x99999"_s} << u"99999x99999"_s;
@@ -96,7 +100,7 @@ void StartOptionsTest::whatNeedsNoScreenIsKnownBeforehand()
 
 void StartOptionsTest::theHelpNamesEveryOption()
 {
-    for (const char* option : {"--screenshot", "--block", "--size", "--help", "--version", "project.sbd"})
+    for (const char* option : {"--screenshot", "--block", "--cell", "--size", "--help", "--version", "project.sbd"})
         QVERIFY2(StartHelp().contains(QString::fromLatin1(option)), option);
 }
 

@@ -1,0 +1,28 @@
+// sbdstation: the input station.
+#include "app/start_options.h"
+#include "app/station.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+#include <clocale>
+
+int main(int argc, char** argv)
+{
+    using namespace Qt::StringLiterals;
+
+    if (sbd::NeedsNoScreen(argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    std::setlocale(LC_NUMERIC, "C"); // the application object has set the user's
+    QApplication::setApplicationName(u"sbdstation"_s);
+    QApplication::setApplicationVersion(QStringLiteral(SBD_VERSION));
+
+    // The buttons of the platform's own dialogs.
+    QTranslator translator;
+    if (translator.load(u"qtbase_ja"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QApplication::installTranslator(&translator);
+
+    return sbd::RunStation(sbd::ReadStartOptions(QApplication::arguments()));
+}

@@ -1,0 +1,25 @@
+#include "app/screenshot.h"
+
+#include "frame/main_frame.h"
+
+#include <QApplication>
+#include <QImageWriter>
+#include <QPixmap>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+QString TakeScreenshot(CMainFrame& frame, QSize size, const QString& path)
+{
+    frame.resize(size);
+    frame.show();
+    QApplication::processEvents(); // layout, then the paints that it asks for
+    QApplication::processEvents();
+    QImageWriter writer(path, "png");
+    if (writer.write(frame.grab().toImage()))
+        return {};
+    return u"%1: 画像を書き込めませんでした (%2)。"_s.arg(path, writer.errorString());
+}
+
+} // namespace sbd

@@ -1,0 +1,16 @@
+// One run of the program.
+#pragma once
+
+namespace sbd {
+
+struct StartOptions;
+
+/// Exit codes.
+inline constexpr int kExitDone = 0;
+inline constexpr int kExitFailed = 2;
+
+/// Does what the command line asks for; in the window's case until it is closed. Messages of a run without a window
+/// go to the error output. Needs a QApplication.
+[[nodiscard]] int RunStation(const StartOptions& options);
+
+} // namespace sbd

@@ -1,0 +1,87 @@
+#include "document/analysis_mutex.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#else
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#endif
+
+namespace sbd {
+
+namespace {
+
+constexpr const char* kName = "0x48a72353,0x76f4,0x4be7,0x9a,0x77,0x23,0xa0,0x6d,0xa7,0x51,0x81";
+
+} // namespace
+
+#ifdef Q_OS_WIN
+
+struct CAnalysisMutex::Handle {
+    HANDLE mutex = nullptr;
+    bool existed = false;
+
+    explicit Handle(const QString&)
+    {
+        mutex = CreateMutexA(nullptr, FALSE, kName);
+        existed = mutex != nullptr && GetLastError() == ERROR_ALREADY_EXISTS;
+    }
+    ~Handle()
+    {
+        if (mutex != nullptr)
+            CloseHandle(mutex);
+    }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+};
+
+#else
+
+// A file whose lock all holders share. Who can have it alone is the first.
+struct CAnalysisMutex::Handle {
+    int file = -1;
+    bool existed = false;
+
+    explicit Handle(const QString& folder)
+    {
+        const QByteArray name = QFile::encodeName(QDir(folder).filePath(QLatin1StringView(kName)));
+        file = ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+        if (file < 0)
+            return;
+        existed = ::flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+        // Only ever blocked by somebody between these two lines.
+        while (::flock(file, LOCK_SH) != 0 && errno == EINTR) {
+        }
+    }
+    ~Handle()
+    {
+        if (file >= 0)
+            ::close(file);
+    }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+};
+
+#endif
+
+QString AnalysisMutexFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+}
+
+CAnalysisMutex::CAnalysisMutex(const QString& folder) : handle_(std::make_unique<Handle>(folder)) {}
+
+CAnalysisMutex::~CAnalysisMutex() = default;
+
+bool CAnalysisMutex::Existed() const
+{
+    return handle_->existed;
+}
+
+} // namespace sbd

@@ -1,0 +1,163 @@
+#include "frame/child_frame.h"
+
+#include "document/section_doc.h"
+#include "frame/left_view.h"
+#include "frame/program_icon.h"
+#include "panels/panel.h"
+#include "project/catalogue.h"
+#include "upperview/up_view.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLeftWidth = 320; // px, most titles whole
+constexpr int kSplitterHandle = 5;
+constexpr int kLeastPane = 80; // px
+
+} // namespace
+
+CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, QWidget* parent)
+    : QMdiSubWindow(parent)
+    , doc_(std::move(doc))
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowIcon(ProgramIcon());
+    CreatePanes();
+    connect(doc_.get(), &CKELDSectionDoc::modifiedChanged, this, &QWidget::setWindowModified);
+    connect(doc_.get(), &CKELDSectionDoc::pathChanged, this, &CChildFrame::UpdateTitle);
+    connect(tree_, &CLeftView::blockChosen, this, &CChildFrame::SwitchToBlock);
+    connect(tree_, &CLeftView::panelWanted, this, &CChildFrame::FocusPanel);
+    UpdateTitle();
+    GoToBlock(kFirstBlock);
+}
+
+CChildFrame::~CChildFrame()
+{
+    panel_.reset(); // before the document and the splitter
+    delete widget(); // the views look at the document
+}
+
+void CChildFrame::CreatePanes()
+{
+    outer_ = new QSplitter(Qt::Horizontal);
+    inner_ = new QSplitter(Qt::Vertical);
+    tree_ = new CLeftView(doc_.get());
+    upView_ = new CUpView(doc_.get());
+    panelPane_ = new QWidget;
+    auto* panelLayout = new QVBoxLayout(panelPane_);
+    panelLayout->setContentsMargins(0, 0, 0, 0);
+    for (QSplitter* splitter : {outer_, inner_}) {
+        splitter->setHandleWidth(kSplitterHandle);
+        splitter->setChildrenCollapsible(false);
+        connect(splitter, &QSplitter::splitterMoved, this, [this] { panesMoved_ = true; });
+    }
+    for (QWidget* pane : std::initializer_list<QWidget*>{tree_, upView_, panelPane_})
+        pane->setMinimumSize(kLeastPane, kLeastPane);
+
+    inner_->addWidget(upView_);
+    inner_->addWidget(panelPane_);
+    outer_->addWidget(tree_);
+    outer_->addWidget(inner_);
+    outer_->setStretchFactor(0, 0); // a wider window widens the right side
+    outer_->setStretchFactor(1, 1);
+    setWidget(outer_);
+}
+
+bool CChildFrame::SwitchToBlock(int number)
+{
+    const int block = CanonicalBlock(number);
+    if (block == currentBlock_)
+        return true;
+    if (block < 252 || block > 999)
+        return false;
+    currentBlock_ = block;
+    if (PanelOfBlock(block).empty())
+        return false; // the old panel stays
+    ShowPanel(block);
+    return true;
+}
+
+void CChildFrame::ShowPanel(int block)
+{
+    const bool panelHadFocus = panelPane_->isAncestorOf(QApplication::focusWidget());
+    RemovePanel();
+    doc_->SetCurrentBlock(block);
+    panel_ = CreatePanel(doc_.get(), block, panelPane_);
+    if (panel_ != nullptr)
+        panelPane_->layout()->addWidget(panel_.get());
+    upView_->Refresh();
+    if (panelHadFocus)
+        FocusPanel();
+}
+
+void CChildFrame::RemovePanel()
+{
+    if (panel_ == nullptr)
+        return;
+    panel_->ClosePanel();
+    panel_.reset();
+}
+
+bool CChildFrame::GoToBlock(int number)
+{
+    tree_->SelectBlock(number);
+    return SwitchToBlock(number);
+}
+
+void CChildFrame::CommitPanel()
+{
+    emit doc_->aboutToSave();
+}
+
+void CChildFrame::FocusPanel()
+{
+    if (panel_ != nullptr)
+        panel_->setFocus(Qt::OtherFocusReason);
+}
+
+void CChildFrame::FocusOtherPane()
+{
+    if (tree_->hasFocus())
+        FocusPanel();
+    else
+        tree_->setFocus(Qt::OtherFocusReason);
+}
+
+void CChildFrame::UpdateTitle()
+{
+    setWindowTitle(doc_->Title() + u"[*]"_s);
+    setWindowModified(doc_->IsModified());
+}
+
+void CChildFrame::PlacePanes()
+{
+    const QRect area = contentsRect();
+    outer_->setSizes({kLeftWidth, std::max(area.width() - kLeftWidth, kLeastPane)});
+    inner_->setSizes({area.height() / 2, area.height() / 2});
+}
+
+void CChildFrame::resizeEvent(QResizeEvent* event)
+{
+    QMdiSubWindow::resizeEvent(event);
+    if (!panesMoved_)
+        PlacePanes();
+}
+
+void CChildFrame::closeEvent(QCloseEvent* event)
+{
+    if (mayClose && !mayClose(*this)) {
+        event->ignore();
+        return;
+    }
+    QMdiSubWindow::closeEvent(event);
+}
+
+} // namespace sbd

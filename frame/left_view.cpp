@@ -1,0 +1,187 @@
+#include "frame/left_view.h"
+
+#include "document/section_doc.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QTreeWidgetItemIterator>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kNumberRole = Qt::UserRole;
+constexpr int kGroupRole = Qt::UserRole + 1; // true for the head of a group
+
+int NumberOf(const QTreeWidgetItem* item)
+{
+    return item == nullptr ? 0 : item->data(0, kNumberRole).toInt();
+}
+
+bool IsGroup(const QTreeWidgetItem* item)
+{
+    return item->data(0, kGroupRole).toBool();
+}
+
+/// Rows with some air: the characters of Japanese titles fill their height.
+class RowDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        constexpr int air = 6; // px
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(air, air);
+    }
+};
+
+void SetBold(QTreeWidgetItem* item)
+{
+    QFont font = item->font(0);
+    font.setBold(true);
+    item->setFont(0, font);
+}
+
+} // namespace
+
+CLeftView::CLeftView(CKELDSectionDoc* doc, QWidget* parent) : QTreeWidget(parent), doc_(doc)
+{
+    setHeaderHidden(true);
+    setIndentation(16);
+    setUniformRowHeights(true);
+    setItemDelegate(new RowDelegate(this));
+    setTextElideMode(Qt::ElideNone); // long titles scroll, so they can be read whole
+    setHorizontalScrollMode(ScrollPerPixel);
+    setFrameShape(NoFrame);
+    setAccessibleName(u"ブロック"_s);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+
+    connect(this, &QTreeWidget::currentItemChanged, this, &CLeftView::OnCurrentItemChanged);
+    connect(doc_, &CKELDSectionDoc::changed, this, &CLeftView::OnDocumentChanged);
+    connect(doc_, &CKELDSectionDoc::reloaded, this, &CLeftView::Rebuild);
+    Rebuild();
+}
+
+void CLeftView::SetView(TreeView view)
+{
+    view_ = std::move(view);
+    Rebuild();
+}
+
+void CLeftView::Rebuild()
+{
+    const QScopedValueRollback guard(rebuilding_, true);
+    const int selected = SelectedNumber();
+    const int group = currentItem() == nullptr ? 0 : NumberOf(currentItem()->parent());
+    const bool groupHead = currentItem() != nullptr && IsGroup(currentItem());
+    const int scroll = verticalScrollBar()->value();
+    std::set<int> open;
+    for (int i = 0; i < topLevelItemCount(); ++i) {
+        if (topLevelItem(i)->isExpanded())
+            open.insert(NumberOf(topLevelItem(i)));
+    }
+
+    clear();
+    Fill();
+    for (int i = 0; i < topLevelItemCount(); ++i) {
+        QTreeWidgetItem* head = topLevelItem(i);
+        head->setExpanded(IsGroup(head) && open.contains(NumberOf(head)));
+        if (groupHead && IsGroup(head) && NumberOf(head) == selected)
+            setCurrentItem(head);
+    }
+    if (!groupHead)
+        setCurrentItem(FindItem(selected, group));
+    verticalScrollBar()->setValue(scroll);
+}
+
+void CLeftView::Fill()
+{
+    key_ = TreeKey(doc_->Data());
+    QTreeWidgetItem* head = nullptr;
+    for (const TreeRow& row : TreeRows(doc_->Data(), view_)) {
+        QTreeWidgetItem* item = row.level == 0 ? new QTreeWidgetItem(this) : new QTreeWidgetItem(head);
+        const QString text = QString::fromStdString(row.text);
+        item->setText(0, text);
+        item->setToolTip(0, text);
+        item->setData(0, kNumberRole, row.block);
+        item->setData(0, kGroupRole, row.group);
+        if (row.bold)
+            SetBold(item);
+        if (row.level == 0)
+            head = item;
+    }
+}
+
+QTreeWidgetItem* CLeftView::FindItem(int number, int group)
+{
+    QTreeWidgetItem* found = nullptr;
+    for (QTreeWidgetItemIterator it(this); *it != nullptr; ++it) {
+        if (NumberOf(*it) != number || IsGroup(*it))
+            continue;
+        if (NumberOf((*it)->parent()) == group)
+            return *it;
+        // 481 stands in group 400 and again below the groups: the group's is the one in its surroundings.
+        if (found == nullptr || (found->parent() == nullptr && (*it)->parent() != nullptr))
+            found = *it;
+    }
+    return found;
+}
+
+bool CLeftView::SelectBlock(int number)
+{
+    QTreeWidgetItem* item = SelectedNumber() == number && !IsGroup(currentItem()) ? currentItem() : FindItem(number, -1);
+    if (item == nullptr)
+        return false;
+    const QScopedValueRollback guard(rebuilding_, true);
+    if (item->parent() != nullptr)
+        item->parent()->setExpanded(true);
+    setCurrentItem(item);
+    scrollToItem(item);
+    return true;
+}
+
+int CLeftView::SelectedNumber() const
+{
+    return NumberOf(currentItem());
+}
+
+void CLeftView::MarkContent()
+{
+    for (QTreeWidgetItemIterator it(this); *it != nullptr; ++it) {
+        if (!IsGroup(*it) && !(*it)->font(0).bold() && HasInputInForce(doc_->Data(), NumberOf(*it)))
+            SetBold(*it);
+    }
+}
+
+void CLeftView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        emit panelWanted();
+    else
+        QTreeWidget::keyPressEvent(event);
+}
+
+void CLeftView::OnCurrentItemChanged(QTreeWidgetItem* item)
+{
+    if (rebuilding_ || item == nullptr)
+        return;
+    const QTreeWidgetItem* block = item;
+    if (IsGroup(item))
+        block = item->childCount() > 0 ? item->child(0) : nullptr;
+    if (block != nullptr)
+        emit blockChosen(NumberOf(block));
+    MarkContent();
+}
+
+void CLeftView::OnDocumentChanged(const BlockChange& change)
+{
+    if ((change.block == 301 || change.block == 305) && TreeKey(doc_->Data()) != key_)
+        Rebuild();
+}
+
+} // namespace sbd

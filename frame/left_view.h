@@ -1,0 +1,59 @@
+// CLeftView: the tree of blocks, the left pane.
+#pragma once
+
+#include "panelmodel/tree_rows.h"
+
+#include <QTreeWidget>
+
+namespace sbd {
+
+class CKELDSectionDoc;
+struct BlockChange;
+
+/// The tree of a project's blocks. Says which block is chosen; follows the project's type.
+class CLeftView : public QTreeWidget {
+    Q_OBJECT
+
+public:
+    explicit CLeftView(CKELDSectionDoc* doc, QWidget* parent = nullptr);
+
+    /// What is shown, and in which language; builds the tree anew.
+    void SetView(TreeView view);
+    [[nodiscard]] const TreeView& View() const { return view_; }
+
+    /// Builds the tree anew; what is open and selected stays so, and no block is chosen by it.
+    void Rebuild();
+
+    /// Selects and shows the item of a number (an item of a group before one of its own), without choosing it.
+    /// False if the tree does not show the number.
+    bool SelectBlock(int number);
+
+    /// Number of the selected item; 0 if none.
+    [[nodiscard]] int SelectedNumber() const;
+
+signals:
+    /// The user has come to an item; a group head stands for the first block below it.
+    void blockChosen(int block);
+    /// The user has asked for the panel of the selected block (Enter).
+    void panelWanted();
+
+public slots:
+    /// Sets what holds input to bold. Bold stays until the next rebuild.
+    void MarkContent();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void OnCurrentItemChanged(QTreeWidgetItem* item);
+    void OnDocumentChanged(const BlockChange& change);
+    void Fill();
+    [[nodiscard]] QTreeWidgetItem* FindItem(int number, int group);
+
+    CKELDSectionDoc* doc_;
+    TreeView view_;
+    std::string key_; // of the project, when the tree was built
+    bool rebuilding_ = false;
+};
+
+} // namespace sbd

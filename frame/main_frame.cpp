@@ -1,0 +1,165 @@
+#include "frame/main_frame.h"
+
+#include "document/section_doc.h"
+#include "frame/child_frame.h"
+#include "frame/profile.h"
+#include "frame/program_icon.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMimeData>
+#include <QStatusBar>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto kGeometryKey = u"Window Size/Frame"_s;
+constexpr QSize kFirstSize{1280, 800};
+constexpr int kMargin = 4; // px
+
+/// The project files among what is dragged.
+QStringList ProjectFiles(const QMimeData* dragged)
+{
+    QStringList files;
+    for (const QUrl& url : dragged->urls()) {
+        if (url.isLocalFile() && url.toLocalFile().endsWith(u".sbd"_s, Qt::CaseInsensitive))
+            files.append(url.toLocalFile());
+    }
+    return files;
+}
+
+} // namespace
+
+CMainFrame::CMainFrame(Prompts prompts, QWidget* parent) : QMainWindow(parent), area_(new QMdiArea(this))
+{
+    setWindowTitle(u"KELD section"_s);
+    setWindowIcon(ProgramIcon());
+    setAcceptDrops(true);
+    setCentralWidget(area_);
+    files_ = std::make_unique<CFileCommands>(*area_, std::move(prompts));
+
+    CreateFileMenu();
+    CreateEditMenu();
+    CreateDataMenu();
+    CreateWindowMenu();
+    CreateHelpMenu();
+    CreateToolBar();
+    CreateStatusBar();
+
+    connect(area_, &QMdiArea::subWindowActivated, this, &CMainFrame::OnChildActivated);
+    OnChildActivated();
+    resize(kFirstSize);
+}
+
+CMainFrame::~CMainFrame()
+{
+    // The windows go before what they call.
+    for (CChildFrame* child : Children())
+        delete child;
+}
+
+CChildFrame* CMainFrame::CurrentChild() const
+{
+    return qobject_cast<CChildFrame*>(area_->currentSubWindow());
+}
+
+QList<CChildFrame*> CMainFrame::Children() const
+{
+    QList<CChildFrame*> children;
+    for (QMdiSubWindow* window : area_->subWindowList()) {
+        if (auto* child = qobject_cast<CChildFrame*>(window))
+            children.append(child);
+    }
+    return children;
+}
+
+void CMainFrame::ShowAsLeft()
+{
+    const QByteArray geometry = CProfile().value(kGeometryKey).toByteArray();
+    if (geometry.isEmpty() || !restoreGeometry(geometry))
+        showMaximized();
+    else
+        show();
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event)
+{
+    // All questions first: a "cancel" leaves every project open.
+    for (CChildFrame* child : Children()) {
+        if (!files_->MayClose(*child)) {
+            event->ignore();
+            return;
+        }
+    }
+    CProfile().setValue(kGeometryKey, saveGeometry());
+    for (CChildFrame* child : Children()) {
+        child->mayClose = nullptr;
+        child->close();
+    }
+    event->accept();
+}
+
+void CMainFrame::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!ProjectFiles(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void CMainFrame::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    for (const QString& file : ProjectFiles(event->mimeData()))
+        OpenProject(file);
+}
+
+void CMainFrame::CreateStatusBar()
+{
+    pathLabel_ = new QLabel(this);
+    pathLabel_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long path does not widen the window
+    pathLabel_->setContentsMargins(kMargin, 0, kMargin, 0);
+    cellLabel_ = new QLabel(this);
+    cellLabel_->setContentsMargins(kMargin, 0, kMargin, 0);
+    statusBar()->addWidget(pathLabel_, 1);
+    statusBar()->addPermanentWidget(cellLabel_);
+}
+
+void CMainFrame::OnChildActivated()
+{
+    for (const QMetaObject::Connection& connection : docConnections_)
+        disconnect(connection);
+    docConnections_.clear();
+    CChildFrame* child = CurrentChild();
+    for (QAction* action : childActions_)
+        action->setEnabled(child != nullptr);
+    if (child != nullptr) {
+        const CKELDSectionDoc* doc = &child->Doc();
+        docConnections_ = {connect(doc, &CKELDSectionDoc::pathChanged, this, &CMainFrame::UpdateStatus),
+                           connect(doc, &CKELDSectionDoc::helpCellChanged, this, &CMainFrame::UpdateStatus)};
+    }
+    UpdateStatus();
+}
+
+void CMainFrame::UpdateStatus()
+{
+    CChildFrame* child = CurrentChild();
+    if (child == nullptr) {
+        pathLabel_->clear();
+        cellLabel_->clear();
+        return;
+    }
+    const CKELDSectionDoc& doc = child->Doc();
+    const QString path = doc.PathName().isEmpty() ? doc.Title() : QDir::toNativeSeparators(doc.PathName());
+    pathLabel_->setText(path);
+    pathLabel_->setToolTip(path);
+    const bool inCell = doc.HelpBlock() >= 0 && doc.HelpRow() > 0;
+    cellLabel_->setText(inCell ? u"%1　%2 行　%3 列"_s.arg(doc.HelpBlock()).arg(doc.HelpRow()).arg(doc.HelpColumn())
+                               : QString());
+}
+
+} // namespace sbd

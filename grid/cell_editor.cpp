@@ -1,0 +1,199 @@
+#include "grid/cell_editor.h"
+
+#include "grid/grid_style.h"
+
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStringListModel>
+#include <QStyle>
+
+#include <algorithm>
+
+namespace sbd {
+
+namespace {
+
+/// Tab and Backtab never reach keyPressEvent by themselves: a widget moves the focus with them.
+bool IsTab(const QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    const int key = static_cast<const QKeyEvent*>(event)->key();
+    return key == Qt::Key_Tab || key == Qt::Key_Backtab;
+}
+
+void DrawFrame(QWidget& editor)
+{
+    QPainter painter(&editor);
+    painter.setPen(QColor::fromRgba(gridstyle::kFocusFrame));
+    painter.drawRect(editor.rect().adjusted(0, 0, -1, -1));
+}
+
+} // namespace
+
+CCellEdit::CCellEdit(QWidget* parent, EditorKeyHandler keys)
+    : QLineEdit(parent)
+    , keys_(std::move(keys))
+{
+    setFrame(false);
+    setTextMargins(gridstyle::kPadding - 2, 0, 0, 0); // a line edit leaves 2 pixels itself
+}
+
+bool CCellEdit::event(QEvent* event)
+{
+    if (IsTab(event) && keys_(this, static_cast<QKeyEvent*>(event)))
+        return true;
+    return QLineEdit::event(event);
+}
+
+void CCellEdit::keyPressEvent(QKeyEvent* event)
+{
+    if (!keys_(this, event))
+        QLineEdit::keyPressEvent(event);
+}
+
+void CCellEdit::paintEvent(QPaintEvent* event)
+{
+    QLineEdit::paintEvent(event);
+    DrawFrame(*this);
+}
+
+CCellCombo::CCellCombo(QWidget* parent, const QStringList& words, EditorKeyHandler keys)
+    : QComboBox(parent)
+    , keys_(std::move(keys))
+{
+    constexpr int visibleWords = 16;
+    QStringList once = words;
+    once.removeDuplicates();
+    setEditable(true);
+    setInsertPolicy(QComboBox::NoInsert);
+    setFrame(false);
+    setMaxVisibleItems(visibleWords);
+    addItems(once);
+    lineEdit()->setTextMargins(0, 0, 0, 0);
+    setCompleter(nullptr); // its own one writes into the text
+
+    completer_ = new QCompleter(new QStringListModel(once, this), this);
+    completer_->setCaseSensitivity(Qt::CaseInsensitive);
+    completer_->setCompletionMode(QCompleter::PopupCompletion);
+    completer_->setMaxVisibleItems(visibleWords);
+    completer_->setWidget(this);
+    connect(lineEdit(), &QLineEdit::textEdited, this, &CCellCombo::Offer);
+    connect(completer_, qOverload<const QString&>(&QCompleter::highlighted), this, &QComboBox::setEditText);
+    connect(completer_, qOverload<const QString&>(&QCompleter::activated), this, [this](const QString& word) {
+        setEditText(word);
+        emit chosen();
+    });
+    connect(this, &QComboBox::activated, this, &CCellCombo::chosen);
+}
+
+int CCellCombo::WidestWord() const
+{
+    int widest = 0;
+    for (int i = 0; i < count(); ++i)
+        widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(i)));
+    return widest;
+}
+
+void CCellCombo::showPopup()
+{
+    constexpr int margins = 16;
+    HideOffers();
+    view()->setMinimumWidth(WidestWord() + margins + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    setCurrentIndex(findText(currentText(), Qt::MatchFixedString | Qt::MatchCaseSensitive));
+    QComboBox::showPopup();
+}
+
+void CCellCombo::HideOffers()
+{
+    if (OffersWords())
+        completer_->popup()->hide();
+}
+
+bool CCellCombo::OffersWords() const
+{
+    return completer_->popup()->isVisible();
+}
+
+void CCellCombo::Offer(const QString& text)
+{
+    completer_->setCompletionPrefix(text);
+    const int matches = text.isEmpty() ? 0 : completer_->completionCount();
+    if (matches == 0 || (matches == 1 && completer_->currentCompletion() == text)) {
+        HideOffers();
+        return;
+    }
+    constexpr int margins = 16;
+    completer_->popup()->setFont(font());
+    QRect below = rect();
+    below.setWidth(std::max(width(), WidestWord() + margins + style()->pixelMetric(QStyle::PM_ScrollBarExtent)));
+    completer_->complete(below);
+}
+
+bool CCellCombo::event(QEvent* event)
+{
+    if (IsTab(event) && keys_(this, static_cast<QKeyEvent*>(event)))
+        return true;
+    return QComboBox::event(event);
+}
+
+void CCellCombo::keyPressEvent(QKeyEvent* event)
+{
+    const bool arrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
+    const bool page = event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown;
+    if (arrow && (event->modifiers() & Qt::AltModifier)) {
+        showPopup();
+        return;
+    }
+    if (keys_(this, event))
+        return;
+    if (arrow) // the list opens; a word is not changed unseen
+        showPopup();
+    else if (!page)
+        QComboBox::keyPressEvent(event);
+}
+
+void CCellCombo::wheelEvent(QWheelEvent* event)
+{
+    event->ignore(); // the grid scrolls; the word stays
+}
+
+void CCellCombo::paintEvent(QPaintEvent* event)
+{
+    QComboBox::paintEvent(event);
+    DrawFrame(*this);
+}
+
+void CCellCombo::resizeEvent(QResizeEvent* event)
+{
+    QComboBox::resizeEvent(event);
+    lineEdit()->setGeometry(lineEdit()->geometry().adjusted(1, 1, 0, -1)); // inside the frame
+}
+
+QLineEdit* EditorLine(QWidget* editor)
+{
+    if (QComboBox* combo = qobject_cast<QComboBox*>(editor))
+        return combo->lineEdit();
+    return qobject_cast<QLineEdit*>(editor);
+}
+
+QString EditorText(const QWidget* editor)
+{
+    if (const QComboBox* combo = qobject_cast<const QComboBox*>(editor))
+        return combo->currentText();
+    const QLineEdit* line = qobject_cast<const QLineEdit*>(editor);
+    return line ? line->text() : QString();
+}
+
+void SetEditorText(QWidget* editor, const QString& text)
+{
+    if (QComboBox* combo = qobject_cast<QComboBox*>(editor))
+        combo->setCurrentIndex(combo->findText(text, Qt::MatchFixedString | Qt::MatchCaseSensitive));
+    if (QLineEdit* line = EditorLine(editor))
+        line->setText(text);
+}
+
+} // namespace sbd

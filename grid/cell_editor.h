@@ -1,0 +1,69 @@
+// The editors of a cell: a line of text, or a line with a list.
+#pragma once
+
+#include <QComboBox>
+#include <QLineEdit>
+
+#include <functional>
+
+class QCompleter;
+
+namespace sbd {
+
+/// Asked first about every key in an editor; true: the key is done with.
+using EditorKeyHandler = std::function<bool(QWidget* editor, QKeyEvent* event)>;
+
+class CCellEdit : public QLineEdit {
+    Q_OBJECT
+
+public:
+    CCellEdit(QWidget* parent, EditorKeyHandler keys);
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    EditorKeyHandler keys_;
+};
+
+/// A drop-down with free typing. While the user types, the words that begin so are offered below; nothing is put into
+/// the text unasked.
+class CCellCombo : public QComboBox {
+    Q_OBJECT
+
+public:
+    CCellCombo(QWidget* parent, const QStringList& words, EditorKeyHandler keys);
+
+    void showPopup() override;
+    /// Hides the words that are offered while typing.
+    void HideOffers();
+    [[nodiscard]] bool OffersWords() const;
+
+signals:
+    /// A word was taken from the list.
+    void chosen();
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void Offer(const QString& text);
+    [[nodiscard]] int WidestWord() const;
+
+    EditorKeyHandler keys_;
+    QCompleter* completer_;
+};
+
+/// The text in an editor made by the grid.
+[[nodiscard]] QString EditorText(const QWidget* editor);
+void SetEditorText(QWidget* editor, const QString& text);
+/// The line in which the text stands.
+[[nodiscard]] QLineEdit* EditorLine(QWidget* editor);
+
+} // namespace sbd

@@ -1,0 +1,117 @@
+// CGridCtrl: the spreadsheet of a panel.
+#pragma once
+
+#include "grid/grid_source.h"
+
+#include <QTableView>
+
+#include <functional>
+
+namespace sbd {
+
+class CGridCorner;
+class CGridHead;
+class CGridModel;
+
+/// A table with a head row, row numbers, locked cells, word lists and in-place editing. Typing begins an edit, as do
+/// F2 and a double click; Enter and Tab end it and go on, Esc gives it up, arrows end an edit that typing began.
+class CGridCtrl : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit CGridCtrl(QWidget* parent = nullptr);
+    ~CGridCtrl() override;
+
+    /// The cells. The source must live until another one, or none, is set.
+    void SetSource(CGridSource* source);
+    [[nodiscard]] CGridSource* Source() const;
+    /// Height of a row of one line, in pixels.
+    void SetRowHeight(int pixels);
+
+    /// The cell with the focus; row 0: none.
+    [[nodiscard]] GridCell FocusCell() const;
+    void SetFocusCell(int row, int column);
+    void MoveFocus(int rows, int columns);
+    /// The selected rectangle; the focused cell if nothing is selected.
+    [[nodiscard]] GridRange SelectedRange() const;
+
+    /// Takes the text of an open editor. False if the cell refused it: the user has been told, the editor stays.
+    bool CommitEditor();
+    [[nodiscard]] bool IsEditing() const { return state() == EditingState; }
+    /// Opens the word list of the focused cell.
+    void OpenList();
+    /// Shows what is changed elsewhere.
+    void ShowAll();
+
+    /// Tells the user something; by default a message box.
+    std::function<void(const QString& message)> showMessage;
+
+public slots:
+    void Undo();
+    void Cut();
+    void Copy();
+    void Paste();
+    void Delete();
+
+signals:
+    /// The focus leaves a cell; what was typed in it is in the source.
+    void selectionChanging(int row, int column);
+    /// The focus has come to a cell.
+    void currentCellChanged(int row, int column);
+    /// A cell was edited.
+    void cellEdited(int row, int column);
+    /// A word was taken from a list.
+    void listChosen();
+    /// Cells were set by a command: undo, cut, paste, delete.
+    void cellsChanged();
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void updateGeometries() override;
+    void resizeEvent(QResizeEvent* event) override;
+
+public:
+    /// No jump to a row whose text begins with the key: the key was meant for the cell.
+    void keyboardSearch(const QString&) override {}
+
+private:
+    friend class CGridDelegate;
+
+    struct RefusedText {
+        GridCell cell;
+        QString text;
+        QString character;
+    };
+
+    // For the delegate.
+    void StoreEdited(GridCell cell, const QString& text);
+    [[nodiscard]] bool HasRefused() const { return refused_.has_value(); }
+    [[nodiscard]] bool IsTyping() const { return typing_; }
+    void EndTyping() { typing_ = false; }
+
+    void SetUpView();
+    void ApplyRowHeights();
+    void Show(GridEffect effect, GridCell cell);
+    void TellRefused();
+    void ReopenRefused();
+    [[nodiscard]] bool HandleCommandKey(QKeyEvent* event);
+    [[nodiscard]] bool HandleMoveKey(QKeyEvent* event);
+    [[nodiscard]] GridCell JumpTarget(GridCell from, int key) const;
+    void MoveTo(GridCell cell, bool extend);
+    [[nodiscard]] QLineEdit* OpenLine() const;
+
+    CGridModel* model_;
+    CGridHead* head_;
+    CGridHead* numbers_;
+    CGridCorner* corner_;
+    int rowHeight_;
+    bool typing_ = false; // the open edit was begun by typing
+    std::optional<RefusedText> refused_;
+};
+
+} // namespace sbd

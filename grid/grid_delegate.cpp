@@ -1,0 +1,242 @@
+#include "grid/grid_delegate.h"
+
+#include "grid/cell_editor.h"
+#include "grid/grid_ctrl.h"
+#include "grid/grid_model.h"
+#include "grid/grid_style.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include <algorithm>
+
+namespace sbd {
+
+using namespace gridstyle;
+
+namespace {
+
+/// A text that is a little too wide is drawn with narrower letters, one that is much too wide is cut off.
+void DrawCellText(QPainter& painter, const QRect& rect, const QString& text, Qt::Alignment align)
+{
+    constexpr double narrowest = 0.8;
+    const int flags = int(Qt::AlignVCenter | align) | int(text.contains(u'\n') ? 0 : Qt::TextSingleLine);
+    const QFontMetrics metrics = painter.fontMetrics();
+    const int width = metrics.size(flags, text).width();
+    if (width <= rect.width()) {
+        painter.drawText(rect, flags, text);
+        return;
+    }
+    const double factor = std::max(narrowest, double(rect.width()) / width);
+    const QRectF wide(0, 0, rect.width() / factor, rect.height());
+    painter.save();
+    painter.translate(rect.topLeft());
+    painter.scale(factor, 1.0);
+    painter.drawText(wide, flags,
+                     text.contains(u'\n') ? text : metrics.elidedText(text, Qt::ElideRight, int(wide.width()) + 1));
+    painter.restore();
+}
+
+void DrawButton(QPainter& painter, const QRect& rect)
+{
+    painter.setPen(QPen(QColor::fromRgba(kHeadLine), 0));
+    painter.setBrush(QColor::fromRgba(kHead));
+    painter.drawRect(rect);
+    const QPointF center = QRectF(rect).center() + QPointF(0.5, 0.5);
+    const QPointF arrow[] = {center + QPointF(-3.5, -2), center + QPointF(3.5, -2), center + QPointF(0, 2.5)};
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor::fromRgba(kText));
+    painter.drawPolygon(arrow, 3);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
+} // namespace
+
+CGridDelegate::CGridDelegate(CGridCtrl& grid)
+    : QStyledItemDelegate(&grid)
+    , grid_(grid)
+{
+}
+
+QRect CGridDelegate::ButtonRect(const QRect& cell)
+{
+    return {cell.right() - kButtonWidth - 1, cell.top() + 1, kButtonWidth, cell.height() - 3};
+}
+
+bool CGridDelegate::HasButton(const QModelIndex& index) const
+{
+    const GridCell cell = CGridModel::CellOf(index);
+    return index == grid_.currentIndex() && grid_.Source()->IsEditable(cell.row, cell.column)
+           && grid_.Source()->HasWords(cell.row, cell.column);
+}
+
+QColor CGridDelegate::Ground(const QModelIndex& index) const
+{
+    const QModelIndex focus = grid_.currentIndex();
+    if (focus.isValid() && index.row() == focus.row())
+        return QColor::fromRgba(index == focus ? kCell : kFocusRow);
+    if (focus.isValid() && index.column() == 0)
+        return QColor::fromRgba(kLabelBesideFocus);
+    const GridCell cell = CGridModel::CellOf(index);
+    return QColor::fromRgba(grid_.Source()->IsLocked(cell.row, cell.column) ? kLocked : kCell);
+}
+
+QRect CGridDelegate::TextRect(const QRect& cell, const QModelIndex& index) const
+{
+    const int right = HasButton(index) ? kButtonWidth + 1 : 0;
+    return cell.adjusted(kPadding, 0, -kPadding - 1 - right, -1);
+}
+
+void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    if (!grid_.Source())
+        return;
+    const GridCell cell = CGridModel::CellOf(index);
+    const CGridSource& source = *grid_.Source();
+    painter->save();
+    painter->setClipRect(option.rect);
+    painter->fillRect(option.rect, Ground(index));
+    if ((option.state & QStyle::State_Selected) && index != grid_.currentIndex())
+        painter->fillRect(option.rect, QColor::fromRgba(kSelected));
+    painter->setPen(QPen(QColor::fromRgba(kLine), 0));
+    painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
+
+    const bool focusRow = index.row() == grid_.currentIndex().row() && index != grid_.currentIndex();
+    const QColor color = source.TextColor(cell.row, cell.column);
+    painter->setFont(grid_.font());
+    // Red and magenta cannot be read on the ground of the focused row.
+    painter->setPen(color.isValid() && !focusRow ? color : QColor::fromRgba(kText));
+    DrawCellText(*painter, TextRect(option.rect, index), source.Text(cell.row, cell.column),
+                 source.IsRightAligned(cell.row, cell.column) ? Qt::AlignRight : Qt::AlignLeft);
+    if (HasButton(index))
+        DrawButton(*painter, ButtonRect(option.rect));
+    if (index == grid_.currentIndex()) {
+        QPen frame(QColor::fromRgba(kFocusFrame), 2);
+        frame.setJoinStyle(Qt::MiterJoin);
+        painter->setPen(frame);
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+    }
+    painter->restore();
+}
+
+bool CGridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                              const QModelIndex& index)
+{
+    if (event->type() != QEvent::ToolTip || !grid_.Source() || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const GridCell cell = CGridModel::CellOf(index);
+    const QString text = grid_.Source()->Text(cell.row, cell.column);
+    const int width = grid_.fontMetrics().boundingRect(QRect(), Qt::AlignLeft, text).width();
+    if (width > TextRect(option.rect, index).width())
+        QToolTip::showText(event->globalPos(),
+                           QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped()), view);
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+QWidget* CGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const
+{
+    CGridDelegate* self = const_cast<CGridDelegate*>(this);
+    const EditorKeyHandler keys = [self](QWidget* editor, QKeyEvent* event) { return self->HandleKey(editor, event); };
+    const GridCell cell = CGridModel::CellOf(index);
+    QWidget* editor = nullptr;
+    if (grid_.Source()->HasWords(cell.row, cell.column)) {
+        CCellCombo* combo = new CCellCombo(parent, grid_.Source()->Words(cell.row, cell.column), keys);
+        connect(combo, &CCellCombo::chosen, self, [self, combo] {
+            self->Finish(combo, 0, 0);
+            emit self->grid_.listChosen();
+        });
+        editor = combo;
+    } else {
+        editor = new CCellEdit(parent, keys);
+    }
+    editor->setFont(grid_.font());
+    editor->setAutoFillBackground(true);
+    return editor;
+}
+
+void CGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+    SetEditorText(editor, index.data(Qt::EditRole).toString());
+    if (QLineEdit* line = EditorLine(editor))
+        line->selectAll();
+}
+
+void CGridDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const
+{
+    grid_.StoreEdited(CGridModel::CellOf(index), EditorText(editor));
+}
+
+void CGridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                         const QModelIndex& index) const
+{
+    // A narrow cell gets an editor that shows its text whole, as far as the grid reaches.
+    constexpr int leastWidth = 100;
+    constexpr int margins = 2 * kPadding + kButtonWidth + 8;
+    const int needed = grid_.fontMetrics().horizontalAdvance(index.data(Qt::EditRole).toString()) + margins;
+    QRect rect = option.rect.adjusted(0, 0, -1, -1);
+    const int room = grid_.viewport()->width() - rect.left();
+    rect.setWidth(std::max(rect.width(), std::min(std::max(needed, leastWidth), room)));
+    editor->setGeometry(rect);
+}
+
+bool CGridDelegate::eventFilter(QObject* object, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress)
+        return false; // the editors ask HandleKey
+    return QStyledItemDelegate::eventFilter(object, event);
+}
+
+bool CGridDelegate::HandleKey(QWidget* editor, QKeyEvent* event)
+{
+    const bool shift = event->modifiers() & Qt::ShiftModifier;
+    const bool leaves = grid_.IsTyping() && !(event->modifiers() & ~Qt::KeypadModifier);
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Finish(editor, shift ? -1 : 1, 0);
+        return true;
+    case Qt::Key_Tab:
+        Finish(editor, 0, shift ? -1 : 1);
+        return true;
+    case Qt::Key_Backtab:
+        Finish(editor, 0, -1);
+        return true;
+    case Qt::Key_Escape:
+        emit closeEditor(editor, RevertModelCache);
+        return true;
+    case Qt::Key_F2:
+        grid_.EndTyping();
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        if (leaves)
+            Finish(editor, event->key() == Qt::Key_Up ? -1 : 1, 0);
+        return leaves;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        if (leaves)
+            Finish(editor, 0, event->key() == Qt::Key_Left ? -1 : 1);
+        return leaves;
+    default:
+        return false;
+    }
+}
+
+void CGridDelegate::Finish(QWidget* editor, int rows, int columns)
+{
+    if (CCellCombo* combo = qobject_cast<CCellCombo*>(editor))
+        combo->HideOffers();
+    emit commitData(editor);
+    emit closeEditor(editor, NoHint);
+    if (!grid_.HasRefused())
+        grid_.MoveFocus(rows, columns);
+}
+
+} // namespace sbd

@@ -1,0 +1,111 @@
+#include "grid/grid_head.h"
+
+#include "grid/grid_style.h"
+
+#include <QFontMetrics>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace sbd {
+
+using namespace gridstyle;
+
+namespace {
+
+void DrawHeadGround(QPainter& painter, const QRect& rect)
+{
+    painter.fillRect(rect, QColor::fromRgba(kHead));
+    painter.setPen(QPen(QColor::fromRgba(kHeadLine), 0));
+    painter.drawLine(rect.bottomLeft(), rect.bottomRight());
+    painter.drawLine(rect.topRight(), rect.bottomRight());
+}
+
+/// A line that is too wide for its column is drawn with narrower letters, but not so narrow that it cannot be read.
+void DrawLine(QPainter& painter, const QRectF& rect, const QString& line)
+{
+    constexpr double narrowest = 0.6;
+    const double width = painter.fontMetrics().horizontalAdvance(line);
+    const double factor = width > rect.width() ? std::max(narrowest, rect.width() / width) : 1.0;
+    painter.save();
+    painter.translate(rect.center().x(), rect.top());
+    painter.scale(factor, 1.0);
+    painter.drawText(QRectF(-width / 2, 0, width, rect.height()), int(Qt::AlignCenter | Qt::TextSingleLine), line);
+    painter.restore();
+}
+
+} // namespace
+
+void DrawHead(QPainter& painter, const QRect& rect, const QString& text, const QColor& color)
+{
+    painter.setPen(color.isValid() ? color : QColor::fromRgba(kText));
+    const QStringList lines = text.split(u'\n');
+    const QRectF inner = QRectF(rect).adjusted(2, 1, -2, -1);
+    const double lineHeight =
+        std::min(double(painter.fontMetrics().height()) + 1, inner.height() / double(lines.size()));
+    double top = inner.center().y() - lineHeight * double(lines.size()) / 2;
+    for (const QString& line : lines) {
+        DrawLine(painter, QRectF(inner.left(), top, inner.width(), lineHeight), line);
+        top += lineHeight;
+    }
+}
+
+CGridHead::CGridHead(Qt::Orientation orientation, QWidget* parent)
+    : QHeaderView(orientation, parent)
+{
+    setSectionsClickable(true);
+    setHighlightSections(false);
+}
+
+void CGridHead::SetFocusRow(int row)
+{
+    focusRow_ = row;
+    viewport()->update();
+}
+
+void CGridHead::paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const
+{
+    if (!source_ || !rect.isValid())
+        return;
+    painter->save();
+    painter->setClipRect(rect);
+    DrawHeadGround(*painter, rect);
+    if (orientation() == Qt::Horizontal) {
+        DrawHead(*painter, rect, source_->Head(logicalIndex + 1, focusRow_),
+                 source_->HeadColor(logicalIndex + 1, focusRow_));
+    } else {
+        painter->setPen(QColor::fromRgba(kText));
+        const QRect inner = rect.adjusted(kPadding, 0, -kPadding - 1, -1);
+        const QString number =
+            painter->fontMetrics().elidedText(source_->RowNumber(logicalIndex + 1), Qt::ElideRight, inner.width());
+        painter->drawText(inner, int(Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine), number);
+    }
+    painter->restore();
+}
+
+CGridCorner::CGridCorner(QWidget* parent)
+    : QWidget(parent)
+{
+}
+
+void CGridCorner::SetText(const QString& text)
+{
+    text_ = text;
+    update();
+}
+
+void CGridCorner::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    DrawHeadGround(painter, rect());
+    DrawHead(painter, rect(), text_, {});
+}
+
+void CGridCorner::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        emit clicked();
+}
+
+} // namespace sbd

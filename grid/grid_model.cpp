@@ -1,0 +1,82 @@
+#include "grid/grid_model.h"
+
+namespace sbd {
+
+CGridModel::CGridModel(QObject* parent)
+    : QAbstractTableModel(parent)
+{
+}
+
+void CGridModel::SetSource(CGridSource* source)
+{
+    beginResetModel();
+    source_ = source;
+    rows_ = source ? source->RowCount() : 0;
+    columns_ = source ? source->ColumnCount() : 0;
+    endResetModel();
+}
+
+void CGridModel::Show(GridEffect effect, GridCell cell)
+{
+    if (effect == GridEffect::None || !source_)
+        return;
+    if (effect == GridEffect::Cell) {
+        const QModelIndex changed = IndexOf(cell);
+        emit dataChanged(changed, changed);
+        return;
+    }
+    const int rows = source_->RowCount();
+    if (rows > rows_) {
+        beginInsertRows({}, rows_, rows - 1);
+        rows_ = rows;
+        endInsertRows();
+    }
+    if (rows_ > 0 && columns_ > 0) {
+        emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
+        emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
+    }
+}
+
+int CGridModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : rows_;
+}
+
+int CGridModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : columns_;
+}
+
+QVariant CGridModel::data(const QModelIndex& index, int role) const
+{
+    if (!source_ || !index.isValid())
+        return {};
+    const GridCell cell = CellOf(index);
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return source_->Text(cell.row, cell.column);
+    case Qt::TextAlignmentRole:
+        return int(Qt::AlignVCenter | (source_->IsRightAligned(cell.row, cell.column) ? Qt::AlignRight : Qt::AlignLeft));
+    default:
+        return {};
+    }
+}
+
+QVariant CGridModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (!source_ || role != Qt::DisplayRole)
+        return {};
+    return orientation == Qt::Horizontal ? source_->Head(section + 1, 0) : source_->RowNumber(section + 1);
+}
+
+Qt::ItemFlags CGridModel::flags(const QModelIndex& index) const
+{
+    if (!source_ || !index.isValid())
+        return Qt::NoItemFlags;
+    const GridCell cell = CellOf(index);
+    const Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
+    return source_->IsEditable(cell.row, cell.column) ? flags | Qt::ItemIsEditable : flags;
+}
+
+} // namespace sbd

@@ -1,0 +1,79 @@
+// What a grid shows: the interface between the grid control and whoever has the cells.
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace sbd {
+
+/// A cell of the grid; rows and columns count from 1 behind the head row and the row numbers.
+struct GridCell {
+    int row = 0;
+    int column = 0;
+    friend bool operator==(const GridCell&, const GridCell&) = default;
+};
+
+/// A rectangle of cells, bounds included.
+struct GridRange {
+    int top = 0;
+    int left = 0;
+    int bottom = 0;
+    int right = 0;
+};
+
+/// What the grid must show again after cells were set.
+enum class GridEffect {
+    None,
+    Cell, ///< the cell itself
+    All,  ///< any cell, any head, the number of rows
+};
+
+/// The cells of a grid. Column 0 holds the row numbers; its head stands in the corner.
+class CGridSource {
+public:
+    virtual ~CGridSource() = default;
+
+    [[nodiscard]] virtual int RowCount() const = 0;
+    /// The last row that holds anything, for the key that goes to the end.
+    [[nodiscard]] virtual int UsedRows() const = 0;
+    /// Columns without the row numbers.
+    [[nodiscard]] virtual int ColumnCount() const = 0;
+
+    /// Pixels, column 0 included.
+    [[nodiscard]] virtual int ColumnWidth(int column) const = 0;
+    [[nodiscard]] virtual int HeadHeight() const = 0;
+    /// Head of a column, 0 included, while the focus is in `focusRow` (0: nowhere).
+    [[nodiscard]] virtual QString Head(int column, int focusRow) const = 0;
+    /// An invalid colour is the default.
+    [[nodiscard]] virtual QColor HeadColor(int column, int focusRow) const = 0;
+
+    [[nodiscard]] virtual QString RowNumber(int row) const = 0;
+    /// Lines that the texts of a row need.
+    [[nodiscard]] virtual int RowLines(int row) const = 0;
+    [[nodiscard]] virtual QString Text(int row, int column) const = 0;
+    [[nodiscard]] virtual bool HasWords(int row, int column) const = 0;
+    [[nodiscard]] virtual QStringList Words(int row, int column) const = 0;
+    /// Shown grey; not editable.
+    [[nodiscard]] virtual bool IsLocked(int row, int column) const = 0;
+    [[nodiscard]] virtual bool IsEditable(int row, int column) const = 0;
+    /// An invalid colour is the default.
+    [[nodiscard]] virtual QColor TextColor(int row, int column) const = 0;
+    [[nodiscard]] virtual bool IsRightAligned(int row, int column) const = 0;
+
+    /// The first character of `text` that the cells cannot hold.
+    [[nodiscard]] virtual std::optional<QString> RefusedCharacter(const QString& text) const = 0;
+
+    virtual GridEffect SetText(int row, int column, const QString& text) = 0;
+    /// Empties the cells that take text.
+    virtual GridEffect Clear(const GridRange& range) = 0;
+    [[nodiscard]] virtual QString Copy(const GridRange& range) const = 0;
+    /// Fills cells from (row, column) on; `filled` tells which.
+    virtual GridEffect Paste(int row, int column, const QString& text, GridRange* filled) = 0;
+    /// Takes back the last step; the cell where it was done.
+    virtual std::optional<GridCell> Undo() = 0;
+};
+
+} // namespace sbd

@@ -1,0 +1,62 @@
+// Where the bytes of a result file come from: the file, or memory.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <utility>
+
+namespace sbd {
+
+/// Bytes that are read once, from the front to the end.
+class ByteSource {
+public:
+    ByteSource() = default;
+    ByteSource(const ByteSource&) = delete;
+    ByteSource& operator=(const ByteSource&) = delete;
+    virtual ~ByteSource() = default;
+
+    /// Bytes in all; the source never gives more.
+    [[nodiscard]] virtual std::uint64_t Size() const = 0;
+    /// Fills `into` with the next bytes; gives how many came, fewer only at the end or when reading fails.
+    [[nodiscard]] virtual std::size_t Read(std::span<std::byte> into) = 0;
+};
+
+/// A regular file. Folders, pipes and devices do not open: they have no size that could bound what is read.
+class FileSource final : public ByteSource {
+public:
+    /// Null if the file is not there or cannot be read.
+    [[nodiscard]] static std::unique_ptr<FileSource> Open(const std::filesystem::path& path);
+
+    [[nodiscard]] std::uint64_t Size() const override { return size_; }
+    [[nodiscard]] std::size_t Read(std::span<std::byte> into) override;
+
+private:
+    struct CloseFile {
+        void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+    using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
+
+    FileSource(FileHandle file, std::uint64_t size) : file_(std::move(file)), size_(size) {}
+
+    FileHandle file_;
+    std::uint64_t size_;
+};
+
+/// Bytes in memory, which must outlive the source.
+class MemorySource final : public ByteSource {
+public:
+    explicit MemorySource(std::span<const std::byte> bytes) : left_(bytes), size_(bytes.size()) {}
+
+    [[nodiscard]] std::uint64_t Size() const override { return size_; }
+    [[nodiscard]] std::size_t Read(std::span<std::byte> into) override;
+
+private:
+    std::span<const std::byte> left_;
+    std::uint64_t size_;
+};
+
+} // namespace sbd

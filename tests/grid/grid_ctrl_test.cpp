@@ -1,0 +1,556 @@
+#include "grid/grid_ctrl.h"
+
+#include "grid/cell_editor.h"
+#include "grid/grid_delegate.h"
+#include "grid/grid_model.h"
+#include "grid/grid_style.h"
+#include "tests/grid/table_source.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
+#include <QCompleter>
+#include <QElapsedTimer>
+#include <QHeaderView>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+using test::CTableSource;
+
+class GridCtrlTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<CTableSource> source_;
+    std::unique_ptr<CGridCtrl> grid_;
+    QStringList messages_;
+
+    [[nodiscard]] QWidget* Editor() const { return grid_->IsEditing() ? grid_->indexWidget(grid_->currentIndex()) : nullptr; }
+    [[nodiscard]] CCellCombo* Combo() const { return qobject_cast<CCellCombo*>(Editor()); }
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(QApplication::focusWidget(), key, modifiers); }
+    void Type(const QString& text)
+    {
+        for (const QChar c : text) // the first key moves the focus to the editor
+            QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
+    }
+    [[nodiscard]] QString Cell(int row, int column) const { return source_->cells[std::size_t(row) - 1][std::size_t(column) - 1]; }
+    [[nodiscard]] QPoint Middle(int row, int column) const
+    {
+        return grid_->visualRect(grid_->model()->index(row - 1, column - 1)).center();
+    }
+
+private slots:
+    void init();
+    void cleanup();
+
+    void TypingBeginsAnEditThatReplacesTheText();
+    void F2AndADoubleClickKeepTheText();
+    void BackspaceBeginsWithAnEmptyCell();
+    void EnterAndTabEndTheEditAndGoOn();
+    void EscGivesTheEditUp();
+    void ArrowsLeaveAnEditThatTypingBegan();
+    void ArrowsStayInAnEditThatF2Began();
+    void EnterAndTabMoveWithoutAnEdit();
+    void LockedCellsDoNotOpen();
+    void ClickingElsewhereTakesTheText();
+    void SignalsTellTheCellLeftAndTheCellEntered();
+    void AltDownOpensTheList();
+    void AWordFromTheListIsTakenAtOnce();
+    void TheButtonOfTheFocusedCellOpensTheList();
+    void TypingOffersWordsButPutsNoneIntoTheText();
+    void AnOfferedWordIsTakenWithDownAndEnter();
+    void AnyTextMayBeTypedBesideAList();
+    void ArrowsInAListCellDoNotChangeItUnseen();
+    void ARefusedCharacterIsToldAndTheTextStaysInTheEditor();
+    void ARefusedTextIsNotLostWhenAnotherCellIsClicked();
+    void ARefusedTextIsToldWhenTheGridIsCommitted();
+    void DeleteClearsTheSelectedCells();
+    void CopyAndPasteGoThroughTheClipboard();
+    void PasteOfARefusedCharacterPutsNothing();
+    void PasteBelowTheLastRowShowsTheNewRows();
+    void KeysOfTheGridAreNotTakenByTheWindow();
+    void CommitTakesAnOpenEditor();
+    void ControlArrowsJumpOverFilledCells();
+    void ControlHomeAndEndGoToTheCorners();
+    void ShiftArrowsSelectABlock();
+    void TheHeadKeepsItsHeightAndTheRowNumbersTheirWidth();
+    void ARowOfTwoLinesIsTaller();
+    void TheFocusedRowIsGreenAndLockedCellsAreGrey();
+    void TenThousandRowsAreShownWithoutReadingThemAll();
+    void KeyboardFocusComesToTheFirstCellThatTakesText();
+};
+
+void GridCtrlTest::init()
+{
+    source_ = std::make_unique<CTableSource>(60, 6);
+    for (int row = 1; row <= 5; ++row)
+        for (int column = 1; column <= 3; ++column)
+            source_->SetText(row, column, u"%1%2"_s.arg(QChar(u'a' + column - 1)).arg(row));
+    source_->words[3] = {u"SM400"_s, u"SM490Y"_s, u"SS400"_s, u"等間隔"_s};
+    grid_ = std::make_unique<CGridCtrl>();
+    messages_.clear();
+    grid_->showMessage = [this](const QString& message) { messages_ << message; };
+    grid_->SetSource(source_.get());
+    grid_->resize(640, 400);
+    grid_->show();
+    QVERIFY(QTest::qWaitForWindowActive(grid_.get()));
+    grid_->setFocus();
+    grid_->SetFocusCell(2, 2);
+}
+
+void GridCtrlTest::cleanup()
+{
+    grid_.reset();
+    source_.reset();
+}
+
+void GridCtrlTest::TypingBeginsAnEditThatReplacesTheText()
+{
+    Type(u"xy"_s);
+    QVERIFY(grid_->IsEditing());
+    QCOMPARE(EditorText(Editor()), u"xy"_s);
+    QCOMPARE(Cell(2, 2), u"b2"_s);
+    Key(Qt::Key_Return);
+    QCOMPARE(Cell(2, 2), u"xy"_s);
+}
+
+void GridCtrlTest::F2AndADoubleClickKeepTheText()
+{
+    Key(Qt::Key_F2);
+    QCOMPARE(EditorText(Editor()), u"b2"_s);
+    Key(Qt::Key_Escape);
+    QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {}, Middle(4, 1));
+    QTest::mouseDClick(grid_->viewport(), Qt::LeftButton, {}, Middle(4, 1));
+    QVERIFY(grid_->IsEditing());
+    QCOMPARE(EditorText(Editor()), u"a4"_s);
+}
+
+void GridCtrlTest::BackspaceBeginsWithAnEmptyCell()
+{
+    Key(Qt::Key_Backspace);
+    QVERIFY(grid_->IsEditing());
+    QCOMPARE(EditorText(Editor()), QString());
+    Key(Qt::Key_Return);
+    QCOMPARE(Cell(2, 2), QString());
+}
+
+void GridCtrlTest::EnterAndTabEndTheEditAndGoOn()
+{
+    Type(u"1"_s);
+    Key(Qt::Key_Return);
+    QCOMPARE(grid_->FocusCell(), (GridCell{3, 2}));
+    QVERIFY(!grid_->IsEditing());
+    Type(u"2"_s);
+    Key(Qt::Key_Tab);
+    QCOMPARE(grid_->FocusCell(), (GridCell{3, 3}));
+    Type(u"3"_s);
+    Key(Qt::Key_Tab, Qt::ShiftModifier);
+    QCOMPARE(grid_->FocusCell(), (GridCell{3, 2}));
+    Type(u"4"_s);
+    Key(Qt::Key_Return, Qt::ShiftModifier);
+    QCOMPARE(grid_->FocusCell(), (GridCell{2, 2}));
+    QCOMPARE(Cell(2, 2), u"1"_s);
+    QCOMPARE(Cell(3, 2), u"4"_s);
+    QCOMPARE(Cell(3, 3), u"3"_s);
+}
+
+void GridCtrlTest::EscGivesTheEditUp()
+{
+    Type(u"xy"_s);
+    Key(Qt::Key_Escape);
+    QVERIFY(!grid_->IsEditing());
+    QCOMPARE(Cell(2, 2), u"b2"_s);
+    QCOMPARE(grid_->FocusCell(), (GridCell{2, 2}));
+    QVERIFY(grid_->hasFocus());
+    grid_->SetFocusCell(2, 3); // a cell with a list
+    Type(u"X"_s);
+    Key(Qt::Key_Escape);
+    QVERIFY(!grid_->IsEditing());
+    QCOMPARE(Cell(2, 3), u"c2"_s);
+}
+
+void GridCtrlTest::ArrowsLeaveAnEditThatTypingBegan()
+{
+    Type(u"1"_s);
+    Key(Qt::Key_Right);
+    QCOMPARE(grid_->FocusCell(), (GridCell{2, 3}));
+    Type(u"Q"_s);
+    Key(Qt::Key_Down);
+    QCOMPARE(grid_->FocusCell(), (GridCell{3, 3}));
+    QCOMPARE(Cell(2, 2), u"1"_s);
+    QCOMPARE(Cell(2, 3), u"Q"_s);
+}
+
+void GridCtrlTest::ArrowsStayInAnEditThatF2Began()
+{
+    Key(Qt::Key_F2);
+    Key(Qt::Key_Left);
+    Key(Qt::Key_Right);
+    QVERIFY(grid_->IsEditing());
+    Type(u"!"_s);
+    Key(Qt::Key_Return);
+    QVERIFY(Cell(2, 2).contains(u'b') && Cell(2, 2).contains(u'!'));
+    Type(u"z"_s);
+    Key(Qt::Key_F2); // from now on the arrows belong to the text
+    Key(Qt::Key_Left);
+    QVERIFY(grid_->IsEditing());
+}
+
+void GridCtrlTest::EnterAndTabMoveWithoutAnEdit()
+{
+    Key(Qt::Key_Return);
+    QCOMPARE(grid_->FocusCell(), (GridCell{3, 2}));
+    Key(Qt::Key_Return, Qt::ShiftModifier);
+    Key(Qt::Key_Tab);
+    QCOMPARE(grid_->FocusCell(), (GridCell{2, 3}));
+    Key(Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(grid_->FocusCell(), (GridCell{2, 2}));
+}
+
+void GridCtrlTest::LockedCellsDoNotOpen()
+{
+    source_->locked.insert({2, 2});
+    Type(u"a"_s);
+    Key(Qt::Key_F2);
+    QTest::mouseDClick(grid_->viewport(), Qt::LeftButton, {}, Middle(2, 2));
+    QVERIFY(!grid_->IsEditing());
+    QCOMPARE(grid_->FocusCell(), (GridCell{2, 2}));
+    QCOMPARE(Cell(2, 2), u"b2"_s);
+}
+
+void GridCtrlTest::ClickingElsewhereTakesTheText()
+{
+    Type(u"xy"_s);
+    QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {}, Middle(4, 4));
+    QVERIFY(!grid_->IsEditing());
+    QCOMPARE(Cell(2, 2), u"xy"_s);
+    QCOMPARE(grid_->FocusCell(), (GridCell{4, 4}));
+}
+
+void GridCtrlTest::SignalsTellTheCellLeftAndTheCellEntered()
+{
+    QSignalSpy left(grid_.get(), &CGridCtrl::selectionChanging);
+    QSignalSpy entered(grid_.get(), &CGridCtrl::currentCellChanged);
+    QString seen;
+    connect(grid_.get(), &CGridCtrl::selectionChanging, this, [&](int row, int column) { seen = Cell(row, column); });
+    Type(u"n"_s);
+    Key(Qt::Key_Down);
+    QCOMPARE(left.size(), 1);
+    QCOMPARE(left[0], (QList<QVariant>{2, 2}));
+    QCOMPARE(entered[0], (QList<QVariant>{3, 2}));
+    QCOMPARE(seen, u"n"_s); // what was typed is there before the cell is left
+}
+
+void GridCtrlTest::AltDownOpensTheList()
+{
+    grid_->SetFocusCell(2, 3);
+    Key(Qt::Key_Down, Qt::AltModifier);
+    QVERIFY(Combo());
+    QTRY_VERIFY(Combo()->view()->isVisible());
+    QCOMPARE(Combo()->count(), 4);
+    Combo()->hidePopup();
+    Key(Qt::Key_Escape);
+    QVERIFY(!grid_->IsEditing());
+    grid_->SetFocusCell(2, 2);
+    Key(Qt::Key_Down, Qt::AltModifier);
+    QVERIFY(!grid_->IsEditing());
+}
+
+void GridCtrlTest::AWordFromTheListIsTakenAtOnce()
+{
+    QSignalSpy chosen(grid_.get(), &CGridCtrl::listChosen);
+    source_->SetText(2, 3, u"SM400"_s);
+    grid_->SetFocusCell(2, 3);
+    grid_->OpenList();
+    QTRY_VERIFY(Combo()->view()->isVisible());
+    QAbstractItemView* list = Combo()->view();
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Return);
+    QCOMPARE(Cell(2, 3), u"SM490Y"_s);
+    QVERIFY(!grid_->IsEditing());
+    QCOMPARE(grid_->FocusCell(), (GridCell{2, 3}));
+    QCOMPARE(chosen.size(), 1);
+}
+
+void GridCtrlTest::TheButtonOfTheFocusedCellOpensTheList()
+{
+    const QRect cell = grid_->visualRect(grid_->model()->index(1, 2));
+    const QPoint button = CGridDelegate::ButtonRect(cell).center();
+    QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {}, button);
+    QVERIFY(!grid_->IsEditing()); // the first click brings the focus
+    QTest::mousePress(grid_->viewport(), Qt::LeftButton, {}, button);
+    QVERIFY(Combo());
+    QTRY_VERIFY(Combo()->view()->isVisible());
+    Combo()->hidePopup();
+}
+
+void GridCtrlTest::TypingOffersWordsButPutsNoneIntoTheText()
+{
+    grid_->SetFocusCell(2, 3);
+    Type(u"sm4"_s);
+    QVERIFY(Combo());
+    QVERIFY(Combo()->OffersWords());
+    QCOMPARE(EditorText(Editor()), u"sm4"_s);
+    QTest::keyClick(Combo(), Qt::Key_Return);
+    QCOMPARE(Cell(2, 3), u"sm4"_s);
+    QCOMPARE(grid_->FocusCell(), (GridCell{3, 3}));
+}
+
+void GridCtrlTest::AnOfferedWordIsTakenWithDownAndEnter()
+{
+    grid_->SetFocusCell(2, 3);
+    Type(u"SM"_s);
+    QVERIFY(Combo()->OffersWords());
+    QAbstractItemView* offers = Combo()->findChild<QCompleter*>()->popup();
+    QTest::keyClick(offers, Qt::Key_Down);
+    QTest::keyClick(offers, Qt::Key_Down);
+    QCOMPARE(EditorText(Editor()), u"SM490Y"_s);
+    QTest::keyClick(offers, Qt::Key_Return);
+    QCOMPARE(Cell(2, 3), u"SM490Y"_s);
+    QCOMPARE(grid_->FocusCell(), (GridCell{3, 3}));
+}
+
+void GridCtrlTest::AnyTextMayBeTypedBesideAList()
+{
+    grid_->SetFocusCell(2, 3);
+    Type(u"12,14"_s);
+    QVERIFY(!Combo()->OffersWords());
+    Key(Qt::Key_Tab);
+    QCOMPARE(Cell(2, 3), u"12,14"_s);
+    QCOMPARE(grid_->FocusCell(), (GridCell{2, 4}));
+}
+
+void GridCtrlTest::ArrowsInAListCellDoNotChangeItUnseen()
+{
+    source_->SetText(2, 3, u"SM400"_s);
+    grid_->SetFocusCell(2, 3);
+    Key(Qt::Key_F2);
+    QTest::keyClick(Combo(), Qt::Key_PageDown);
+    QCOMPARE(EditorText(Editor()), u"SM400"_s);
+    QTest::keyClick(Combo(), Qt::Key_Down);
+    QTRY_VERIFY(Combo()->view()->isVisible());
+    QCOMPARE(Cell(2, 3), u"SM400"_s);
+    Combo()->hidePopup();
+}
+
+void GridCtrlTest::ARefusedCharacterIsToldAndTheTextStaysInTheEditor()
+{
+    Type(u"a"_s);
+    EditorLine(Editor())->insert(u"♥b"_s);
+    Key(Qt::Key_Return);
+    QTRY_COMPARE(messages_.size(), 1);
+    QVERIFY(messages_[0].startsWith(u"「♥」はこのシステムの文字コード（シフトJIS）にない文字です。"_s));
+    QCOMPARE(Cell(2, 2), u"b2"_s);
+    QCOMPARE(grid_->FocusCell(), (GridCell{2, 2}));
+    QTRY_VERIFY(grid_->IsEditing());
+    QCOMPARE(EditorText(Editor()), u"a♥b"_s);
+    QCOMPARE(EditorLine(Editor())->selectedText(), u"♥"_s);
+    Type(u"-"_s);
+    Key(Qt::Key_Return);
+    QCOMPARE(Cell(2, 2), u"a-b"_s);
+    QCOMPARE(messages_.size(), 1);
+}
+
+void GridCtrlTest::ARefusedTextIsNotLostWhenAnotherCellIsClicked()
+{
+    Key(Qt::Key_F2);
+    EditorLine(Editor())->setText(u"x♥"_s);
+    QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {}, Middle(4, 4));
+    QTRY_COMPARE(messages_.size(), 1);
+    QTRY_VERIFY(grid_->IsEditing());
+    QCOMPARE(grid_->FocusCell(), (GridCell{2, 2}));
+    QCOMPARE(EditorText(Editor()), u"x♥"_s);
+    QCOMPARE(Cell(2, 2), u"b2"_s);
+}
+
+void GridCtrlTest::ARefusedTextIsToldWhenTheGridIsCommitted()
+{
+    Key(Qt::Key_F2);
+    EditorLine(Editor())->setText(u"x♥"_s);
+    QVERIFY(!grid_->CommitEditor());
+    QCOMPARE(messages_.size(), 1);
+    QVERIFY(grid_->IsEditing());
+    QCOMPARE(EditorText(Editor()), u"x♥"_s);
+    QTest::qWait(20);
+    QCOMPARE(messages_.size(), 1);
+}
+
+void GridCtrlTest::DeleteClearsTheSelectedCells()
+{
+    QSignalSpy changed(grid_.get(), &CGridCtrl::cellsChanged);
+    source_->locked.insert({3, 2});
+    Key(Qt::Key_Down, Qt::ShiftModifier);
+    Key(Qt::Key_Right, Qt::ShiftModifier);
+    Key(Qt::Key_Delete);
+    QCOMPARE(Cell(2, 2), QString());
+    QCOMPARE(Cell(2, 3), QString());
+    QCOMPARE(Cell(3, 2), u"b3"_s);
+    QCOMPARE(Cell(3, 3), QString());
+    QCOMPARE(Cell(4, 2), u"b4"_s);
+    QCOMPARE(changed.size(), 1);
+}
+
+void GridCtrlTest::CopyAndPasteGoThroughTheClipboard()
+{
+    grid_->SetFocusCell(1, 1);
+    Key(Qt::Key_Down, Qt::ShiftModifier);
+    Key(Qt::Key_Right, Qt::ShiftModifier);
+    Key(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), u"a1\tb1\na2\tb2"_s);
+    grid_->SetFocusCell(10, 4);
+    Key(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(Cell(11, 5), u"b2"_s);
+    QCOMPARE(grid_->FocusCell(), (GridCell{10, 4}));
+    QCOMPARE(grid_->SelectedRange().bottom, 11);
+    QCOMPARE(grid_->SelectedRange().right, 5);
+    Key(Qt::Key_X, Qt::ControlModifier);
+    QCOMPARE(Cell(11, 5), QString());
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(source_->undone, 1);
+}
+
+void GridCtrlTest::PasteOfARefusedCharacterPutsNothing()
+{
+    QApplication::clipboard()->setText(u"1\t♥"_s);
+    Key(Qt::Key_Insert, Qt::ShiftModifier);
+    QCOMPARE(messages_.size(), 1);
+    QVERIFY(messages_[0].contains(u"貼り付けは行いませんでした"_s));
+    QCOMPARE(Cell(2, 2), u"b2"_s);
+}
+
+void GridCtrlTest::PasteBelowTheLastRowShowsTheNewRows()
+{
+    QApplication::clipboard()->setText(u"1\n2\n3"_s);
+    grid_->SetFocusCell(60, 1);
+    Key(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(grid_->model()->rowCount(), 62);
+    QCOMPARE(grid_->model()->index(61, 0).data().toString(), u"3"_s);
+}
+
+void GridCtrlTest::KeysOfTheGridAreNotTakenByTheWindow()
+{
+    for (const QKeySequence& keys : {QKeySequence(Qt::Key_Delete), QKeySequence(QKeySequence::Copy)}) {
+        QKeyEvent event(QEvent::ShortcutOverride, keys[0].key(), keys[0].keyboardModifiers());
+        event.ignore();
+        QApplication::sendEvent(grid_.get(), &event);
+        QVERIFY(event.isAccepted());
+    }
+}
+
+void GridCtrlTest::CommitTakesAnOpenEditor()
+{
+    Type(u"half"_s);
+    QVERIFY(grid_->CommitEditor());
+    QCOMPARE(Cell(2, 2), u"half"_s);
+    QVERIFY(!grid_->IsEditing());
+    QVERIFY(grid_->CommitEditor());
+}
+
+void GridCtrlTest::ControlArrowsJumpOverFilledCells()
+{
+    Key(Qt::Key_Down, Qt::ControlModifier);
+    QCOMPARE(grid_->FocusCell(), (GridCell{5, 2}));
+    source_->SetText(20, 2, u"far"_s);
+    Key(Qt::Key_Down, Qt::ControlModifier);
+    QCOMPARE(grid_->FocusCell(), (GridCell{20, 2}));
+    Key(Qt::Key_Up, Qt::ControlModifier);
+    QCOMPARE(grid_->FocusCell(), (GridCell{5, 2}));
+    Key(Qt::Key_Right, Qt::ControlModifier);
+    QCOMPARE(grid_->FocusCell(), (GridCell{5, 3}));
+    Key(Qt::Key_Left, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(grid_->FocusCell(), (GridCell{5, 1}));
+    QCOMPARE(grid_->SelectedRange().right, 3);
+}
+
+void GridCtrlTest::ControlHomeAndEndGoToTheCorners()
+{
+    Key(Qt::Key_End, Qt::ControlModifier);
+    QCOMPARE(grid_->FocusCell(), (GridCell{5, 6})); // the last row that holds anything
+    Key(Qt::Key_Home, Qt::ControlModifier);
+    QCOMPARE(grid_->FocusCell(), (GridCell{1, 1}));
+    Key(Qt::Key_End);
+    QCOMPARE(grid_->FocusCell(), (GridCell{1, 6}));
+    Key(Qt::Key_Home);
+    QCOMPARE(grid_->FocusCell(), (GridCell{1, 1}));
+}
+
+void GridCtrlTest::ShiftArrowsSelectABlock()
+{
+    Key(Qt::Key_Down, Qt::ShiftModifier);
+    Key(Qt::Key_Down, Qt::ShiftModifier);
+    Key(Qt::Key_Left, Qt::ShiftModifier);
+    const GridRange range = grid_->SelectedRange();
+    QCOMPARE(range.top, 2);
+    QCOMPARE(range.bottom, 4);
+    QCOMPARE(range.left, 1);
+    QCOMPARE(range.right, 2);
+}
+
+void GridCtrlTest::TheHeadKeepsItsHeightAndTheRowNumbersTheirWidth()
+{
+    QCOMPARE(grid_->horizontalHeader()->height(), 30);
+    QCOMPARE(grid_->verticalHeader()->width(), 35);
+    QCOMPARE(grid_->columnWidth(0), 90);
+    QCOMPARE(grid_->rowHeight(0), gridstyle::kRowHeight);
+    grid_->SetRowHeight(24);
+    QCOMPARE(grid_->rowHeight(7), 24);
+}
+
+void GridCtrlTest::ARowOfTwoLinesIsTaller()
+{
+    source_->tallRow = 4;
+    grid_->ShowAll();
+    QVERIFY(grid_->rowHeight(3) >= 2 * grid_->fontMetrics().height());
+    source_->tallRow = 0;
+    grid_->ShowAll();
+    QCOMPARE(grid_->rowHeight(3), gridstyle::kRowHeight);
+}
+
+void GridCtrlTest::TheFocusedRowIsGreenAndLockedCellsAreGrey()
+{
+    source_->locked.insert({4, 4});
+    const QImage image = grid_->viewport()->grab().toImage();
+    const auto ground = [&](int row, int column) {
+        const QRect rect = grid_->visualRect(grid_->model()->index(row - 1, column - 1));
+        return image.pixelColor(rect.right() - 4, rect.top() + 3).rgb();
+    };
+    QCOMPARE(ground(2, 4), gridstyle::kFocusRow);
+    QCOMPARE(ground(2, 2), gridstyle::kCell);
+    QCOMPARE(ground(3, 1), gridstyle::kLabelBesideFocus);
+    QCOMPARE(ground(3, 4), gridstyle::kCell);
+    QCOMPARE(ground(4, 4), gridstyle::kLocked);
+}
+
+void GridCtrlTest::TenThousandRowsAreShownWithoutReadingThemAll()
+{
+    CTableSource large(10000, 20);
+    large.textsAsked = 0;
+    grid_->SetSource(&large);
+    grid_->grab();
+    QVERIFY2(large.textsAsked < 5000, qPrintable(u"%1 texts"_s.arg(large.textsAsked)));
+    QElapsedTimer clock;
+    clock.start();
+    grid_->SetFocusCell(9999, 3);
+    grid_->grab();
+    QVERIFY(large.textsAsked < 10000);
+    QVERIFY2(clock.elapsed() < 1000, qPrintable(u"%1 ms"_s.arg(clock.elapsed())));
+    grid_->SetSource(nullptr);
+}
+
+void GridCtrlTest::KeyboardFocusComesToTheFirstCellThatTakesText()
+{
+    source_->locked.insert({1, 1});
+    grid_->SetSource(source_.get());
+    grid_->clearFocus();
+    QCOMPARE(grid_->FocusCell().row, 0);
+    grid_->setFocus(Qt::TabFocusReason);
+    QCOMPARE(grid_->FocusCell(), (GridCell{1, 2}));
+}
+
+} // namespace sbd
+
+QTEST_MAIN(sbd::GridCtrlTest)
+#include "grid_ctrl_test.moc"

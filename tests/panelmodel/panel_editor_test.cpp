@@ -1,0 +1,215 @@
+#include "panelmodel/panel_editor.h"
+#include "tests/panelmodel/panel_fixture.h"
+#include "tests/seed.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace sbd {
+namespace {
+
+using namespace test;
+using ::testing::ElementsAre;
+
+class PanelEditor : public ::testing::Test {
+protected:
+    PanelEditor()
+    {
+        AddRow(data_, 305, {"G1", "W1", "W2"});
+        AddRow(data_, 305, {"G2", "W3", "W4"});
+        AddRow(data_, 305, {"G3", "W5", "W6"});
+        panel_ = MakePanelModel(data_, 305);
+        editor_ = std::make_unique<CPanelEditor>(*panel_);
+    }
+
+    CSbdData data_;
+    std::unique_ptr<CPanelModel> panel_;
+    std::unique_ptr<CPanelEditor> editor_;
+};
+
+TEST_F(PanelEditor, UndoTakesBackOneEditAtATime)
+{
+    editor_->SetCell(1, 2, "A");
+    editor_->SetCell(2, 3, "B");
+    const std::optional<UndoOutcome> outcome = editor_->Undo();
+    ASSERT_TRUE(outcome);
+    EXPECT_EQ(outcome->place, (CellPlace{2, 3}));
+    EXPECT_EQ(Text(*panel_, 2, 3), "W4");
+    EXPECT_EQ(Text(*panel_, 1, 2), "A");
+    editor_->Undo();
+    EXPECT_EQ(Text(*panel_, 1, 2), "W1");
+    EXPECT_FALSE(editor_->Undo());
+}
+
+TEST_F(PanelEditor, AnEditThatChangesNothingIsNoStep)
+{
+    editor_->SetCell(1, 2, "W1");
+    EXPECT_FALSE(editor_->CanUndo());
+}
+
+TEST_F(PanelEditor, CopyDividesByTabsAndLineFeeds)
+{
+    EXPECT_EQ(editor_->Copy({1, 1, 2, 3}), "G1\tW1\tW2\nG2\tW3\tW4");
+}
+
+TEST_F(PanelEditor, PasteFillsToTheRightAndDownward)
+{
+    editor_->Paste(2, 2, "a\tb\r\nc\td\r\n");
+    EXPECT_EQ(editor_->Copy({1, 1, 3, 4}), "G1\tW1\tW2\t\nG2\ta\tb\t\nG3\tc\td\t");
+    editor_->Undo();
+    EXPECT_EQ(editor_->Copy({2, 2, 3, 3}), "W3\tW4\nW5\tW6") << "one undo takes back the whole paste";
+}
+
+TEST_F(PanelEditor, PasteBeyondTheLastColumnIsCutAndBeyondTheLastRowGrows)
+{
+    const int rows = panel_->GridRows();
+    editor_->Paste(rows, 5, "x\ty\nz");
+    EXPECT_EQ(panel_->GridRows(), rows + 1);
+    EXPECT_EQ(Text(*panel_, rows, 5), "x");
+    EXPECT_EQ(Text(*panel_, rows + 1, 5), "z");
+    EXPECT_EQ(editor_->PasteRange(rows, 5, "x\ty\nz"), (CellRange{rows, 5, rows + 1, 5}));
+}
+
+TEST_F(PanelEditor, PasteAndDeletePassOverCellsThatTakeNothing)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 331);
+    CPanelEditor editor(*panel);
+    editor.Paste(1, 1, "x\tNO\ty");
+    EXPECT_EQ(Text(*panel, 1, 1), "自動計算(YES_NO)");
+    EXPECT_EQ(Text(*panel, 1, 2), "NO");
+    EXPECT_EQ(Text(*panel, 1, 3), " (301の");
+    editor.Clear({1, 1, 1, 11});
+    EXPECT_EQ(Text(*panel, 1, 1), "自動計算(YES_NO)");
+    EXPECT_EQ(Text(*panel, 1, 2), "");
+}
+
+TEST_F(PanelEditor, DeleteIsTakenBackAsAWhole)
+{
+    EXPECT_EQ(editor_->Clear({1, 1, 3, 5}), CellEffect::Panel);
+    panel_->Commit();
+    EXPECT_EQ(data_.RowCount(305), 0U);
+    editor_->Undo();
+    panel_->Commit();
+    EXPECT_EQ(data_.RowCount(305), 3U);
+    EXPECT_FALSE(panel_->IsChanged());
+}
+
+TEST_F(PanelEditor, RowsMoveAndComeBack)
+{
+    EXPECT_FALSE(editor_->MoveUp(1));
+    EXPECT_TRUE(editor_->MoveUp(2));
+    EXPECT_EQ(Text(*panel_, 1, 1), "G2");
+    EXPECT_TRUE(editor_->MoveDown(1));
+    EXPECT_EQ(Text(*panel_, 1, 1), "G1");
+    EXPECT_FALSE(editor_->MoveDown(panel_->GridRows()));
+    editor_->Undo();
+    editor_->Undo();
+    panel_->Commit();
+    EXPECT_FALSE(panel_->IsChanged());
+}
+
+TEST_F(PanelEditor, AnInsertedRowPushesTheOthersDown)
+{
+    const int rows = panel_->GridRows();
+    EXPECT_TRUE(editor_->InsertRow(2));
+    EXPECT_EQ(Text(*panel_, 2, 1), "");
+    EXPECT_EQ(Text(*panel_, 3, 1), "G2");
+    EXPECT_EQ(panel_->GridRows(), rows);
+    Set(*panel_, 2, 1, "G1a");
+    panel_->Commit();
+    EXPECT_EQ(Rows(data_, 305)[1][0], "G1a");
+    EXPECT_EQ(Rows(data_, 305)[3][0], "G3");
+}
+
+TEST_F(PanelEditor, NoDataRowMovesOverTheAutomaticRow)
+{
+    CSbdData data;
+    AddRow(data, 314, {"自動計算(YES_NO)", "YES"});
+    AddRow(data, 314, {"G1", "G2"});
+    const auto panel = MakePanelModel(data, 314);
+    CPanelEditor editor(*panel);
+    EXPECT_FALSE(editor.MoveUp(1));
+    EXPECT_FALSE(editor.MoveDown(1));
+    EXPECT_FALSE(editor.InsertRow(1));
+    EXPECT_FALSE(editor.MoveUp(2));
+    EXPECT_TRUE(editor.MoveDown(2));
+}
+
+TEST_F(PanelEditor, OptionRowsDoNotMove)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 301);
+    CPanelEditor editor(*panel);
+    EXPECT_FALSE(editor.MoveDown(4));
+    EXPECT_FALSE(editor.InsertRow(4));
+}
+
+TEST_F(PanelEditor, OnlyTheLast1024StepsAreKept)
+{
+    for (int i = 0; i < 1100; ++i)
+        editor_->SetCell(1, 2, std::to_string(i));
+    int steps = 0;
+    while (editor_->Undo())
+        ++steps;
+    EXPECT_EQ(steps, 1024);
+    EXPECT_EQ(Text(*panel_, 1, 2), "75");
+}
+
+/// Whatever is done in whatever order: the data after every commit are the kept rows of the grid.
+class RandomPanelEditing : public RandomTest {};
+
+TEST_F(RandomPanelEditing, CommitsAlwaysGiveWhatWritingTheWholeGridGives)
+{
+    const auto pick = [this](int from, int to) { return from + static_cast<int>(UpTo(static_cast<std::size_t>(to - from))); };
+    CSbdData data;
+    for (int i = 0; i < 20; ++i)
+        AddRow(data, 305, {"G", "W", "W"});
+    const TableBlock opened = *data.Table(305);
+    const auto panel = MakePanelModel(data, 305);
+    CPanelEditor editor(*panel);
+    for (int step = 0; step < 600; ++step) {
+        const int row = pick(1, 30);
+        switch (pick(0, 7)) {
+        case 0:
+        case 1:
+            editor.SetCell(row, pick(1, 5), pick(0, 2) == 0 ? "" : std::to_string(pick(0, 9)));
+            break;
+        case 2:
+            editor.Clear({row, 1, row + pick(0, 25), pick(1, 5)});
+            break;
+        case 3:
+            editor.Paste(row, pick(1, 3), "a\tb\n\tc\nd");
+            break;
+        case 4:
+            editor.MoveUp(row);
+            break;
+        case 5:
+            editor.InsertRow(row);
+            break;
+        default:
+            editor.Undo();
+        }
+        if (pick(0, 1) == 0)
+            continue;
+        panel->Commit();
+        TableBlock expected;
+        expected.columns.resize(5);
+        for (int gridRow = 1; gridRow <= panel->GridRows(); ++gridRow) {
+            if (panel->Text(gridRow, 1).empty())
+                continue;
+            for (int column = 1; column <= 5; ++column)
+                expected.columns[static_cast<std::size_t>(column) - 1].Append(panel->Text(gridRow, column));
+        }
+        ASSERT_EQ(*data.Table(305), expected) << "step " << step;
+        ASSERT_EQ(panel->IsChanged(), !(expected == opened)) << "step " << step;
+    }
+    while (editor.Undo()) {
+    }
+    panel->Commit();
+    EXPECT_EQ(*data.Table(305), opened);
+    EXPECT_FALSE(panel->IsChanged());
+}
+
+} // namespace
+} // namespace sbd

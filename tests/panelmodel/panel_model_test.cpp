@@ -1,0 +1,536 @@
+#include "tests/panelmodel/panel_fixture.h"
+
+#include "project/catalogue.h"
+#include "project/option_rows.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace sbd {
+namespace {
+
+using namespace test;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+TEST(PanelModel, EveryNumberWithAGridPanelOpensAndShowsItsColumns)
+{
+    CSbdData data;
+    std::set<int> shown;
+    for (int number = 252; number <= 999; ++number) {
+        const int block = PanelBlock(number);
+        const std::unique_ptr<CPanelModel> panel = MakePanelModel(data, number);
+        ASSERT_EQ(panel != nullptr, block != 0) << number;
+        if (!panel)
+            continue;
+        EXPECT_EQ(panel->Block(), block) << number;
+        EXPECT_EQ(panel->ClassName(), PanelOfBlock(number)) << number;
+        EXPECT_GE(panel->SpareRows(), 50) << number;
+        shown.insert(block);
+        if (const PanelTable* table = FindPanelTable(block)) {
+            EXPECT_EQ(panel->ColumnCount(), static_cast<int>(table->columns.size())) << number;
+        } else if (const RecordPanel* record = FindRecordPanel(block)) {
+            EXPECT_EQ(panel->ColumnCount(), static_cast<int>(record->widths.size())) << number;
+        } else {
+            EXPECT_EQ(panel->ColumnCount(), 3) << number;
+            EXPECT_EQ(panel->BlockRows(), static_cast<int>(FindOptionBlock(block)->rows.size())) << number;
+        }
+    }
+    EXPECT_EQ(shown.size(), 198U + 17U + 5U);
+}
+
+TEST(PanelModel, NumbersWithoutAGridOpenNothing)
+{
+    CSbdData data;
+    for (const int number : {0, 253, 254, 255, 256, 300, 999, 1000})
+        EXPECT_EQ(MakePanelModel(data, number), nullptr) << number;
+}
+
+TEST(PanelModel, AliasesAndSharedClassesShowTheOtherBlock)
+{
+    EXPECT_EQ(PanelBlock(406), 713);
+    EXPECT_EQ(PanelBlock(567), 482);
+    EXPECT_EQ(PanelBlock(722), 702);
+    EXPECT_EQ(PanelBlock(361), 521);
+    EXPECT_EQ(PanelBlock(362), 531);
+    EXPECT_EQ(PanelBlock(363), 541);
+    EXPECT_EQ(PanelBlock(569), 521);
+    EXPECT_EQ(PanelBlock(570), 522);
+}
+
+TEST(PanelModel, LookingAtAnyPanelAndLeavingItChangesNothingOfALoadedProjectForTheUser)
+{
+    for (int number = 252; number <= 999; ++number) {
+        CSbdData data;
+        const std::unique_ptr<CPanelModel> panel = MakePanelModel(data, number);
+        if (!panel)
+            continue;
+        panel->Commit();
+        EXPECT_FALSE(panel->IsChanged()) << number;
+        EXPECT_THAT(panel->Commit(), IsEmpty()) << "a second commit wrote again: " << number;
+    }
+}
+
+TEST(PanelModel, CellsOutsideOfTheGridAreEmptyAndTakeNothing)
+{
+    for (const int number : {301, 313, 311, 324, 501}) {
+        CSbdData data;
+        const std::unique_ptr<CPanelModel> panel = MakePanelModel(data, number);
+        const int columns = panel->ColumnCount();
+        const std::pair<int, int> outside[] = {{0, 1}, {1, 0}, {-1, 2}, {1, columns}, {panel->GridRows() + 1, 1}};
+        for (const auto& [row, column] : outside) {
+            EXPECT_EQ(panel->Text(row, column), "");
+            EXPECT_TRUE(panel->IsLocked(row, column));
+            EXPECT_TRUE(panel->Words(row, column).empty());
+            EXPECT_EQ(panel->SetCell(row, column, "x"), CellEffect::None);
+        }
+    }
+}
+
+// --- option blocks -----------------------------------------------------------------------------------
+
+TEST(OptionPanel, AnEditReachesTheDataAtTheCommit)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 302);
+    EXPECT_EQ(Set(*panel, 6, 2, "12"), CellEffect::Cell);
+    EXPECT_NE(Option(data, 302, 6), "12");
+    EXPECT_THAT(panel->Commit(), Contains(ChangedRow{302, 5}));
+    EXPECT_EQ(Option(data, 302, 6), "12");
+}
+
+TEST(OptionPanel, LabelsAndSpareRowsTakeNothing)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 303);
+    EXPECT_TRUE(panel->IsLocked(4, 1));
+    EXPECT_EQ(Set(*panel, 4, 1, "x"), CellEffect::None);
+    EXPECT_EQ(panel->SpareRows(), 50);
+    EXPECT_EQ(Set(*panel, 33, 2, "x"), CellEffect::None);
+    panel->Commit();
+    EXPECT_EQ(data.RowCount(303), 32U);
+}
+
+TEST(OptionPanel, AValueThatIsDeletedLeavesItsRowEmpty)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 301);
+    Set(*panel, 2, 2, "");
+    panel->Commit();
+    EXPECT_EQ(Option(data, 301, 2), "");
+    EXPECT_EQ(data.RowCount(301), 36U);
+}
+
+TEST(OptionPanel, ChangingBackLeavesTheBlockUnchanged)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 302);
+    const std::string before = Text(*panel, 2, 2);
+    Set(*panel, 2, 2, "局部");
+    panel->Commit();
+    EXPECT_TRUE(panel->IsChanged());
+    Set(*panel, 2, 2, before);
+    panel->Commit();
+    EXPECT_FALSE(panel->IsChanged());
+}
+
+TEST(OptionPanel, AfterASaveTheSavedStateIsWhatCounts)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 302);
+    const std::string before = Text(*panel, 2, 2);
+    Set(*panel, 2, 2, "局部");
+    panel->Commit();
+    panel->TakeBaseline();
+    EXPECT_FALSE(panel->IsChanged());
+    Set(*panel, 2, 2, before);
+    EXPECT_TRUE(panel->IsChanged());
+}
+
+TEST(OptionPanel, PlainCellsHaveNoWordListButTheSameText)
+{
+    CSbdData data;
+    const auto lists = MakePanelModel(data, 301);
+    const auto plain = MakePanelModel(data, 301, {.wordLists = false});
+    EXPECT_THAT(Words(*lists, 2, 2), ElementsAre("YES", "NO", "自動"));
+    EXPECT_THAT(Words(*plain, 2, 2), IsEmpty());
+    EXPECT_EQ(plain->Text(2, 2), lists->Text(2, 2));
+}
+
+TEST(OptionPanel, LabelsGrowWithTheWidthModeAndValuesShrinkToTheirLimit)
+{
+    CSbdData data;
+    const auto widths = [&data](int mode) {
+        const auto panel = MakePanelModel(data, 301, {.rowWidthMode = mode});
+        return std::pair(panel->ColumnWidth(1), panel->ColumnWidth(2));
+    };
+    EXPECT_EQ(widths(0), std::pair(430, 330));
+    EXPECT_EQ(widths(150), std::pair(530, 480));
+    EXPECT_EQ(widths(-100), std::pair(430, 230));
+    EXPECT_EQ(widths(-1000), std::pair(430, 80));
+}
+
+TEST(OptionPanel, TheTypeOf301DecidesHeadsLabelsAndColours)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 301);
+    EXPECT_EQ(FromCp932(panel->Head(1)), "タイプ");
+    EXPECT_EQ(panel->TextColor(3, 2), kEmphasisColor);
+    EXPECT_EQ(panel->TextColor(9, 2), std::nullopt);
+    EXPECT_EQ(Set(*panel, 3, 2, "断面1のみ"), CellEffect::Panel);
+    EXPECT_EQ(FromCp932(panel->Head(1)), "タイプ\n301,302については，ピンク色の項目のみ入力必要");
+    EXPECT_EQ(panel->HeadColor(1), kMandatoryColor);
+    EXPECT_EQ(panel->TextColor(9, 2), kMandatoryColor);
+    EXPECT_EQ(panel->TextColor(22, 2), std::nullopt) << "rows 22 to 24 count for box girders alone";
+    EXPECT_EQ(Text(*panel, 14, 1), "格点曲率半径(単位m)");
+    EXPECT_EQ(panel->RowLines(19), 2);
+    EXPECT_EQ(FromCp932(panel->Head(2, 19)), "YES[NO]_上RIB数_下RIB数_上間隔_下間隔)");
+    EXPECT_EQ(FromCp932(panel->Head(2, 20)), "入力データ(YES[NO], Group数, 幅1,厚1,幅2,厚2,......)");
+    EXPECT_EQ(FromCp932(panel->Head(2, 5)), "入力データ");
+    Set(*panel, 3, 2, "縦桁");
+    EXPECT_EQ(FromCp932(panel->Head(1)), "タイプ\n３行目以外の入力は必要ありません．501及び640～669を入力して下さい");
+    EXPECT_EQ(panel->TextColor(9, 2), std::nullopt);
+}
+
+TEST(OptionPanel, The302HeadTellsWhatSingleSectionsNeed)
+{
+    CSbdData data;
+    SetOption(data, 301, 3, "断面1_2のみ");
+    const auto panel = MakePanelModel(data, 302);
+    EXPECT_EQ(FromCp932(panel->Head(1)), "タイプ(n301,302については，ピンク色の項目のみ入力必要)");
+    EXPECT_EQ(panel->TextColor(11, 1), kMandatoryColor);
+    EXPECT_EQ(panel->TextColor(12, 1), std::nullopt);
+}
+
+TEST(OptionPanel, StringerOptionsStandInATablePanel)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 640);
+    EXPECT_EQ(panel->ColumnCount(), 3);
+    EXPECT_EQ(panel->BlockRows(), 55);
+    Set(*panel, 1, 2, "2");
+    panel->Commit();
+    EXPECT_EQ(Option(data, 640, 1), "2");
+}
+
+// --- table blocks ------------------------------------------------------------------------------------
+
+TEST(TablePanel, AnEditReachesTheDataAtTheCommit)
+{
+    CSbdData data;
+    AddRow(data, 314, {"自動計算(YES_NO)", "YES"});
+    AddRow(data, 314, {"G1", "G2", "A1", "A2", "I桁", "200", "16", "SM400"});
+    const auto panel = MakePanelModel(data, 314);
+    Set(*panel, 2, 8, "SM490Y");
+    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{314, 1}));
+    EXPECT_THAT(Rows(data, 314)[1], ElementsAre("G1", "G2", "A1", "A2", "I桁", "200", "16", "SM490Y"));
+}
+
+TEST(TablePanel, ABlockWithoutRowsBeginsWithItsAutomaticRowAndStaysUnchanged)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 314);
+    EXPECT_EQ(panel->BlockRows(), 1);
+    EXPECT_EQ(Text(*panel, 1, 1), "自動計算(YES_NO)");
+    panel->Commit();
+    EXPECT_THAT(Rows(data, 314), ElementsAre(ElementsAre("自動計算(YES_NO)", "YES")));
+    EXPECT_FALSE(panel->IsChanged());
+}
+
+TEST(TablePanel, TheAutomaticRowOfANewBlockShowsTheSwitchOf301)
+{
+    CSbdData data;
+    SetOption(data, 301, 9, "NO");
+    const auto panel = MakePanelModel(data, 331);
+    EXPECT_EQ(Text(*panel, 1, 2), "NO");
+    panel->Commit();
+    EXPECT_EQ(Option(data, 301, 9), "NO") << "looking at 331 changed the switch";
+}
+
+TEST(TablePanel, BlocksWithoutAutomaticRowStartEmpty)
+{
+    CSbdData data;
+    for (const int block : {259, 291, 304, 305, 307, 312, 323, 329, 351, 354, 402, 405, 407, 412, 422}) {
+        const auto panel = MakePanelModel(data, block);
+        EXPECT_EQ(panel->BlockRows(), 0) << block;
+        EXPECT_TRUE(panel->IsEditable(1, 1)) << block;
+    }
+}
+
+TEST(TablePanel, TheAutomaticRowIsLockedBehindItsSwitch)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 331);
+    EXPECT_FALSE(panel->IsEditable(1, 1)) << "the word that makes the row automatic could be lost";
+    EXPECT_FALSE(panel->IsLocked(1, 1));
+    EXPECT_TRUE(panel->IsEditable(1, 2));
+    EXPECT_TRUE(panel->IsLocked(1, 3));
+    EXPECT_EQ(panel->TextColor(1, 3), kMandatoryColor);
+    EXPECT_EQ(Text(*panel, 1, 3), " (301の");
+    EXPECT_EQ(Text(*panel, 1, 7), "リンク");
+    EXPECT_THAT(Words(*panel, 1, 2), ElementsAre("YES", "NO"));
+    EXPECT_FALSE(panel->IsLocked(2, 3));
+}
+
+TEST(TablePanel, NameListsStandInTheWordLists)
+{
+    CSbdData data;
+    NameBridge(data);
+    const auto panel = MakePanelModel(data, 331);
+    EXPECT_THAT(Words(*panel, 2, 1), ElementsAre("G", "G1", "G2"));
+    EXPECT_THAT(Words(*panel, 30, 3), ElementsAre("SEC1", "SEC2"));
+}
+
+TEST(TablePanel, ARowAppearsWithItsFirstCellAndGoesWithIt)
+{
+    CSbdData data;
+    AddRow(data, 305, {"G1", "W1", "W2"});
+    AddRow(data, 305, {"G2", "W3", "W4"});
+    const auto panel = MakePanelModel(data, 305);
+    Set(*panel, 4, 2, "W7"); // row 4: no first cell yet
+    panel->Commit();
+    EXPECT_EQ(data.RowCount(305), 2U);
+    EXPECT_FALSE(panel->IsChanged());
+    Set(*panel, 4, 1, "G4");
+    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{305, -1}));
+    EXPECT_THAT(Rows(data, 305)[2], ElementsAre("G4", "W7"));
+    Set(*panel, 1, 1, "");
+    panel->Commit();
+    EXPECT_THAT(Rows(data, 305), ElementsAre(ElementsAre("G2", "W3", "W4"), ElementsAre("G4", "W7")));
+    EXPECT_EQ(Text(*panel, 1, 2), "W1") << "the row left the grid";
+    Set(*panel, 2, 2, "W9");
+    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{305, 0})) << "the row stands one higher in the data";
+    EXPECT_EQ(Rows(data, 305)[0][1], "W9");
+}
+
+TEST(TablePanel, TakingARowOutAndPuttingItBackLeavesTheBlockUnchanged)
+{
+    CSbdData data;
+    AddRow(data, 305, {"G1", "W1", "W2"});
+    AddRow(data, 305, {"G2", "W3", "W4"});
+    const auto panel = MakePanelModel(data, 305);
+    Set(*panel, 1, 1, "");
+    panel->Commit();
+    EXPECT_TRUE(panel->IsChanged());
+    Set(*panel, 1, 1, "G1");
+    panel->Commit();
+    EXPECT_FALSE(panel->IsChanged());
+    EXPECT_THAT(Rows(data, 305), ElementsAre(ElementsAre("G1", "W1", "W2"), ElementsAre("G2", "W3", "W4")));
+}
+
+TEST(TablePanel, RowsMovedInTheGridWithoutTextBetweenLeaveTheBlockUnchanged)
+{
+    CSbdData data;
+    AddRow(data, 305, {"G1", "W1", "W2"});
+    AddRow(data, 305, {"G2", "W3", "W4"});
+    const auto panel = MakePanelModel(data, 305);
+    panel->MoveRow(3, 2); // an empty row between the two: nothing to see in the data
+    panel->Commit();
+    EXPECT_EQ(Text(*panel, 3, 1), "G2");
+    EXPECT_FALSE(panel->IsChanged());
+    panel->MoveRow(3, 1);
+    panel->Commit();
+    EXPECT_TRUE(panel->IsChanged());
+    EXPECT_EQ(Rows(data, 305)[0][0], "G2");
+}
+
+TEST(TablePanel, AStoredRowWithoutFirstCellIsDroppedAndCounts)
+{
+    CSbdData data;
+    AddRow(data, 305, {"G1", "W1", "W2"});
+    AddRow(data, 305, {"", "W3"});
+    AddRow(data, 305, {"G3", "W5"});
+    const auto panel = MakePanelModel(data, 305);
+    panel->Commit();
+    EXPECT_THAT(Rows(data, 305), ElementsAre(ElementsAre("G1", "W1", "W2"), ElementsAre("G3", "W5")));
+    EXPECT_TRUE(panel->IsChanged());
+}
+
+TEST(TablePanel, ManyNewRowsAtOnceAreWrittenInOrder)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 305);
+    for (int row = 1; row <= 40; ++row)
+        Set(*panel, row, 1, "G" + std::to_string(row));
+    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{305, -1}));
+    ASSERT_EQ(data.RowCount(305), 40U);
+    EXPECT_EQ(Rows(data, 305)[39][0], "G40");
+    Set(*panel, 40, 2, "W");
+    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{305, 39}));
+}
+
+TEST(TablePanel, SectionHeadsFollowTheType)
+{
+    CSbdData data;
+    EXPECT_EQ(FromCp932(MakePanelModel(data, 331)->Head(1)), "主桁始");
+    SetOption(data, 301, 3, "断面1のみ");
+    EXPECT_EQ(FromCp932(MakePanelModel(data, 331)->Head(1)), "G(固定)");
+}
+
+TEST(TablePanel, LineNamesCarryTheControlRowInTheirRowNumber)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 412);
+    EXPECT_EQ(FromCp932(panel->RowNumber(1)), "自動計算(YES_NO)1");
+    EXPECT_EQ(FromCp932(panel->RowNumber(2)), "2");
+    EXPECT_THAT(Words(*panel, 1, 1), ElementsAre("YES", "NO"));
+}
+
+TEST(TablePanel, TheMethodOf321DecidesWhatTheColumnsMean)
+{
+    CSbdData data;
+    NameBridge(data);
+    AddRow(data, 321, {"最大継手長", "12"});
+    AddRow(data, 321, {"入力方法", "横桁と垂直補剛材より"});
+    AddRow(data, 321, {"J1", "I桁", "G1", "G2", "C1", "2", "0.5", "溶接継手"});
+    const auto panel = MakePanelModel(data, 321);
+    EXPECT_THAT(Words(*panel, 3, 5), ElementsAre("A1", "C1", "A2"));
+    EXPECT_THAT(Words(*panel, 3, 7), ElementsAre("CENTER"));
+    EXPECT_EQ(Set(*panel, 2, 2, "自動_継手長出力"), CellEffect::Panel);
+    EXPECT_THAT(Words(*panel, 3, 5), ElementsAre("終断面"));
+    EXPECT_TRUE(panel->IsLocked(3, 7));
+    EXPECT_TRUE(panel->IsLocked(20, 8));
+    EXPECT_EQ(Text(*panel, 3, 8), "");
+    panel->Commit();
+    EXPECT_THAT(Rows(data, 321)[2], ElementsAre("J1", "I桁", "G1", "G2", "C1", "2"));
+    Set(*panel, 2, 2, "横桁と垂直補剛材より");
+    panel->Commit();
+    EXPECT_THAT(Rows(data, 321)[2], ElementsAre("J1", "I桁", "G1", "G2", "C1", "2", "0.5", "溶接継手"))
+        << "trying the other method cost what had been typed";
+    EXPECT_FALSE(panel->IsChanged());
+}
+
+// --- links -------------------------------------------------------------------------------------------
+
+TEST(Links, ASharedOptionIsCopiedToAllItsPlaces)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 301);
+    Set(*panel, 17, 2, "東北");
+    const std::vector<ChangedRow> changed = panel->Commit();
+    EXPECT_EQ(Option(data, 521, 5), "東北");
+    EXPECT_EQ(Option(data, 721, 10), "東北");
+    EXPECT_EQ(Option(data, 701, 17), "東北");
+    EXPECT_THAT(changed, Contains(ChangedRow{521, 4}));
+    EXPECT_THAT(changed, Contains(ChangedRow{721, 9}));
+}
+
+TEST(Links, EachPlaceOfASharedOptionWritesTheOthers)
+{
+    CSbdData data;
+    const auto write = [&data](int block, int row, std::string_view text) {
+        const auto panel = MakePanelModel(data, block);
+        Set(*panel, row, 2, text);
+        panel->Commit();
+    };
+    write(521, 3, "横桁腹板");
+    EXPECT_EQ(Option(data, 301, 30), "横桁腹板");
+    write(521, 34, "NO");
+    EXPECT_EQ(Option(data, 302, 35), "NO");
+    write(303, 31, "NO");
+    EXPECT_EQ(Option(data, 521, 35), "NO");
+    write(721, 3, "合成桁");
+    EXPECT_EQ(Option(data, 301, 29), "合成桁");
+    write(401, 12, "なし");
+    EXPECT_EQ(Option(data, 701, 10), "なし");
+    EXPECT_EQ(Option(data, 721, 5), "なし");
+    write(721, 9, "すみ肉");
+    EXPECT_EQ(Option(data, 701, 14), "すみ肉");
+    EXPECT_EQ(Option(data, 401, 16), "すみ肉");
+}
+
+TEST(Links, ASwitchOf301SetsTheAutomaticRowsAndMakesThemWhereMissing)
+{
+    CSbdData data;
+    AddRow(data, 332, {"自動計算(YES_NO)", "YES", "keep"});
+    const auto panel = MakePanelModel(data, 301);
+    Set(*panel, 9, 2, "NO");
+    const std::vector<ChangedRow> changed = panel->Commit();
+    EXPECT_THAT(Rows(data, 331), ElementsAre(ElementsAre("自動計算(YES_NO)", "NO")));
+    EXPECT_THAT(Rows(data, 332), ElementsAre(ElementsAre("自動計算(YES_NO)", "NO", "keep")));
+    EXPECT_THAT(changed, Contains(ChangedRow{331, -1}));
+    EXPECT_THAT(changed, Contains(ChangedRow{332, 0}));
+}
+
+TEST(Links, AnAutomaticRowSetsTheSwitchAndItsSiblings)
+{
+    CSbdData data;
+    for (const int block : {341, 342, 343, 344})
+        AddRow(data, block, {"自動計算(YES_NO)", "YES"});
+    const auto panel = MakePanelModel(data, 343);
+    Set(*panel, 1, 2, "NO");
+    panel->Commit();
+    EXPECT_EQ(Option(data, 301, 10), "NO");
+    for (const int block : {341, 342, 343, 344})
+        EXPECT_EQ(Rows(data, block)[0][1], "NO") << block;
+}
+
+TEST(Links, AnEmptyAutomaticValueIsNotPassedOn)
+{
+    CSbdData data;
+    AddRow(data, 313, {"自動計算(YES_NO)", "NO_1"});
+    SetOption(data, 301, 12, "NO_1");
+    const auto panel = MakePanelModel(data, 313);
+    Set(*panel, 1, 2, "");
+    panel->Commit();
+    EXPECT_EQ(Option(data, 301, 12), "NO_1");
+}
+
+TEST(Links, TheRibPanelsShowAndSetTheirSwitchOf301)
+{
+    CSbdData data;
+    SetOption(data, 301, 19, "YES");
+    const auto panel = MakePanelModel(data, 325);
+    EXPECT_EQ(Text(*panel, 1, 2), "YES");
+    Set(*panel, 1, 2, "NO");
+    EXPECT_TRUE(panel->IsChanged());
+    panel->Commit();
+    EXPECT_EQ(Option(data, 301, 19), "NO");
+    EXPECT_EQ(Rows(data, 326)[0][1], "NO");
+    EXPECT_TRUE(data.lRibs.empty());
+}
+
+TEST(Links, TheFlangeTypesOf311Reach511And721)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 311);
+    Set(*panel, 1, 2, "桁高に含まない");
+    panel->Commit();
+    EXPECT_THAT(Rows(data, 511), ElementsAre(ElementsAre("自動計算(YES_NO)", "YES"),
+                                             ElementsAre("上FLG厚を主桁高に含むか", "NO"),
+                                             ElementsAre("下FLG厚を主桁高に含むか", "YES")));
+    EXPECT_EQ(Option(data, 721, 1), "NO");
+    EXPECT_EQ(Option(data, 721, 2), "YES");
+    const auto box = MakePanelModel(data, 721);
+    Set(*box, 2, 2, "NO");
+    box->Commit();
+    EXPECT_EQ(Rows(data, 511)[2][1], "NO");
+}
+
+// --- size --------------------------------------------------------------------------------------------
+
+TEST(TablePanel, AnEditInABlockOfTenThousandRowsWritesOneRow)
+{
+    CSbdData data;
+    AddRow(data, 313, {"自動計算(YES_NO)", "YES_1"});
+    SetOption(data, 301, 12, "YES_1");
+    for (int row = 1; row < 10000; ++row)
+        AddRow(data, 313, {"G1", "G2", "A1", "A2", "I桁", "130", "10", "3", "等間隔"});
+    const auto panel = MakePanelModel(data, 313);
+    EXPECT_EQ(panel->BlockRows(), 10000);
+    EXPECT_EQ(panel->SpareRows(), 50);
+    EXPECT_THAT(panel->Commit(), IsEmpty());
+    Set(*panel, 5000, 6, "140");
+    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{313, 4999}));
+    EXPECT_TRUE(panel->IsChanged());
+    Set(*panel, 5000, 6, "130");
+    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{313, 4999}));
+    EXPECT_FALSE(panel->IsChanged());
+}
+
+} // namespace
+} // namespace sbd
