@@ -4,16 +4,20 @@
 
 #include <QApplication>
 #include <QImageWriter>
-#include <QPixmap>
 
 namespace sbd {
 
 using namespace Qt::StringLiterals;
 
-QString TakeScreenshot(CMainFrame& frame, QSize size, const QString& path)
+void ShowInSize(CMainFrame& frame, QSize size)
 {
     frame.resize(size);
     frame.show();
+    QApplication::processEvents();
+}
+
+QString TakeScreenshot(CMainFrame& frame, const QString& path)
+{
     QApplication::processEvents(); // layout, then the paints that it asks for
     QApplication::processEvents();
     QImageWriter writer(path, "png");

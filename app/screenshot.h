@@ -9,8 +9,10 @@ namespace sbd {
 
 class CMainFrame;
 
-/// Draws the whole window in `size` (device independent pixels) into a PNG file.
-/// Gives back what went wrong, or nothing.
-[[nodiscard]] QString TakeScreenshot(CMainFrame& frame, QSize size, const QString& path);
+/// Shows the window in `size` (device independent pixels), laid out and ready to be drawn.
+void ShowInSize(CMainFrame& frame, QSize size);
+
+/// Draws the whole window, which must be shown, into a PNG file. Gives back what went wrong, or nothing.
+[[nodiscard]] QString TakeScreenshot(CMainFrame& frame, const QString& path);
 
 } // namespace sbd

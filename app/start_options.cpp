@@ -22,7 +22,7 @@ const auto kBlock = u"block"_s;
 const auto kCell = u"cell"_s;
 const auto kSize = u"size"_s;
 
-constexpr int kLeastSize = 200;   // px
+constexpr int kLeastSize = 200;    // px
 constexpr int kLargestSize = 8192; // px, a picture of 268 MB
 
 void Describe(QCommandLineParser& parser)

@@ -59,8 +59,9 @@ int RunScreenshot(const StartOptions& options)
         if (frame.OpenProject(project) == nullptr)
             return kExitFailed;
     }
+    ShowInSize(frame, options.size);
     ShowCell(frame, options);
-    const QString error = TakeScreenshot(frame, options.size, options.screenshot);
+    const QString error = TakeScreenshot(frame, options.screenshot);
     if (error.isEmpty())
         return kExitDone;
     Print(stderr, error);

@@ -61,8 +61,7 @@ bool AppendBoxWebs(const BoxWebNames& names, CSbdData& data)
 
 QString BoxWebQuestion()
 {
-    return u"左右腹板名入力しない主桁があります．予想外結果になる可能性があります．"_s
-           + u"\n\nそのまま継続しますか？"_s
+    return u"左右腹板名入力しない主桁があります．予想外結果になる可能性があります．"_s + u"\n\nそのまま継続しますか？"_s
            + u"\n\nはい　　=　仮想主桁以外は全部入力しました．まず実行を継続します．"_s
            + u"\n\nいいえ　=　入力画面に戻って，305など入力してから実行します．"_s;
 }

@@ -25,7 +25,7 @@ QString CharacterEnginesCannotTake(const QString& path)
 {
     for (qsizetype i = 0; i < path.size();) {
         const bool pair = path[i].isHighSurrogate() && i + 1 < path.size() && path[i + 1].isLowSurrogate();
-        const QString character = path.mid(i, pair ? 2 : 1);
+        QString character = path.mid(i, pair ? 2 : 1);
         if (character[0] == u'"' || character[0] < u' ' || !IsInCp932(character))
             return character;
         i += character.size();

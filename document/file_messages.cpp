@@ -17,7 +17,8 @@ struct Wording {
 constexpr Wording kOpenWordings[] = {
     {FileError::NotFound, u"ファイルが見つかりません。",
      u"移動や名前の変更、ネットワークドライブや USB メモリの接続を確認して、もう一度開いてください。"},
-    {FileError::IsFolder, u"ファイルではなくフォルダーです。", u"フォルダーの中のプロジェクトファイル (*.sbd) を選んでください。"},
+    {FileError::IsFolder, u"ファイルではなくフォルダーです。",
+     u"フォルダーの中のプロジェクトファイル (*.sbd) を選んでください。"},
     {FileError::NoPermission, u"読み取る権限がありません。",
      u"ファイルのアクセス権を確認するか、ファイルの管理者に問い合わせてから、もう一度開いてください。"},
     {FileError::Other, u"読み取り中にエラーが起きました。",
@@ -56,10 +57,11 @@ QString FileMessage(FileOperation operation, const QString& path, const FileResu
     const QString outcome = open ? u"プロジェクトを開けませんでした。"_s : u"プロジェクトを保存できませんでした。"_s;
     QString data = u"ファイルには何も変更を加えていません。"_s;
     if (!open)
-        data = result.error == FileError::NotFound ? u"入力内容は画面に残っています。"_s
-                                                   : u"入力内容は画面に残っています。元のファイルはそのまま残っています。"_s;
-    QString text = outcome + u'\n' + QDir::toNativeSeparators(path) + u"\n\n"_s + wording.cause.toString() + u'\n' + data + u"\n\n"_s
-                   + wording.remedy.toString();
+        data = result.error == FileError::NotFound
+                   ? u"入力内容は画面に残っています。"_s
+                   : u"入力内容は画面に残っています。元のファイルはそのまま残っています。"_s;
+    QString text = outcome + u'\n' + QDir::toNativeSeparators(path) + u"\n\n"_s + wording.cause.toString() + u'\n'
+                   + data + u"\n\n"_s + wording.remedy.toString();
     if (!result.detail.empty())
         text += u"\n\n(詳細: "_s + QString::fromStdString(result.detail) + u')';
     return text;

@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -50,9 +51,15 @@ struct CProjectLock::Handle {
     explicit Handle(const QString& path)
     {
         const QByteArray name = QFile::encodeName(path);
-        file = ::open(name.constData(), O_RDONLY | O_CLOEXEC);
+        // Network drives lock only what is open for writing. A pipe must not keep us waiting for its other end.
+        file = ::open(name.constData(), O_RDWR | O_CLOEXEC | O_NONBLOCK);
+        if (file < 0 && (errno == EACCES || errno == EROFS))
+            file = ::open(name.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+        struct stat about = {};
         if (file < 0)
             state = errno == ENOENT || errno == ENOTDIR ? State::NotFound : State::Failed;
+        else if (::fstat(file, &about) != 0 || !S_ISREG(about.st_mode))
+            state = State::Failed;
         else if (::flock(file, LOCK_EX | LOCK_NB) == 0)
             state = State::Free;
         else

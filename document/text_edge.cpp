@@ -1,6 +1,5 @@
 // The edge between the bytes of a project and the text on the screen.
 #include "document/section_doc.h"
-
 #include "project/text.h"
 
 #include <algorithm>

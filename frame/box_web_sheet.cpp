@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kMostRows = 24;  // higher than that, the grid scrolls
+constexpr int kMostRows = 24; // higher than that, the grid scrolls
 constexpr int kLeastRows = 6;
 constexpr int kLine = 1; // px, right and below the last cells
 
@@ -99,10 +99,8 @@ CBoxWebSheet::CBoxWebSheet(BoxWebNames names, QWidget* parent)
     layout->addWidget(page_, 1);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
-    for (QPushButton* button : {ok_, cancel_}) {
-        button->setAutoDefault(false); // Enter in the grid goes on to the next cell
+    for (QPushButton* button : {ok_, cancel_})
         buttons->addWidget(button);
-    }
     layout->addLayout(buttons);
 
     connect(ok_, &QPushButton::clicked, this, &CBoxWebSheet::accept);

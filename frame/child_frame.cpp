@@ -41,7 +41,7 @@ CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, QWidget* parent)
 
 CChildFrame::~CChildFrame()
 {
-    panel_.reset(); // before the document and the splitter
+    panel_.reset();  // before the document and the splitter
     delete widget(); // the views look at the document
 }
 
@@ -91,8 +91,11 @@ void CChildFrame::ShowPanel(int block)
     RemovePanel();
     doc_->SetCurrentBlock(block);
     panel_ = CreatePanel(doc_.get(), block, panelPane_);
-    if (panel_ != nullptr)
+    if (panel_ != nullptr) {
         panelPane_->layout()->addWidget(panel_.get());
+        panel_->show();
+        panelPane_->layout()->activate(); // now, so that a cell can be scrolled to at once
+    }
     upView_->Refresh();
     if (panelHadFocus)
         FocusPanel();

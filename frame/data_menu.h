@@ -10,8 +10,8 @@ namespace sbd {
 
 /// A submenu of the data input menu, or entries that stand in the menu itself.
 struct DataMenuPart {
-    std::string_view title;                    ///< UTF-8, in the form of a block's title; empty: no submenu
-    std::vector<std::pair<int, int>> ranges;   ///< blocks from, to; those without menu text have no entry
+    std::string_view title;                  ///< UTF-8, in the form of a block's title; empty: no submenu
+    std::vector<std::pair<int, int>> ranges; ///< blocks from, to; those without menu text have no entry
 };
 
 [[nodiscard]] std::span<const DataMenuPart> DataMenuParts();

@@ -134,7 +134,8 @@ QTreeWidgetItem* CLeftView::FindItem(int number, int group)
 
 bool CLeftView::SelectBlock(int number)
 {
-    QTreeWidgetItem* item = SelectedNumber() == number && !IsGroup(currentItem()) ? currentItem() : FindItem(number, -1);
+    QTreeWidgetItem* item =
+        SelectedNumber() == number && !IsGroup(currentItem()) ? currentItem() : FindItem(number, -1);
     if (item == nullptr)
         return false;
     const QScopedValueRollback guard(rebuilding_, true);

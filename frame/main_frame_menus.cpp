@@ -67,7 +67,8 @@ void CMainFrame::CreateFileMenu()
     QMenu* menu = menuBar()->addMenu(u"ファイル(&F)"_s);
     newAction_ = AddAction(menu, u"新規作成(&N)"_s, QKeySequence::New, [this] { files_->New(); });
     openAction_ = AddAction(menu, u"開く(&O)..."_s, QKeySequence::Open, [this] { files_->Open(); });
-    AddChildAction(menu, u"閉じる(&C)"_s, QKeySequence(Qt::CTRL | Qt::Key_W), [](CChildFrame& child) { child.close(); });
+    AddChildAction(menu, u"閉じる(&C)"_s, QKeySequence(Qt::CTRL | Qt::Key_W),
+                   [](CChildFrame& child) { child.close(); });
     menu->addSeparator();
     saveAction_ = AddChildAction(menu, u"上書き保存(&S)"_s, QKeySequence::Save,
                                  [this](CChildFrame& child) { files_->Save(child); });
@@ -112,13 +113,12 @@ void CMainFrame::CreateEditMenu()
 void CMainFrame::AddEditAction(QMenu* menu, const QString& text, std::function<void(QLineEdit&)> inEditor,
                                std::function<void(CPanel&)> inPanel)
 {
-    AddChildAction(menu, text, {},
-                   [inEditor = std::move(inEditor), inPanel = std::move(inPanel)](CChildFrame& child) {
-                       if (auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
-                           inEditor(*editor);
-                       else if (child.Panel() != nullptr)
-                           inPanel(*child.Panel());
-                   });
+    AddChildAction(menu, text, {}, [inEditor = std::move(inEditor), inPanel = std::move(inPanel)](CChildFrame& child) {
+        if (auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
+            inEditor(*editor);
+        else if (child.Panel() != nullptr)
+            inPanel(*child.Panel());
+    });
 }
 
 void CMainFrame::AddRowAction(QMenu* menu, const QString& text, std::function<void(CPanel&)> run,

@@ -160,9 +160,9 @@ bool CNewDocumentFlow::BeginFromFile(const StartChoice& choice, NewDocumentSteps
     case ProjectState::New:
         break;
     case ProjectState::Exists:
-        situation = !RunsAtOnce(choice.choice)                        ? NewProjectSituation::Exists
+        situation = !RunsAtOnce(choice.choice)                       ? NewProjectSituation::Exists
                     : prompts_.askYesNo(OldResultsQuestion(project)) ? NewProjectSituation::Replaced
-                                                                      : NewProjectSituation::Kept;
+                                                                     : NewProjectSituation::Kept;
     }
 
     const auto row = std::ranges::find_if(kRows, [&](const NewProjectRow& candidate) {

@@ -1,6 +1,7 @@
 #include "frame/prompts.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -12,20 +13,33 @@ namespace {
 
 const auto kProjectFilter = u"プロジェクトファイル (*.sbd *.SBD)"_s;
 
+/// Runs a file dialog, in Japanese also where the toolkit's own translation is not installed.
+QString RunDialog(QFileDialog& dialog, const QString& accept)
+{
+    dialog.setNameFilter(kProjectFilter);
+    dialog.setLabelText(QFileDialog::LookIn, u"場所:"_s);
+    dialog.setLabelText(QFileDialog::FileName, u"ファイル名(&N):"_s);
+    dialog.setLabelText(QFileDialog::FileType, u"ファイルの種類:"_s);
+    dialog.setLabelText(QFileDialog::Accept, accept);
+    dialog.setLabelText(QFileDialog::Reject, u"キャンセル"_s);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
 QString OpenFileName(QWidget* parent, const QString& folder)
 {
-    return QFileDialog::getOpenFileName(parent, u"プロジェクトを開く"_s, folder, kProjectFilter);
+    QFileDialog dialog(parent, u"プロジェクトを開く"_s, folder);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return RunDialog(dialog, u"開く(&O)"_s);
 }
 
 QString SaveFileName(QWidget* parent, const QString& proposal)
 {
-    QFileDialog dialog(parent, u"名前を付けて保存"_s, proposal, kProjectFilter);
+    const QFileInfo file(proposal);
+    QFileDialog dialog(parent, u"名前を付けて保存"_s, file.path());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(u"sbd"_s); // before the question whether an existing file is to be replaced
-    dialog.selectFile(proposal);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return {};
-    return dialog.selectedFiles().constFirst();
+    dialog.selectFile(file.fileName());
+    return RunDialog(dialog, u"保存(&S)"_s);
 }
 
 SaveAnswer Ask(QWidget* parent, const QString& text)

@@ -3,12 +3,9 @@
 #include <QButtonGroup>
 #include <QFrame>
 #include <QGridLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
-
-#include <algorithm>
 
 namespace sbd {
 
@@ -61,9 +58,13 @@ CStartChooserDlg::CStartChooserDlg(QWidget* parent) : QDialog(parent)
                             u"301～305,311,313などを確認・入力してから解析実行を行って下さい．"_s);
     note->setObjectName(u"note"_s);
     note->setWordWrap(true);
+    // The block numbers stand in one line.
+    note->setMinimumWidth(note->fontMetrics().horizontalAdvance(note->text().section(u"など"_s, 0, 1)) + kSpacing);
     layout->addWidget(note, row++, 0, 1, 2);
     layout->addWidget(CreateButton(kButtons[std::size(kButtons) - 1].text.toString()), row, 1, Qt::AlignRight);
 
+    for (QPushButton* button : buttons_)
+        button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) + 2 * kMargin);
     buttons_.constFirst()->setDefault(true);
     buttons_.constFirst()->setFocus();
 }
@@ -108,17 +109,6 @@ void CStartChooserDlg::AddButton(QGridLayout* layout, int row, const QString& te
 StartChoice CStartChooserDlg::Choice() const
 {
     return {choice_, girderTypes_->checkedId()};
-}
-
-void CStartChooserDlg::keyPressEvent(QKeyEvent* event)
-{
-    const qsizetype at = buttons_.indexOf(focusWidget());
-    const int step = event->key() == Qt::Key_Down ? 1 : event->key() == Qt::Key_Up ? -1 : 0;
-    if (at < 0 || step == 0) {
-        QDialog::keyPressEvent(event);
-        return;
-    }
-    buttons_[std::clamp<qsizetype>(at + step, 0, buttons_.size() - 1)]->setFocus(Qt::TabFocusReason);
 }
 
 } // namespace sbd

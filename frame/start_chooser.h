@@ -24,10 +24,6 @@ public:
 
     [[nodiscard]] StartChoice Choice() const;
 
-protected:
-    /// Up and Down move among the buttons, as Tab does.
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
     QWidget* CreateGirderTypes();
     void AddButton(QGridLayout* layout, int row, const QString& text, const QString& beside);

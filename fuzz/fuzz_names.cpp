@@ -22,7 +22,8 @@ void CheckList(const std::vector<std::string>& names, int width)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    sbd::CSbdData data;
+    static sbd::CSbdData data; // made once: its blocks are not touched
+    data.gridNames = {};
     sbd::ReadGridNamesFromBytes(sbd::fuzz::Text(bytes, size), data);
     const sbd::GridNames& names = data.gridNames;
     CheckList(names.girderNames, names.girderNameWidth);

@@ -34,9 +34,7 @@ void DrawFrame(QWidget& editor)
 
 } // namespace
 
-CCellEdit::CCellEdit(QWidget* parent, EditorKeyHandler keys)
-    : QLineEdit(parent)
-    , keys_(std::move(keys))
+CCellEdit::CCellEdit(QWidget* parent, EditorKeyHandler keys) : QLineEdit(parent), keys_(std::move(keys))
 {
     setFrame(false);
     setTextMargins(gridstyle::kPadding - 2, 0, 0, 0); // a line edit leaves 2 pixels itself

@@ -55,11 +55,7 @@ void DrawButton(QPainter& painter, const QRect& rect)
 
 } // namespace
 
-CGridDelegate::CGridDelegate(CGridCtrl& grid)
-    : QStyledItemDelegate(&grid)
-    , grid_(grid)
-{
-}
+CGridDelegate::CGridDelegate(CGridCtrl& grid) : QStyledItemDelegate(&grid), grid_(grid) {}
 
 QRect CGridDelegate::ButtonRect(const QRect& cell)
 {

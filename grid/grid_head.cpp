@@ -51,8 +51,12 @@ void DrawHead(QPainter& painter, const QRect& rect, const QString& text, const Q
     }
 }
 
-CGridHead::CGridHead(Qt::Orientation orientation, QWidget* parent)
-    : QHeaderView(orientation, parent)
+int HeadTextHeight(const QFontMetrics& metrics, const QString& text)
+{
+    return int(text.count(u'\n') + 1) * metrics.height() + 2;
+}
+
+CGridHead::CGridHead(Qt::Orientation orientation, QWidget* parent) : QHeaderView(orientation, parent)
 {
     setSectionsClickable(true);
     setHighlightSections(false);
@@ -64,6 +68,23 @@ void CGridHead::SetFocusRow(int row)
     viewport()->update();
 }
 
+/// Centred in what is seen of the column; where that is too narrow, from its visible edge on.
+QRect CGridHead::TextRect(const QPainter& painter, const QRect& section, const QString& text) const
+{
+    constexpr int margins = 8;
+    QRect seen = section & viewport()->rect();
+    const int needed = painter.fontMetrics().size(0, text).width() + margins;
+    if (needed >= section.width())
+        return section;
+    if (seen.width() >= needed)
+        return seen;
+    if (seen.left() > section.left())
+        seen.setLeft(seen.right() - needed);
+    else
+        seen.setWidth(needed);
+    return seen;
+}
+
 void CGridHead::paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const
 {
     if (!source_ || !rect.isValid())
@@ -72,8 +93,8 @@ void CGridHead::paintSection(QPainter* painter, const QRect& rect, int logicalIn
     painter->setClipRect(rect);
     DrawHeadGround(*painter, rect);
     if (orientation() == Qt::Horizontal) {
-        DrawHead(*painter, rect, source_->Head(logicalIndex + 1, focusRow_),
-                 source_->HeadColor(logicalIndex + 1, focusRow_));
+        DrawHead(*painter, TextRect(*painter, rect, source_->Head(logicalIndex + 1, focusRow_)),
+                 source_->Head(logicalIndex + 1, focusRow_), source_->HeadColor(logicalIndex + 1, focusRow_));
     } else {
         painter->setPen(QColor::fromRgba(kText));
         const QRect inner = rect.adjusted(kPadding, 0, -kPadding - 1, -1);
@@ -84,10 +105,7 @@ void CGridHead::paintSection(QPainter* painter, const QRect& rect, int logicalIn
     painter->restore();
 }
 
-CGridCorner::CGridCorner(QWidget* parent)
-    : QWidget(parent)
-{
-}
+CGridCorner::CGridCorner(QWidget* parent) : QWidget(parent) {}
 
 void CGridCorner::SetText(const QString& text)
 {

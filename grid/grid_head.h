@@ -22,6 +22,8 @@ protected:
     void paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const override;
 
 private:
+    [[nodiscard]] QRect TextRect(const QPainter& painter, const QRect& section, const QString& text) const;
+
     const CGridSource* source_ = nullptr;
     int focusRow_ = 0;
 };
@@ -47,5 +49,7 @@ private:
 
 /// Draws the lines of a head centred in `rect`; a line that is too wide is drawn narrower.
 void DrawHead(QPainter& painter, const QRect& rect, const QString& text, const QColor& color);
+/// Pixels that the lines of a head need.
+[[nodiscard]] int HeadTextHeight(const QFontMetrics& metrics, const QString& text);
 
 } // namespace sbd

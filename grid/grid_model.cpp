@@ -2,10 +2,7 @@
 
 namespace sbd {
 
-CGridModel::CGridModel(QObject* parent)
-    : QAbstractTableModel(parent)
-{
-}
+CGridModel::CGridModel(QObject* parent) : QAbstractTableModel(parent) {}
 
 void CGridModel::SetSource(CGridSource* source)
 {
@@ -57,7 +54,8 @@ QVariant CGridModel::data(const QModelIndex& index, int role) const
     case Qt::EditRole:
         return source_->Text(cell.row, cell.column);
     case Qt::TextAlignmentRole:
-        return int(Qt::AlignVCenter | (source_->IsRightAligned(cell.row, cell.column) ? Qt::AlignRight : Qt::AlignLeft));
+        return int(Qt::AlignVCenter
+                   | (source_->IsRightAligned(cell.row, cell.column) ? Qt::AlignRight : Qt::AlignLeft));
     default:
         return {};
     }

@@ -15,10 +15,10 @@ inline constexpr QRgb kLine = 0xFFD2D2C4;
 inline constexpr QRgb kHead = 0xFFECECEC;
 inline constexpr QRgb kHeadLine = 0xFFB9B9B9;
 inline constexpr QRgb kFocusFrame = 0xFF1B4F9C;
-inline constexpr QRgb kSelected = 0x503A78D8;         ///< laid over the cells of a selected range
+inline constexpr QRgb kSelected = 0x503A78D8; ///< laid over the cells of a selected range
 
 inline constexpr int kRowHeight = 18;
-inline constexpr int kPadding = 3;                    ///< between a cell's edge and its text
+inline constexpr int kPadding = 3; ///< between a cell's edge and its text
 inline constexpr int kButtonWidth = 16;
 
 /// The fixed-pitch Japanese font in which the cells align.

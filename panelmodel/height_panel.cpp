@@ -109,9 +109,9 @@ const WordList& CDown311Model::DoWords(int row, int column) const
 
 std::string CDown311Model::HeadRowText(int row, int column) const
 {
-    static const std::array<std::string, kTypeRows> labels{
-        "上フランジ厚のタイプ"_cp932, "下フランジ厚のタイプ"_cp932, "上フランジＺ座標のタイプ"_cp932,
-        "下フランジＺ座標のタイプ"_cp932};
+    static const std::array<std::string, kTypeRows> labels{"上フランジ厚のタイプ"_cp932, "下フランジ厚のタイプ"_cp932,
+                                                           "上フランジＺ座標のタイプ"_cp932,
+                                                           "下フランジＺ座標のタイプ"_cp932};
     const std::size_t index = static_cast<std::size_t>(row) - 1;
     if (column == 1)
         return labels[index];

@@ -30,7 +30,7 @@ CNameListModel::CNameListModel(CSbdData& data, int block, const PanelSettings& s
     , panel_(*FindRecordPanel(block))
     , cells_(*data.Names(block))
 {
-    rows_ = BlockRows() + kSpareRows;
+    rows_ = CNameListModel::BlockRows() + kSpareRows;
     baseline_ = Lists();
 }
 

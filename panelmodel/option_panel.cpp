@@ -197,9 +197,9 @@ CellColor CDown301Model::TextColor(int row, int) const
         return kEmphasisColor;
     if (!IsSectionType(Value(kTypeRow)))
         return std::nullopt;
-    const bool mandatory = std::ranges::find(kSectionRows, row) != std::end(kSectionRows)
-                           || (boxWebsGiven_
-                               && std::ranges::find(kSectionRowsOfBoxes, row) != std::end(kSectionRowsOfBoxes));
+    const bool mandatory =
+        std::ranges::find(kSectionRows, row) != std::end(kSectionRows)
+        || (boxWebsGiven_ && std::ranges::find(kSectionRowsOfBoxes, row) != std::end(kSectionRowsOfBoxes));
     return mandatory ? CellColor(kMandatoryColor) : std::nullopt;
 }
 

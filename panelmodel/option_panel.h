@@ -40,11 +40,11 @@ protected:
 
 private:
     const OptionBlock& rows_;
-    const OptionPanel* panel_;   // null: 640 and 670, which show their rows in a table panel
+    const OptionPanel* panel_; // null: 640 and 670, which show their rows in a table panel
     const PanelTable* table_;
     std::vector<std::string> values_;
     std::vector<std::string> baseline_;
-    std::set<int> dirty_;        // stored rows
+    std::set<int> dirty_; // stored rows
 };
 
 /// Block 301: heads, labels and colours follow the project's type, which stands in its own row 3.

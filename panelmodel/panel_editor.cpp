@@ -40,10 +40,7 @@ std::vector<std::string_view> Cells(std::string_view line)
 
 } // namespace
 
-CPanelEditor::CPanelEditor(CPanelModel& model)
-    : model_(model)
-{
-}
+CPanelEditor::CPanelEditor(CPanelModel& model) : model_(model) {}
 
 CellEffect CPanelEditor::SetInStep(Step& step, int row, int column, std::string_view text)
 {

@@ -2,6 +2,7 @@
 #include "panelmodel/name_panel.h"
 #include "panelmodel/option_panel.h"
 #include "panelmodel/panel_model.h"
+#include "panelmodel/place_panel.h"
 #include "panelmodel/rib_panel.h"
 #include "panelmodel/table_panel.h"
 #include "project/catalogue.h"

@@ -11,11 +11,11 @@ namespace {
 
 using namespace literals;
 
-constexpr int kNames = 5;         // columns 1 to 5
+constexpr int kNames = 5; // columns 1 to 5
 constexpr int kAutomaticColumn = 2;
 constexpr int kFixedTextColumn = 3;
 constexpr int kMostRibs = 100;
-constexpr int kNoCount = -1;      // a count whose cell is empty
+constexpr int kNoCount = -1; // a count whose cell is empty
 
 const WordList kFreeText;
 

@@ -121,7 +121,9 @@ void CRowPanelModel::TakeBaseline()
 
 std::vector<ChangedRow> CRowPanelModel::WriteBack()
 {
-    const auto comesOrGoes = [this](int entry) { return IsKept(entry) != bool(stored_[static_cast<std::size_t>(entry)]); };
+    const auto comesOrGoes = [this](int entry) {
+        return IsKept(entry) != bool(stored_[static_cast<std::size_t>(entry)]);
+    };
     std::vector<ChangedRow> changed;
     if (std::ranges::count_if(dirty_, comesOrGoes) > kFewRows) {
         const std::vector<int> kept = KeptEntries();
@@ -149,7 +151,7 @@ std::vector<ChangedRow> CRowPanelModel::WriteBack()
             InsertStored(entry, storedRow);
         else
             EraseStored(storedRow);
-        stored_[static_cast<std::size_t>(entry)] = IsKept(entry);
+        stored_[static_cast<std::size_t>(entry)] = IsKept(entry) ? 1 : 0;
     }
     dirty_.clear();
     if (moved)

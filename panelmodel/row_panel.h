@@ -65,11 +65,11 @@ private:
 
     int headRows_;
     int fixedRows_;
-    std::vector<char> stored_;    // an entry: does it stand in the data
-    std::vector<char> baseline_;  // an entry: did it stand in the baseline
-    std::set<int> dirty_;         // entries that WriteBack looks at
-    std::set<int> changed_;       // entries in data and baseline that differ
-    std::set<int> comeOrGone_;    // entries that stand in just one of both
+    std::vector<char> stored_;   // an entry: does it stand in the data
+    std::vector<char> baseline_; // an entry: did it stand in the baseline
+    std::set<int> dirty_;        // entries that WriteBack looks at
+    std::set<int> changed_;      // entries in data and baseline that differ
+    std::set<int> comeOrGone_;   // entries that stand in just one of both
 };
 
 } // namespace sbd

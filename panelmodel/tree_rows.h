@@ -58,11 +58,11 @@ struct TreeView {
 
 /// One line of the tree.
 struct TreeRow {
-    int level = 0;     ///< 0: group head or an item of its own, 1: item of the group head above it
-    int block = 0;     ///< number at the start of the text; 290, 300, ... for a group head
+    int level = 0;      ///< 0: group head or an item of its own, 1: item of the group head above it
+    int block = 0;      ///< number at the start of the text; 290, 300, ... for a group head
     bool group = false; ///< head of a group
-    bool bold = false; ///< the block holds input that is in force
-    std::string text;  ///< UTF-8
+    bool bold = false;  ///< the block holds input that is in force
+    std::string text;   ///< UTF-8
     friend bool operator==(const TreeRow&, const TreeRow&) = default;
 };
 

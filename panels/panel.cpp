@@ -43,6 +43,8 @@ CPanel::CPanel(CKELDSectionDoc* doc, int block, QWidget* parent)
     layout->addWidget(grid_);
     setFocusProxy(grid_);
     connect(grid_, &CGridCtrl::currentCellChanged, this, &CPanel::OnCellEntered);
+    // An edit that ends without moving the focus, as in the last row; most edits are written by the focus before that.
+    connect(grid_, &CGridCtrl::cellEdited, this, &CPanel::CommitGrid, Qt::QueuedConnection);
     connect(grid_, &CGridCtrl::listChosen, this, &CPanel::CommitGrid);
     connect(grid_, &CGridCtrl::cellsChanged, this, &CPanel::CommitGrid);
     connect(doc_, &CKELDSectionDoc::aboutToSave, this, &CPanel::OnAboutToSave);

@@ -81,7 +81,7 @@ private:
     std::unique_ptr<CPanelModel> model_;
     std::unique_ptr<CPanelSource> source_;
     bool firstCommit_ = true;
-    bool wasModified_ = false;  // not by this panel: its undoing must not clear the document's flag
+    bool wasModified_ = false; // not by this panel: its undoing must not clear the document's flag
     bool committing_ = false;
     bool scrollToRestore_ = false;
 };

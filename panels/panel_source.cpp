@@ -31,11 +31,7 @@ QColor ToColor(CellColor color)
 
 } // namespace
 
-CPanelSource::CPanelSource(CPanelModel& model)
-    : model_(model)
-    , editor_(model)
-{
-}
+CPanelSource::CPanelSource(CPanelModel& model) : model_(model), editor_(model) {}
 
 int CPanelSource::RowCount() const
 {

@@ -5,6 +5,13 @@
 
 namespace sbd {
 
+namespace {
+
+constexpr std::size_t kFirstRows = 16;
+constexpr std::size_t kUsualCell = 6; // bytes
+
+} // namespace
+
 ColumnVector::Cell ColumnVector::Store(std::string_view text)
 {
     if (text.size() > std::numeric_limits<std::uint32_t>::max() - bytes_.size())
@@ -16,6 +23,10 @@ ColumnVector::Cell ColumnVector::Store(std::string_view text)
 
 void ColumnVector::Append(std::string_view text)
 {
+    if (cells_.empty()) { // a file has thousands of columns: their first few steps of growing are most of a small one
+        cells_.reserve(kFirstRows);
+        bytes_.reserve(kFirstRows * kUsualCell);
+    }
     cells_.push_back(Store(text));
 }
 

@@ -81,7 +81,8 @@ struct Cp932Result {
     std::optional<UnencodableCharacter> refused;
 };
 
-/// UTF-8 from the user to CP932. A character U+DC80..U+DCFF (as FromCp932Lossless gives it) becomes its byte again.
+/// UTF-8 from the user to CP932. A character U+DC80..U+DCFF (as FromCp932Lossless gives it) becomes its byte again;
+/// it is refused where the byte would make another character with what is put behind it.
 [[nodiscard]] Cp932Result ToCp932(std::string_view utf8);
 
 /// CP932 to UTF-8 for reports: a byte where no CP932 character begins becomes the four characters \xNN.

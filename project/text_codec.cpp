@@ -192,6 +192,7 @@ Cp932Result ToCp932(std::string_view utf8)
 {
     Cp932Result result;
     result.bytes.reserve(utf8.size());
+    std::optional<UnencodableCharacter> loneByte; // the first one
     for (std::size_t pos = 0; pos < utf8.size();) {
         const Utf8Character character = ReadUtf8(utf8, pos);
         const std::uint16_t code = character.code < 0x80      ? static_cast<std::uint16_t>(character.code)
@@ -199,6 +200,8 @@ Cp932Result ToCp932(std::string_view utf8)
                                                               : std::uint16_t{0};
         if (character.code >= kByteSurrogates + 0x80 && character.code <= kByteSurrogates + 0xFF) {
             result.bytes.push_back(static_cast<char>(character.code - kByteSurrogates));
+            if (!loneByte)
+                loneByte = UnencodableCharacter{pos, std::string(utf8.substr(pos, character.size))};
         } else if (code == 0 && character.code != 0) {
             result.refused = UnencodableCharacter{pos, std::string(utf8.substr(pos, character.size))};
             result.bytes.clear();
@@ -209,6 +212,11 @@ Cp932Result ToCp932(std::string_view utf8)
             result.bytes.push_back(static_cast<char>(code & 0xFF));
         }
         pos += character.size;
+    }
+    // A lone lead byte may have got a neighbour with which it is another character: then the text has no bytes.
+    if (loneByte && FromCp932Lossless(result.bytes) != utf8) {
+        result.refused = std::move(loneByte);
+        result.bytes.clear();
     }
     return result;
 }

@@ -40,10 +40,12 @@ private:
     };
     using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 
-    FileSource(FileHandle file, std::uint64_t size) : file_(std::move(file)), size_(size) {}
+    FileSource(FileHandle file, std::uint64_t size);
 
     FileHandle file_;
     std::uint64_t size_;
+    std::unique_ptr<std::byte[]> piece_; ///< read ahead
+    std::span<const std::byte> ahead_;   ///< what of it is still to be given
 };
 
 /// Bytes in memory, which must outlive the source.

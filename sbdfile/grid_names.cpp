@@ -106,7 +106,8 @@ public:
 
     void TakeNames(std::string_view text)
     {
-        std::size_t fields = CharacterCount(Trim(text));
+        text = Trim(text);
+        std::size_t fields = CharacterCount(text);
         std::size_t pos = 0;
         while (!Full() && pos < text.size() && fields-- > 0) {
             const std::size_t end = std::min(text.find(' ', pos), text.size());

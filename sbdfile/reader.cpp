@@ -66,7 +66,7 @@ bool SetOptionRows(const OptionBlock& block, std::string_view token, std::string
             longest = std::max(longest, row.shortKey.size());
     for (std::size_t row = 0; row < block.rows.size(); ++row) {
         const std::string& key = block.rows[row].shortKey;
-        if (!token.starts_with(key) || (!firstOnly && key.size() < longest))
+        if ((!firstOnly && key.size() < longest) || !token.starts_with(key))
             continue;
         data.SetOption(block.block, row, value);
         if (firstOnly)
@@ -236,12 +236,18 @@ private:
     /// One word a column; the last column takes the rest of the line.
     static void AppendLine(TableBlock& table, std::string_view line)
     {
+        // Nearly all of a large file passes here: a plain walk, as cells are too short for a search to pay.
         const std::size_t last = table.columns.size() - 1;
+        std::size_t pos = 0;
         for (std::size_t column = 0; column < last; ++column) {
-            line = TrimLeft(line);
-            table.columns[column].Append(TakeToken(line));
+            while (pos < line.size() && IsTrimmed(line[pos]))
+                ++pos;
+            const std::size_t begin = pos;
+            while (pos < line.size() && line[pos] != ' ')
+                ++pos;
+            table.columns[column].Append(line.substr(begin, pos - begin));
         }
-        table.columns[last].Append(TrimLeft(line));
+        table.columns[last].Append(TrimLeft(line.substr(pos)));
     }
 
     /// A row of block 331 in the old layout moves to the right: the reason for the thickness had no column then.

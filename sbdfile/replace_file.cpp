@@ -86,6 +86,7 @@ void SyncFolder(const std::filesystem::path& folder)
         static_cast<void>(::fsync(descriptor.Number()));
 }
 
+constexpr uid_t kSameOwner = static_cast<uid_t>(-1);
 constexpr std::string_view kNewFilePrefix = ".sbdsave-"; // short: the target's own name may be as long as names can be
 
 /// Removes what saves left behind that were killed on their way: new files that no process holds any more.
@@ -93,15 +94,30 @@ void SweepLeftovers(const std::filesystem::path& folder)
 {
     using namespace std::chrono_literals;
     std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(folder.empty() ? "." : folder, error)) {
-        if (!entry.path().filename().string().starts_with(kNewFilePrefix))
+    std::filesystem::directory_iterator entry(folder.empty() ? "." : folder, error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        std::error_code gone; // another save may sweep at the same time
+        if (!entry->path().filename().string().starts_with(kNewFilePrefix) || !entry->is_regular_file(gone))
             continue;
-        const auto age = std::filesystem::file_time_type::clock::now() - entry.last_write_time(error);
-        const Descriptor file(::open(entry.path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW));
+        const auto age = std::filesystem::file_time_type::clock::now() - entry->last_write_time(gone);
+        const Descriptor file(::open(entry->path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
         // A fresh one may be a save on its way that has not taken its lock yet.
-        if (!error && age > 1min && file.Open() && ::flock(file.Number(), LOCK_EX | LOCK_NB) == 0)
-            ::unlink(entry.path().c_str());
+        if (!gone && age > 1min && file.Open() && ::flock(file.Number(), LOCK_EX | LOCK_NB) == 0)
+            ::unlink(entry->path().c_str());
     }
+}
+
+/// Where the links lead that `path` may be; the file there need not exist.
+std::filesystem::path BehindLinks(std::filesystem::path path, std::error_code& error)
+{
+    constexpr int mostLinks = 40; // as the system itself
+    std::error_code noLink;       // a file that is not there is none
+    for (int links = 0; !error && std::filesystem::is_symlink(path, noLink); ++links) {
+        path = path.parent_path() / std::filesystem::read_symlink(path, error);
+        if (links == mostLinks)
+            error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+    }
+    return path;
 }
 
 /// The new file beside the old one, until it takes its place. Removed if it never does.
@@ -131,8 +147,10 @@ public:
         if (!WriteAll(descriptor_.Number(), bytes))
             return false;
         if (old) {
-            // The owner may only be kept by those who have the right; then the rights, which chown may take away.
-            static_cast<void>(::fchown(descriptor_.Number(), old->st_uid, old->st_gid) == 0);
+            // The owner may only be kept by those who have the right, the group by its members; then the rights, which
+            // chown may take away.
+            if (::fchown(descriptor_.Number(), old->st_uid, old->st_gid) != 0)
+                static_cast<void>(::fchown(descriptor_.Number(), kSameOwner, old->st_gid) == 0);
             if (::fchmod(descriptor_.Number(), old->st_mode & 07777) != 0)
                 return false;
         } else {
@@ -196,11 +214,8 @@ FileResult ReplaceFile(const std::filesystem::path& path, std::string_view bytes
 
 FileResult ReplaceFile(const std::filesystem::path& path, std::string_view bytes)
 {
-    std::error_code noLink; // a file that is not there is none
     std::error_code error;
-    std::filesystem::path target = path;
-    if (std::filesystem::is_symlink(path, noLink))
-        target = std::filesystem::weakly_canonical(path, error);
+    const std::filesystem::path target = BehindLinks(path, error);
     if (error)
         return ErrorOfCode(error.value());
     std::optional<struct stat> old;

@@ -73,13 +73,25 @@ const RowFormat& FormatFor(const SectionLayout& layout, const TableBlock& table,
 void WriteRow(std::string& out, const SectionLayout& layout, const TableBlock& table, std::size_t row)
 {
     const RowFormat& format = FormatFor(layout, table, row);
+    const auto widthOf = [](const RowField& field, std::string_view cell) {
+        return std::max(field.width, cell.size());
+    };
     const std::size_t lineStart = out.size();
+    std::size_t size = format.behind.size();
+    for (std::size_t column = 0; column < format.fields.size(); ++column)
+        size += format.fields[column].before.size() + widthOf(format.fields[column], table.columns[column][row]);
+    // The line as blanks first, then the texts over them.
+    out.resize(lineStart + size, ' ');
+    char* place = out.data() + lineStart;
     for (std::size_t column = 0; column < format.fields.size(); ++column) {
         const RowField& field = format.fields[column];
-        out.append(field.before);
-        AppendPadded(out, table.columns[column][row], field.width, field.left);
+        const std::string_view cell = table.columns[column][row];
+        const std::size_t width = widthOf(field, cell);
+        place = std::ranges::copy(field.before, place).out;
+        std::ranges::copy(cell, field.left ? place : place + (width - cell.size()));
+        place += width;
     }
-    out.append(format.behind);
+    std::ranges::copy(format.behind, place);
     if (layout.cutTrailingBlanks)
         while (out.size() > lineStart && out.back() == ' ')
             out.pop_back();
@@ -157,11 +169,27 @@ void WriteSection(std::string& out, const SectionLayout& layout, const CSbdData&
     out.append(kLineEnd);
 }
 
+/// About as many bytes as the text will have, so that a large one need not move while it grows.
+std::size_t ExpectedSize(const CSbdData& data)
+{
+    std::size_t size = 1U << 17; // option blocks, heads and comments
+    for (const SectionLayout& layout : SectionLayouts()) {
+        if (layout.formats.empty())
+            continue;
+        std::size_t width = kLineEnd.size();
+        for (const RowField& field : layout.formats.back().fields)
+            width += field.before.size() + std::max<std::size_t>(field.width, 4);
+        size += width * data.RowCount(layout.block);
+    }
+    return size;
+}
+
 } // namespace
 
 std::string WriteProject(CSbdData& data, WriteReport* report)
 {
     std::string out;
+    out.reserve(ExpectedSize(data));
     std::vector<std::string>& control = *data.Options(301);
     if (control.empty())
         control = RebuiltControlValues();

@@ -12,6 +12,7 @@
 #include "tools/dump.h"
 #include "tools/listing.h"
 #include "tools/report.h"
+#include "tools/result_commands.h"
 #include "tools/views.h"
 
 #include <nlohmann/json.hpp>
@@ -323,6 +324,12 @@ constexpr Command kCommands[] = {
      "names come\n"
      "from F alone. --plain: without word lists.",
      RunPanel},
+    {"results", "results PROJECT [--again OTHER]",
+     "Reads the six result files of the frame analysis and prints what they hold, as JSON. --again reads those of OTHER\n"
+     "into the same records afterwards.",
+     RunResults},
+    {"result-paths", "result-paths PROJECTPATH", "Prints where the result files of a project path are looked for, as JSON.",
+     RunResultPaths},
     {"check", "check IN [--names F | --no-names] [--json]",
      "Says whether IN stands in the writer's own form, and lists by block, row and column what a load and a save "
      "would\n"

@@ -8,23 +8,34 @@
 #include "project/text.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace sbd {
 
 namespace {
 
-/// A head without its line breaks.
-std::string OneLine(std::string head)
+/// A head in one line: its lines, but for those that say nothing new.
+std::string OneLine(std::string_view head)
 {
-    std::ranges::replace(head, '\n', ' ');
-    return std::string(Trim(head));
+    std::vector<std::string> seen = {"", "---", Cp932("〃")};
+    std::string line;
+    while (!head.empty()) {
+        const std::size_t end = std::min(head.find('\n'), head.size());
+        std::string part(Trim(head.substr(0, end)));
+        head.remove_prefix(std::min(end + 1, head.size()));
+        if (std::ranges::find(seen, part) != seen.end())
+            continue;
+        line += (line.empty() ? "" : " ") + part;
+        seen.push_back(std::move(part));
+    }
+    return line;
 }
 
 template <typename Texts>
 std::string TextAt(const Texts& texts, int index)
 {
     return index >= 0 && static_cast<std::size_t>(index) < texts.size() ? texts[static_cast<std::size_t>(index)]
-                                                                         : std::string();
+                                                                        : std::string();
 }
 
 std::string ColumnHead(const CSbdData& data, int block, int column)

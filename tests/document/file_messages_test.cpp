@@ -55,8 +55,8 @@ void FileMessagesTest::everyMessageSaysWhatHappenedWhatItMeansAndWhatToDo()
 void FileMessagesTest::everyErrorOfASaveHasItsOwnWords()
 {
     QSet<QString> texts;
-    for (const FileError error : {FileError::NotFound, FileError::IsFolder, FileError::NoPermission,
-                                  FileError::DiskFull, FileError::Other})
+    for (const FileError error :
+         {FileError::NotFound, FileError::IsFolder, FileError::NoPermission, FileError::DiskFull, FileError::Other})
         texts.insert(FileMessage(FileOperation::Save, u"x.sbd"_s, {error, {}}));
     QCOMPARE(texts.size(), 5);
 }

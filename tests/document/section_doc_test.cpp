@@ -1,5 +1,4 @@
 #include "document/section_doc.h"
-
 #include "project/text.h"
 #include "sbdfile/writer.h"
 
@@ -235,11 +234,8 @@ void SectionDocTest::brokenTextOfAnyLengthComesBackFromTheScreen()
 {
     const std::array<std::string, 6> texts = {
         std::string("\x83"), // a lead byte at the end
-        std::string("\x83 G1"),
-        std::string("\x81\x81\x81"),
-        std::string("\xFF\x80\xA0"),
-        std::string("G1\0G2", 5),
-        std::string("\xE9\x7F\xFD\x8E\xE5"),
+        std::string("\x83 G1"),   std::string("\x81\x81\x81"),         std::string("\xFF\x80\xA0"),
+        std::string("G1\0G2", 5), std::string("\xE9\x7F\xFD\x8E\xE5"),
     };
     for (const std::string& text : texts)
         QVERIFY(fromQString(toQString(text)) == text);

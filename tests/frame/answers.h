@@ -38,7 +38,10 @@ struct Answers {
 /// A folder for one test, and the profile in it.
 class TestFolder {
 public:
-    TestFolder() { QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder_.filePath(QStringLiteral("profile"))); }
+    TestFolder()
+    {
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder_.filePath(QStringLiteral("profile")));
+    }
 
     [[nodiscard]] QString Path(const QString& name) const { return folder_.filePath(name); }
 

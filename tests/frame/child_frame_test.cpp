@@ -1,7 +1,6 @@
-#include "frame/child_frame.h"
-
 #include "answers.h"
 #include "document/section_doc.h"
+#include "frame/child_frame.h"
 #include "frame/left_view.h"
 #include "panels/panel.h"
 #include "upperview/up_view.h"

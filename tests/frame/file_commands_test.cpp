@@ -1,8 +1,7 @@
-#include "frame/file_commands.h"
-
 #include "answers.h"
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
+#include "frame/file_commands.h"
 #include "frame/profile.h"
 
 #include <QMdiArea>

@@ -1,6 +1,5 @@
-#include "frame/left_view.h"
-
 #include "document/section_doc.h"
+#include "frame/left_view.h"
 
 #include <QSignalSpy>
 #include <QTest>

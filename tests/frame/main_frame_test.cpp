@@ -1,10 +1,9 @@
-#include "frame/main_frame.h"
-
 #include "answers.h"
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
 #include "frame/data_menu.h"
 #include "frame/left_view.h"
+#include "frame/main_frame.h"
 #include "project/catalogue.h"
 
 #include <QAction>

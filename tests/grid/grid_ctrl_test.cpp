@@ -1,6 +1,5 @@
-#include "grid/grid_ctrl.h"
-
 #include "grid/cell_editor.h"
+#include "grid/grid_ctrl.h"
 #include "grid/grid_delegate.h"
 #include "grid/grid_model.h"
 #include "grid/grid_style.h"
@@ -28,15 +27,24 @@ private:
     std::unique_ptr<CGridCtrl> grid_;
     QStringList messages_;
 
-    [[nodiscard]] QWidget* Editor() const { return grid_->IsEditing() ? grid_->indexWidget(grid_->currentIndex()) : nullptr; }
+    [[nodiscard]] QWidget* Editor() const
+    {
+        return grid_->IsEditing() ? grid_->indexWidget(grid_->currentIndex()) : nullptr;
+    }
     [[nodiscard]] CCellCombo* Combo() const { return qobject_cast<CCellCombo*>(Editor()); }
-    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(QApplication::focusWidget(), key, modifiers); }
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
     void Type(const QString& text)
     {
         for (const QChar c : text) // the first key moves the focus to the editor
             QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
     }
-    [[nodiscard]] QString Cell(int row, int column) const { return source_->cells[std::size_t(row) - 1][std::size_t(column) - 1]; }
+    [[nodiscard]] QString Cell(int row, int column) const
+    {
+        return source_->cells[std::size_t(row) - 1][std::size_t(column) - 1];
+    }
     [[nodiscard]] QPoint Middle(int row, int column) const
     {
         return grid_->visualRect(grid_->model()->index(row - 1, column - 1)).center();

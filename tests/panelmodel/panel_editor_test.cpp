@@ -161,7 +161,9 @@ class RandomPanelEditing : public RandomTest {};
 
 TEST_F(RandomPanelEditing, CommitsAlwaysGiveWhatWritingTheWholeGridGives)
 {
-    const auto pick = [this](int from, int to) { return from + static_cast<int>(UpTo(static_cast<std::size_t>(to - from))); };
+    const auto pick = [this](int from, int to) {
+        return from + static_cast<int>(UpTo(static_cast<std::size_t>(to - from)));
+    };
     CSbdData data;
     for (int i = 0; i < 20; ++i)
         AddRow(data, 305, {"G", "W", "W"});

@@ -1,4 +1,4 @@
-// Helpers for the tests of the panel models.
+// What the tests of the panel models share.
 #pragma once
 
 #include "panelmodel/panel_model.h"

@@ -1,21 +1,20 @@
 #include "panelmodel/tree_rows.h"
-
 #include "project/catalogue.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
 
-#include <algorithm>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace sbd {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsSupersetOf;
 using testing::Not;
-using testing::Contains;
 
 CSbdData ProjectOfType(std::string_view type)
 {
@@ -71,8 +70,7 @@ bool Shows(const std::vector<TreeRow>& rows, int block)
 
 std::string TextOf(const std::vector<TreeRow>& rows, int block, bool group)
 {
-    const auto row =
-        std::ranges::find_if(rows, [=](const TreeRow& r) { return r.block == block && r.group == group; });
+    const auto row = std::ranges::find_if(rows, [=](const TreeRow& r) { return r.block == block && r.group == group; });
     return row == rows.end() ? "(not shown)" : row->text;
 }
 
@@ -119,13 +117,25 @@ TEST(TreeRows, TheTypeDecidesGroupsAndTitles)
         std::string_view title301;
     };
     const Case cases[] = {
-        {"ブラケット", {290, 300, 670, 999}, "290.横断線などの定義", "300.ブラケット自動設計MAIN_CONTROL",
+        {"ブラケット",
+         {290, 300, 670, 999},
+         "290.横断線などの定義",
+         "300.ブラケット自動設計MAIN_CONTROL",
          "301.ブラケット_CONTROL(必要)"},
-        {"床組", {290, 300, 640, 670, 999}, "290.横断線・縦桁などの定義", "300.床組自動設計MAIN_CONTROL",
+        {"床組",
+         {290, 300, 640, 670, 999},
+         "290.横断線・縦桁などの定義",
+         "300.床組自動設計MAIN_CONTROL",
          "301.床組_CONTROL(必要)"},
-        {"縦桁", {290, 300, 640, 999}, "290.横断線・縦桁などの定義", "300.縦桁自動設計MAIN_CONTROL",
+        {"縦桁",
+         {290, 300, 640, 999},
+         "290.横断線・縦桁などの定義",
+         "300.縦桁自動設計MAIN_CONTROL",
          "301.縦桁_CONTROL(必要)"},
-        {"断面1_2のみ", {290, 300, 999}, "290.断面のみ場合の断面力", "300.断面のみ自動設計MAIN_CONTROL",
+        {"断面1_2のみ",
+         {290, 300, 999},
+         "290.断面のみ場合の断面力",
+         "300.断面のみ自動設計MAIN_CONTROL",
          "301.断面のみ設計条件_CONTROL(必要)"},
     };
     for (const Case& c : cases) {

@@ -404,16 +404,31 @@ class TextCodecAtRandom : public RandomTest {};
 
 TEST_F(TextCodecAtRandom, AnyBytesKeepTheirTextThroughEditing)
 {
+    int kept = 0;
     for (int i = 0; i < 2000; ++i) {
         std::string bytes;
         for (std::size_t size = UpTo(40); size > 0; --size)
             bytes.push_back(static_cast<char>(UpTo(255)));
         const std::string text = FromCp932Lossless(bytes);
         const Cp932Result back = ToCp932(text);
-        ASSERT_FALSE(back.refused);
+        if (back.refused) // a lone lead byte in front of a character that is now written by its other code
+            continue;
+        ++kept;
         ASSERT_EQ(back.bytes.size(), bytes.size());
         ASSERT_EQ(FromCp932Lossless(back.bytes), text);
     }
+    EXPECT_GT(kept, 1900);
+}
+
+TEST(TextCodec, ALoneByteThatWouldJoinItsNewNeighbourIsRefused)
+{
+    // 0x87 0xFA is no character; behind the lone 0x87 stands the roman four by its second code, 0xFA4D. Written by its
+    // first code, 0x8757, the lone byte would pair with 0x87.
+    const std::string text = FromCp932Lossless("\x87\xFA\x4D");
+    const Cp932Result back = ToCp932(text);
+    ASSERT_TRUE(back.refused);
+    EXPECT_EQ(back.refused->offset, 0U);
+    EXPECT_TRUE(back.bytes.empty());
 }
 
 TEST(TextCodec, AByteThatIsNoCharacterIsShownByItsNumberInReports)

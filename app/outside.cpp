@@ -1,0 +1,93 @@
+#include "app/outside.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr DocumentCommand kDocuments[] = {
+    {33168, u"300＆４00　主桁自動設計・製図", "KELD_Section_README.doc"_L1},
+    {33169, u"500　横桁・対傾構・下横構の設計", "KELD_Cross_README.DOC"_L1},
+    {33175, u"600　FEMモデル自動作成", "KELD_Fem_README.doc"_L1},
+    {33171, u"640＆670　縦桁・ブラケットの設計", "KELD_Stringer_and_Bracket_README.DOC"_L1},
+    {33173, u"700　支点上補剛材・ダイヤフラムの設計", "KELD_Support_Stiff_Diaphragm_README.DOC"_L1},
+    {33174, u"800　数量計算", "KELD_Material_README.doc"_L1},
+};
+
+/// The file whatever the case of its name: the message asks for ".doc" where the table has ".DOC".
+QString FindFile(const QString& folder, const QString& name)
+{
+    const QDir dir(folder);
+    if (dir.exists(name))
+        return dir.filePath(name);
+    const QStringList files = dir.entryList(QDir::Files);
+    const auto found =
+        std::ranges::find_if(files, [&](const QString& file) { return file.compare(name, Qt::CaseInsensitive) == 0; });
+    return found == files.end() ? QString() : dir.filePath(*found);
+}
+
+} // namespace
+
+std::span<const DocumentCommand> DocumentCommands()
+{
+    return kDocuments;
+}
+
+QString WebMenuText(int command, const DeploymentSettings& settings)
+{
+    if (command == kHomePageCommand)
+        return u"KELD Homepage..."_s;
+    if (command != kSecondHomePageCommand || settings.secondHomePageName.isEmpty())
+        return {};
+    return settings.secondHomePageName + u" Homepage..."_s;
+}
+
+QUrl WebPage(int command, const DeploymentSettings& settings)
+{
+    if (command == kHomePageCommand)
+        return settings.homePage;
+    return command == kSecondHomePageCommand ? settings.secondHomePage : QUrl();
+}
+
+QString MissingDocumentMessage(const DocumentCommand& document, const QUrl& homePage)
+{
+    const QString name = QFileInfo(QString(document.file)).completeBaseName() + u".doc"_s;
+    const QString address = homePage.isEmpty() ? u"製品のホームページ"_s : homePage.toString();
+    return u"ファイル"_s + name + u"を "_s + address + u" \n(最新版アップデート)よりダウンロードして下さい！"_s;
+}
+
+COutside::COutside(QString programFolder, DeploymentSettings settings, Seams seams)
+    : programFolder_(std::move(programFolder))
+    , settings_(std::move(settings))
+    , seams_(std::move(seams))
+{
+    if (!seams_.open)
+        seams_.open = QDesktopServices::openUrl;
+}
+
+void COutside::Run(int command) const
+{
+    const auto document = std::ranges::find(kDocuments, command, &DocumentCommand::command);
+    if (document != std::end(kDocuments))
+        OpenDocument(*document);
+    else if (const QUrl page = WebPage(command, settings_); !page.isEmpty())
+        seams_.open(page);
+}
+
+void COutside::OpenDocument(const DocumentCommand& document) const
+{
+    const QString file = FindFile(programFolder_, document.file);
+    if (file.isEmpty())
+        seams_.warn(MissingDocumentMessage(document, settings_.homePage));
+    else
+        seams_.open(QUrl::fromLocalFile(file));
+}
+
+} // namespace sbd

@@ -1,0 +1,165 @@
+#include "app/single_instance.h"
+
+#include <QCryptographicHash>
+#include <QDataStream>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QLockFile>
+#include <QStandardPaths>
+#include <QThread>
+#include <QWidget>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr quint32 kMagic = 0x53424431; // "SBD1"
+constexpr qint64 kLargestRequest = 1 << 20;
+constexpr int kPause = 50; // ms between two tries to reach the first one
+
+constexpr const char* kActivationToken = "XDG_ACTIVATION_TOKEN";
+
+QByteArray ToBytes(const StartRequest& request)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setVersion(QDataStream::Qt_6_4);
+    stream << kMagic << request.paths << request.activationToken;
+    return bytes;
+}
+
+/// Nothing if the bytes are no request, or not a whole one yet.
+std::optional<StartRequest> FromBytes(const QByteArray& bytes)
+{
+    QDataStream stream(bytes);
+    stream.setVersion(QDataStream::Qt_6_4);
+    quint32 magic = 0;
+    StartRequest request;
+    stream >> magic;
+    if (magic != kMagic)
+        return std::nullopt;
+    stream >> request.paths >> request.activationToken;
+    if (stream.status() != QDataStream::Ok)
+        return std::nullopt;
+    return request;
+}
+
+} // namespace
+
+CSingleInstance::CSingleInstance(const QString& name, QObject* parent) : QObject(parent), name_(name) {}
+
+CSingleInstance::~CSingleInstance() = default;
+
+QString CSingleInstance::SessionName()
+{
+    // A window on another screen of the same user would not be seen.
+    QByteArray session = QDir::homePath().toUtf8();
+    for (const char* variable : {"WAYLAND_DISPLAY", "DISPLAY", "SESSIONNAME"})
+        session += '\n' + qgetenv(variable);
+    constexpr int digits = 16; // a socket's path has to be short
+    const QByteArray hash = QCryptographicHash::hash(session, QCryptographicHash::Sha256).toHex().first(digits);
+    const QString name = u"sbdstation-"_s + QString::fromLatin1(hash);
+#ifdef Q_OS_WIN
+    return name;
+#else
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    return folder.isEmpty() ? name : folder + u'/' + name;
+#endif
+}
+
+CSingleInstance::Role CSingleInstance::Start(const StartRequest& request)
+{
+    const QString file = QDir::isAbsolutePath(name_) ? name_ : QDir::temp().filePath(name_);
+    lock_ = std::make_unique<QLockFile>(file + u".lock"_s);
+    lock_->setStaleLockTime(0); // by the life of the process, not by age
+    if (lock_->tryLock() || lock_->error() != QLockFile::LockFailedError) {
+        Listen();
+        return Role::First;
+    }
+    return HandOver(request) ? Role::Second : Role::Unanswered;
+}
+
+void CSingleInstance::Listen()
+{
+    QLocalServer::removeServer(name_); // what a crashed one left
+    server_ = new QLocalServer(this);
+    server_->setSocketOptions(QLocalServer::UserAccessOption);
+    connect(server_, &QLocalServer::newConnection, this, [this] {
+        while (QLocalSocket* socket = server_->nextPendingConnection()) {
+            connect(socket, &QLocalSocket::readyRead, this, [this, socket] { TakeRequest(socket); });
+            connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+            TakeRequest(socket);
+        }
+    });
+    server_->listen(name_); // a program that cannot listen still works, it only stays in the back
+}
+
+void CSingleInstance::TakeRequest(QLocalSocket* socket)
+{
+    if (socket->bytesAvailable() > kLargestRequest) {
+        socket->abort();
+        return;
+    }
+    const std::optional<StartRequest> request = FromBytes(socket->peek(kLargestRequest));
+    if (!request)
+        return;
+    socket->readAll();
+    socket->write("1");
+    socket->flush();
+    emit requested(*request);
+}
+
+bool CSingleInstance::HandOver(const StartRequest& request) const
+{
+    const QDeadlineTimer deadline(patience);
+    QLocalSocket socket;
+    while (true) {
+        socket.connectToServer(name_);
+        if (socket.waitForConnected(static_cast<int>(deadline.remainingTime())))
+            break;
+        if (deadline.hasExpired())
+            return false;
+        QThread::msleep(kPause);
+    }
+    socket.write(ToBytes(request));
+    // The first one may be busy with a run. Once the bytes are with the system, it finds them when it is done.
+    while (socket.bytesToWrite() > 0) {
+        if (!socket.waitForBytesWritten(static_cast<int>(deadline.remainingTime())))
+            return false;
+    }
+    socket.waitForReadyRead(static_cast<int>(deadline.remainingTime()));
+    return true;
+}
+
+StartRequest RequestOf(const QStringList& projects)
+{
+    StartRequest request;
+    for (const QString& project : projects)
+        request.paths.append(QFileInfo(project).absoluteFilePath());
+    request.activationToken = qgetenv(kActivationToken);
+    return request;
+}
+
+QString UnansweredMessage()
+{
+    return u"KELD section はすでに起動していますが、応答がありません。\n\n"
+           u"新しいウィンドウは開きません。起動中の KELD section の入力内容はそのままです。\n\n"
+           u"計算の実行が終わるのを待つか、起動中の KELD section を終了してから、もう一度起動してください。"_s;
+}
+
+void BringToFront(QWidget& window, const QByteArray& activationToken)
+{
+    if (!activationToken.isEmpty())
+        qputenv(kActivationToken, activationToken); // read by the platform when a window asks to be activated
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+} // namespace sbd

@@ -1,0 +1,218 @@
+// Reading the results of a large bridge against plain fread of the same bytes into memory of their size.
+#include "bench/baseline.h"
+#include "results/field_reader.h"
+#include "results/result_files.h"
+#include "results/result_paths.h"
+#include "tests/results/file_bytes.h"
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <random>
+#include <string>
+
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
+namespace sbd::bench {
+
+namespace {
+
+constexpr std::int32_t kGirders = 20;
+constexpr std::int32_t kStations = 1000;
+constexpr std::int32_t kNodes = kGirders * kStations;
+constexpr std::int32_t kAlong = kGirders * (kStations - 1);
+constexpr std::int32_t kElements = kAlong + (kGirders - 1) * kStations;
+constexpr std::array kExtensions = {".Z1D", ".Z1F", ".Z1R", ".Z3D", ".Z3F", ".Z3R"};
+
+ShortestTimes freadTimes;
+ShortestTimes readTimes;
+
+std::string StationName(std::int32_t station)
+{
+    return "S" + std::to_string(station);
+}
+
+std::string GirderName(std::int32_t girder)
+{
+    return "G" + std::to_string(girder + 1);
+}
+
+/// Girders and cross beams; the girders' section is the first one, whose axes are turned.
+AnalysisModel Model(std::int32_t loadCases)
+{
+    AnalysisModel model;
+    model.title = "20,000 nodes";
+    model.loadCaseCount = loadCases;
+    for (std::int32_t load = 0; load < loadCases; ++load)
+        model.loadCaseNames.push_back("(B-L)" + std::to_string(load));
+    model.nodeCount = kNodes;
+    model.elementCount = kElements;
+    for (std::int32_t girder = 0; girder < kGirders; ++girder)
+        for (std::int32_t station = 0; station < kStations; ++station)
+            model.nodeNames.push_back(GirderName(girder) + "-" + StationName(station));
+    for (std::int32_t element = 0; element < kElements; ++element) {
+        model.elementNames.push_back("E" + std::to_string(element));
+        model.elementLinks.push_back({0, 0, element < kAlong ? 1 : 2, 0});
+    }
+    model.nodeWords.resize(kNodes);
+    model.elementWords.resize(kElements);
+    model.sectionCount = 2;
+    model.sections = {{1}, {0}};
+    model.sectionNames = {"main", "cross"};
+    return model;
+}
+
+ElementTable Elements()
+{
+    ElementTable table;
+    table.elementTableCount = kElements;
+    table.ends.resize(kElements, {1, 2, 0});
+    table.elementValues.resize(kElements);
+    return table;
+}
+
+NodeTable Nodes()
+{
+    NodeTable table;
+    table.nodeTableCount = kNodes;
+    table.coordinates.resize(kNodes, {1.5, 2.5, 3.5});
+    table.nodeFlags.resize(kNodes);
+    table.nodeValues.resize(kNodes);
+    return table;
+}
+
+ResultCube Cube(std::int32_t items, std::int32_t loadCases, std::int32_t components)
+{
+    ResultCube cube;
+    cube.size1 = items;
+    cube.size2 = loadCases;
+    cube.size3 = components;
+    cube.values.resize(EntryCount(items, loadCases, components));
+    for (std::size_t i = 0; i < cube.values.size(); ++i)
+        cube.values[i] = static_cast<double>(i) * 0.001;
+    return cube;
+}
+
+/// The six files of a bridge of 20,000 nodes in a folder of their own, as long as the program runs.
+class Files {
+public:
+    explicit Files(std::int32_t loadCases)
+    {
+        Write(".Z1D", BytesOf(Model(loadCases)));
+        Write(".Z1F", BytesOf(Elements()));
+        Write(".Z1R", BytesOf(Nodes()));
+        Write(".Z3D", BytesOf(Cube(kNodes, loadCases, 6)));
+        Write(".Z3F", BytesOf(Cube(kElements, loadCases, 12)));
+        Write(".Z3R", BytesOf(Cube(kNodes, loadCases, 6)));
+    }
+    Files(const Files&) = delete;
+    Files& operator=(const Files&) = delete;
+    ~Files()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+
+    [[nodiscard]] const std::filesystem::path& Project() const { return project_; }
+    [[nodiscard]] std::size_t Bytes() const { return bytes_; }
+
+private:
+    void Write(const char* extension, const FileBytes& bytes)
+    {
+        WriteFile(ResultFile(project_, extension), bytes.Text());
+        bytes_ += bytes.Size();
+    }
+
+    std::filesystem::path folder_ =
+        std::filesystem::temp_directory_path() / ("sbd-results-bench-" + std::to_string(std::random_device()()));
+    std::filesystem::path project_ = folder_ / "large.sbd";
+    std::size_t bytes_ = 0;
+};
+
+const Files& FilesOf(const benchmark::State& state)
+{
+    static std::map<std::int64_t, std::unique_ptr<Files>> files;
+    std::unique_ptr<Files>& held = files[state.range(0)];
+    if (!held)
+        held = std::make_unique<Files>(static_cast<std::int32_t>(state.range(0)));
+    return *held;
+}
+
+using Bytes = std::unique_ptr<char[]>;
+
+/// Each file by one fread into memory of its size that nobody has cleared before.
+std::array<Bytes, kExtensions.size()> PlainRead(const std::filesystem::path& project)
+{
+    std::array<Bytes, kExtensions.size()> all;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        const std::filesystem::path path = ResultFile(project, kExtensions[i]);
+        const std::size_t size = std::filesystem::file_size(path);
+        all[i] = std::make_unique_for_overwrite<char[]>(size);
+        std::FILE* file = std::fopen(path.string().c_str(), "rb");
+        if (file == nullptr || std::fread(all[i].get(), 1, size, file) != size)
+            std::abort();
+        std::fclose(file);
+    }
+    return all;
+}
+
+AnalysisResults Read(const std::filesystem::path& project)
+{
+    AnalysisResults results;
+    if (ReadResultFiles(project, results) != ResultFilesRead{true, true, true, true, true, true, kAlong})
+        std::abort();
+    return results;
+}
+
+/// Bytes in use on the heap; 0 where the system does not tell.
+std::size_t HeapInUse()
+{
+#if defined(__GLIBC__)
+    const struct mallinfo2 info = ::mallinfo2();
+    return info.uordblks + info.hblkhd;
+#else
+    return 0;
+#endif
+}
+
+void CountBytes(benchmark::State& state, std::size_t bytes)
+{
+    state.SetBytesProcessed(static_cast<std::int64_t>(bytes) * static_cast<std::int64_t>(state.iterations()));
+}
+
+void BM_PlainFread(benchmark::State& state)
+{
+    const Files& files = FilesOf(state);
+    Measure(state, freadTimes, [&] { return PlainRead(files.Project()); });
+    CountBytes(state, files.Bytes());
+}
+
+void BM_ReadResultFiles(benchmark::State& state)
+{
+    const Files& files = FilesOf(state);
+    Measure(state, readTimes, [&] { return Read(files.Project()); });
+    CountBytes(state, files.Bytes());
+    state.counters["times_fread"] = readTimes.Of(state.range(0)) / freadTimes.Of(state.range(0));
+
+    const std::size_t heapBefore = HeapInUse();
+    const AnalysisResults results = Read(files.Project());
+    benchmark::DoNotOptimize(&results);
+    state.counters["heap_per_byte"] =
+        static_cast<double>(HeapInUse() - heapBefore) / static_cast<double>(files.Bytes());
+}
+
+void Sizes(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->ArgName("load_cases")->Arg(40)->UseManualTime()->Unit(benchmark::kMillisecond);
+}
+
+// The baseline first: the ratio is taken from the times measured so far.
+BENCHMARK(BM_PlainFread)->Apply(Sizes);
+BENCHMARK(BM_ReadResultFiles)->Apply(Sizes);
+
+} // namespace
+
+} // namespace sbd::bench

@@ -1,0 +1,77 @@
+#include "frame/document_steps.h"
+
+#include "document/file_messages.h"
+#include "document/path.h"
+#include "document/section_doc.h"
+#include "sbdfile/grid_names.h"
+
+namespace sbd {
+
+namespace {
+
+constexpr int kControlBlock = 301;
+constexpr int kAnalysisUsedRow = 2; // "KELD_analysis_used", the project's type
+
+} // namespace
+
+CDocumentSteps::CDocumentSteps(CKELDSectionDoc& doc, CProjectLock& lock, DocumentHooks hooks)
+    : doc_(doc)
+    , lock_(lock)
+    , hooks_(std::move(hooks))
+{
+}
+
+bool CDocumentSteps::SaveDocument(const QString& project)
+{
+    const FileResult result = OnSaveDocument(doc_, lock_, project);
+    if (!result.Ok())
+        hooks_.warn(FileMessage(FileOperation::Save, project, result));
+    return result.Ok();
+}
+
+void CDocumentSteps::SetPathName(const QString& project)
+{
+    hooks_.setPathName(project);
+}
+
+void CDocumentSteps::ReadGridNames(const QString& namesFile)
+{
+    sbd::ReadGridNames(ToPath(namesFile), doc_.Data());
+}
+
+void CDocumentSteps::ReadResultFiles(const QString& project)
+{
+    hooks_.readResultFiles(project);
+}
+
+bool CDocumentSteps::OpenDocument(const QString& project)
+{
+    const OpenResult result = OnOpenDocument(doc_, lock_, project, hooks_.askAboutHeldFile);
+    if (result.outcome == OpenOutcome::Failed)
+        hooks_.warn(FileMessage(FileOperation::Open, project, result.file));
+    return result.Ok();
+}
+
+void CDocumentSteps::SetUcGrid()
+{
+    doc_.Data().SetOption(kControlBlock, kAnalysisUsedRow, "UC-GRID");
+    doc_.NotifyChanged({kControlBlock, kAnalysisUsedRow});
+    doc_.SetModifiedFlag(true);
+}
+
+bool CDocumentSteps::BoxWebFlow()
+{
+    return sbd::BoxWebFlow(doc_, hooks_.boxWebs);
+}
+
+bool CDocumentSteps::SaveWrapper()
+{
+    return hooks_.saveWrapper();
+}
+
+bool CDocumentSteps::RunMain()
+{
+    return hooks_.runMain();
+}
+
+} // namespace sbd

@@ -1,0 +1,122 @@
+// CEngineRunner: the five runs of the engines.
+#pragma once
+
+#include "document/engine_command.h"
+#include "document/recovery.h"
+#include "frame/engine_process.h"
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace sbd {
+
+class CChildFrame;
+class CKELDSectionDoc;
+class CProjectLock;
+
+/// The mutex of a run: it is closed with its last owner.
+struct AnalysisMutexHandle {
+    bool existed = false;
+    std::shared_ptr<void> handle;
+};
+
+/// What the runs ask, tell and use; tests put their own in.
+struct RunSeams {
+    std::function<bool(QWidget* parent, const QString& text)> askYesNo;
+    std::function<bool(QWidget* parent, const QString& text)> askOkCancel;
+    std::function<void(QWidget* parent, const QString& text)> tell;
+    /// The folder of our own program, where the engines are.
+    std::function<QString()> programFolder;
+    std::function<AnalysisMutexHandle()> createMutex;
+    /// Starts the engine and waits for its end; false if it does not start.
+    std::function<bool(QWidget* parent, const EngineStart& start)> runEngine;
+    /// The folder of the recovery copies.
+    std::function<QString()> recoveryFolder;
+};
+
+/// The dialogs on the screen and the system's own programs and folders.
+[[nodiscard]] RunSeams ScreenRunSeams();
+
+/// The project a run is made on. The lock lives as long as the document.
+struct RunProject {
+    QPointer<CKELDSectionDoc> doc;
+    CProjectLock* lock = nullptr;
+    QPointer<QWidget> window; ///< messages stand over it
+    /// The save wrapper: saves under the project's own name and takes the lock. False: not saved, the user knows.
+    std::function<bool()> save;
+    /// Calls `change` while no panel stands on the document; the panel of before is built anew behind it.
+    std::function<void(const std::function<void()>& change)> withoutPanel;
+};
+
+/// The project of a window; `lock` is its lock, `save` its save wrapper.
+[[nodiscard]] RunProject RunProjectOf(CChildFrame& child, CProjectLock& lock, std::function<bool()> save);
+
+/// Calls `change` while the window shows a block without a panel, and builds the panel of before anew.
+void WithoutPanel(CChildFrame& child, const std::function<void()>& change);
+
+/// What came of the project behind a run.
+enum class AfterRunResult {
+    NoDocument, ///< it is closed
+    NotRead,    ///< the engine still holds the file, or it cannot be written or read
+    Reloaded,
+};
+
+/// The end of a run: reads the project again if the engine has let go of it, and clears the modified flag in any case.
+AfterRunResult AfterRun(const RunProject& project);
+
+/// Runs the engines, one at a time.
+class CEngineRunner : public QObject {
+    Q_OBJECT
+
+public:
+    explicit CEngineRunner(RunSeams seams = ScreenRunSeams(), QObject* parent = nullptr);
+    ~CEngineRunner() override;
+
+    /// Makes a run and comes back when the engine has ended; the project is read again behind the messages that wait
+    /// already. Does nothing while another run is under way. True if the engine ran.
+    bool Run(EngineRun run, const RunProject& project);
+
+    /// The same, but the project has been read again when it comes back. True if it has.
+    bool RunAndReload(EngineRun run, const RunProject& project);
+
+    /// A run that a page asked for. With a question, a cancel ends it and an OK saves before the run. True if the
+    /// engine ran.
+    bool RunFromPage(EngineRun run, const QString& question, const RunProject& project);
+
+    /// From the begin of a run until the project has been read again.
+    [[nodiscard]] bool IsRunning() const { return running_; }
+
+signals:
+    /// A run is over; `started` is false if there was none. The project has not been read again yet.
+    void finished(bool started);
+    /// The project has been read again, or will not be.
+    void projectIsBack(bool reloaded);
+    /// Something to know but not to answer, for the status bar.
+    void notice(const QString& text);
+
+private:
+    struct Record;
+
+    [[nodiscard]] bool MayStart(const RunProject& project) const;
+    [[nodiscard]] bool SaveChanges(const RunProject& project) const;
+    [[nodiscard]] bool RunSteps(EngineRun run, const RunProject& project);
+    [[nodiscard]] bool StartAndWait(EngineRun run, const QString& engine, const RunProject& project);
+    [[nodiscard]] std::shared_ptr<Record> MakeRecord(const RunProject& project) const;
+    void BringBack(const RunProject& project, const std::shared_ptr<Record>& record);
+    void JudgeFile(const RunProject& project, AfterRunResult result, Record& record);
+    void KeepCopy(Record& record);
+    void Tell(const RunProject& project, const QString& text) const;
+
+    RunSeams seams_;
+    bool running_ = false;
+    bool reloaded_ = false;
+    QHash<QString, QString> keptCopies_; // project -> the copy kept for it in this session
+};
+
+} // namespace sbd

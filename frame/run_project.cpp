@@ -1,0 +1,95 @@
+// What the runs are given: dialogs, folders and processes of the system, and a window's project.
+#include "document/analysis_mutex.h"
+#include "document/section_doc.h"
+#include "frame/child_frame.h"
+#include "frame/engine_runner.h"
+#include "panels/panel.h"
+
+#include <QCoreApplication>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kNeutralBlock = 255; // its panel holds no data
+
+/// True: the first answer. Closing the box is the answer that starts nothing.
+bool Ask(QWidget* parent, const QString& text, const QString& first, const QString& second, bool startsWithFirst)
+{
+    QMessageBox box(QMessageBox::Question, u"KELD section"_s, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton* yes = box.addButton(first, QMessageBox::YesRole);
+    QPushButton* no = box.addButton(second, QMessageBox::NoRole);
+    box.setDefaultButton(yes);
+    box.setEscapeButton(startsWithFirst ? no : yes);
+    box.exec();
+    return box.clickedButton() == yes;
+}
+
+/// Asked while the analysis program runs, where yes means to stop.
+bool AskYesNo(QWidget* parent, const QString& text)
+{
+    return Ask(parent, text, u"はい(&Y)"_s, u"いいえ(&N)"_s, false);
+}
+
+bool AskOkCancel(QWidget* parent, const QString& text)
+{
+    return Ask(parent, text, u"OK"_s, u"キャンセル"_s, true);
+}
+
+void Tell(QWidget* parent, const QString& text)
+{
+    QMessageBox box(QMessageBox::Warning, u"KELD section"_s, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.addButton(u"OK"_s, QMessageBox::AcceptRole);
+    box.exec();
+}
+
+AnalysisMutexHandle CreateAnalysisMutex()
+{
+    auto mutex = std::make_shared<CAnalysisMutex>();
+    return {mutex->Existed(), mutex};
+}
+
+} // namespace
+
+RunSeams ScreenRunSeams()
+{
+    return {AskYesNo,
+            AskOkCancel,
+            Tell,
+            [] { return QCoreApplication::applicationDirPath(); },
+            CreateAnalysisMutex,
+            RunEngineProcess,
+            RecoveryFolder};
+}
+
+void WithoutPanel(CChildFrame& child, const std::function<void()>& change)
+{
+    const int block = child.CurrentBlock();
+    const QWidget* focus = child.window()->focusWidget();
+    const bool panelHadFocus = child.Panel() != nullptr && child.Panel()->isAncestorOf(focus);
+    child.setUpdatesEnabled(false);
+    child.SwitchToBlock(kNeutralBlock);
+    change();
+    child.SwitchToBlock(block);
+    child.setUpdatesEnabled(true);
+    if (panelHadFocus)
+        child.FocusPanel();
+}
+
+RunProject RunProjectOf(CChildFrame& child, CProjectLock& lock, std::function<bool()> save)
+{
+    const QPointer<CChildFrame> frame = &child;
+    return {&child.Doc(), &lock, child.window(), std::move(save), [frame](const std::function<void()>& change) {
+                if (frame)
+                    WithoutPanel(*frame, change);
+            }};
+}
+
+} // namespace sbd

@@ -1,0 +1,261 @@
+// The commands, keys and mouse of CGridCtrl.
+#include "grid/cell_editor.h"
+#include "grid/grid_ctrl.h"
+#include "grid/grid_delegate.h"
+#include "grid/grid_model.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace sbd {
+
+// --- commands ----------------------------------------------------------------------------------------
+
+void CGridCtrl::Undo()
+{
+    if (IsEditing()) {
+        CommitEditor(); // the edit ends; the next undo takes it back
+        return;
+    }
+    const std::optional<GridCell> cell = Source() ? Source()->Undo() : std::nullopt;
+    if (!cell)
+        return;
+    ShowAll();
+    SetFocusCell(cell->row, cell->column);
+    emit cellsChanged();
+}
+
+void CGridCtrl::Cut()
+{
+    if (QLineEdit* line = OpenLine()) {
+        line->cut();
+        return;
+    }
+    Copy();
+    Delete();
+}
+
+void CGridCtrl::Copy()
+{
+    if (QLineEdit* line = OpenLine())
+        line->copy();
+    else if (Source() && FocusCell().row > 0)
+        QApplication::clipboard()->setText(Source()->Copy(SelectedRange()));
+}
+
+void CGridCtrl::Paste()
+{
+    if (QLineEdit* line = OpenLine()) {
+        line->paste();
+        return;
+    }
+    const QString text = QApplication::clipboard()->text();
+    if (!Source() || FocusCell().row == 0 || text.isEmpty())
+        return;
+    if (const std::optional<QString> character = Source()->RefusedCharacter(text)) {
+        showMessage(tr("「%1」はこのシステムの文字コード（シフトJIS）にない文字です。貼り付けは行いませんでした。"
+                       "別の文字に置き換えてから、もう一度貼り付けてください。")
+                        .arg(*character));
+        return;
+    }
+    const GridRange range = SelectedRange();
+    GridRange filled;
+    const GridEffect effect = Source()->Paste(range.top, range.left, text, &filled);
+    if (effect == GridEffect::None)
+        return;
+    Show(effect, {range.top, range.left});
+    SetFocusCell(range.top, range.left);
+    selectionModel()->select(
+        QItemSelection(model_->IndexOf({filled.top, filled.left}), model_->IndexOf({filled.bottom, filled.right})),
+        QItemSelectionModel::ClearAndSelect);
+    emit cellsChanged();
+}
+
+void CGridCtrl::Delete()
+{
+    if (QLineEdit* line = OpenLine()) {
+        line->del();
+        return;
+    }
+    if (!Source() || FocusCell().row == 0)
+        return;
+    const GridRange range = SelectedRange();
+    const GridEffect effect = Source()->Clear(range);
+    if (effect == GridEffect::None)
+        return;
+    Show(effect, {range.top, range.left});
+    viewport()->update();
+    emit cellsChanged();
+}
+
+// --- keys and mouse ----------------------------------------------------------------------------------
+
+namespace {
+
+enum class Command { None, Undo, Cut, Copy, Paste, Delete };
+
+Command CommandOf(const QKeyEvent& event)
+{
+    if (event.matches(QKeySequence::Copy))
+        return Command::Copy;
+    if (event.matches(QKeySequence::Cut))
+        return Command::Cut;
+    if (event.matches(QKeySequence::Paste))
+        return Command::Paste;
+    if (event.matches(QKeySequence::Undo))
+        return Command::Undo;
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    if (event.key() == Qt::Key_Delete && modifiers == Qt::NoModifier)
+        return Command::Delete;
+    if (event.key() == Qt::Key_Insert && modifiers == Qt::ControlModifier)
+        return Command::Copy;
+    if (event.key() == Qt::Key_Insert && modifiers == Qt::ShiftModifier)
+        return Command::Paste;
+    if (event.key() == Qt::Key_Backspace && modifiers == Qt::AltModifier)
+        return Command::Undo;
+    return Command::None;
+}
+
+} // namespace
+
+bool CGridCtrl::event(QEvent* event)
+{
+    // The grid's own keys come to the grid, whatever commands the window has on them.
+    if (event->type() == QEvent::ShortcutOverride && !IsEditing()
+        && CommandOf(*static_cast<QKeyEvent*>(event)) != Command::None) {
+        event->accept();
+        return true;
+    }
+    return QTableView::event(event);
+}
+
+bool CGridCtrl::HandleCommandKey(QKeyEvent* event)
+{
+    switch (CommandOf(*event)) {
+    case Command::Undo:
+        Undo();
+        return true;
+    case Command::Cut:
+        Cut();
+        return true;
+    case Command::Copy:
+        Copy();
+        return true;
+    case Command::Paste:
+        Paste();
+        return true;
+    case Command::Delete:
+        Delete();
+        return true;
+    case Command::None:
+        return false;
+    }
+    return false;
+}
+
+/// Where an arrow with Ctrl leads: to the end of the filled cells, or over the empty ones to the next filled cell.
+GridCell CGridCtrl::JumpTarget(GridCell from, int key) const
+{
+    const int rows = key == Qt::Key_Up ? -1 : key == Qt::Key_Down ? 1 : 0;
+    const int columns = key == Qt::Key_Left ? -1 : key == Qt::Key_Right ? 1 : 0;
+    const int lastRow = std::max(Source()->UsedRows(), from.row);
+    const auto inside = [&](GridCell cell) {
+        return cell.row >= 1 && cell.row <= lastRow && cell.column >= 1 && cell.column <= model_->columnCount();
+    };
+    const auto filled = [&](GridCell cell) { return !Source()->Text(cell.row, cell.column).isEmpty(); };
+    GridCell cell = from;
+    GridCell next{cell.row + rows, cell.column + columns};
+    if (!inside(next))
+        return from;
+    const bool run = filled(from) && filled(next); // then to the last filled one
+    while (inside(next)) {
+        if (run && !filled(next))
+            break;
+        cell = next;
+        if (!run && filled(cell))
+            break;
+        next = {cell.row + rows, cell.column + columns};
+    }
+    return cell;
+}
+
+bool CGridCtrl::HandleMoveKey(QKeyEvent* event)
+{
+    const bool control = event->modifiers() & Qt::ControlModifier;
+    const bool shift = event->modifiers() & Qt::ShiftModifier;
+    const bool alt = event->modifiers() & Qt::AltModifier;
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        MoveFocus(shift ? -1 : 1, 0);
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        if (alt) {
+            OpenList();
+            return true;
+        }
+        [[fallthrough]];
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        if (control && FocusCell().row > 0)
+            MoveTo(JumpTarget(FocusCell(), event->key()), shift);
+        return control;
+    case Qt::Key_End:
+        if (control)
+            MoveTo({std::max(1, Source()->UsedRows()), model_->columnCount()}, shift);
+        return control;
+    default:
+        return false;
+    }
+}
+
+void CGridCtrl::keyPressEvent(QKeyEvent* event)
+{
+    if (!Source() || IsEditing()) {
+        QTableView::keyPressEvent(event);
+        return;
+    }
+    if (HandleCommandKey(event) || HandleMoveKey(event))
+        return;
+    if (event->key() == Qt::Key_Backspace && !event->modifiers()) {
+        if (edit(currentIndex(), AnyKeyPressed, nullptr))
+            if (QLineEdit* line = OpenLine())
+                line->clear();
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void CGridCtrl::mousePressEvent(QMouseEvent* event)
+{
+    const QModelIndex index = indexAt(event->position().toPoint());
+    const bool onButton = index.isValid() && index == currentIndex() && event->button() == Qt::LeftButton
+                          && CGridDelegate::ButtonRect(visualRect(index)).contains(event->position().toPoint());
+    if (onButton && model_->flags(index).testFlag(Qt::ItemIsEditable)
+        && Source()->HasWords(index.row() + 1, index.column() + 1)) {
+        OpenList();
+        return;
+    }
+    QTableView::mousePressEvent(event);
+}
+
+/// With the keyboard the focus comes to the first cell that takes text.
+void CGridCtrl::focusInEvent(QFocusEvent* event)
+{
+    if (Source() && !currentIndex().isValid() && event->reason() != Qt::MouseFocusReason
+        && event->reason() != Qt::ActiveWindowFocusReason && model_->rowCount() > 0) {
+        int column = 1;
+        while (column < model_->columnCount() && !Source()->IsEditable(1, column))
+            ++column;
+        SetFocusCell(1, Source()->IsEditable(1, column) ? column : 1);
+    }
+    QTableView::focusInEvent(event);
+}
+
+} // namespace sbd

@@ -1,0 +1,57 @@
+// The tables of the block tree.
+#pragma once
+
+#include "panelmodel/tree_rows.h"
+
+namespace sbd {
+
+struct BlockRange {
+    int first;
+    int last;
+};
+using BlockRanges = std::vector<BlockRange>;
+
+/// A group of the tree.
+struct TreeGroup {
+    int block;
+    std::string_view title; ///< UTF-8; empty: by the project's type
+    BlockRanges items;      ///< in the order of the tree
+};
+[[nodiscard]] const std::vector<TreeGroup>& TreeGroups();
+
+/// What the tree shows of a project by the beginning of its type.
+struct ProjectKind {
+    std::string_view typeBegins; ///< UTF-8; empty: every other type, a whole bridge
+    std::string_view group290;
+    std::string_view group300;
+    std::string_view block301;
+    std::vector<int> groups; ///< groups shown; empty: by mode and filters
+    BlockRanges items;       ///< items shown
+};
+/// The first row that fits holds; the last one fits all types.
+[[nodiscard]] const std::vector<ProjectKind>& ProjectKinds();
+
+/// What a filter command leaves out.
+struct FilteredItems {
+    TreeFilter filter;
+    int group; ///< head left out with it; 0: none
+    BlockRanges items;
+};
+[[nodiscard]] const std::vector<FilteredItems>& FilteredItemTable();
+
+/// When a block counts as filled.
+enum class MarkRule {
+    Always,
+    MoreRows,               ///< more rows than the rule's number
+    MoreRowsAndNoAutomatic, ///< and the control row says "NO"
+};
+
+struct MarkRange {
+    MarkRule rule;
+    std::size_t rows;
+    BlockRanges blocks;
+};
+/// Numbers as the tree shows them, aliases included. What stands in no row is never bold.
+[[nodiscard]] const std::vector<MarkRange>& MarkRanges();
+
+} // namespace sbd

@@ -1,0 +1,177 @@
+#include "app/outside.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace sbd;
+
+namespace {
+
+/// A program folder, a desktop and a user.
+struct Desk {
+    QTemporaryDir folder;
+    DeploymentSettings settings;
+    QList<QUrl> opened;
+    QStringList warned;
+    bool opens = true;
+
+    Desk()
+    {
+        settings.homePage = QUrl(u"https://home.example.com/"_s);
+        settings.secondHomePage = QUrl(u"https://second.example.com/"_s);
+        settings.secondHomePageName = u"Second"_s;
+    }
+    void Put(const QString& name) const
+    {
+        QFile file(folder.filePath(name));
+        QVERIFY(file.open(QFile::WriteOnly));
+    }
+    void Run(int command)
+    {
+        COutside(folder.path(), settings,
+                 {[this](const QUrl& url) {
+                      opened.append(url);
+                      return opens;
+                  },
+                  [this](const QString& text) { warned.append(text); }})
+            .Run(command);
+    }
+};
+
+} // namespace
+
+class OutsideTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void theDocumentsStandInTheOrderOfTheMenu();
+    void aDocumentBesideTheProgramIsOpened();
+    void aDocumentIsFoundWhateverTheCaseOfItsName();
+    void aMissingDocumentIsTold_data();
+    void aMissingDocumentIsTold();
+    void withoutAHomePageTheMessageStillTellsWhere();
+    void thePagesAreOpened();
+    void aPageThatIsNotSetDoesNothing();
+    void otherCommandsDoNothing();
+    void whatTheDesktopAnswersIsNotLookedAt();
+    void theMenuNamesThePages();
+};
+
+void OutsideTest::theDocumentsStandInTheOrderOfTheMenu()
+{
+    const QList<std::tuple<int, QString, QString>> expected = {
+        {33168, u"300＆４00　主桁自動設計・製図"_s, u"KELD_Section_README.doc"_s},
+        {33169, u"500　横桁・対傾構・下横構の設計"_s, u"KELD_Cross_README.DOC"_s},
+        {33175, u"600　FEMモデル自動作成"_s, u"KELD_Fem_README.doc"_s},
+        {33171, u"640＆670　縦桁・ブラケットの設計"_s, u"KELD_Stringer_and_Bracket_README.DOC"_s},
+        {33173, u"700　支点上補剛材・ダイヤフラムの設計"_s, u"KELD_Support_Stiff_Diaphragm_README.DOC"_s},
+        {33174, u"800　数量計算"_s, u"KELD_Material_README.doc"_s},
+    };
+    QCOMPARE(qsizetype(DocumentCommands().size()), expected.size());
+    for (qsizetype i = 0; i < expected.size(); ++i) {
+        const DocumentCommand& command = DocumentCommands()[std::size_t(i)];
+        QCOMPARE(command.command, std::get<0>(expected[i]));
+        QCOMPARE(command.menuText.toString(), std::get<1>(expected[i]));
+        QCOMPARE(QString(command.file), std::get<2>(expected[i]));
+    }
+}
+
+void OutsideTest::aDocumentBesideTheProgramIsOpened()
+{
+    for (const DocumentCommand& command : DocumentCommands()) {
+        Desk desk;
+        desk.Put(command.file);
+        desk.Run(command.command);
+        QCOMPARE(desk.opened, QList<QUrl>{QUrl::fromLocalFile(desk.folder.filePath(command.file))});
+        QVERIFY(desk.warned.isEmpty());
+    }
+}
+
+void OutsideTest::aDocumentIsFoundWhateverTheCaseOfItsName()
+{
+    Desk desk;
+    desk.Put(u"keld_cross_readme.doc"_s);
+    desk.Run(33169);
+    QCOMPARE(desk.opened.size(), 1);
+    QVERIFY(QFile::exists(desk.opened.constFirst().toLocalFile()));
+}
+
+void OutsideTest::aMissingDocumentIsTold_data()
+{
+    QTest::addColumn<int>("command");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("lower case") << 33168 << u"KELD_Section_README.doc"_s;
+    QTest::newRow("upper case becomes lower case") << 33173 << u"KELD_Support_Stiff_Diaphragm_README.doc"_s;
+}
+
+void OutsideTest::aMissingDocumentIsTold()
+{
+    QFETCH(int, command);
+    QFETCH(QString, name);
+    Desk desk;
+    desk.Run(command);
+    QVERIFY(desk.opened.isEmpty());
+    QCOMPARE(desk.warned,
+             QStringList(u"ファイル"_s + name
+                         + u"を https://home.example.com/ \n(最新版アップデート)よりダウンロードして下さい！"_s));
+}
+
+void OutsideTest::withoutAHomePageTheMessageStillTellsWhere()
+{
+    Desk desk;
+    desk.settings = {};
+    desk.Run(33174);
+    QCOMPARE(desk.warned, QStringList(u"ファイルKELD_Material_README.docを 製品のホームページ \n"
+                                      u"(最新版アップデート)よりダウンロードして下さい！"_s));
+}
+
+void OutsideTest::thePagesAreOpened()
+{
+    Desk desk;
+    desk.Run(kHomePageCommand);
+    desk.Run(kSecondHomePageCommand);
+    QCOMPARE(desk.opened, (QList<QUrl>{desk.settings.homePage, desk.settings.secondHomePage}));
+}
+
+void OutsideTest::aPageThatIsNotSetDoesNothing()
+{
+    Desk desk;
+    desk.settings = {};
+    desk.Run(kHomePageCommand);
+    desk.Run(kSecondHomePageCommand);
+    QVERIFY(desk.opened.isEmpty());
+    QVERIFY(desk.warned.isEmpty());
+}
+
+void OutsideTest::otherCommandsDoNothing()
+{
+    Desk desk;
+    for (const int command : {0, 33170, 33172, 32768})
+        desk.Run(command);
+    QVERIFY(desk.opened.isEmpty());
+    QVERIFY(desk.warned.isEmpty());
+}
+
+void OutsideTest::whatTheDesktopAnswersIsNotLookedAt()
+{
+    Desk desk;
+    desk.opens = false;
+    desk.Put(u"KELD_Fem_README.doc"_s);
+    desk.Run(33175);
+    desk.Run(kHomePageCommand);
+    QCOMPARE(desk.opened.size(), 2);
+    QVERIFY(desk.warned.isEmpty());
+}
+
+void OutsideTest::theMenuNamesThePages()
+{
+    Desk desk;
+    QCOMPARE(WebMenuText(kHomePageCommand, desk.settings), u"KELD Homepage..."_s);
+    QCOMPARE(WebMenuText(kSecondHomePageCommand, desk.settings), u"Second Homepage..."_s);
+    QCOMPARE(WebMenuText(kSecondHomePageCommand, {}), QString());
+}
+
+QTEST_GUILESS_MAIN(OutsideTest)
+#include "outside_test.moc"
