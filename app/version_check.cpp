@@ -65,7 +65,7 @@ bool CVersionCheck::LeavesForHomePage()
 
 void CVersionCheck::Finish(const QString& result)
 {
-    record_.Write(start_.date(), version_, result);
+    (void)record_.Write(start_.date(), version_, result); // the result is told all the same
     emit checked(result);
 }
 

@@ -28,7 +28,7 @@ public:
     /// Takes the result of a check of `today` out of the record, if there is one, and removes the file.
     [[nodiscard]] std::optional<QString> Take(QDate today) const;
     /// Writes the record anew; without a result its third line is missing. False if the folder takes no file.
-    bool Write(QDate today, const QString& version, const QString& result) const;
+    [[nodiscard]] bool Write(QDate today, const QString& version, const QString& result) const;
 
 private:
     QString file_;
