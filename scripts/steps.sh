@@ -1,6 +1,9 @@
 # shellcheck shell=bash
 # Sourced by test.sh and .ci/run: named steps with their times, and a summary at the end.
 
+# One object serves all build folders: presets with the same flags compile a file once.
+export CCACHE_NOHASHDIR=1
+
 steps_names=()
 steps_times=()
 steps_results=()
