@@ -37,9 +37,9 @@ int main(int count, char** values)
         arguments.emplace_back(values[i]);
 #endif
     const sbd::CommandResult result = sbd::RunCommandLine(arguments);
-    std::fwrite(result.output.data(), 1, result.output.size(), stdout);
+    const std::size_t printed = std::fwrite(result.output.data(), 1, result.output.size(), stdout);
     std::fwrite(result.error.data(), 1, result.error.size(), stderr);
-    if (std::fflush(stdout) != 0) {
+    if (printed != result.output.size() || std::fflush(stdout) != 0) {
         std::fputs("sbdtool: 結果を出力できません。\n", stderr);
         return 2;
     }
