@@ -1,10 +1,12 @@
 #include "app/single_instance.h"
 
 #include <QCryptographicHash>
-#include <QDataStream>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QLockFile>
@@ -18,34 +20,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr quint32 kMagic = 0x53424431; // "SBD1"
 constexpr qint64 kLargestRequest = 1 << 20;
 constexpr int kPause = 50; // ms between two tries to reach the first one
 
 constexpr const char* kActivationToken = "XDG_ACTIVATION_TOKEN";
 
+// A request is one line of JSON: what comes in decides nothing about how much is reserved.
+const auto kPaths = u"paths"_s;
+const auto kToken = u"activationToken"_s;
+
 QByteArray ToBytes(const StartRequest& request)
 {
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream.setVersion(QDataStream::Qt_6_4);
-    stream << kMagic << request.paths << request.activationToken;
-    return bytes;
+    const QJsonObject object{{kPaths, QJsonArray::fromStringList(request.paths)},
+                             {kToken, QString::fromUtf8(request.activationToken)}};
+    return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
 
-/// Nothing if the bytes are no request, or not a whole one yet.
-std::optional<StartRequest> FromBytes(const QByteArray& bytes)
+std::optional<StartRequest> FromBytes(const QByteArray& line)
 {
-    QDataStream stream(bytes);
-    stream.setVersion(QDataStream::Qt_6_4);
-    quint32 magic = 0;
+    const QJsonDocument document = QJsonDocument::fromJson(line);
+    if (!document.isObject())
+        return std::nullopt;
     StartRequest request;
-    stream >> magic;
-    if (magic != kMagic)
-        return std::nullopt;
-    stream >> request.paths >> request.activationToken;
-    if (stream.status() != QDataStream::Ok)
-        return std::nullopt;
+    for (const QJsonValue& path : document[kPaths].toArray())
+        request.paths.append(path.toString());
+    request.activationToken = document[kToken].toString().toUtf8();
     return request;
 }
 
@@ -91,6 +90,7 @@ void CSingleInstance::Listen()
     server_->setSocketOptions(QLocalServer::UserAccessOption);
     connect(server_, &QLocalServer::newConnection, this, [this] {
         while (QLocalSocket* socket = server_->nextPendingConnection()) {
+            socket->setReadBufferSize(kLargestRequest);
             connect(socket, &QLocalSocket::readyRead, this, [this, socket] { TakeRequest(socket); });
             connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
             TakeRequest(socket);
@@ -101,15 +101,17 @@ void CSingleInstance::Listen()
 
 void CSingleInstance::TakeRequest(QLocalSocket* socket)
 {
-    if (socket->bytesAvailable() > kLargestRequest) {
+    if (!socket->canReadLine()) {
+        if (socket->bytesAvailable() >= kLargestRequest)
+            socket->abort();
+        return;
+    }
+    const std::optional<StartRequest> request = FromBytes(socket->readLine());
+    if (!request) {
         socket->abort();
         return;
     }
-    const std::optional<StartRequest> request = FromBytes(socket->peek(kLargestRequest));
-    if (!request)
-        return;
-    socket->readAll();
-    socket->write("1");
+    socket->write("1"); // the other one may end
     socket->flush();
     emit requested(*request);
 }

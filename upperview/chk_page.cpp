@@ -45,7 +45,7 @@ constexpr ChkRun kRuns[] = {
      u"\t キャンセル：　解析実行＆出力を行いません．"},
 };
 
-bool IsSeparator(const QString& path, QChar c)
+bool IsSeparator([[maybe_unused]] const QString& path, QChar c)
 {
 #ifndef Q_OS_WIN
     if (path.startsWith(u'/'))

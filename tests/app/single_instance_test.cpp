@@ -247,8 +247,14 @@ void SingleInstanceTest::nonsenseOnTheSocketIsPassedOver()
     int requests = 0;
     connect(&first, &CSingleInstance::requested, this, [&] { ++requests; });
     QCOMPARE(first.Start({}), CSingleInstance::Role::First);
-    for (const QByteArray& bytes : {QByteArray("GET / HTTP/1.0\r\n\r\n"), QByteArray("SBD1\xff\xff\xff\xf0", 8),
-                                    QByteArray(3 << 20, 'x'), QByteArray()}) {
+    const QList<QByteArray> nonsense = {"GET / HTTP/1.0\r\n\r\n",
+                                        "[1,2]\n",
+                                        "{\"paths\":",
+                                        QByteArray(3 << 20, 'x'),
+                                        QByteArray(100000, '[') + '\n',
+                                        QByteArray(16, '\xff') + '\n',
+                                        {}};
+    for (const QByteArray& bytes : nonsense) {
         QLocalSocket socket;
         socket.connectToServer(name.name);
         QVERIFY(socket.waitForConnected());
