@@ -7,6 +7,7 @@
 #include <QTranslator>
 
 #include <clocale>
+#include <csignal>
 
 int main(int argc, char** argv)
 {
@@ -14,6 +15,9 @@ int main(int argc, char** argv)
 
     if (sbd::NeedsNoScreen(argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN); // a limit on file sizes is told as a full disk, it does not end the program
+#endif
     QApplication app(argc, argv);
     std::setlocale(LC_NUMERIC, "C"); // the application object has set the user's
     QApplication::setApplicationName(u"sbdstation"_s);

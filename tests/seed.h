@@ -11,11 +11,7 @@ namespace sbd {
 
 class RandomTest : public testing::Test {
 protected:
-    RandomTest()
-        : random(seed_)
-        , trace_(__FILE__, __LINE__, "repeat with SBD_TEST_SEED=" + std::to_string(seed_))
-    {
-    }
+    RandomTest() : random(seed_), trace_(__FILE__, __LINE__, "repeat with SBD_TEST_SEED=" + std::to_string(seed_)) {}
 
     /// A number from 0 to `last`.
     std::size_t UpTo(std::size_t last) { return std::uniform_int_distribution<std::size_t>(0, last)(random); }

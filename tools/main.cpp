@@ -1,6 +1,7 @@
 // sbdtool: prints what the program knows, and reads and writes projects, without a window.
 #include "tools/commands.h"
 
+#include <csignal>
 #include <cstdio>
 
 #ifdef _WIN32
@@ -27,6 +28,9 @@ int wmain(int count, wchar_t** values)
 int main(int count, char** values)
 #endif
 {
+#ifdef SIGXFSZ
+    std::signal(SIGXFSZ, SIG_IGN); // a limit on file sizes is told as a full disk, it does not end the program
+#endif
     std::vector<std::string> arguments;
     for (int i = 1; i < count; ++i)
 #ifdef _WIN32

@@ -101,7 +101,8 @@ TEST(Catalogue, NoPrefixOpensTheHeaderOfAnotherBlock)
         for (const CatalogueRow& other : Catalogue())
             for (const std::string_view prefix : row.prefixes)
                 if (&row != &other && !prefix.empty() && !other.tag.empty()) {
-                    EXPECT_FALSE(("[" + std::string(other.tag) + "]").starts_with(prefix)) << prefix << " " << other.block;
+                    EXPECT_FALSE(("[" + std::string(other.tag) + "]").starts_with(prefix))
+                        << prefix << " " << other.block;
                 }
 }
 
@@ -112,10 +113,11 @@ TEST(Catalogue, TheLowerCasePrefixDiffersInNineBlocksByMoreThanItsCase)
         for (const std::size_t upper : {0U, 2U})
             if (row.prefixes[upper + 1] != LowerCase(row.prefixes[upper]))
                 odd[row.block] = row.prefixes[upper + 1];
-    EXPECT_THAT(odd, ElementsAre(Pair(316, "[sec_name_h_sway"), Pair(483, "[cbd_sheet_LAT"), Pair(486, "[mbd_sheet_LAT"),
-                                 Pair(641, "[stringer_range"), Pair(642, "[stringer_type_load]"),
-                                 Pair(672, "[bracker_dz_angle]"), Pair(682, "[bracket_v_stiff"),
-                                 Pair(683, "[bracket_h_stiff"), Pair(689, "[bracket_output")));
+    EXPECT_THAT(odd,
+                ElementsAre(Pair(316, "[sec_name_h_sway"), Pair(483, "[cbd_sheet_LAT"), Pair(486, "[mbd_sheet_LAT"),
+                            Pair(641, "[stringer_range"), Pair(642, "[stringer_type_load]"),
+                            Pair(672, "[bracker_dz_angle]"), Pair(682, "[bracket_v_stiff"),
+                            Pair(683, "[bracket_h_stiff"), Pair(689, "[bracket_output")));
 }
 
 TEST(Catalogue, TwoBlocksAreAlsoOpenedByOldNames)
@@ -176,7 +178,8 @@ TEST(Catalogue, ANumberWithoutARowIsNotFound)
 TEST(Catalogue, NoTextHasAnythingButItsOwnBytesInItsFileWords)
 {
     for (const CatalogueRow& row : Catalogue()) {
-        for (const std::string_view text : {row.tag, row.prefixes[0], row.prefixes[1], row.prefixes[2], row.prefixes[3]})
+        for (const std::string_view text :
+             {row.tag, row.prefixes[0], row.prefixes[1], row.prefixes[2], row.prefixes[3]})
             EXPECT_TRUE(std::ranges::all_of(text, [](char c) { return c > ' ' && c < '\x7F'; })) << row.block;
         EXPECT_EQ(row.panel, PanelOfBlock(row.block)) << row.block;
     }
@@ -263,7 +266,15 @@ TEST(CataloguePanels, EveryRangeHasItsPanelUpToItsEnds)
 {
     const std::map<std::string_view, std::vector<std::pair<int, int>>> ranges = {
         {"CDown_DATA_400",
-         {{304, 307}, {312, 316}, {321, 323}, {326, 329}, {331, 359}, {400, 400}, {402, 405}, {407, 420}, {422, 429},
+         {{304, 307},
+          {312, 316},
+          {321, 323},
+          {326, 329},
+          {331, 359},
+          {400, 400},
+          {402, 405},
+          {407, 420},
+          {422, 429},
           {481, 486}}},
         {"CDown_DATA_500",
          {{500, 500}, {502, 507}, {511, 517}, {523, 524}, {532, 535}, {542, 543}, {551, 566}, {572, 579}, {581, 583}}},
@@ -274,15 +285,16 @@ TEST(CataloguePanels, EveryRangeHasItsPanelUpToItsEnds)
         for (const auto& [from, to] : list)
             for (int block = from; block <= to; ++block)
                 EXPECT_EQ(PanelOfBlock(block), panel) << block;
-    for (const int none : {252, 257, 258, 260, 290, 297, 300, 317, 320, 330, 360, 364, 390, 397, 399, 430, 480, 487, 508,
-                           518, 520, 525, 530, 536, 540, 544, 550, 568, 580, 585, 599, 690, 699, 715, 720, 800, 802, 998})
+    for (const int none :
+         {252, 257, 258, 260, 290, 297, 300, 317, 320, 330, 360, 364, 390, 397, 399, 430, 480, 487, 508,
+          518, 520, 525, 530, 536, 540, 544, 550, 568, 580, 585, 599, 690, 699, 715, 720, 800, 802, 998})
         EXPECT_THAT(PanelOfBlock(none), IsEmpty()) << none;
 }
 
 TEST(CataloguePanels, BlocksWithAPanelOfTheirOwnAreNamedAfterTheirNumber)
 {
-    for (const int block : {253, 254, 255, 256, 301, 302, 303, 308, 309, 310, 311, 324, 325, 401, 421, 501, 521, 522, 531,
-                            541, 571, 601, 701, 702, 721, 801, 999})
+    for (const int block : {253, 254, 255, 256, 301, 302, 303, 308, 309, 310, 311, 324, 325, 401,
+                            421, 501, 521, 522, 531, 541, 571, 601, 701, 702, 721, 801, 999})
         EXPECT_EQ(PanelOfBlock(block), "CDown" + std::to_string(block));
     EXPECT_EQ(PanelOfBlock(722), "CDown702");
 }

@@ -1,5 +1,4 @@
 #include "project/column_vector.h"
-
 #include "tests/seed.h"
 
 #include <gtest/gtest.h>
@@ -85,8 +84,8 @@ TEST(ColumnVector, ItsOwnTextCanBeGivenToIt)
     column.Set(1, column[0]);
     column.Insert(0, column[2]);
     column.Set(0, column[0].substr(50));
-    EXPECT_EQ(Texts(column), (List{std::string(50, 'x'), std::string(100, 'x'), std::string(100, 'x'),
-                                   std::string(100, 'x')}));
+    EXPECT_EQ(Texts(column),
+              (List{std::string(50, 'x'), std::string(100, 'x'), std::string(100, 'x'), std::string(100, 'x')}));
 }
 
 TEST(ColumnVector, ACopyIsAValueOfItsOwn)

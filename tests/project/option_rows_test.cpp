@@ -55,10 +55,10 @@ TEST(OptionRows, NineteenBlocksHaveTheirNumbersOfRows)
     std::map<int, std::size_t> counts;
     for (const OptionBlock& block : OptionBlocks())
         counts[block.block] = block.rows.size();
-    EXPECT_THAT(counts, ElementsAre(Pair(301, 36), Pair(302, 37), Pair(303, 32), Pair(308, 10), Pair(309, 57), Pair(310, 7),
-                                    Pair(401, 47), Pair(421, 9), Pair(521, 35), Pair(522, 21), Pair(531, 41), Pair(541, 17),
-                                    Pair(571, 23), Pair(601, 39), Pair(640, 55), Pair(670, 48), Pair(701, 34), Pair(721, 37),
-                                    Pair(801, 16)));
+    EXPECT_THAT(counts, ElementsAre(Pair(301, 36), Pair(302, 37), Pair(303, 32), Pair(308, 10), Pair(309, 57),
+                                    Pair(310, 7), Pair(401, 47), Pair(421, 9), Pair(521, 35), Pair(522, 21),
+                                    Pair(531, 41), Pair(541, 17), Pair(571, 23), Pair(601, 39), Pair(640, 55),
+                                    Pair(670, 48), Pair(701, 34), Pair(721, 37), Pair(801, 16)));
     std::size_t sum = 0;
     for (const auto& [block, rows] : counts)
         sum += rows;
@@ -181,7 +181,8 @@ TEST(OptionRows, EveryTextIsWholeCharacters)
 {
     for (const OptionBlock& block : OptionBlocks())
         for (const OptionRow& row : block.rows)
-            for (const std::string* text : {&row.keyword, &row.shortKey, &row.defaultValue, &row.label, &row.panelLabel})
+            for (const std::string* text :
+                 {&row.keyword, &row.shortKey, &row.defaultValue, &row.label, &row.panelLabel})
                 EXPECT_EQ(FromCp932(*text).find("\\x"), std::string::npos) << block.block << " " << FromCp932(*text);
 }
 

@@ -102,13 +102,14 @@ const BrokenFile kFiles[] = {
     {"a_line_of_a_megabyte", [] { return EverySection("G1 ").substr(0, 5000) + std::string(1 << 20, 'x'); }},
     {"a_megabyte_of_words_in_one_row", [] { return "[SEC_V_STIFF]\r\n" + Repeated("w ", 1 << 19) + "\r\n[END]\r\n"; }},
     {"a_megabyte_of_commas", [] { return "[SEC_V_STIFF]\r\n" + std::string(1 << 20, ',') + "1\r\n[END]\r\n"; }},
-    {"a_megabyte_as_an_option_value", [] { return "[SEC_CONTROL]\r\n RESET x " + std::string(1 << 20, 'v') + "\r\n[END]\r\n"; }},
+    {"a_megabyte_as_an_option_value",
+     [] { return "[SEC_CONTROL]\r\n RESET x " + std::string(1 << 20, 'v') + "\r\n[END]\r\n"; }},
     {"a_megabyte_as_the_title", [] { return "TITLE:" + std::string(1 << 20, 't'); }},
     {"a_switch_of_a_hundred_thousand_words",
      [] {
          const std::string words = Repeated(" w", 100000);
-         return "[SEC_CONTROL]\r\n AUTOMATIC_V_STIFF x" + words + "\r\n[END]\r\n[SEC_V_STIFF]\r\n" + FileOf(" 自動") + words +
-                "\r\n G1\r\n[END]\r\n";
+         return "[SEC_CONTROL]\r\n AUTOMATIC_V_STIFF x" + words + "\r\n[END]\r\n[SEC_V_STIFF]\r\n" + FileOf(" 自動")
+                + words + "\r\n G1\r\n[END]\r\n";
      }},
     {"counts_of_two_milliards",
      [] {
@@ -120,26 +121,34 @@ const BrokenFile kFiles[] = {
      }},
     {"counts_of_two_milliards_on_every_line",
      [] {
-         return "[SEC_CROSS_RIB]\r\n" + Repeated(" a b c d e 1 2 3 4 2000000000 1\r\n", 10000) + "[END]\r\n[SEC_NUMBER_L_RIB]\r\n" +
-                Repeated(" a b c d e 2000000000 2000000000\r\n", 10000) + "[END]\r\n";
+         return "[SEC_CROSS_RIB]\r\n" + Repeated(" a b c d e 1 2 3 4 2000000000 1\r\n", 10000)
+                + "[END]\r\n[SEC_NUMBER_L_RIB]\r\n" + Repeated(" a b c d e 2000000000 2000000000\r\n", 10000)
+                + "[END]\r\n";
      }},
     {"counts_below_zero",
      [] {
-         return FileOf("[SEC_CROSS_RIB]\n G1 G2 A1 A2 U 1 2 3 4 -2147483648 1.5\n[END]\n"
-                       "[SEC_NUMBER_L_RIB]\n G1 G2 A1 U 0 -99999999999 -1 5 6\n[END]\n[CBD_GRID]\n 主桁 -5 G1\n[END]\n");
+         return FileOf(
+             "[SEC_CROSS_RIB]\n G1 G2 A1 A2 U 1 2 3 4 -2147483648 1.5\n[END]\n"
+             "[SEC_NUMBER_L_RIB]\n G1 G2 A1 U 0 -99999999999 -1 5 6\n[END]\n[CBD_GRID]\n 主桁 -5 G1\n[END]\n");
      }},
     {"numbers_out_of_range",
      [] {
-         return "[SEC_H_GIRDER]\r\n Z_U x\r\n a b c d 1e999 -1e999 1e-999 " + std::string(1000, '9') + " 0." +
-                std::string(1000, '0') + "1 1e308 -1e308\r\n[END]\r\n[SEC_CROSS_RIB]\r\n a b c d e 1e308 -1e308 1e39 1e40 2 "
-                "1e300 1 1e38 -0 1e41 1 1e41 2\r\n[END]\r\n[SEC_NUMBER_L_RIB]\r\n a b c d e 2 1 1e308 -1e-9 -0\r\n[END]\r\n";
+         return "[SEC_H_GIRDER]\r\n Z_U x\r\n a b c d 1e999 -1e999 1e-999 " + std::string(1000, '9') + " 0."
+                + std::string(1000, '0')
+                + "1 1e308 -1e308\r\n[END]\r\n[SEC_CROSS_RIB]\r\n a b c d e 1e308 -1e308 1e39 1e40 2 "
+                  "1e300 1 1e38 -0 1e41 1 1e41 2\r\n[END]\r\n[SEC_NUMBER_L_RIB]\r\n a b c d e 2 1 1e308 -1e-9 "
+                  "-0\r\n[END]\r\n";
      }},
     {"words_for_numbers",
      [] {
-         return EverySection(FileOf("主桁 横桁 等間隔 基準線 nan inf 0x10 1e 1,5 - + . 等間隔等間隔 基準線")).substr(0, 40000);
+         return EverySection(FileOf("主桁 横桁 等間隔 基準線 nan inf 0x10 1e 1,5 - + . 等間隔等間隔 基準線"))
+             .substr(0, 40000);
      }},
     {"nothing_but_headings_of_names",
-     [] { return FileOf("[CBD_GRID]\n") + Repeated(FileOf(" 主桁 主桁 主桁\n 主桁 9 ライン\n ライン 9\n 自動取得\n"), 5000) + "[END]\r\n"; }},
+     [] {
+         return FileOf("[CBD_GRID]\n")
+                + Repeated(FileOf(" 主桁 主桁 主桁\n 主桁 9 ライン\n ライン 9\n 自動取得\n"), 5000) + "[END]\r\n";
+     }},
     {"head_row_replaced_again_and_again",
      [] {
          std::string bytes = "[CBD_GIRDER_H]\r\n" + Repeated(" a\r\n", 50000);
@@ -147,7 +156,8 @@ const BrokenFile kFiles[] = {
              bytes += FileOf(" 自動 ") + std::string(i % 2 == 0 ? 4000 : 1, 'v') + "\r\n";
          return bytes;
      }},
-    {"names_that_are_all_alike", [] { return FileOf("[CBD_GRID]\n 横桁(対傾構) 200000\n") + Repeated(" C1_1 C1_2 C1_3\r\n", 60000); }},
+    {"names_that_are_all_alike",
+     [] { return FileOf("[CBD_GRID]\n 横桁(対傾構) 200000\n") + Repeated(" C1_1 C1_2 C1_3\r\n", 60000); }},
     {"camber_of_arrows", [] { return FileOf("[CAMBER]\n x " + Repeated("-->(→（ ", 50000)) + "\r\n[END]\r\n"; }},
     {"placeholders_everywhere", [] { return EverySection("<?> <?> <?> <?> <?> <?>") + "TITLE:<?>\r\n"; }},
     {"a_picture", // begins as a file of another kind does
@@ -165,7 +175,8 @@ const BrokenFile kFiles[] = {
              bytes += {c, '\0'};
          return bytes;
      }},
-    {"text_in_utf8_with_mark", [] { return "\xEF\xBB\xBFTITLE:A\r\n[SEC_BOX_WEB]\r\n  主桁 左腹板 右腹板\r\n[END]\r\n"; }},
+    {"text_in_utf8_with_mark",
+     [] { return "\xEF\xBB\xBFTITLE:A\r\n[SEC_BOX_WEB]\r\n  主桁 左腹板 右腹板\r\n[END]\r\n"; }},
 };
 
 } // namespace
@@ -214,11 +225,57 @@ protected:
         for (const int block : {501, 702})
             for (const std::string& heading : NameHeadings(block))
                 words_.push_back(heading);
-        for (const char* word :
-             {"自動計算(YES_NO)", "自動取得(YES_NO)", "自動", "手動", "YES", "NO", "Y", "G1", "A1", "C1_1", "内面", "中心", "等間隔",
-              "基準線", "0", "1", "2", "3", "7", "1.5", "-0.25", "300", "1e40", "YES, 3", "T_U_FLG_TYPE", "Z_U", "Z_L_FLG_TYPE",
-              "直線", "桁高に含まない", "-->(荷重名は無効)", "→", "?", "!", "[X]", "TITLE:TE", "NEW_VERSION_1", "DZ_TYPE", "INPUT_METHOD",
-              "MAX_LENGTH_S", "YES_MAIN_LOAD", "主荷重", "<?>", "表", "ポ", "　", "，", ",", "、", "\t", "", "ソ"})
+        for (const char* word : {"自動計算(YES_NO)",
+                                 "自動取得(YES_NO)",
+                                 "自動",
+                                 "手動",
+                                 "YES",
+                                 "NO",
+                                 "Y",
+                                 "G1",
+                                 "A1",
+                                 "C1_1",
+                                 "内面",
+                                 "中心",
+                                 "等間隔",
+                                 "基準線",
+                                 "0",
+                                 "1",
+                                 "2",
+                                 "3",
+                                 "7",
+                                 "1.5",
+                                 "-0.25",
+                                 "300",
+                                 "1e40",
+                                 "YES, 3",
+                                 "T_U_FLG_TYPE",
+                                 "Z_U",
+                                 "Z_L_FLG_TYPE",
+                                 "直線",
+                                 "桁高に含まない",
+                                 "-->(荷重名は無効)",
+                                 "→",
+                                 "?",
+                                 "!",
+                                 "[X]",
+                                 "TITLE:TE",
+                                 "NEW_VERSION_1",
+                                 "DZ_TYPE",
+                                 "INPUT_METHOD",
+                                 "MAX_LENGTH_S",
+                                 "YES_MAIN_LOAD",
+                                 "主荷重",
+                                 "<?>",
+                                 "表",
+                                 "ポ",
+                                 "　",
+                                 "，",
+                                 ",",
+                                 "、",
+                                 "\t",
+                                 "",
+                                 "ソ"})
             words_.push_back(Cp932(word));
     }
 

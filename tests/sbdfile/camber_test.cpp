@@ -46,8 +46,8 @@ TEST(Camber, TheMarkGoesInAllItsSpellings)
         for (const char* opening : {"(", "（"})
             for (const char* closing : {")", "）"})
                 for (const char* blank : {"", " ", "   "})
-                    EXPECT_EQ(CleanedLoad(std::string("D1") + arrow + blank + opening + blank + "荷重名は無効" + blank +
-                                          closing),
+                    EXPECT_EQ(CleanedLoad(std::string("D1") + arrow + blank + opening + blank + "荷重名は無効" + blank
+                                          + closing),
                               "D1")
                         << arrow << opening << closing << "'" << blank << "'";
 }
@@ -61,8 +61,8 @@ TEST(Camber, TheMarkGoesWhereverItStandsAndHoweverOften)
 
 TEST(Camber, WithoutArrowOrBracketsTheWordsStay)
 {
-    for (const char* text : {"D1(荷重名は無効)", "D1-->荷重名は無効", "D1->(荷重名は無効)", "D1-->(荷重名は無効", "D1-->",
-                             "D1-->(荷重名は有効)", "D1--> (荷 重名は無効)"})
+    for (const char* text : {"D1(荷重名は無効)", "D1-->荷重名は無効", "D1->(荷重名は無効)", "D1-->(荷重名は無効",
+                             "D1-->", "D1-->(荷重名は有効)", "D1--> (荷 重名は無効)"})
         EXPECT_EQ(CleanedLoad(text), text);
 }
 

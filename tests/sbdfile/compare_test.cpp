@@ -38,9 +38,9 @@ std::vector<std::string> Differences(const CSbdData& before, const CSbdData& aft
 {
     std::vector<std::string> texts;
     for (const Difference& difference : CompareProjects(before, after))
-        texts.push_back(KindText(difference.kind) + " " + std::to_string(difference.block) + "/" +
-                        std::to_string(difference.row) + "/" + std::to_string(difference.column) + ": " +
-                        FromCp932(difference.before) + " > " + FromCp932(difference.after));
+        texts.push_back(KindText(difference.kind) + " " + std::to_string(difference.block) + "/"
+                        + std::to_string(difference.row) + "/" + std::to_string(difference.column) + ": "
+                        + FromCp932(difference.before) + " > " + FromCp932(difference.after));
     return texts;
 }
 
@@ -85,7 +85,8 @@ TEST(Compare, ARowPutInIsOneDifference)
 
 TEST(Compare, ARowTakenOutIsOneDifferenceAtItsOldPlace)
 {
-    EXPECT_THAT(Differences(Group(" G1 a\n G2 b\n G3 c\n"), Group(" G1 a\n G3 c\n")), ElementsAre("removed 323/2/0: G2 b > "));
+    EXPECT_THAT(Differences(Group(" G1 a\n G2 b\n G3 c\n"), Group(" G1 a\n G3 c\n")),
+                ElementsAre("removed 323/2/0: G2 b > "));
 }
 
 TEST(Compare, ChangesFarApartAreToldWithoutTheRowsBetween)
@@ -97,7 +98,8 @@ TEST(Compare, ChangesFarApartAreToldWithoutTheRowsBetween)
         before += row;
         after += i == 10 ? "" : i == 90 ? row + " NEW x\n" : row;
     }
-    EXPECT_THAT(Differences(Group(before), Group(after)), ElementsAre("removed 323/11/0: G10 x > ", "added 323/91/0:  > NEW x"));
+    EXPECT_THAT(Differences(Group(before), Group(after)),
+                ElementsAre("removed 323/11/0: G10 x > ", "added 323/91/0:  > NEW x"));
 }
 
 TEST(Compare, ARowWhoseTextsShiftIsMovedNotChanged)
@@ -126,15 +128,18 @@ TEST(Compare, RowsOf311CountBehindTheFourTypes)
 
 TEST(Compare, RowsOf324And325CountBehindTheControlRow)
 {
-    EXPECT_THAT(Differences("[SEC_CROSS_RIB]\n G1 G2 A1 A2 U 1 2 3 4 1 等間隔 2\n[END]\n[SEC_NUMBER_L_RIB]\n G1 G2 A1 U 0 1 1 5 6\n[END]\n",
-                            "[SEC_CROSS_RIB]\n G1 G2 A1 A2 U 1 2 3 4 1 1.5 2\n[END]\n[SEC_NUMBER_L_RIB]\n G1 G2 A1 U 0 1 1 5 7\n[END]\n"),
+    EXPECT_THAT(Differences("[SEC_CROSS_RIB]\n G1 G2 A1 A2 U 1 2 3 4 1 等間隔 2\n[END]\n[SEC_NUMBER_L_RIB]\n G1 G2 A1 "
+                            "U 0 1 1 5 6\n[END]\n",
+                            "[SEC_CROSS_RIB]\n G1 G2 A1 A2 U 1 2 3 4 1 1.5 2\n[END]\n[SEC_NUMBER_L_RIB]\n G1 G2 A1 U 0 "
+                            "1 1 5 7\n[END]\n"),
                 ElementsAre("value 324/2/11: 等間隔 > 1.5", "value 325/2/9: 6 > 7"));
 }
 
 TEST(Compare, NameListsAreToldNameByName)
 {
-    EXPECT_THAT(Differences("[CBD_GRID]\n 自動 YES\n 主桁 2 G1 G2\n[END]\n", "[CBD_GRID]\n 自動 NO\n 主桁 3 G1 X G3\n[END]\n"),
-                ElementsAre("value 501/1/2: YES > NO", "value 501/3/1: G2 > X", "value 501/4/1:  > G3"));
+    EXPECT_THAT(
+        Differences("[CBD_GRID]\n 自動 YES\n 主桁 2 G1 G2\n[END]\n", "[CBD_GRID]\n 自動 NO\n 主桁 3 G1 X G3\n[END]\n"),
+        ElementsAre("value 501/1/2: YES > NO", "value 501/3/1: G2 > X", "value 501/4/1:  > G3"));
 }
 
 TEST(Compare, TheVersionWordAndUnknownLinesAreTold)
@@ -144,7 +149,8 @@ TEST(Compare, TheVersionWordAndUnknownLinesAreTold)
     after.versionWord = "NEW_VERSION_2";
     before.unknownLines = {"[X]", "a", "[END]"};
     after.unknownLines = {"[X]", "b", "[END]"};
-    EXPECT_THAT(Differences(before, after), ElementsAre("value 315/0/0: NEW_VERSION_20051205 > NEW_VERSION_2", "unknown 0/2/0: a > b"));
+    EXPECT_THAT(Differences(before, after),
+                ElementsAre("value 315/0/0: NEW_VERSION_20051205 > NEW_VERSION_2", "unknown 0/2/0: a > b"));
 }
 
 TEST(Compare, NamesOfTheBridgeAreNoDifference)

@@ -77,7 +77,8 @@ bool IsOptionBlock(const Piece& piece)
 /// that differ; "-" in front of a section that is missing.
 std::vector<std::string> BeyondEmptyFile(std::string_view bytes)
 {
-    static const std::vector<Piece> empty = PiecesOf(*FileBytes(fs::path(TEST_DATA_DIR) / "empty_file" / "expected.sbd"));
+    static const std::vector<Piece> empty =
+        PiecesOf(*FileBytes(fs::path(TEST_DATA_DIR) / "empty_file" / "expected.sbd"));
     std::vector<std::string> shown;
     auto next = empty.begin();
     const auto tellMissing = [&](auto end) {
@@ -122,9 +123,9 @@ std::string FirstDifference(const std::vector<std::string>& expected, const std:
         ++line;
     if (line == expected.size() && line == written.size())
         return {};
-    return "line " + std::to_string(line + 1) + " of the answer\n  expected |" +
-           (line < expected.size() ? expected[line] : "(no line)") + "|\n  written  |" +
-           (line < written.size() ? written[line] : "(no line)") + "|";
+    return "line " + std::to_string(line + 1) + " of the answer\n  expected |"
+           + (line < expected.size() ? expected[line] : "(no line)") + "|\n  written  |"
+           + (line < written.size() ? written[line] : "(no line)") + "|";
 }
 
 class FileCases : public testing::TestWithParam<fs::path> {
@@ -164,7 +165,9 @@ TEST_P(FileCases, WriteWhatTheirAnswersSayAndComeToRest)
 }
 
 INSTANTIATE_TEST_SUITE_P(Data, FileCases, testing::ValuesIn(CaseFolders()),
-                         [](const testing::TestParamInfo<fs::path>& folder) { return folder.param.filename().string(); });
+                         [](const testing::TestParamInfo<fs::path>& folder) {
+                             return folder.param.filename().string();
+                         });
 
 TEST(FileCasesData, ADocumentWithoutContentIsTheFileThatTheOthersAreComparedWith)
 {

@@ -121,7 +121,8 @@ TEST(GridNames, OutsideTheSectionNothingIsRead)
 
 TEST(GridNames, CommentsAndOtherKeywordsArePassedOver)
 {
-    EXPECT_THAT(Girders("!GIRDER_N_NAME = 1 G9\n! GIRDER_N_NAME = 1 G9\nGIRDER_N_NAMES = 1 G9\nOTHER 1 2 3\nGIRDER_N_NAME = 1 G1\n"),
+    EXPECT_THAT(Girders("!GIRDER_N_NAME = 1 G9\n! GIRDER_N_NAME = 1 G9\nGIRDER_N_NAMES = 1 G9\nOTHER 1 2 "
+                        "3\nGIRDER_N_NAME = 1 G1\n"),
                 ElementsAre("G1"));
 }
 
@@ -143,7 +144,8 @@ TEST(GridNames, SurplusNamesAreDroppedAndMissingOnesAreEmpty)
 
 TEST(GridNames, AKeywordThatComesAgainFillsItsListFromTheStart)
 {
-    const GridNames names = Names("GIRDER_N_NAME = 3 G1 G2 G3\nGIRDER_N_NAME = 2 G4\n[END]\nSWAY_N_NAME = 2 -C1 C2\nSWAY_N_NAME = 3 C3\n");
+    const GridNames names =
+        Names("GIRDER_N_NAME = 3 G1 G2 G3\nGIRDER_N_NAME = 2 G4\n[END]\nSWAY_N_NAME = 2 -C1 C2\nSWAY_N_NAME = 3 C3\n");
     EXPECT_THAT(names.girderNames, ElementsAre("G4", "G2"));
     EXPECT_THAT(names.swayNames, ElementsAre("C3", "C2", ""));
     EXPECT_THAT(names.swayMarks, ElementsAre(0, 0, 0));
@@ -151,7 +153,8 @@ TEST(GridNames, AKeywordThatComesAgainFillsItsListFromTheStart)
 
 TEST(GridNames, ASecondSectionIsReadToo)
 {
-    EXPECT_THAT(NamesOfBytes("[GRID_GRID]\nGIRDER_N_NAME = 1 G1\n[END]\n[X]\n[GRID_GRID]\nLINE_N_NAME = 1 L\n[END]\n").lineNames,
+    EXPECT_THAT(NamesOfBytes("[GRID_GRID]\nGIRDER_N_NAME = 1 G1\n[END]\n[X]\n[GRID_GRID]\nLINE_N_NAME = 1 L\n[END]\n")
+                    .lineNames,
                 ElementsAre("L"));
 }
 
@@ -164,7 +167,8 @@ TEST(GridNames, MarksAreStrippedByCharacter)
 
 TEST(GridNames, ANameIsCutTo35BytesThroughACharacterIfNeedBe)
 {
-    const GridNames names = Names("GIRDER_N_NAME = 1 あいうえおかきくけこさしすせそたちつてと\nSWAY_N_NAME = 1 -+" + std::string(40, 'x') + "\n");
+    const GridNames names = Names("GIRDER_N_NAME = 1 あいうえおかきくけこさしすせそたちつてと\nSWAY_N_NAME = 1 -+"
+                                  + std::string(40, 'x') + "\n");
     EXPECT_EQ(names.girderNames.at(0).size(), 35U);
     EXPECT_EQ(FromCp932(names.girderNames[0]), "あいうえおかきくけこさしすせそたち\\x82");
     EXPECT_EQ(names.swayNames.at(0), std::string(35, 'x')) << "the mark goes first";
@@ -175,7 +179,8 @@ TEST(GridNames, ANameIsCutTo35BytesThroughACharacterIfNeedBe)
 TEST(GridNames, WidthsAreThoseOfTheLongestNamesAndOnlyGrow)
 {
     CSbdData data;
-    ReadGridNamesFromBytes(FileOf("[GRID_GRID]\nGIRDER_N_NAME = 2 G1 主桁1\nSWAY_N_NAME = 1 -+C\nLINE_N_NAME = 1 abcdefgh\n"), data);
+    ReadGridNamesFromBytes(
+        FileOf("[GRID_GRID]\nGIRDER_N_NAME = 2 G1 主桁1\nSWAY_N_NAME = 1 -+C\nLINE_N_NAME = 1 abcdefgh\n"), data);
     EXPECT_EQ(data.gridNames.girderNameWidth, 5);
     EXPECT_EQ(data.gridNames.swayNameWidth, 3) << "three at least; lines are not measured";
     ReadGridNamesFromBytes("[GRID_GRID]\nGIRDER_N_NAME = 1 G1\nSWAY_N_NAME = 1 CROSS\n", data);

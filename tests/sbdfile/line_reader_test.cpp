@@ -1,5 +1,5 @@
-#include "sbdfile/line_reader.h"
 #include "project/text.h"
+#include "sbdfile/line_reader.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

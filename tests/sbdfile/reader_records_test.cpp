@@ -57,7 +57,8 @@ TEST(ReadHGirder, AWordThatIsNoNumberIsNotGivenAndTheNextKeepsItsPlace)
 
 TEST(ReadHGirder, ATypeIsTheSecondWordOfALineThatHoldsItsLettersAnywhere)
 {
-    const CSbdData data = ReadOnly("[SEC_H_GIRDER]\n T_U_FLG_TYPE 桁高に含まない x\n xT_Lx a\n Z_U_FLG_TYPE，直線\n x y Z_L\n");
+    const CSbdData data =
+        ReadOnly("[SEC_H_GIRDER]\n T_U_FLG_TYPE 桁高に含まない x\n xT_Lx a\n Z_U_FLG_TYPE，直線\n x y Z_L\n");
     EXPECT_THAT(data.hGirder.types, ElementsAre("桁高に含まない"_cp932, "a", "直線"_cp932, "y"));
     EXPECT_THAT(data.hGirder.records, IsEmpty());
 }
@@ -80,8 +81,9 @@ TEST(ReadHGirder, CommasAreBlanksAndASecondSectionAppends)
 
 TEST(ReadCrossRibs, WordsAndNumbersStandForSpacings)
 {
-    const CSbdData data = ReadOnly("[SEC_CROSS_RIB]\n G1 G2 A1 A2 UFLG 250 9 200 10 3 等間隔 1 2 3 4 5 6 7 8 9 10 11 12\n"
-                                   " G1 G2 A1 A2 LFLG 250 9 200 10 2 1.5 2.5 基準線 1 2 3 4\n");
+    const CSbdData data =
+        ReadOnly("[SEC_CROSS_RIB]\n G1 G2 A1 A2 UFLG 250 9 200 10 3 等間隔 1 2 3 4 5 6 7 8 9 10 11 12\n"
+                 " G1 G2 A1 A2 LFLG 250 9 200 10 2 1.5 2.5 基準線 1 2 3 4\n");
     ASSERT_THAT(data.crossRibs, SizeIs(2));
     const CrossRibRecord& first = data.crossRibs[0];
     EXPECT_THAT(first.names, ElementsAre("G1", "G2", "A1", "A2", "UFLG"));
@@ -133,8 +135,9 @@ TEST(ReadCrossRibs, ACountIsNoPromise)
 
 TEST(ReadLRibs, TwoCountsAndTwoSides)
 {
-    const CSbdData data = ReadOnly("[SEC_NUMBER_L_RIB]\n G1,G2,A1,UFLG,0,2,1,312.5,300,250\n G1 G2 A1 LFLG 1 3 2 等間隔 等間隔\n"
-                                   " G1 G2 A1 LFLG 2 2000000000 1 5 6\n");
+    const CSbdData data =
+        ReadOnly("[SEC_NUMBER_L_RIB]\n G1,G2,A1,UFLG,0,2,1,312.5,300,250\n G1 G2 A1 LFLG 1 3 2 等間隔 等間隔\n"
+                 " G1 G2 A1 LFLG 2 2000000000 1 5 6\n");
     ASSERT_THAT(data.lRibs, SizeIs(3));
     EXPECT_THAT(data.lRibs[0].names, ElementsAre("G1", "G2", "A1", "UFLG", "0"));
     EXPECT_EQ(data.lRibs[0].n1, 2);
@@ -157,7 +160,8 @@ TEST(ReadUnusedLines, TheControlRowIsItsSecondWordAndALineNameTheWholeLine)
 
 TEST(ReadUnusedLines, WithoutAControlRowItIsPutIn)
 {
-    EXPECT_THAT(TableText(ReadOnly("[DRAW_LINE_NOUSED]\n CL\n 自動計算 NO\n"), 412), ElementsAre("YES", "CL", "自動計算 NO"));
+    EXPECT_THAT(TableText(ReadOnly("[DRAW_LINE_NOUSED]\n CL\n 自動計算 NO\n"), 412),
+                ElementsAre("YES", "CL", "自動計算 NO"));
     EXPECT_THAT(TableText(ReadOnly("[DRAW_LINE_NOUSED]\n 自動\n CL\n"), 412), ElementsAre("", "CL"));
 }
 
@@ -171,8 +175,9 @@ TEST(ReadUnusedLines, EachSectionHasItsOwnControlRow)
 
 TEST(ReadNames, HeadingCountAndNames)
 {
-    const CSbdData data = ReadOnly("[CBD_GRID]\n 自動取得(YES_NO) NO\n 主桁 2 G1 G2\n 横桁(対傾構) 3 A1,C1,A2\n ライン 1 CL\n[END]\n"
-                                   "[2BD_GRID]\n 自動 YES_2\n 主桁 1 G1\n 横桁(対傾構) 1 A1\n 支承線 1 S1\n 箱桁 1 B1\n[END]\n");
+    const CSbdData data =
+        ReadOnly("[CBD_GRID]\n 自動取得(YES_NO) NO\n 主桁 2 G1 G2\n 横桁(対傾構) 3 A1,C1,A2\n ライン 1 CL\n[END]\n"
+                 "[2BD_GRID]\n 自動 YES_2\n 主桁 1 G1\n 横桁(対傾構) 1 A1\n 支承線 1 S1\n 箱桁 1 B1\n[END]\n");
     EXPECT_EQ(data.Names(501)->autoValue, "NO");
     EXPECT_THAT(List(data, 501, 0), ElementsAre("G1", "G2"));
     EXPECT_THAT(List(data, 501, 1), ElementsAre("A1", "C1", "A2"));
@@ -198,7 +203,8 @@ TEST(ReadNames, AListRunsOverFurtherLinesUntilItIsFull)
 
 TEST(ReadNames, AHeadingWithANumberStartsItsListInsideAnUnfilledOne)
 {
-    const CSbdData data = ReadOnly("[CBD_GRID]\n 主桁 9 G1\n ライン 1 L1\n 横桁(対傾構) 9 A1\n 自動取得(YES_NO) NO\n A2\n");
+    const CSbdData data =
+        ReadOnly("[CBD_GRID]\n 主桁 9 G1\n ライン 1 L1\n 横桁(対傾構) 9 A1\n 自動取得(YES_NO) NO\n A2\n");
     EXPECT_THAT(List(data, 501, 0), ElementsAre("G1"));
     EXPECT_THAT(List(data, 501, 1), ElementsAre("A1"));
     EXPECT_THAT(List(data, 501, 2), ElementsAre("L1"));
@@ -213,7 +219,8 @@ TEST(ReadNames, AHeadingWordWithoutANumberIsANameInsideAList)
 
 TEST(ReadNames, WordsOfTheOtherBlockAreNoHeadings)
 {
-    const CSbdData data = ReadOnly("[CBD_GRID]\n 主桁 3 G1\n 支承線 1\n[END]\n[2BD_GRID]\n 主桁 3 G1\n ライン 1\n[END]\n");
+    const CSbdData data =
+        ReadOnly("[CBD_GRID]\n 主桁 3 G1\n 支承線 1\n[END]\n[2BD_GRID]\n 主桁 3 G1\n ライン 1\n[END]\n");
     EXPECT_THAT(List(data, 501, 0), ElementsAre("G1", "支承線", "1"));
     EXPECT_THAT(List(data, 702, 0), ElementsAre("G1", "ライン", "1"));
 }
@@ -232,7 +239,8 @@ TEST(ReadNames, TheAutomaticLineWithoutAValueLeavesIt)
 
 TEST(ReadNames, ASecondLineOrSectionReplacesTheList)
 {
-    const CSbdData data = ReadOnly("[CBD_GRID]\n 主桁 2 G1 G2\n 主桁 1 G3\n ライン 2 L1 L2\n[END]\n[CBD_GRID]\n ライン 0\n[END]\n");
+    const CSbdData data =
+        ReadOnly("[CBD_GRID]\n 主桁 2 G1 G2\n 主桁 1 G3\n ライン 2 L1 L2\n[END]\n[CBD_GRID]\n ライン 0\n[END]\n");
     EXPECT_THAT(List(data, 501, 0), ElementsAre("G3"));
     EXPECT_THAT(List(data, 501, 2), IsEmpty());
 }

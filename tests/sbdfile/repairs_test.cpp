@@ -64,13 +64,15 @@ TEST(RepairNames, TheNamesOf501AreTakenAwayAgainBeforeTheyAreAdded)
 
 TEST(RepairNames, AnUnderscoreInsideADoubleByteCharacterDoesNotCutAName)
 {
-    EXPECT_THAT(SwayNames(Load("[CBD_GRID]\n 横桁(対傾構) 3 A一ダ_1 ダ __1\n[END]\n")), ElementsAre("A一ダ", "ダ", "_"));
+    EXPECT_THAT(SwayNames(Load("[CBD_GRID]\n 横桁(対傾構) 3 A一ダ_1 ダ __1\n[END]\n")),
+                ElementsAre("A一ダ", "ダ", "_"));
 }
 
 TEST(RepairNames, StringersAreAtMostAsManyAsTheirNumberSays)
 {
     const auto names = [](const std::string& number, const std::string& list) {
-        return Load("[STRINGER_COMMON]\n NUMBER_STRINGER x " + number + "\n NAME_STRINGER x " + list + "\n[END]\n").stringerNames;
+        return Load("[STRINGER_COMMON]\n NUMBER_STRINGER x " + number + "\n NAME_STRINGER x " + list + "\n[END]\n")
+            .stringerNames;
     };
     EXPECT_THAT(names("2", "ST1, ST2,ST3"), ElementsAre("ST1", "ST2"));
     EXPECT_THAT(names("3本", "ST1"), ElementsAre("ST1"));
@@ -96,7 +98,8 @@ TEST(RepairRows, HandHolesGetTheirTwoTypes)
     const std::string b = "TYPE_H_B|6|19|16|9|430|250|630 270 300 120 330 150 390 210 SS400 SUS304";
     EXPECT_THAT(TableText(Load(""), 409), ElementsAre(std::string(kControl) + "|YES", a, b));
     EXPECT_THAT(TableText(Load("[DRAW_HAND_HOLE]\n 自動 NO\n[END]\n"), 409), ElementsAre("自動|NO", a, b));
-    EXPECT_THAT(TableText(Load("[DRAW_HAND_HOLE]\n 自動 NO\n TYPE_X 1\n[END]\n"), 409), ElementsAre("自動|NO", "TYPE_X|1"));
+    EXPECT_THAT(TableText(Load("[DRAW_HAND_HOLE]\n 自動 NO\n TYPE_X 1\n[END]\n"), 409),
+                ElementsAre("自動|NO", "TYPE_X|1"));
 }
 
 TEST(RepairRows, FlangeRowsOf511FollowTheTypesOf311)
@@ -143,14 +146,16 @@ TEST(RepairLinks, EveryTargetTakesTheValueOfItsSource)
         std::size_t toRow;
     };
     constexpr Link links[] = {
-        {301, 29, 521, 2},  {301, 30, 521, 3},  {301, 16, 521, 4},  {301, 16, 721, 9},  {301, 16, 701, 16}, {301, 28, 721, 2},
-        {302, 34, 521, 33}, {303, 30, 521, 34}, {701, 9, 401, 11},  {701, 10, 401, 12}, {701, 11, 401, 13}, {701, 12, 401, 14},
-        {701, 13, 401, 15}, {701, 9, 721, 4},   {701, 10, 721, 5},  {701, 11, 721, 6},  {701, 12, 721, 7},  {701, 13, 721, 8},
+        {301, 29, 521, 2},  {301, 30, 521, 3},  {301, 16, 521, 4},  {301, 16, 721, 9}, {301, 16, 701, 16},
+        {301, 28, 721, 2},  {302, 34, 521, 33}, {303, 30, 521, 34}, {701, 9, 401, 11}, {701, 10, 401, 12},
+        {701, 11, 401, 13}, {701, 12, 401, 14}, {701, 13, 401, 15}, {701, 9, 721, 4},  {701, 10, 721, 5},
+        {701, 11, 721, 6},  {701, 12, 721, 7},  {701, 13, 721, 8},
     };
     CSbdData data;
     int number = 0;
     for (const Link& link : links) {
-        data.SetOption(link.from, link.fromRow, "source " + std::to_string(link.from) + " " + std::to_string(link.fromRow));
+        data.SetOption(link.from, link.fromRow,
+                       "source " + std::to_string(link.from) + " " + std::to_string(link.fromRow));
         data.SetOption(link.to, link.toRow, "target " + std::to_string(++number));
     }
     data.SetOption(721, 0, "from 311");
@@ -222,7 +227,9 @@ TEST(RepairControlRows, TheLastColumnCountsWordByWord)
 {
     // 328 has five columns; the cells behind the value are columns 2, 3 and the rest of the line.
     const auto row = [](const std::string& value, const std::string& line) {
-        return TableText(Load("[SEC_CONTROL]\n AUTOMATIC_RADIUS x " + value + "\n[END]\n[SEC_RADIUS]\n " + line + "\n[END]\n"), 328)[0];
+        return TableText(
+            Load("[SEC_CONTROL]\n AUTOMATIC_RADIUS x " + value + "\n[END]\n[SEC_RADIUS]\n " + line + "\n[END]\n"),
+            328)[0];
     };
     EXPECT_EQ(row("YES 1 2", "自動 YES 1 2 3 4 5"), "自動|YES 1 2|3|4|5");
     EXPECT_EQ(row("YES 1 2 3", "自動 YES 1 2 3 4  5 6"), "自動|YES 1 2 3|4|5|6");
@@ -233,7 +240,8 @@ TEST(RepairControlRows, TheLastColumnCountsWordByWord)
 
 TEST(RepairControlRows, ASwitchOfSeveralWordsIsStableOverLoadAndSave)
 {
-    CSbdData data = Load("[SEC_CONTROL]\n AUTOMATIC_RADIUS x YES 1, 2 3\n[END]\n[SEC_RADIUS]\n 自動 NO 9\n G1 G1\n[END]\n");
+    CSbdData data =
+        Load("[SEC_CONTROL]\n AUTOMATIC_RADIUS x YES 1, 2 3\n[END]\n[SEC_RADIUS]\n 自動 NO 9\n G1 G1\n[END]\n");
     EXPECT_EQ(TableText(data, 328)[0], "自動|YES 1, 2 3|9");
     const std::string saved = WriteProject(data);
     CSbdData again = LoadBytes(saved);
@@ -245,7 +253,8 @@ TEST(RepairControlRows, ASwitchOfSeveralWordsIsStableOverLoadAndSave)
 
 TEST(RepairTiedBlocks, TheLetterInOneOfFourSetsAllFour)
 {
-    for (const std::array<int, 4>& group : {std::array{557, 558, 559, 560}, {657, 658, 659, 660}, {677, 678, 679, 680}}) {
+    for (const std::array<int, 4>& group :
+         {std::array{557, 558, 559, 560}, {657, 658, 659, 660}, {677, 678, 679, 680}}) {
         for (const int lettered : group) {
             for (const char* letter : {"Y", "y"}) {
                 CSbdData data;
@@ -289,8 +298,9 @@ TEST(RepairTiedBlocks, GroupsDoNotReachIntoEachOther)
 
 TEST(Repairs, DoneAgainChangeNothing)
 {
-    CSbdData data = Load("[SEC_CONTROL]\n AUTOMATIC_RADIUS x YES 1, 2 3\n AREA_CODE x 東北\n[END]\n[CBD_S_BOLT_SPLICE]\n 自動 Y\n[END]\n"
-                         "[SEC_H_GIRDER]\n T_U 桁高に含まない\n G1\n[END]\n");
+    CSbdData data = Load(
+        "[SEC_CONTROL]\n AUTOMATIC_RADIUS x YES 1, 2 3\n AREA_CODE x 東北\n[END]\n[CBD_S_BOLT_SPLICE]\n 自動 Y\n[END]\n"
+        "[SEC_H_GIRDER]\n T_U 桁高に含まない\n G1\n[END]\n");
     const CSbdData before = data;
     RepairAfterRead(data);
     EXPECT_TRUE(data.SameProject(before));

@@ -130,8 +130,8 @@ inline std::string FirstDifference(std::string_view expected, std::string_view w
     std::size_t line = 0;
     while (line < a.size() && line < b.size() && a[line] == b[line])
         ++line;
-    return "line " + std::to_string(line + 1) + "\n  expected |" + (line < a.size() ? a[line] : "(no line)") +
-           "|\n  written  |" + (line < b.size() ? b[line] : "(no line)") + "|";
+    return "line " + std::to_string(line + 1) + "\n  expected |" + (line < a.size() ? a[line] : "(no line)")
+           + "|\n  written  |" + (line < b.size() ? b[line] : "(no line)") + "|";
 }
 
 } // namespace sbd

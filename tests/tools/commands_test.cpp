@@ -1,20 +1,4 @@
-#include "tools/commands.h"
-
-#include "project/text.h"
-#include "tests/sbdfile/sections.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
-
-#include <algorithm>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <random>
-#include <string>
-#include <vector>
+#include "tests/tools/tool_runs.h"
 
 #ifndef _WIN32
 #include <sys/wait.h>
@@ -30,79 +14,10 @@ using nlohmann::json;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
-std::string BytesOf(const fs::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-/// Runs commands in a folder of their own.
-class Commands : public testing::Test {
-protected:
-    Commands()
-        : folder_(fs::temp_directory_path() / ("sbdtool_commands_" + std::to_string(std::random_device()())))
-    {
-        fs::create_directory(folder_);
-    }
-    ~Commands() override
-    {
-        std::error_code ignored;
-        fs::remove_all(folder_, ignored);
-    }
-
-    [[nodiscard]] std::string At(const std::string& name) const
-    {
-        const std::u8string path = (folder_ / fs::path(std::u8string(name.begin(), name.end()))).u8string();
-        return {path.begin(), path.end()};
-    }
-
-    std::string PutBytes(const std::string& name, std::string_view bytes)
-    {
-        const std::string path = At(name);
-        std::ofstream(fs::path(std::u8string(path.begin(), path.end())), std::ios::binary)
-            .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-        return path;
-    }
-    /// A file of these lines in CP932.
-    std::string Put(const std::string& name, std::string_view utf8) { return PutBytes(name, FileOf(utf8)); }
-
-    [[nodiscard]] std::vector<std::string> Files() const
-    {
-        std::vector<std::string> names;
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder_))
-            names.push_back(entry.path().filename().string());
-        return names;
-    }
-
-private:
-    fs::path folder_;
-};
-
-CommandResult Tool(const std::vector<std::string>& arguments)
-{
-    return RunCommandLine(arguments);
-}
-
-json Printed(const CommandResult& result)
-{
-    EXPECT_EQ(result.exitCode, 0) << result.error;
-    EXPECT_EQ(result.error, "");
-    EXPECT_EQ(std::ranges::count(result.output, '\n'), 1) << "one value on one line";
-    return json::parse(result.output);
-}
-
-/// It could not be done: exit code 2, nothing on the output, and a message that holds `words`.
-void ExpectRefused(const CommandResult& result, const std::string& words)
-{
-    EXPECT_EQ(result.exitCode, 2);
-    EXPECT_EQ(result.output, "");
-    EXPECT_THAT(result.error, HasSubstr(words));
-    EXPECT_THAT(result.error, testing::EndsWith("\n"));
-}
+class Commands : public ToolRuns {};
 
 constexpr const char* kWrongCount = "引数の数が違います";
 constexpr const char* kUnknownOption = "知らないオプションです";
@@ -139,7 +54,8 @@ TEST_F(Commands, EachCommandTellsItsOwnHelpWhateverElseStandsThere)
 {
     for (const Command& command : ToolCommands()) {
         const std::string name(command.name);
-        for (const CommandResult& help : {Tool({name, "--help"}), Tool({name, "a", "b", "c", "--help", "--nonsense"})}) {
+        for (const CommandResult& help :
+             {Tool({name, "--help"}), Tool({name, "a", "b", "c", "--help", "--nonsense"})}) {
             EXPECT_EQ(help.exitCode, 0) << name;
             EXPECT_THAT(help.output, StartsWith("sbdtool " + std::string(command.usage) + "\n\n")) << name;
             EXPECT_THAT(help.output, HasSubstr(std::string(command.help))) << name;
@@ -160,10 +76,26 @@ TEST_F(Commands, AreNamedOnce)
 
 TEST_F(Commands, AWrongNumberOfArgumentsIsRefusedWithTheUsage)
 {
-    const std::vector<std::vector<std::string>> wrong = {
-        {"new"}, {"new", "a", "b"}, {"rewrite"}, {"rewrite", "a"}, {"rewrite", "a", "b", "c"}, {"dump"}, {"dump", "a", "b"},
-        {"names"}, {"names", "a", "b"}, {"catalogue", "a"}, {"options", "301", "302"}, {"columns", "313", "314"}, {"pages", "a"},
-        {"check"}, {"check", "a", "b"}, {"diff"}, {"diff", "a"}, {"diff", "a", "b", "c"}, {"tree"}, {"panel", "a"}};
+    const std::vector<std::vector<std::string>> wrong = {{"new"},
+                                                         {"new", "a", "b"},
+                                                         {"rewrite"},
+                                                         {"rewrite", "a"},
+                                                         {"rewrite", "a", "b", "c"},
+                                                         {"dump"},
+                                                         {"dump", "a", "b"},
+                                                         {"names"},
+                                                         {"names", "a", "b"},
+                                                         {"catalogue", "a"},
+                                                         {"options", "301", "302"},
+                                                         {"columns", "313", "314"},
+                                                         {"pages", "a"},
+                                                         {"check"},
+                                                         {"check", "a", "b"},
+                                                         {"diff"},
+                                                         {"diff", "a"},
+                                                         {"diff", "a", "b", "c"},
+                                                         {"tree"},
+                                                         {"panel", "a"}};
     for (const std::vector<std::string>& line : wrong) {
         const CommandResult result = Tool(line);
         ExpectRefused(result, kWrongCount);
@@ -175,7 +107,8 @@ TEST_F(Commands, AWrongNumberOfArgumentsIsRefusedWithTheUsage)
 
 TEST_F(Commands, EveryCommandRefusesAnUnknownOption)
 {
-    for (const char* name : {"new", "rewrite", "dump", "names", "catalogue", "options", "columns", "pages", "check", "diff", "tree", "panel"})
+    for (const char* name : {"new", "rewrite", "dump", "names", "catalogue", "options", "columns", "pages", "check",
+                             "diff", "tree", "panel"})
         ExpectRefused(Tool({name, "--nonsense"}), std::string(kUnknownOption) + ": --nonsense");
     ExpectRefused(Tool({"dump", "a.sbd", "--json"}), kUnknownOption);
     ExpectRefused(Tool({"new", "a.sbd", "--names", "b"}), kUnknownOption);
@@ -198,9 +131,13 @@ TEST_F(Commands, AMissingFileIsToldAndNothingIsLeft)
 {
     const std::string missing = At("missing.sbd");
     const std::string there = Put("there.sbd", "");
-    for (const std::vector<std::string>& line :
-         {std::vector<std::string>{"rewrite", missing, At("out.sbd")}, {"dump", missing}, {"check", missing}, {"diff", missing, there},
-          {"diff", there, missing}, {"tree", missing}, {"panel", missing, "313"}}) {
+    for (const std::vector<std::string>& line : {std::vector<std::string>{"rewrite", missing, At("out.sbd")},
+                                                 {"dump", missing},
+                                                 {"check", missing},
+                                                 {"diff", missing, there},
+                                                 {"diff", there, missing},
+                                                 {"tree", missing},
+                                                 {"panel", missing, "313"}}) {
         const CommandResult result = Tool(line);
         ExpectRefused(result, "読み込めません: " + missing + ": ファイルまたはフォルダがありません");
     }
@@ -332,12 +269,13 @@ TEST_F(Commands, RewriteTakesNamesTheSameWay)
 
 TEST_F(Commands, DumpPrintsTheWholeDocument)
 {
-    const std::string in = Put("in.sbd", "TITLE:県道\n[SEC_BOX_WEB]\n G1 G1L\n[END]\n"
-                                         "[SEC_H_GIRDER]\n T_L 桁高に含まない\n G1 G2 A1 C1 1.8 0.5\n[END]\n"
-                                         "[SEC_CROSS_RIB]\n G1 G2 A1 A2 U 250 9 200 10 2 等間隔 1.5 2 150 10\n[END]\n"
-                                         "[SEC_NUMBER_L_RIB]\n G1 G2 A1 U 0 2 1 312.5 300 等間隔\n[END]\n"
-                                         "[CBD_GRID]\n 自動 NO\n 主桁 1 G1\n[END]\n[STRINGER_COMMON]\n NUMBER_STRINGER x 1\n"
-                                         " NAME_STRINGER x ST1\n[END]\n[X]\n a\n[END]\n");
+    const std::string in =
+        Put("in.sbd", "TITLE:県道\n[SEC_BOX_WEB]\n G1 G1L\n[END]\n"
+                      "[SEC_H_GIRDER]\n T_L 桁高に含まない\n G1 G2 A1 C1 1.8 0.5\n[END]\n"
+                      "[SEC_CROSS_RIB]\n G1 G2 A1 A2 U 250 9 200 10 2 等間隔 1.5 2 150 10\n[END]\n"
+                      "[SEC_NUMBER_L_RIB]\n G1 G2 A1 U 0 2 1 312.5 300 等間隔\n[END]\n"
+                      "[CBD_GRID]\n 自動 NO\n 主桁 1 G1\n[END]\n[STRINGER_COMMON]\n NUMBER_STRINGER x 1\n"
+                      " NAME_STRINGER x ST1\n[END]\n[X]\n a\n[END]\n");
     const json dump = Printed(Tool({"dump", in}));
     EXPECT_EQ(dump.at("title"), "県道");
     EXPECT_EQ(dump.at("version_word"), "NEW_VERSION_20051205");
@@ -346,7 +284,8 @@ TEST_F(Commands, DumpPrintsTheWholeDocument)
     EXPECT_EQ(dump.at("tables").at("305"), json::array({json({"G1", "G1L", "", "", ""})}));
     EXPECT_FALSE(dump.at("tables").contains("304")) << "only blocks with rows";
     EXPECT_EQ(dump.at("h_girder").at("types").at(1), "桁高に含まない");
-    EXPECT_EQ(dump.at("h_girder").at("records").at(0).at("numbers"), json({1.8, 0.5, nullptr, nullptr, nullptr, nullptr, nullptr}));
+    EXPECT_EQ(dump.at("h_girder").at("records").at(0).at("numbers"),
+              json({1.8, 0.5, nullptr, nullptr, nullptr, nullptr, nullptr}));
     const json& rib = dump.at("cross_rib").at(0);
     EXPECT_EQ(rib.at("n"), 2);
     EXPECT_EQ(rib.at("left"), "等間隔");
@@ -354,7 +293,8 @@ TEST_F(Commands, DumpPrintsTheWholeDocument)
     EXPECT_EQ(rib.at("further_sizes"), json::array({json({150.0, 10.0, nullptr, nullptr})}));
     EXPECT_EQ(dump.at("l_rib").at(0).at("left"), json({312.5, 300.0}));
     EXPECT_EQ(dump.at("l_rib").at(0).at("right"), "等間隔");
-    EXPECT_EQ(dump.at("name_lists").at("501"), json({{"auto", "NO"}, {"lists", {{"G1"}, json::array(), json::array()}}}));
+    EXPECT_EQ(dump.at("name_lists").at("501"),
+              json({{"auto", "NO"}, {"lists", {{"G1"}, json::array(), json::array()}}}));
     EXPECT_EQ(dump.at("name_lists").at("702").at("lists").size(), 4U);
     EXPECT_EQ(dump.at("stringer_names"), json({"ST1"}));
     EXPECT_EQ(dump.at("unknown_lines"), json({"[X]", " a", "[END]", ""}));
@@ -379,18 +319,20 @@ TEST_F(Commands, DumpOfAnyBytesIsJson)
 
 TEST_F(Commands, NamesPrintsListsMarksAndWidths)
 {
-    const std::string abd = Put("b.abd", "[GRID_GRID]\nGIRDER_N_NAME = 2 G1 GIRDER\nSWAY_N_NAME = 3 A1 -C1 -+A2\nLINE_N_NAME = 1 CL\n[END]\n");
+    const std::string abd = Put(
+        "b.abd", "[GRID_GRID]\nGIRDER_N_NAME = 2 G1 GIRDER\nSWAY_N_NAME = 3 A1 -C1 -+A2\nLINE_N_NAME = 1 CL\n[END]\n");
     EXPECT_EQ(Printed(Tool({"names", abd})), json({{"girders", {"G1", "GIRDER"}},
-                                                  {"sways", {"A1", "C1", "A2"}},
-                                                  {"marks", {0, 1, 2}},
-                                                  {"lines", {"CL"}},
-                                                  {"girderWidth", 6},
-                                                  {"swayWidth", 3}}));
+                                                   {"sways", {"A1", "C1", "A2"}},
+                                                   {"marks", {0, 1, 2}},
+                                                   {"lines", {"CL"}},
+                                                   {"girderWidth", 6},
+                                                   {"swayWidth", 3}}));
 }
 
 TEST_F(Commands, NamesGivesTheBytesWhereANameIsNoWholeText)
 {
-    const json names = Printed(Tool({"names", PutBytes("b.abd", "[GRID_GRID]\r\nGIRDER_N_NAME = 2 G1 \x83\r\n[END]\r\n")}));
+    const json names =
+        Printed(Tool({"names", PutBytes("b.abd", "[GRID_GRID]\r\nGIRDER_N_NAME = 2 G1 \x83\r\n[END]\r\n")}));
     EXPECT_EQ(names.at("girders"), json({"G1", "\\x83"}));
     EXPECT_EQ(names.at("bytes").at("girders"), json({"4731", "83"}));
 }
@@ -429,139 +371,6 @@ TEST_F(Commands, ThePanelOfANumberWithoutOneIsRefused)
     ExpectRefused(Tool({"panel", in, "x"}), "ブロック番号ではありません: x");
 }
 
-// --- check -------------------------------------------------------------------------------------
-
-TEST_F(Commands, CheckOfAFileInTheWritersOwnFormSaysSo)
-{
-    const std::string out = At("out.sbd");
-    ASSERT_EQ(Tool({"rewrite", Put("in.sbd", "TITLE:A\n[SEC_GROUP]\n G1 G2\n[END]\n"), out}).exitCode, 0);
-    const CommandResult result = Tool({"check", out});
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.error, "");
-    EXPECT_EQ(result.output, "このファイルは本システムの書式どおりです。読み込んで保存しても1バイトも変わりません。\n");
-    const json report = Printed(Tool({"check", out, "--json"}));
-    EXPECT_EQ(report.at("ownForm"), true);
-    EXPECT_EQ(report.at("firstOtherLine"), 0);
-    for (const char* list : {"lost", "repaired", "unstable"})
-        EXPECT_EQ(report.at(list), json::array()) << list;
-}
-
-TEST_F(Commands, CheckTellsTheFirstLineThatChanges)
-{
-    const CommandResult result = Tool({"check", Put("in.sbd", "TITLE:A\n[SEC_CONTROL] 301     入力必要\n! another comment\n[END]\n")});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_THAT(result.output, StartsWith("このファイルは本システムの書式と異なります。読み込んで保存すると 3行目から変わります。\n"));
-}
-
-TEST_F(Commands, CheckListsLinesThatArePassedOver)
-{
-    const std::string in = Put("in.sbd", "stray\n[SEC_CONTROL]\n NO_SUCH_ROW x y\n RESET_RESULTS x\n[END]\n[CBD_GIRDER_H]\n 自動 NO more\n[END]\n");
-    const std::string text = Tool({"check", in}).output;
-    EXPECT_THAT(text, HasSubstr("読み込むと失われる行(4件)\n"));
-    EXPECT_THAT(text, HasSubstr("  1行目 「stray」: どの区分にも属さない行なので読まれません。\n"));
-    EXPECT_THAT(text, HasSubstr("  3行目 301 主桁(床組・断面)_CONTROL 「NO_SUCH_ROW x y」: このブロックにない項目名なので読まれません。\n"));
-    EXPECT_THAT(text, HasSubstr("  4行目 301 主桁(床組・断面)_CONTROL 「RESET_RESULTS x」: 値がないので、"));
-    EXPECT_THAT(text, HasSubstr("「more」: 先頭行の値より後ろの語なので読まれません。\n"));
-    const json report = json::parse(Tool({"check", in, "--json"}).output);
-    EXPECT_EQ(report.at("lost").at(1),
-              json({{"reason", "unknownKeyword"}, {"line", 3}, {"block", 301}, {"text", "NO_SUCH_ROW x y"}}));
-}
-
-TEST_F(Commands, CheckListsValuesThatTheLoadRepairs)
-{
-    const std::string in = Put("in.sbd", "[CBD_CONTROL_MAIN]\n 使用地域 東北\n[END]\n[SEC_V_STIFF]\n 自動計算(YES_NO) NO\n G1 G1\n[END]\n");
-    const CommandResult result = Tool({"check", in});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_THAT(result.output, HasSubstr("読み込むと補正される値"));
-    EXPECT_THAT(result.output, HasSubstr("313 垂直補剛材 1行目 2列目"));
-    EXPECT_THAT(result.output, HasSubstr("「NO」→「YES_1」"));
-    EXPECT_THAT(result.output, HasSubstr("521 "));
-    EXPECT_THAT(result.output, HasSubstr("「東北」→「一般」"));
-    EXPECT_THAT(result.output, Not(HasSubstr("326"))) << "a control row that never reaches the file is not told";
-}
-
-TEST_F(Commands, CheckListsWhatAnotherLoadWouldReadOtherwise)
-{
-    const std::string in = Put("in.sbd", "[SEC_CONTROL]\n TITLE x ELEVATED\n[END]\n");
-    const CommandResult result = Tool({"check", in});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_THAT(result.output, HasSubstr("保存後にもう一度読み込むと変わる値(1件)\n"));
-    EXPECT_THAT(result.output, HasSubstr("「ELEVATED」→「VATED」"));
-}
-
-TEST_F(Commands, CheckListsARowOf331WhoseEmptyCellStaysStableAsNoChange)
-{
-    const std::string in = Put("in.sbd", "[SEC_WEB_T_MAT]\n 自動計算(YES_NO) YES\n G1 G1 A1 A2 I桁 SM490Y 12 14 内面 9\n[END]\n");
-    EXPECT_EQ(json::parse(Tool({"check", in, "--json"}).output).at("unstable"), json::array());
-}
-
-TEST_F(Commands, CheckTellsABlock301ThatWouldBeHeldBack)
-{
-    const std::string in = Put("in.sbd", "[SEC_CONTROL]\n YEAR_FATIGUE x <?>\n[END]\n");
-    EXPECT_THAT(Tool({"check", in}).output, HasSubstr("301に「<?>」があるので、保存すると題名と301が書かれません。"));
-    EXPECT_EQ(json::parse(Tool({"check", in, "--json"}).output).at("controlBlockHeldBack"), true);
-}
-
-TEST_F(Commands, CheckLeavesTheFileAsItIs)
-{
-    const std::string in = Put("in.sbd", "TITLE:EAST\n");
-    static_cast<void>(Tool({"check", in}));
-    EXPECT_EQ(BytesOf(in), "TITLE:EAST\r\n");
-    EXPECT_THAT(Files(), ElementsAre("in.sbd"));
-}
-
-TEST_F(Commands, CheckOfTheExamplesFindsNothing)
-{
-    for (const char* name : {"plate4", "box2", "single1"})
-        EXPECT_EQ(Tool({"check", std::string(EXAMPLES_DIR) + "/" + name + "/" + name + ".sbd"}).exitCode, 0) << name;
-}
-
-// --- diff --------------------------------------------------------------------------------------
-
-TEST_F(Commands, DiffOfTheSameProjectSaysSo)
-{
-    const std::string a = Put("a.sbd", "TITLE:A\n");
-    const std::string b = Put("b.sbd", "! another text of the same project\nTITLE:A\n");
-    const CommandResult result = Tool({"diff", a, b});
-    EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.output, "違いはありません。\n");
-    EXPECT_EQ(Printed(Tool({"diff", a, b, "--json"})).at("differences"), json::array());
-}
-
-TEST_F(Commands, DiffTellsBlockRowColumnAndBothValues)
-{
-    const std::string a = Put("a.sbd", "TITLE:A\n[SEC_GROUP]\n G1 G2\n G3 G4\n[END]\n[X]\n a\n[END]\n");
-    const std::string b = Put("b.sbd", "TITLE:B\n[SEC_GROUP]\n G1 G9\n G3 G4\n G5 G6\n[END]\n[X]\n b\n[END]\n");
-    const CommandResult result = Tool({"diff", a, b});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_THAT(result.output, HasSubstr("301 主桁(床組・断面)_CONTROL 1行目"));
-    EXPECT_THAT(result.output, HasSubstr(": 「A」→「B」\n"));
-    EXPECT_THAT(result.output, HasSubstr("323 主桁GROUP 1行目 2列目"));
-    EXPECT_THAT(result.output, HasSubstr(": 「G2」→「G9」\n"));
-    EXPECT_THAT(result.output, HasSubstr("323 主桁GROUP 3行目: 行が増える 「G5 G6」\n"));
-    EXPECT_THAT(result.output, HasSubstr("未知の区分の行: 「 a」→「 b」\n"));
-    EXPECT_EQ(std::ranges::count(result.output, '\n'), 4);
-    const CommandResult asJson = Tool({"diff", a, b, "--json"});
-    EXPECT_EQ(asJson.exitCode, 1);
-    const json differences = json::parse(asJson.output).at("differences");
-    ASSERT_EQ(differences.size(), 4U);
-    EXPECT_EQ(differences.at(1).at("kind"), "value");
-    EXPECT_EQ(differences.at(1).at("block"), 323);
-    EXPECT_EQ(differences.at(1).at("row"), 1);
-    EXPECT_EQ(differences.at(1).at("column"), 2);
-    EXPECT_EQ(differences.at(1).at("before"), "G2");
-    EXPECT_EQ(differences.at(1).at("after"), "G9");
-    EXPECT_EQ(differences.at(2).at("kind"), "rowAdded");
-    EXPECT_EQ(differences.at(3).at("kind"), "unknownLine");
-}
-
-TEST_F(Commands, DiffTheOtherWayRoundTellsTheRowThatIsGone)
-{
-    const std::string a = Put("a.sbd", "[SEC_GROUP]\n G1 G2\n G3 G4\n[END]\n");
-    const std::string b = Put("b.sbd", "[SEC_GROUP]\n G3 G4\n[END]\n");
-    EXPECT_EQ(Tool({"diff", a, b}).output, "323 主桁GROUP 1行目: 行がなくなる 「G1 G2」\n");
-}
-
 // --- the program -------------------------------------------------------------------------------
 
 #if defined(SBDTOOL) && !defined(_WIN32)
@@ -570,7 +379,8 @@ namespace {
 /// Exit code of the program; its output goes to `out`, as the shell takes it.
 int RunProgram(const std::string& arguments, const std::string& out)
 {
-    const int status = std::system((std::string("'") + SBDTOOL + "' " + arguments + " > " + out + " 2>/dev/null").c_str());
+    const int status =
+        std::system((std::string("'") + SBDTOOL + "' " + arguments + " > " + out + " 2>/dev/null").c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
@@ -582,7 +392,8 @@ TEST_F(Commands, TheProgramGivesExitCodeAndOutput)
     EXPECT_EQ(BytesOf(At("out.json")), Tool({"catalogue"}).output);
     EXPECT_EQ(RunProgram("frobnicate", "/dev/null"), 2);
     EXPECT_EQ(RunProgram("", "/dev/null"), 2);
-    EXPECT_EQ(RunProgram("diff '" + Put("a.sbd", "TITLE:A\n") + "' '" + Put("b.sbd", "TITLE:B\n") + "'", "/dev/null"), 1);
+    EXPECT_EQ(RunProgram("diff '" + Put("a.sbd", "TITLE:A\n") + "' '" + Put("b.sbd", "TITLE:B\n") + "'", "/dev/null"),
+              1);
 }
 
 TEST_F(Commands, AnOutputThatIsFullIsAnError)
