@@ -1,13 +1,21 @@
 #include "app/station.h"
 
 #include "app/fonts.h"
+#include "app/outside_menu.h"
+#include "app/request_queue.h"
 #include "app/screenshot.h"
+#include "app/single_instance.h"
 #include "app/start_options.h"
+#include "app/version_check.h"
+#include "document/recovery.h"
 #include "frame/child_frame.h"
 #include "frame/main_frame.h"
+#include "frame/yes_no_box.h"
 #include "panels/panel.h"
 
 #include <QApplication>
+#include <QDesktopServices>
+#include <QMessageBox>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -24,14 +32,6 @@ void Print(std::FILE* stream, const QString& text)
     std::fputs(qUtf8Printable(text), stream);
     if (!text.endsWith(u'\n'))
         std::fputs("\n", stream);
-}
-
-/// Nobody is there to answer: messages are printed, changes are never saved.
-Prompts SilentPrompts()
-{
-    return {[](QWidget*, const QString&) { return QString(); }, [](QWidget*, const QString&) { return QString(); },
-            [](QWidget*, const QString&) { return SaveAnswer::Discard; },
-            [](QWidget*, const QString& text) { Print(stderr, text); }};
 }
 
 /// Goes where the command line says.
@@ -52,7 +52,7 @@ int RunScreenshot(const StartOptions& options)
     const QTemporaryDir profile;
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, profile.path());
 
-    CMainFrame frame(SilentPrompts());
+    CMainFrame frame(SilentPrompts([](const QString& text) { Print(stderr, text); }));
     if (options.projects.isEmpty())
         frame.NewProject();
     for (const QString& project : options.projects) {
@@ -68,14 +68,45 @@ int RunScreenshot(const StartOptions& options)
     return kExitFailed;
 }
 
+/// The daily question for a newer version, and its result in the menu bar.
+void StartVersionCheck(CMainFrame& frame, const DeploymentSettings& settings)
+{
+    VersionCheckSeams seams;
+    seams.ask = [&frame](const QString& text) { return AskYesNo(&frame, text); };
+    seams.openPage = [](const QUrl& page) { QDesktopServices::openUrl(page); };
+    seams.quit = [&frame] { frame.close(); };
+    auto* check = new CVersionCheck(StateFolder(), settings, std::move(seams), &frame);
+    frame.SetVersionText(VersionMenuText(kSystemVersion, {}));
+    QObject::connect(check, &CVersionCheck::checked, &frame, [&frame](const QString& result) {
+        frame.SetVersionText(VersionMenuText(kSystemVersion, result));
+    });
+    check->CheckVersion();
+}
+
 int RunWindow(const StartOptions& options)
 {
+    CSingleInstance instance;
+    switch (instance.Start(RequestOf(options.projects))) {
+    case CSingleInstance::Role::First:
+        break;
+    case CSingleInstance::Role::Second:
+        return kExitDone;
+    case CSingleInstance::Role::Unanswered:
+        QMessageBox::warning(nullptr, u"KELD section"_s, UnansweredMessage());
+        return kExitFailed;
+    }
+    const DeploymentSettings settings = ReadDeployment(DeploymentFile(QApplication::applicationDirPath()));
     CMainFrame frame;
+    AddOutsideMenu(frame, settings);
     frame.NewProject(); // stands until a project takes its place
     frame.ShowAsLeft();
+    CRequestQueue requests(frame);
+    QObject::connect(&instance, &CSingleInstance::requested, &requests, &CRequestQueue::Take);
     for (const QString& project : options.projects)
         frame.OpenProject(project);
     ShowCell(frame, options);
+    frame.OfferRecoveryCopies();
+    StartVersionCheck(frame, settings);
     return QApplication::exec();
 }
 

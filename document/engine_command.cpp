@@ -2,6 +2,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 namespace sbd {
 
 using namespace Qt::StringLiterals;
@@ -11,11 +13,11 @@ namespace {
 constexpr auto kMainEngine = "HOLM4_W_GIRDER_SECTION.exe"_L1;
 
 constexpr EngineRunInfo kRuns[] = {
-    {EngineRun::Check, 39254, kMainEngine, " CHECK"_L1, true, false},
-    {EngineRun::Main, 39255, kMainEngine, " RUN"_L1, true, true},
-    {EngineRun::Result, 39256, kMainEngine, " RESULT"_L1, true, true},
-    {EngineRun::Cross, 33028, "HOLM4_W_CROSS.exe"_L1, {}, false, true},
-    {EngineRun::Support, 33029, "KELD_Support_Stiff_Diaphragm.exe"_L1, {}, false, true},
+    {EngineRun::Check, 39254, 254, kMainEngine, " CHECK"_L1, true, false},
+    {EngineRun::Main, 39255, 255, kMainEngine, " RUN"_L1, true, true},
+    {EngineRun::Result, 39256, 256, kMainEngine, " RESULT"_L1, true, true},
+    {EngineRun::Cross, 33028, 0, "HOLM4_W_CROSS.exe"_L1, {}, false, true},
+    {EngineRun::Support, 33029, 0, "KELD_Support_Stiff_Diaphragm.exe"_L1, {}, false, true},
 };
 
 } // namespace
@@ -28,6 +30,12 @@ std::span<const EngineRunInfo> EngineRuns()
 const EngineRunInfo& InfoOf(EngineRun run)
 {
     return kRuns[static_cast<std::size_t>(run)];
+}
+
+std::optional<EngineRun> RunOfBlock(int block)
+{
+    const auto* const row = std::ranges::find(kRuns, block, &EngineRunInfo::block);
+    return block == 0 || row == std::end(kRuns) ? std::nullopt : std::optional(row->run);
 }
 
 QString EngineMissingMessage(EngineRun run)

@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <span>
 
 namespace sbd {
@@ -20,6 +21,7 @@ enum class EngineRun {
 struct EngineRunInfo {
     EngineRun run;
     int command;                ///< menu command
+    int block;                  ///< block of the tree and the data menu that stands for the run; 0: none
     QLatin1StringView engine;   ///< file name of the program, beside our own
     QLatin1StringView argument; ///< behind the quoted path, with its blank; empty: none
     bool closingQuote;          ///< the path's closing quote stands; two engines are started without it, as they expect
@@ -29,6 +31,8 @@ struct EngineRunInfo {
 /// The five runs in the order of EngineRun.
 [[nodiscard]] std::span<const EngineRunInfo> EngineRuns();
 [[nodiscard]] const EngineRunInfo& InfoOf(EngineRun run);
+/// The run that a block of the data menu stands for (254, 255, 256), or nothing.
+[[nodiscard]] std::optional<EngineRun> RunOfBlock(int block);
 
 /// What is told when the engine cannot be started.
 [[nodiscard]] QString EngineMissingMessage(EngineRun run);

@@ -33,18 +33,22 @@ bool IsLeft(const QString& lockFile)
 
 } // namespace
 
-QString RecoveryFolder()
+QString StateFolder()
 {
 #ifdef Q_OS_WIN
-    const QString base = QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+    return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
 #else
     // Qt 6.4 has no name for the state folder yet.
     QString base = qEnvironmentVariable("XDG_STATE_HOME");
     if (base.isEmpty() || !QDir::isAbsolutePath(base))
         base = QDir::homePath() + u"/.local/state"_s;
-    base += u"/sbdstation"_s;
+    return base + u"/sbdstation"_s;
 #endif
-    return base + u"/recovery"_s;
+}
+
+QString RecoveryFolder()
+{
+    return StateFolder() + u"/recovery"_s;
 }
 
 CRecoveryCopy::CRecoveryCopy(const QString& folder) : folder_(folder) {}

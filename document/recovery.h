@@ -19,8 +19,11 @@ struct RecoveryCopy {
     QDateTime time;  ///< when it was made
 };
 
-/// The user's folder of recovery copies: below the state folder (XDG_STATE_HOME, on Windows the local application
-/// data), never beside a project.
+/// The user's folder for what the program keeps from start to start: below XDG_STATE_HOME, on Windows the local
+/// application data.
+[[nodiscard]] QString StateFolder();
+
+/// The folder of the recovery copies: in the state folder, never beside a project.
 [[nodiscard]] QString RecoveryFolder();
 
 /// The recovery copy of one document. While it lives it holds a lock, so that another process can tell a copy in use

@@ -28,27 +28,58 @@ void CKELDSectionDoc::SetModifiedFlag(bool modified)
     emit modifiedChanged(modified);
 }
 
-FileResult CKELDSectionDoc::OpenDocument(const QString& path)
+void CKELDSectionDoc::SetPathName(const QString& path)
 {
-    const std::filesystem::path file = ToPath(path);
+    const QString own = path.isEmpty() ? QString() : QFileInfo(path).absoluteFilePath();
+    if (own == path_)
+        return;
+    path_ = own;
+    emit pathChanged();
+}
+
+void CKELDSectionDoc::ReadResults(const QString& project)
+{
+    ReadResultFiles(ToPath(project), results_);
+}
+
+FileResult CKELDSectionDoc::Load(const QString& file, const QString& project)
+{
     std::string bytes;
-    FileResult result = ReadFileBytes(file, bytes);
+    FileResult result = ReadFileBytes(ToPath(file), bytes);
     if (!result.Ok())
         return result;
 
-    // The names come first: repairs behind the last line add to them.
+    // Results and names come first: repairs behind the last line add to the names.
+    AnalysisResults results;
     CSbdData data;
-    ReadGridNames(NamesFileBeside(file), data);
+    if (!project.isEmpty()) {
+        ReadResultFiles(ToPath(project), results);
+        ReadGridNames(NamesFileBeside(ToPath(project)), data);
+    }
     ReadProject(bytes, data);
     data.Shrink();
 
     data_ = std::move(data);
-    path_ = QFileInfo(path).absoluteFilePath();
+    results_ = std::move(results);
+    path_ = project.isEmpty() ? QString() : QFileInfo(project).absoluteFilePath();
     memory_.clear();
     SetHelpCell(-1, 0, 0);
     SetModifiedFlag(false);
     emit pathChanged();
     emit reloaded();
+    return result;
+}
+
+FileResult CKELDSectionDoc::OpenDocument(const QString& path)
+{
+    return Load(path, path);
+}
+
+FileResult CKELDSectionDoc::OpenRecoveryCopy(const QString& copy, const QString& project)
+{
+    FileResult result = Load(copy, project);
+    if (result.Ok())
+        SetModifiedFlag(true);
     return result;
 }
 
@@ -63,12 +94,8 @@ FileResult CKELDSectionDoc::SaveDocument(const QString& path, bool* controlBlock
 
     if (controlBlockHeldBack != nullptr)
         *controlBlockHeldBack = report.controlBlockHeldBack;
-    const QString saved = QFileInfo(path).absoluteFilePath();
     SetModifiedFlag(false);
-    if (saved != path_) {
-        path_ = saved;
-        emit pathChanged();
-    }
+    SetPathName(path);
     return result;
 }
 

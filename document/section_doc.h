@@ -1,7 +1,9 @@
 // CKELDSectionDoc: one open project, its path and its session state.
 #pragma once
 
+#include "document/display_settings.h"
 #include "project/sbd_data.h"
+#include "results/result_files.h"
 #include "sbdfile/project_file.h"
 
 #include <QObject>
@@ -37,16 +39,26 @@ public:
     [[nodiscard]] CSbdData& Data() { return data_; }
     [[nodiscard]] const CSbdData& Data() const { return data_; }
 
+    /// Results of the frame analysis, as they were at the last open.
+    [[nodiscard]] const AnalysisResults& Results() const { return results_; }
+    /// Reads the result files of a project. A file that is missing leaves its record as it was.
+    void ReadResults(const QString& project);
+
     /// Full path of the project file; empty for a project that was never saved.
     [[nodiscard]] QString PathName() const { return path_; }
+    /// Makes `path` the document's own without reading or writing a file.
+    void SetPathName(const QString& path);
     /// Name for titles: the file name, or "New SBD File".
     [[nodiscard]] QString Title() const;
 
     [[nodiscard]] bool IsModified() const { return modified_; }
     void SetModifiedFlag(bool modified);
 
-    /// Loads `path` with the names of the *.abd file beside it. On failure the document stays as it is.
+    /// Loads `path` with the names of the *.abd file beside it and the results. On failure the document stays as it is.
     [[nodiscard]] FileResult OpenDocument(const QString& path);
+    /// Loads a recovery copy, and what stands beside `project`, which it was made of (empty: a project that was never
+    /// saved). The document is modified then: only a save puts the copy in the project's place.
+    [[nodiscard]] FileResult OpenRecoveryCopy(const QString& copy, const QString& project);
     /// Asks the panels to commit, writes the project to `path`; on success that is its path and it is not modified.
     /// On failure nothing changes, the old file stands. `controlBlockHeldBack` tells of a "<?>" in block 301.
     [[nodiscard]] FileResult SaveDocument(const QString& path, bool* controlBlockHeldBack = nullptr);
@@ -70,6 +82,9 @@ public:
     // Session settings (see the display settings): 1 word lists, 2 plain cells; widening of the columns in pixels.
     int comboOrList = 1;
     int rowWidthMode = 0;
+    DisplaySettings display;
+    /// A double click in the tree asked for the run of a report page; its repaint starts it.
+    bool runOnShow = false;
 
 signals:
     void changed(const sbd::BlockChange& change);
@@ -81,7 +96,10 @@ signals:
     void aboutToSave();
 
 private:
+    [[nodiscard]] FileResult Load(const QString& file, const QString& project);
+
     CSbdData data_;
+    AnalysisResults results_;
     QString path_;
     bool modified_ = false;
     int currentBlock_ = 300;

@@ -2,7 +2,6 @@
 
 #include "document/section_doc.h"
 #include "frame/box_web_source.h"
-#include "frame/yes_no_box.h"
 #include "grid/grid_ctrl.h"
 #include "grid/grid_style.h"
 
@@ -118,16 +117,13 @@ void CBoxWebSheet::accept()
         QDialog::accept();
 }
 
-BoxWebPrompts ScreenBoxWebPrompts(QWidget* parent)
+bool ShowBoxWebSheet(QWidget* parent, BoxWebNames& names)
 {
-    return {[parent](BoxWebNames& names) {
-                CBoxWebSheet sheet(names, parent);
-                const bool accepted = sheet.exec() == QDialog::Accepted;
-                if (accepted)
-                    names = sheet.Page().Names();
-                return accepted;
-            },
-            [parent](const QString& text) { return AskYesNo(parent, text); }};
+    CBoxWebSheet sheet(names, parent);
+    if (sheet.exec() != QDialog::Accepted)
+        return false;
+    names = sheet.Page().Names();
+    return true;
 }
 
 } // namespace sbd

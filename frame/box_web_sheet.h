@@ -60,7 +60,7 @@ private:
     QPushButton* cancel_;
 };
 
-/// What BoxWebFlow shows on the screen.
-[[nodiscard]] BoxWebPrompts ScreenBoxWebPrompts(QWidget* parent);
+/// Shows the sheet and takes over what was entered; false if it was left otherwise than by OK.
+[[nodiscard]] bool ShowBoxWebSheet(QWidget* parent, BoxWebNames& names);
 
 } // namespace sbd

@@ -1,16 +1,23 @@
 #include "frame/child_frame.h"
 
+#include "document/engine_command.h"
+#include "document/project_lock.h"
+#include "document/recovery.h"
 #include "document/section_doc.h"
 #include "frame/left_view.h"
 #include "frame/program_icon.h"
 #include "panels/panel.h"
 #include "project/catalogue.h"
+#include "sbdfile/writer.h"
+#include "upperview/chk_view.h"
 #include "upperview/up_view.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QSplitter>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace sbd {
 
@@ -22,20 +29,34 @@ constexpr int kLeftWidth = 320; // px, most titles whole
 constexpr int kSplitterHandle = 5;
 constexpr int kLeastPane = 80; // px
 
+/// True for the tree's entries of the runs: their texts hold the number.
+bool NamesARun(const QString& text)
+{
+    return std::ranges::any_of(EngineRuns(), [&](const EngineRunInfo& run) {
+        return run.block != 0 && text.contains(QString::number(run.block));
+    });
+}
+
 } // namespace
 
-CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, QWidget* parent)
+CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, std::unique_ptr<CProjectLock> lock, QWidget* parent)
     : QMdiSubWindow(parent)
     , doc_(std::move(doc))
+    , lock_(lock ? std::move(lock) : std::make_unique<CProjectLock>())
+    , recovery_(std::make_unique<CRecoveryCopy>())
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowIcon(ProgramIcon());
     CreatePanes();
-    connect(doc_.get(), &CKELDSectionDoc::modifiedChanged, this, &QWidget::setWindowModified);
-    connect(doc_.get(), &CKELDSectionDoc::pathChanged, this, &CChildFrame::UpdateTitle);
+    connect(doc_.get(), &CKELDSectionDoc::modifiedChanged, this, &CChildFrame::OnModified);
+    connect(doc_.get(), &CKELDSectionDoc::changed, this, [this] { recoveryLacksChanges_ = true; });
+    connect(doc_.get(), &CKELDSectionDoc::pathChanged, this, [this] { SetTitle(doc_->Title()); });
     connect(tree_, &CLeftView::blockChosen, this, &CChildFrame::SwitchToBlock);
     connect(tree_, &CLeftView::panelWanted, this, &CChildFrame::FocusPanel);
-    UpdateTitle();
+    connect(tree_, &CLeftView::itemWasPressed, this, &CChildFrame::OnTreePressed);
+    connect(tree_, &CLeftView::runAskedAt, this, &CChildFrame::OnTreeActivated);
+    connect(&upView_->Chk(), &CChkView::runIsDue, this, &CChildFrame::runIsDue);
+    SetTitle(doc_->Title());
     GoToBlock(kFirstBlock);
 }
 
@@ -43,6 +64,7 @@ CChildFrame::~CChildFrame()
 {
     panel_.reset();  // before the document and the splitter
     delete widget(); // the views look at the document
+    recovery_->Discard();
 }
 
 void CChildFrame::CreatePanes()
@@ -134,10 +156,48 @@ void CChildFrame::FocusOtherPane()
         tree_->setFocus(Qt::OtherFocusReason);
 }
 
-void CChildFrame::UpdateTitle()
+void CChildFrame::SetTitle(const QString& title)
 {
-    setWindowTitle(doc_->Title() + u"[*]"_s);
+    title_ = title;
+    ShowTitle();
+}
+
+void CChildFrame::ShowTitle()
+{
+    setWindowTitle(title_ + u"[*]"_s);
     setWindowModified(doc_->IsModified());
+}
+
+void CChildFrame::OnModified(bool modified)
+{
+    setWindowModified(modified);
+    recoveryLacksChanges_ = modified;
+    if (!modified)
+        recovery_->Discard();
+}
+
+bool CChildFrame::KeepRecoveryCopy()
+{
+    if (doc_->IsModified() && recoveryLacksChanges_)
+        recoveryLacksChanges_ = !recovery_->Write(doc_->PathName(), WriteProject(doc_->Data()));
+    return !recoveryLacksChanges_;
+}
+
+void CChildFrame::OnTreePressed(const QString& text)
+{
+    if (!NamesARun(text))
+        return;
+    doc_->runOnShow = false;
+    upView_->update();
+}
+
+void CChildFrame::OnTreeActivated(const QString& text)
+{
+    doc_->runOnShow = NamesARun(text);
+    if (!doc_->runOnShow)
+        return;
+    upView_->Chk().UserAsked();
+    upView_->Refresh();
 }
 
 void CChildFrame::PlacePanes()

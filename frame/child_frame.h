@@ -1,6 +1,8 @@
 // CChildFrame: the window of one project.
 #pragma once
 
+#include "document/project_lock.h"
+
 #include <QMdiSubWindow>
 
 #include <functional>
@@ -13,19 +15,25 @@ namespace sbd {
 class CKELDSectionDoc;
 class CLeftView;
 class CPanel;
+class CRecoveryCopy;
 class CUpView;
+struct WantedRun;
 
-/// One project's window: the tree on the left, on the right the help pane over the panel. Owns the document.
+/// One project's window: the tree on the left, on the right the help pane over the panel. Owns the document and what
+/// belongs to it: the lock on its file, the recovery copy.
 class CChildFrame : public QMdiSubWindow {
     Q_OBJECT
 
 public:
     static constexpr int kFirstBlock = 301;
 
-    explicit CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, QWidget* parent = nullptr);
+    /// `lock` is the lock on the document's file; a document without one may come without.
+    explicit CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, std::unique_ptr<CProjectLock> lock = nullptr,
+                         QWidget* parent = nullptr);
     ~CChildFrame() override;
 
     [[nodiscard]] CKELDSectionDoc& Doc() { return *doc_; }
+    [[nodiscard]] CProjectLock& Lock() { return *lock_; }
     [[nodiscard]] CLeftView& Tree() { return *tree_; }
     [[nodiscard]] CUpView& UpView() { return *upView_; }
     /// The panel on show; null for a block whose panel is empty.
@@ -48,8 +56,20 @@ public:
     /// Moves the cursor between tree and panel.
     void FocusOtherPane();
 
+    /// Makes a text the project's title until it gets another path.
+    void SetTitle(const QString& title);
+    [[nodiscard]] QString Title() const { return title_; }
+
+    /// Keeps a recovery copy of the project as it stands in memory, if it has unsaved changes that the last one lacks.
+    /// An open editor is left alone. False if changes are without a copy.
+    bool KeepRecoveryCopy();
+
     /// Asked before the window closes; the window stays if the answer is false.
     std::function<bool(CChildFrame&)> mayClose;
+
+signals:
+    /// The page of a report asks for its run.
+    void runIsDue(const sbd::WantedRun& run);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -60,9 +80,16 @@ private:
     void ShowPanel(int block);
     void RemovePanel();
     void PlacePanes();
-    void UpdateTitle();
+    void ShowTitle();
+    void OnModified(bool modified);
+    void OnTreePressed(const QString& text);
+    void OnTreeActivated(const QString& text);
 
     std::unique_ptr<CKELDSectionDoc> doc_;
+    std::unique_ptr<CProjectLock> lock_;
+    std::unique_ptr<CRecoveryCopy> recovery_;
+    bool recoveryLacksChanges_ = true;
+    QString title_;
     QSplitter* outer_ = nullptr; // tree | inner
     QSplitter* inner_ = nullptr; // help pane over panel
     CLeftView* tree_ = nullptr;

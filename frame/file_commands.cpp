@@ -1,14 +1,21 @@
 #include "frame/file_commands.h"
 
 #include "document/file_messages.h"
+#include "document/project_lock.h"
+#include "document/save_flow.h"
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
+#include "frame/document_steps.h"
 #include "frame/profile.h"
+#include "upperview/chk_view.h"
+#include "upperview/up_view.h"
 #include "sbdfile/writer.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 #include <QMdiArea>
+#include <QPointer>
 
 namespace sbd {
 
@@ -39,11 +46,52 @@ bool IsUntouched(CChildFrame& child)
 
 } // namespace
 
-CFileCommands::CFileCommands(QMdiArea& area, Prompts prompts) : area_(area), prompts_(std::move(prompts)) {}
+CFileCommands::CFileCommands(QMdiArea& area, Prompts prompts)
+    : area_(area)
+    , prompts_(std::move(prompts))
+    , runner_(prompts_.runs)
+    , newDocument_(NewPrompts())
+{
+}
+
+CFileCommands::~CFileCommands() = default;
+
+NewDocumentPrompts CFileCommands::NewPrompts()
+{
+    NewDocumentPrompts prompts;
+    prompts.chooser = [this] { return prompts_.chooseStart(area_.window()); };
+    prompts.openFileName = [this](const QStringList& filters) {
+        return prompts_.openNewProjectFile(area_.window(), Folder(), filters);
+    };
+    prompts.askYesNo = [this](const QString& text) { return AskYesNo(text); };
+    prompts.warn = [this](const QString& text) { Warn(text); };
+    return prompts;
+}
 
 CChildFrame* CFileCommands::New()
 {
-    return AddChild(std::make_unique<CKELDSectionDoc>());
+    std::unique_ptr<CChildFrame> child =
+        MakeChild(std::make_unique<CKELDSectionDoc>(), std::make_unique<CProjectLock>());
+    return OnNewDocument(*child) ? Show(std::move(child)) : nullptr;
+}
+
+bool CFileCommands::OnNewDocument(CChildFrame& child)
+{
+    CKELDSectionDoc& doc = child.Doc();
+    DocumentHooks hooks;
+    hooks.setPathName = [&doc](const QString& project) {
+        doc.SetPathName(project);
+        CRecentFiles::Add(doc.PathName());
+    };
+    hooks.readResultFiles = [&doc](const QString& project) { doc.ReadResults(project); };
+    hooks.saveWrapper = [this, &child] { return Save(child); };
+    hooks.runMain = [this, &child] { return runner_.RunAndReload(EngineRun::Main, ProjectOf(child)); };
+    hooks.boxWebs.showSheet = [this](BoxWebNames& names) { return prompts_.showBoxWebs(area_.window(), names); };
+    hooks.boxWebs.ask = [this](const QString& text) { return AskYesNo(text); };
+    hooks.askAboutHeldFile = [this](const QString& text) { return AskYesNo(text); };
+    hooks.warn = [this](const QString& text) { Warn(text); };
+    CDocumentSteps steps(doc, child.Lock(), std::move(hooks));
+    return newDocument_.OnNewDocument(steps);
 }
 
 CChildFrame* CFileCommands::Open()
@@ -63,26 +111,58 @@ CChildFrame* CFileCommands::OpenFile(const QString& path)
         return nullptr;
     }
     auto doc = std::make_unique<CKELDSectionDoc>();
-    const FileResult result = doc->OpenDocument(path);
+    auto lock = std::make_unique<CProjectLock>();
+    const OpenResult result = OnOpenDocument(*doc, *lock, path, [this](const QString& text) { return AskYesNo(text); });
     if (!result.Ok()) {
-        Warn(FileMessage(FileOperation::Open, path, result));
+        if (result.outcome == OpenOutcome::Failed)
+            Warn(FileMessage(FileOperation::Open, path, result.file));
         return nullptr;
     }
-    auto* before = qobject_cast<CChildFrame*>(area_.currentSubWindow());
+    const QPointer before = qobject_cast<CChildFrame*>(area_.currentSubWindow());
     CRecentFiles::Add(path);
-    CChildFrame* child = AddChild(std::move(doc));
+    CChildFrame* child = Show(MakeChild(std::move(doc), std::move(lock)));
     if (before != nullptr && IsUntouched(*before))
         before->close();
     return child;
 }
 
-CChildFrame* CFileCommands::AddChild(std::unique_ptr<CKELDSectionDoc> doc)
+std::unique_ptr<CChildFrame> CFileCommands::MakeChild(std::unique_ptr<CKELDSectionDoc> doc,
+                                                      std::unique_ptr<CProjectLock> lock)
 {
-    auto* child = new CChildFrame(std::move(doc));
+    auto child = std::make_unique<CChildFrame>(std::move(doc), std::move(lock));
     child->mayClose = [this](CChildFrame& closing) { return MayClose(closing); };
-    area_.addSubWindow(child);
-    child->showMaximized();
+    QObject::connect(child.get(), &CChildFrame::runIsDue, child.get(),
+                     [this, frame = child.get()](const WantedRun& run) { RunFromPage(*frame, run); });
     return child;
+}
+
+CChildFrame* CFileCommands::Show(std::unique_ptr<CChildFrame> child)
+{
+    CChildFrame* shown = child.release(); // the area's from here on
+    area_.addSubWindow(shown);
+    shown->showMaximized();
+    return shown;
+}
+
+RunProject CFileCommands::ProjectOf(CChildFrame& child)
+{
+    const QPointer<CChildFrame> frame = &child;
+    RunProject project = RunProjectOf(child, child.Lock(), [this, frame] { return frame && Save(*frame); });
+    project.window = area_.window(); // a new project has no window yet
+    return project;
+}
+
+void CFileCommands::Run(CChildFrame& child, EngineRun run)
+{
+    runner_.Run(run, ProjectOf(child));
+}
+
+void CFileCommands::RunFromPage(CChildFrame& child, const WantedRun& run)
+{
+    const QPointer<CChildFrame> frame = &child;
+    runner_.RunFromPage(run.run, run.question, ProjectOf(child));
+    if (frame)
+        frame->UpView().Chk().RunEnded();
 }
 
 CChildFrame* CFileCommands::FindOpen(const QString& path) const
@@ -106,26 +186,45 @@ QString CFileCommands::Folder() const
     return recent.isEmpty() ? QDir::homePath() : QFileInfo(recent.constFirst()).path();
 }
 
+bool CFileCommands::Wrap(CChildFrame& child, const std::function<bool()>& save)
+{
+    const QPointer<CChildFrame> frame = &child;
+    const auto setTitle = [frame](const QString& title) {
+        if (frame)
+            frame->SetTitle(title);
+    };
+    return SaveWrapper(child.Doc(), child.Lock(), {save, setTitle}).saved;
+}
+
 bool CFileCommands::Save(CChildFrame& child)
 {
-    const QString path = child.Doc().PathName();
-    return path.isEmpty() ? SaveAs(child) : SaveTo(child, path);
+    if (child.Doc().PathName().isEmpty())
+        return SaveAs(child);
+    return Wrap(child, [&] { return SaveTo(child, child.Doc().PathName()); });
 }
 
 bool CFileCommands::SaveAs(CChildFrame& child)
+{
+    return Wrap(child, [&] {
+        const QString path = AskSaveName(child);
+        return !path.isEmpty() && SaveTo(child, path);
+    });
+}
+
+QString CFileCommands::AskSaveName(CChildFrame& child)
 {
     const QString own = child.Doc().PathName();
     const QString proposal = own.isEmpty() ? Folder() + u'/' + child.Doc().Title() + kExtension : own;
     QString path = prompts_.saveFileName(area_.window(), proposal);
     if (path.isEmpty())
-        return false;
+        return {};
     if (!IsProjectName(path)) {
         path += kExtension; // only such files can be opened again
         if (QFileInfo::exists(path)) {
             Warn(u"保存しませんでした。\n"_s + QDir::toNativeSeparators(path)
                  + u"\n\n拡張子 .sbd を付けた名前のファイルがすでにあります。入力内容は画面に残っています。\n\n"
                    u"別の名前を付けるか、拡張子まで入力して保存し直してください。"_s);
-            return false;
+            return {};
         }
     }
     CChildFrame* open = FindOpen(path);
@@ -133,13 +232,19 @@ bool CFileCommands::SaveAs(CChildFrame& child)
         Warn(u"保存しませんでした。\n"_s + QDir::toNativeSeparators(path)
              + u"\n\nこのファイルは別のウィンドウで開いています。入力内容は画面に残っています。\n\n"
                u"別の名前を付けるか、そのウィンドウを閉じてから保存し直してください。"_s);
-        return false;
+        return {};
     }
-    return SaveTo(child, path);
+    return path;
 }
 
 bool CFileCommands::SaveTo(CChildFrame& child, const QString& path)
 {
+    if (CProjectLock::Look(path) == CProjectLock::State::Held) {
+        Warn(u"保存しませんでした。\n"_s + QDir::toNativeSeparators(path)
+             + u"\n\nこのファイルは他のプログラムで使用中です。入力内容は画面に残っています。\n\n"
+               u"そのプログラムでファイルを閉じてから保存し直すか、別の名前を付けて保存してください。"_s);
+        return false;
+    }
     bool controlBlockHeldBack = false;
     const FileResult result = child.Doc().SaveDocument(path, &controlBlockHeldBack);
     if (!result.Ok()) {
@@ -150,6 +255,56 @@ bool CFileCommands::SaveTo(CChildFrame& child, const QString& path)
     if (controlBlockHeldBack)
         Warn(QString::fromUtf8(kControlBlockMessage));
     return true;
+}
+
+void CFileCommands::KeepRecoveryCopies()
+{
+    for (QMdiSubWindow* window : area_.subWindowList()) {
+        if (auto* child = qobject_cast<CChildFrame*>(window))
+            child->KeepRecoveryCopy();
+    }
+}
+
+void CFileCommands::OfferRecoveryCopies()
+{
+    for (const RecoveryCopy& copy : FindRecoveryCopies()) {
+        const QString of = copy.project.isEmpty() ? u"(まだ保存していないプロジェクト)"_s
+                                                  : QDir::toNativeSeparators(copy.project);
+        const QString text = u"前回、保存されないまま残った入力内容の回復用コピーがあります。\n\n"_s + of
+                             + u"\nコピーの時刻: "_s + QLocale(QLocale::Japanese).toString(copy.time, u"yyyy/MM/dd HH:mm:ss"_s)
+                             + u"\n\n「開く」を選ぶと、変更のあるプロジェクトとして開きます。元のファイルは、保存するまで変わりません。"
+                               u"\n「破棄する」を選ぶと、コピーを削除します。"
+                               u"\n「あとで」を選ぶと、次に起動したときにもう一度お知らせします。"_s;
+        switch (prompts_.askRecovery(area_.window(), text)) {
+        case RecoveryAnswer::Open:
+            OpenRecoveryCopy(copy);
+            break;
+        case RecoveryAnswer::Remove:
+            RemoveRecoveryCopy(copy);
+            break;
+        case RecoveryAnswer::Later:
+            break;
+        }
+    }
+}
+
+void CFileCommands::OpenRecoveryCopy(const RecoveryCopy& copy)
+{
+    // A project that is open already, here or elsewhere, keeps its file: the copy comes up without a path.
+    auto lock = std::make_unique<CProjectLock>();
+    const bool mayTake = !copy.project.isEmpty() && FindOpen(copy.project) == nullptr
+                         && CProjectLock::Look(copy.project) != CProjectLock::State::Held;
+    auto doc = std::make_unique<CKELDSectionDoc>();
+    const FileResult result = doc->OpenRecoveryCopy(copy.file, mayTake ? copy.project : QString());
+    if (!result.Ok()) {
+        Warn(FileMessage(FileOperation::Open, copy.file, result));
+        return;
+    }
+    if (mayTake)
+        lock->Take(copy.project);
+    CChildFrame* child = Show(MakeChild(std::move(doc), std::move(lock)));
+    if (child->KeepRecoveryCopy()) // a crash from here on finds it again
+        RemoveRecoveryCopy(copy);
 }
 
 bool CFileCommands::MayClose(CChildFrame& child)
@@ -169,6 +324,11 @@ bool CFileCommands::MayClose(CChildFrame& child)
         break;
     }
     return false;
+}
+
+bool CFileCommands::AskYesNo(const QString& text) const
+{
+    return prompts_.askYesNo(area_.window(), text);
 }
 
 void CFileCommands::Warn(const QString& text) const

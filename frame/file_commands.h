@@ -1,6 +1,7 @@
-// The file commands: new, open, save, close, and what they ask and tell.
+// The file commands: new, open, save, close, the runs, and what they ask and tell.
 #pragma once
 
+#include "frame/new_document.h"
 #include "frame/prompts.h"
 
 #include <QString>
@@ -13,13 +14,18 @@ namespace sbd {
 
 class CChildFrame;
 class CKELDSectionDoc;
+class CProjectLock;
+struct FileResult;
+struct WantedRun;
 
-/// Opens and saves the projects that stand as windows in an area.
+/// Makes, opens, saves and runs the projects that stand as windows in an area.
 class CFileCommands {
 public:
     CFileCommands(QMdiArea& area, Prompts prompts);
+    ~CFileCommands();
 
-    /// A window with an empty project.
+    /// A window with a new project; the first one is empty, before the others comes the start chooser. Null if the new
+    /// project was given up.
     CChildFrame* New();
 
     /// Asks for a file and opens it; null if nothing was opened.
@@ -32,20 +38,42 @@ public:
     bool Save(CChildFrame& child);
     bool SaveAs(CChildFrame& child);
 
+    /// Makes a run of a project that the user has asked for by a command.
+    void Run(CChildFrame& child, EngineRun run);
+    /// Makes the run that the page of a report asks for.
+    void RunFromPage(CChildFrame& child, const WantedRun& run);
+    [[nodiscard]] CEngineRunner& Runner() { return runner_; }
+
+    /// Offers the recovery copies that a crash has left.
+    void OfferRecoveryCopies();
+    /// Keeps recovery copies of the projects with unsaved changes.
+    void KeepRecoveryCopies();
+
     /// Asks what becomes of unsaved changes. False if the window has to stay.
     bool MayClose(CChildFrame& child);
 
     [[nodiscard]] const Prompts& Dialogs() const { return prompts_; }
 
 private:
-    CChildFrame* AddChild(std::unique_ptr<CKELDSectionDoc> doc);
+    [[nodiscard]] std::unique_ptr<CChildFrame> MakeChild(std::unique_ptr<CKELDSectionDoc> doc,
+                                                         std::unique_ptr<CProjectLock> lock);
+    CChildFrame* Show(std::unique_ptr<CChildFrame> child);
+    [[nodiscard]] bool OnNewDocument(CChildFrame& child);
+    [[nodiscard]] NewDocumentPrompts NewPrompts();
+    [[nodiscard]] RunProject ProjectOf(CChildFrame& child);
     [[nodiscard]] CChildFrame* FindOpen(const QString& path) const;
     [[nodiscard]] QString Folder() const;
+    [[nodiscard]] QString AskSaveName(CChildFrame& child);
     bool SaveTo(CChildFrame& child, const QString& path);
+    bool Wrap(CChildFrame& child, const std::function<bool()>& save);
+    void OpenRecoveryCopy(const RecoveryCopy& copy);
+    [[nodiscard]] bool AskYesNo(const QString& text) const;
     void Warn(const QString& text) const;
 
     QMdiArea& area_;
     Prompts prompts_;
+    CEngineRunner runner_;
+    CNewDocumentFlow newDocument_;
 };
 
 } // namespace sbd

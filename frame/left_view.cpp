@@ -1,5 +1,6 @@
 #include "frame/left_view.h"
 
+#include "document/engine_command.h"
 #include "document/section_doc.h"
 
 #include <QHeaderView>
@@ -161,10 +162,29 @@ void CLeftView::MarkContent()
 
 void CLeftView::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        emit panelWanted();
-    else
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         QTreeWidget::keyPressEvent(event);
+    else if (RunOfBlock(SelectedNumber()))
+        emit runAskedAt(currentItem()->text(0));
+    else
+        emit panelWanted();
+}
+
+void CLeftView::mousePressEvent(QMouseEvent* event)
+{
+    QTreeWidget::mousePressEvent(event);
+    const QTreeWidgetItem* item = itemAt(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && item != nullptr)
+        emit itemWasPressed(item->text(0));
+}
+
+void CLeftView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QTreeWidgetItem* item = itemAt(event->position().toPoint());
+    const QString text = item == nullptr ? QString() : item->text(0);
+    QTreeWidget::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton && !text.isEmpty())
+        emit runAskedAt(text);
 }
 
 void CLeftView::OnCurrentItemChanged(QTreeWidgetItem* item)

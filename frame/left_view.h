@@ -36,6 +36,10 @@ signals:
     void blockChosen(int block);
     /// The user has asked for the panel of the selected block (Enter).
     void panelWanted();
+    /// The left mouse button was pressed on an item with this text.
+    void itemWasPressed(const QString& text);
+    /// An item with this text was double clicked, or Enter pressed on one that stands for a run.
+    void runAskedAt(const QString& text);
 
 public slots:
     /// Sets what holds input to bold. Bold stays until the next rebuild.
@@ -43,6 +47,8 @@ public slots:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
     void OnCurrentItemChanged(QTreeWidgetItem* item);

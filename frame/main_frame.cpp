@@ -12,16 +12,22 @@
 #include <QMdiArea>
 #include <QMimeData>
 #include <QStatusBar>
+#include <QTimer>
+
+#include <chrono>
 
 namespace sbd {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
 const auto kGeometryKey = u"Window Size/Frame"_s;
 constexpr QSize kFirstSize{1280, 800};
-constexpr int kMargin = 4; // px
+constexpr int kMargin = 4;                        // px
+constexpr int kNoticeTime = 30'000;               // ms
+constexpr auto kRecoveryInterval = 3min;          // between copies of what is not saved
 
 /// The project files among what is dragged.
 QStringList ProjectFiles(const QMimeData* dragged)
@@ -47,10 +53,17 @@ CMainFrame::CMainFrame(Prompts prompts, QWidget* parent) : QMainWindow(parent), 
     CreateFileMenu();
     CreateEditMenu();
     CreateDataMenu();
+    CreateRunMenu();
     CreateWindowMenu();
     CreateHelpMenu();
     CreateToolBar();
     CreateStatusBar();
+
+    connect(&files_->Runner(), &CEngineRunner::notice, this,
+            [this](const QString& text) { statusBar()->showMessage(text, kNoticeTime); });
+    auto* recovery = new QTimer(this);
+    connect(recovery, &QTimer::timeout, this, [this] { files_->KeepRecoveryCopies(); });
+    recovery->start(kRecoveryInterval);
 
     connect(area_, &QMdiArea::subWindowActivated, this, &CMainFrame::OnChildActivated);
     OnChildActivated();

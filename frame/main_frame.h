@@ -37,6 +37,14 @@ public:
     /// Shows the window as it was left, at the first start maximised.
     void ShowAsLeft();
 
+    /// Offers what a crash has left; to be called once, at the start.
+    void OfferRecoveryCopies() { files_->OfferRecoveryCopies(); }
+
+    /// The menu of the documents and home pages.
+    [[nodiscard]] QMenu& HelpMenu() { return *helpMenu_; }
+    /// Text of the last entry of the menu bar: the version, and whether it is the newest.
+    void SetVersionText(const QString& text) { versionAction_->setText(text); }
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -57,6 +65,8 @@ private:
     void CreateEditMenu();
     void CreateDataMenu();
     void AddDataEntry(QMenu* menu, int block);
+    void CreateRunMenu();
+    void Run(EngineRun run);
     void CreateWindowMenu();
     void CreateHelpMenu();
     void CreateToolBar();
@@ -71,6 +81,8 @@ private:
     std::unique_ptr<CFileCommands> files_;
     QMenu* recentMenu_ = nullptr;
     QMenu* windowMenu_ = nullptr;
+    QMenu* helpMenu_ = nullptr;
+    QAction* versionAction_ = nullptr;
     QAction* newAction_ = nullptr;
     QAction* openAction_ = nullptr;
     QAction* saveAction_ = nullptr;

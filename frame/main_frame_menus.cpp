@@ -1,4 +1,5 @@
 // The menus and the tool bar of the top window.
+#include "document/engine_command.h"
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
 #include "frame/data_menu.h"
@@ -157,8 +158,38 @@ void CMainFrame::AddDataEntry(QMenu* menu, int block)
     const CatalogueRow* row = FindBlock(block);
     if (row == nullptr || row->menuText.empty())
         return;
+    if (const auto run = RunOfBlock(block)) {
+        AddAction(menu, TitleText(row->menuText), {}, [this, run] { Run(*run); });
+        return;
+    }
     const QKeySequence keys = block == 999 ? QKeySequence(Qt::Key_F1) : QKeySequence();
     AddChildAction(menu, TitleText(row->menuText), keys, [block](CChildFrame& child) { child.GoToBlock(block); });
+}
+
+void CMainFrame::CreateRunMenu()
+{
+    constexpr struct {
+        EngineRun run;
+        QStringView text;
+    } entries[] = {
+        {EngineRun::Main, u"1.実行　　　　　　　　　　　（主桁・横桁・骨組などすべての計算を行います．主桁結果を画面表示）"},
+        {EngineRun::Check, u"2.データをチェック"},
+        {EngineRun::Result,
+         u"3.計算結果出力　　　　　　　（主桁・横桁・骨組などすべての計算を行い，その後出力画面を表示)"},
+        {EngineRun::Cross,
+         u"4.横桁･対傾構結果表示; 選択出力 　　　　　　　　 (正しく表示には 1. 実行してから行ってください)"},
+        {EngineRun::Support,
+         u"5.支点補剛材・ダイヤフラム結果表示; 選択出力　　(正しく表示には 1. 実行してから行ってください)"},
+    };
+    QMenu* menu = menuBar()->addMenu(u"解析&&結果(&A)"_s);
+    for (const auto& entry : entries)
+        AddAction(menu, EntryText(entry.text.toString()), {}, [this, run = entry.run] { Run(run); });
+}
+
+void CMainFrame::Run(EngineRun run)
+{
+    if (CChildFrame* child = CurrentChild())
+        files_->Run(*child, run);
 }
 
 void CMainFrame::CreateWindowMenu()
@@ -185,7 +216,7 @@ void CMainFrame::FillWindowMenu()
     for (qsizetype i = 0; i < children.size(); ++i) {
         CChildFrame* child = children[i];
         const QString path = child->Doc().PathName();
-        const QString name = path.isEmpty() ? child->Doc().Title() : QDir::toNativeSeparators(path);
+        const QString name = path.isEmpty() ? child->Title() : QDir::toNativeSeparators(path);
         QAction* entry =
             AddAction(windowMenu_, Numbered(i, name), {}, [this, child] { area_->setActiveSubWindow(child); });
         entry->setCheckable(true);
@@ -196,8 +227,10 @@ void CMainFrame::FillWindowMenu()
 
 void CMainFrame::CreateHelpMenu()
 {
-    QMenu* menu = menuBar()->addMenu(u"ヘルプ(&H)"_s);
-    AddAction(menu, u"バージョン情報(&A)"_s, {}, [this] { ShowAbout(); });
+    helpMenu_ = menuBar()->addMenu(u"ヘルプ(&H)"_s);
+    AddAction(helpMenu_, u"バージョン情報(&A)"_s, {}, [this] { ShowAbout(); });
+    versionAction_ = menuBar()->addAction(QString());
+    connect(versionAction_, &QAction::triggered, this, &CMainFrame::ShowAbout);
 }
 
 void CMainFrame::ShowAbout()

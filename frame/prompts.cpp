@@ -1,5 +1,8 @@
 #include "frame/prompts.h"
 
+#include "frame/box_web_sheet.h"
+#include "frame/yes_no_box.h"
+
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -16,7 +19,6 @@ const auto kProjectFilter = u"プロジェクトファイル (*.sbd *.SBD)"_s;
 /// Runs a file dialog, in Japanese also where the toolkit's own translation is not installed.
 QString RunDialog(QFileDialog& dialog, const QString& accept)
 {
-    dialog.setNameFilter(kProjectFilter);
     dialog.setLabelText(QFileDialog::LookIn, u"場所:"_s);
     dialog.setLabelText(QFileDialog::FileName, u"ファイル名(&N):"_s);
     dialog.setLabelText(QFileDialog::FileType, u"ファイルの種類:"_s);
@@ -29,6 +31,15 @@ QString OpenFileName(QWidget* parent, const QString& folder)
 {
     QFileDialog dialog(parent, u"プロジェクトを開く"_s, folder);
     dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilter(kProjectFilter);
+    return RunDialog(dialog, u"開く(&O)"_s);
+}
+
+QString OpenNewProjectFile(QWidget* parent, const QString& folder, const QStringList& filters)
+{
+    QFileDialog dialog(parent, u"断面力ファイルを開く"_s, folder);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilters(filters);
     return RunDialog(dialog, u"開く(&O)"_s);
 }
 
@@ -37,6 +48,7 @@ QString SaveFileName(QWidget* parent, const QString& proposal)
     const QFileInfo file(proposal);
     QFileDialog dialog(parent, u"名前を付けて保存"_s, file.path());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilter(kProjectFilter);
     dialog.setDefaultSuffix(u"sbd"_s); // before the question whether an existing file is to be replaced
     dialog.selectFile(file.fileName());
     return RunDialog(dialog, u"保存(&S)"_s);
@@ -66,11 +78,64 @@ void Warn(QWidget* parent, const QString& text)
     box.exec();
 }
 
+StartChoice ChooseStart(QWidget* parent)
+{
+    CStartChooserDlg dialog(parent);
+    dialog.exec();
+    return dialog.Choice();
+}
+
+RecoveryAnswer AskRecovery(QWidget* parent, const QString& text)
+{
+    QMessageBox box(QMessageBox::Question, u"回復用コピー"_s, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton* open = box.addButton(u"開く(&O)"_s, QMessageBox::AcceptRole);
+    QPushButton* remove = box.addButton(u"破棄する(&D)"_s, QMessageBox::DestructiveRole);
+    QPushButton* later = box.addButton(u"あとで(&L)"_s, QMessageBox::RejectRole);
+    box.setDefaultButton(open);
+    box.setEscapeButton(later);
+    box.exec();
+    if (box.clickedButton() == open)
+        return RecoveryAnswer::Open;
+    return box.clickedButton() == remove ? RecoveryAnswer::Remove : RecoveryAnswer::Later;
+}
+
 } // namespace
 
 Prompts ScreenPrompts()
 {
-    return {OpenFileName, SaveFileName, Ask, Warn};
+    Prompts prompts;
+    prompts.openFileName = OpenFileName;
+    prompts.saveFileName = SaveFileName;
+    prompts.ask = Ask;
+    prompts.warn = Warn;
+    prompts.askYesNo = [](QWidget* parent, const QString& text) { return AskYesNo(parent, text); };
+    prompts.chooseStart = ChooseStart;
+    prompts.openNewProjectFile = OpenNewProjectFile;
+    prompts.showBoxWebs = ShowBoxWebSheet;
+    prompts.askRecovery = AskRecovery;
+    prompts.runs = ScreenRunSeams();
+    return prompts;
+}
+
+Prompts SilentPrompts(std::function<void(const QString& text)> told)
+{
+    Prompts prompts;
+    prompts.openFileName = [](QWidget*, const QString&) { return QString(); };
+    prompts.saveFileName = [](QWidget*, const QString&) { return QString(); };
+    prompts.ask = [](QWidget*, const QString&) { return SaveAnswer::Discard; };
+    prompts.warn = [told](QWidget*, const QString& text) { told(text); };
+    prompts.askYesNo = [](QWidget*, const QString&) { return false; };
+    prompts.chooseStart = [](QWidget*) { return StartChoice(); };
+    prompts.openNewProjectFile = [](QWidget*, const QString&, const QStringList&) { return QString(); };
+    prompts.showBoxWebs = [](QWidget*, BoxWebNames&) { return false; };
+    prompts.askRecovery = [](QWidget*, const QString&) { return RecoveryAnswer::Later; };
+    prompts.runs = ScreenRunSeams();
+    prompts.runs.askYesNo = prompts.askYesNo;
+    prompts.runs.askOkCancel = prompts.askYesNo;
+    prompts.runs.tell = prompts.warn;
+    prompts.runs.runEngine = [](QWidget*, const EngineStart&) { return false; };
+    return prompts;
 }
 
 } // namespace sbd

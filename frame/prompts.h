@@ -1,7 +1,13 @@
 // What the frame asks and tells the user; tests put their own answers in.
 #pragma once
 
+#include "document/box_web.h"
+#include "document/recovery.h"
+#include "frame/engine_runner.h"
+#include "frame/start_chooser.h"
+
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -12,7 +18,11 @@ namespace sbd {
 /// Answer to the question whether changes are saved.
 enum class SaveAnswer { Save, Discard, Cancel };
 
-/// The dialogs of the frame. A file name that comes back empty means that the user gave up.
+/// What becomes of a recovery copy that was found at the start.
+enum class RecoveryAnswer { Open, Remove, Later };
+
+/// The dialogs of the frame, and what else reaches beyond it. A file name that comes back empty means that the user gave
+/// up.
 struct Prompts {
     /// Project to open; the dialog starts in `folder`.
     std::function<QString(QWidget* parent, const QString& folder)> openFileName;
@@ -22,9 +32,27 @@ struct Prompts {
     std::function<SaveAnswer(QWidget* parent, const QString& text)> ask;
     /// A message with nothing to decide.
     std::function<void(QWidget* parent, const QString& text)> warn;
+    /// A question with the answers yes and no; true: yes.
+    std::function<bool(QWidget* parent, const QString& text)> askYesNo;
+
+    /// How a new project begins.
+    std::function<StartChoice(QWidget* parent)> chooseStart;
+    /// File that a new project begins with; the dialog starts in `folder`.
+    std::function<QString(QWidget* parent, const QString& folder, const QStringList& filters)> openNewProjectFile;
+    /// The sheet of the web names of box girders.
+    std::function<bool(QWidget* parent, BoxWebNames& names)> showBoxWebs;
+    /// What becomes of a recovery copy; `text` tells of it.
+    std::function<RecoveryAnswer(QWidget* parent, const QString& text)> askRecovery;
+
+    /// What the engine runs use.
+    RunSeams runs;
 };
 
 /// The dialogs on the screen.
 [[nodiscard]] Prompts ScreenPrompts();
+
+/// Nobody is there to answer: nothing is chosen, no question is answered with yes, no run is made. Messages go to
+/// `told`.
+[[nodiscard]] Prompts SilentPrompts(std::function<void(const QString& text)> told);
 
 } // namespace sbd

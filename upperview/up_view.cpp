@@ -3,8 +3,11 @@
 #include "document/section_doc.h"
 #include "project/catalogue.h"
 #include "upperview/cell_help.h"
+#include "upperview/chk_view.h"
+#include "upperview/page_font.h"
 
 #include <QLabel>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace sbd {
@@ -16,11 +19,9 @@ namespace {
 constexpr int kMargin = 12; // px around the page
 constexpr int kFontPixels = 16;
 
-/// The pages align by characters of one width.
-QFont PageFont()
+QFont LabelFont()
 {
-    QFont font(u"ＭＳ ゴシック"_s);
-    font.setStyleHint(QFont::Monospace);
+    QFont font = PageFont();
     font.setPixelSize(kFontPixels);
     return font;
 }
@@ -41,7 +42,18 @@ QLabel* MakeLine(QColor colour, QWidget* parent)
 
 } // namespace
 
-CUpView::CUpView(CKELDSectionDoc* doc, QWidget* parent) : QScrollArea(parent), doc_(doc)
+CUpView::CUpView(CKELDSectionDoc* doc, QWidget* parent) : QStackedWidget(parent), doc_(doc), chk_(new CChkView(doc))
+{
+    page_ = CreatePage();
+    addWidget(page_);
+    addWidget(chk_);
+    setFocusPolicy(Qt::NoFocus);
+    connect(doc_, &CKELDSectionDoc::helpCellChanged, this, &CUpView::Refresh);
+    connect(doc_, &CKELDSectionDoc::reloaded, this, &CUpView::Refresh);
+    Refresh();
+}
+
+QWidget* CUpView::CreatePage()
 {
     auto* page = new QWidget(this);
     page->setBackgroundRole(QPalette::Base);
@@ -55,16 +67,14 @@ CUpView::CUpView(CKELDSectionDoc* doc, QWidget* parent) : QScrollArea(parent), d
     lines->addWidget(cell_);
     lines->addStretch();
 
-    setWidgetResizable(true);
-    setFrameShape(QFrame::NoFrame);
-    setBackgroundRole(QPalette::Base);
-    setFocusPolicy(Qt::NoFocus);
-    setWidget(page);
-    page->setFont(PageFont());
-
-    connect(doc_, &CKELDSectionDoc::helpCellChanged, this, &CUpView::Refresh);
-    connect(doc_, &CKELDSectionDoc::reloaded, this, &CUpView::Refresh);
-    Refresh();
+    auto* scroll = new QScrollArea;
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setBackgroundRole(QPalette::Base);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setWidget(page);
+    page->setFont(LabelFont());
+    return scroll;
 }
 
 QString CUpView::TitleText() const
@@ -79,6 +89,12 @@ QString CUpView::CellText() const
 
 void CUpView::Refresh()
 {
+    if (IsChkBlock(doc_->CurrentBlock())) {
+        setCurrentWidget(chk_);
+        chk_->viewport()->update();
+        return;
+    }
+    setCurrentWidget(page_);
     const int block = doc_->HelpBlock() >= 0 ? doc_->HelpBlock() : doc_->CurrentBlock();
     const std::string_view title = PageTitleOf(block);
     title_->setText(QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())));

@@ -15,23 +15,49 @@ struct Answers {
     QString openFile;
     QString saveFile;
     SaveAnswer save = SaveAnswer::Cancel;
+    QList<bool> yes; ///< answers to the questions in their order; no behind the last
+    StartChoice start;
+    QString newProjectFile;
+    std::function<bool(BoxWebNames&)> boxWebs = [](BoxWebNames&) { return true; };
+    RecoveryAnswer recovery = RecoveryAnswer::Later;
+    QString engines; ///< folder of the engines
 
     QString proposal; ///< name the save dialog began with
+    QStringList filters; ///< of the dialog for a new project's file
     QStringList asked;
     QStringList warned;
 
     [[nodiscard]] Prompts Dialogs()
     {
-        return {[this](QWidget*, const QString&) { return openFile; },
-                [this](QWidget*, const QString& name) {
-                    proposal = name;
-                    return saveFile;
-                },
-                [this](QWidget*, const QString& text) {
-                    asked.append(text);
-                    return save;
-                },
-                [this](QWidget*, const QString& text) { warned.append(text); }};
+        Prompts prompts = SilentPrompts([this](const QString& text) { warned.append(text); });
+        prompts.openFileName = [this](QWidget*, const QString&) { return openFile; };
+        prompts.saveFileName = [this](QWidget*, const QString& name) {
+            proposal = name;
+            return saveFile;
+        };
+        prompts.ask = [this](QWidget*, const QString& text) {
+            asked.append(text);
+            return save;
+        };
+        prompts.askYesNo = [this](QWidget*, const QString& text) {
+            asked.append(text);
+            return !yes.isEmpty() && yes.takeFirst();
+        };
+        prompts.chooseStart = [this](QWidget*) { return start; };
+        prompts.openNewProjectFile = [this](QWidget*, const QString&, const QStringList& offered) {
+            filters = offered;
+            return newProjectFile;
+        };
+        prompts.showBoxWebs = [this](QWidget*, BoxWebNames& names) { return boxWebs(names); };
+        prompts.askRecovery = [this](QWidget*, const QString& text) {
+            asked.append(text);
+            return recovery;
+        };
+        prompts.runs.askYesNo = prompts.askYesNo;
+        prompts.runs.askOkCancel = prompts.askYesNo;
+        prompts.runs.programFolder = [this] { return engines; };
+        prompts.runs.runEngine = RunEngineProcess;
+        return prompts;
     }
 };
 

@@ -76,9 +76,9 @@ void UpViewTest::withoutACellTheBlockOnShowIsNamed()
     CKELDSectionDoc doc;
     CUpView view(&doc);
     doc.SetHelpCell(301, 5, 2);
-    doc.SetCurrentBlock(255);
+    doc.SetCurrentBlock(402);
     doc.SetHelpCell(-1, 0, 0);
-    QCOMPARE(view.TitleText(), u"255.解析実行[RUN]"_s);
+    QCOMPARE(view.TitleText(), u"402.ずれ止め間隔 [DRAW_STUD]"_s);
     QVERIFY(view.CellText().isEmpty());
 }
 

@@ -1,0 +1,54 @@
+// CChkView: the report of the last run in the pane above the panel.
+#pragma once
+
+#include "upperview/chk_page.h"
+
+#include <QAbstractScrollArea>
+#include <QDateTime>
+
+namespace sbd {
+
+class CKELDSectionDoc;
+class CRunPoster;
+
+/// Shows the page of the blocks 254, 255 and 256 and hands on the run that it asks for. Every repaint looks at the
+/// report on disk; it is read again when it has changed.
+class CChkView : public QAbstractScrollArea {
+    Q_OBJECT
+
+public:
+    explicit CChkView(CKELDSectionDoc* doc, QWidget* parent = nullptr);
+
+    /// The page as it is now.
+    [[nodiscard]] std::vector<ChkLine> Lines();
+
+    /// The user has just asked for a run by hand: the next one does not wait.
+    void UserAsked();
+    /// A run that the page has asked for is over, or was not wanted.
+    void RunEnded();
+
+signals:
+    /// The page's run is due: to be made behind its question, if it has one.
+    void runIsDue(const sbd::WantedRun& run);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    [[nodiscard]] bool IsShown() const;
+    void LookAtReport();
+    void SetScrollSize(const std::vector<ChkLine>& lines);
+    void PostRun();
+    [[nodiscard]] double Scale() const;
+
+    CKELDSectionDoc* doc_;
+    CRunPoster* poster_;
+    QString chkPath_;
+    QDateTime chkTime_;
+    qint64 chkSize_ = -1;
+    ChkText text_;
+};
+
+} // namespace sbd
