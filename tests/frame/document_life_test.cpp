@@ -187,6 +187,8 @@ private slots:
     void aDoubleClickOnAFreshReportRuns();
     void aDoubleClickOnAStaleReportAsksFirst();
     void aBrokenProjectIsToldWithItsCopy();
+    void strangePathsAreOpenedSavedAndRunOrRefused_data();
+    void strangePathsAreOpenedSavedAndRunOrRefused();
 
     // coming back
     void aCrashLeavesACopyThatIsOffered();
@@ -552,6 +554,41 @@ void DocumentLifeTest::aBrokenProjectIsToldWithItsCopy()
     station.Trigger(u"上書き保存"_s);
     QVERIFY(Bytes(path).size() > before.size() / 2);
     QVERIFY(FindRecoveryCopies().isEmpty());
+}
+
+void DocumentLifeTest::strangePathsAreOpenedSavedAndRunOrRefused_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("runs");
+    QTest::newRow("blanks") << u"my  bridge 1"_s << true;
+    QTest::newRow("Japanese") << u"第１橋（上り線） ソ表能"_s << true;
+    QTest::newRow("apostrophe") << u"bridge's"_s << true;
+    QTest::newRow("points") << u"bridge.v2.final"_s << true;
+    QTest::newRow("quote") << u"5\" bridge"_s << false;
+    QTest::newRow("no CP932 character") << u"橋😀"_s << false;
+    QTest::newRow("Hangul") << u"다리"_s << false;
+}
+
+void DocumentLifeTest::strangePathsAreOpenedSavedAndRunOrRefused()
+{
+    QFETCH(const QString, name);
+    QFETCH(const bool, runs);
+    Station station;
+    const QString path = station.folder.Example(u"plate4"_s, name);
+    CChildFrame* child = station.frame.OpenProject(path);
+    QVERIFY(child != nullptr);
+    Enter(*child, "MINE");
+    station.Trigger(u"上書き保存"_s);
+    QCOMPARE(TitleLine(path), QByteArray("TITLE:MINE"));
+    QVERIFY(child->Lock().IsHeld());
+
+    station.Engine(name, "args\n");
+    station.Trigger(u"1.実行"_s);
+    QCOMPARE(QFile::exists(station.folder.Path(name + u".args"_s)), runs);
+    QCOMPARE(station.user.warned.size(), runs ? 0 : 1); // refused with the reason
+    if (runs)
+        QCOMPARE(Bytes(station.folder.Path(name + u".args"_s)), path.toUtf8() + "\nRUN\n");
+    QVERIFY(child->Lock().IsHeld());
 }
 
 void DocumentLifeTest::aCrashLeavesACopyThatIsOffered()
