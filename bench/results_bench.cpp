@@ -1,10 +1,13 @@
-// Reading the results of a large bridge against plain fread of the same bytes into memory of their size.
+// Reading the results of a large bridge against plain fread of the same bytes into memory of their size, and choosing
+// what the table shows of them against a look at the same values.
 #include "bench/baseline.h"
 #include "results/field_reader.h"
 #include "results/result_files.h"
 #include "results/result_paths.h"
+#include "results/result_table.h"
 #include "tests/results/file_bytes.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -29,6 +32,8 @@ constexpr std::array kExtensions = {".Z1D", ".Z1F", ".Z1R", ".Z3D", ".Z3F", ".Z3
 
 ShortestTimes freadTimes;
 ShortestTimes readTimes;
+ShortestTimes scanTimes;
+ShortestTimes tableTimes;
 
 std::string StationName(std::int32_t station)
 {
@@ -204,6 +209,75 @@ void BM_ReadResultFiles(benchmark::State& state)
         static_cast<double>(HeapInUse() - heapBefore) / static_cast<double>(files.Bytes());
 }
 
+/// Nodes, members and forces in memory, without the files.
+const AnalysisResults& ResultsInMemory(std::int32_t loadCases)
+{
+    static const AnalysisResults results = [&] {
+        AnalysisResults made;
+        made.model = Model(loadCases);
+        for (std::int32_t girder = 0; girder < kGirders; ++girder)
+            made.model.girderNames.push_back(GirderName(girder));
+        made.nodeTable = Nodes();
+        made.displacement = Cube(kNodes, loadCases, 6);
+        return made;
+    }();
+    return results;
+}
+
+/// The largest and the smallest value of each component in a load case, each value once.
+std::array<double, 12> ScanLoadCase(const AnalysisResults& results, std::size_t load)
+{
+    constexpr std::size_t components = 6;
+    std::array<double, 2 * components> extremes;
+    std::fill_n(extremes.begin(), components, -1e100);
+    std::fill_n(extremes.begin() + components, components, 1e100);
+    const auto loads = static_cast<std::size_t>(results.model.loadCaseCount);
+    for (std::size_t node = 0; node < kNodes; ++node) {
+        const double* const values = results.displacement.values.data() + (node * loads + load) * components;
+        for (std::size_t k = 0; k < components; ++k) {
+            extremes[k] = std::max(extremes[k], values[k]);
+            extremes[components + k] = std::min(extremes[components + k], values[k]);
+        }
+    }
+    return extremes;
+}
+
+/// Every load case in turn, so that none is in the cache from the time before.
+void BM_ScanLoadCases(benchmark::State& state)
+{
+    const AnalysisResults& results = ResultsInMemory(static_cast<std::int32_t>(state.range(0)));
+    Measure(state, scanTimes, [&] {
+        double sum = 0;
+        for (std::size_t load = 0; load < results.model.loadCaseNames.size(); ++load)
+            sum += ScanLoadCase(results, load)[0];
+        return sum;
+    });
+}
+
+/// A table of all girders for every load case in turn, with the texts of a pane.
+void BM_ChangeSelection(benchmark::State& state)
+{
+    constexpr std::size_t rowsInView = 40;
+    const AnalysisResults& results = ResultsInMemory(static_cast<std::int32_t>(state.range(0)));
+    ResultSelection selection;
+    selection.girder = AllWord();
+    selection.station = NoneWord();
+    Measure(state, tableTimes, [&] {
+        std::size_t bytes = 0;
+        for (const std::string& load : results.model.loadCaseNames) {
+            selection.load = load;
+            const CResultTable table(results, selection);
+            if (table.RowCount() != kNodes)
+                std::abort();
+            for (std::size_t row = 1; row <= rowsInView; ++row)
+                for (std::size_t column = 0; column < table.GridColumnCount(); ++column)
+                    bytes += table.CellText(row, column).size();
+        }
+        return bytes;
+    });
+    state.counters["times_scan"] = tableTimes.Of(state.range(0)) / scanTimes.Of(state.range(0));
+}
+
 void Sizes(benchmark::internal::Benchmark* benchmark)
 {
     benchmark->ArgName("load_cases")->Arg(40)->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -212,6 +286,8 @@ void Sizes(benchmark::internal::Benchmark* benchmark)
 // The baseline first: the ratio is taken from the times measured so far.
 BENCHMARK(BM_PlainFread)->Apply(Sizes);
 BENCHMARK(BM_ReadResultFiles)->Apply(Sizes);
+BENCHMARK(BM_ScanLoadCases)->Apply(Sizes);
+BENCHMARK(BM_ChangeSelection)->Apply(Sizes);
 
 } // namespace
 

@@ -13,6 +13,9 @@
 #include "tools/listing.h"
 #include "tools/report.h"
 #include "tools/result_commands.h"
+#include "tools/result_figure_commands.h"
+#include "tools/result_panel_commands.h"
+#include "tools/search_command.h"
 #include "tools/views.h"
 
 #include <nlohmann/json.hpp>
@@ -330,6 +333,25 @@ constexpr Command kCommands[] = {
      RunResults},
     {"result-paths", "result-paths PROJECTPATH", "Prints where the result files of a project path are looked for, as JSON.",
      RunResultPaths},
+    {"result-table",
+     "result-table PROJECT --kind K --load L --girder G --station S [--off C]... [--exclude N]...",
+     "Prints the table of analysis results for a selection, as JSON. K is 変位, 断面力 or 反力, L a load case as the\n"
+     "results name it, G a girder, すべて or なし, S the beginning of names, すべて or なし. --off leaves a component's\n"
+     "columns out, --exclude a name.",
+     RunResultTable},
+    {"result-choices", "result-choices PROJECT (--kind K | --first-use)",
+     "Prints what the panel of the table offers for a kind of result, or what it shows at its first use, as JSON.",
+     RunResultChoices},
+    {"result-diagram", "result-diagram PROJECT --kind K --load L --girder G --item C [--width W --height H]",
+     "Prints the diagram of a component along a girder, as JSON, with its pixels in a pane of W x H. 変位 with the "
+     "girder\n"
+     "すべて: the deformed frame.",
+     RunResultDiagram},
+    {"projection", "projection PROJECT --width W --height H [--overlay]",
+     "Prints the figure of the model in a pane of W x H pixels from its four sides, as JSON. --overlay: with bracing, "
+     "cross\n"
+     "beams, supports and names.",
+     RunProjection},
     {"check", "check IN [--names F | --no-names] [--json]",
      "Says whether IN stands in the writer's own form, and lists by block, row and column what a load and a save "
      "would\n"
@@ -339,6 +361,12 @@ constexpr Command kCommands[] = {
      RunCheck},
     {"diff", "diff A B [--json]",
      "Lists what differs between two projects, by block, row and column. Exit code 1 if anything does.", RunDiff},
+    {"search", "search WORD... [--any] [--topics] [--items] | search --qa",
+     "Prints what the search panel finds for the words, as JSON: help topics, questions and input items with the cell "
+     "that\n"
+     "each leads to. --any: one of the words is enough. --topics, --items: only there. --qa: all questions with their "
+     "answers.",
+     RunSearch},
 };
 
 std::string Help()

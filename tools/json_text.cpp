@@ -1,6 +1,17 @@
 #include "tools/json_text.h"
 
+#include <cmath>
+
 namespace sbd {
+
+nlohmann::json NumberJson(double number)
+{
+    if (std::isfinite(number))
+        return number;
+    if (std::isnan(number))
+        return "NaN";
+    return number > 0 ? "Infinity" : "-Infinity";
+}
 
 bool IsWholeText(std::string_view bytes)
 {

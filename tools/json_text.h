@@ -1,4 +1,4 @@
-// Texts of a project and of its results in JSON.
+// Texts and numbers of a project and of its results in JSON.
 #pragma once
 
 #include "project/text.h"
@@ -17,6 +17,18 @@ template <typename Texts>
     nlohmann::json list = nlohmann::json::array();
     for (const auto& text : texts)
         list.push_back(FromCp932(text));
+    return list;
+}
+
+/// A number, or the word for it where JSON has none: "NaN", "Infinity", "-Infinity".
+[[nodiscard]] nlohmann::json NumberJson(double number);
+
+template <typename Numbers>
+[[nodiscard]] nlohmann::json NumbersJson(const Numbers& numbers)
+{
+    nlohmann::json list = nlohmann::json::array();
+    for (const double number : numbers)
+        list.push_back(NumberJson(number));
     return list;
 }
 

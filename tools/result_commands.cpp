@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <optional>
 
 namespace sbd {
@@ -73,29 +72,11 @@ constexpr WordsField kWords[] = {
     {"tailWords", &AnalysisModel::tailWords},
 };
 
-json NumberJson(double number)
-{
-    if (std::isfinite(number))
-        return number;
-    if (std::isnan(number))
-        return "NaN";
-    return number > 0 ? "Infinity" : "-Infinity";
-}
-
-template <typename Numbers>
-json NumberList(const Numbers& numbers)
-{
-    json list = json::array();
-    for (const double number : numbers)
-        list.push_back(NumberJson(number));
-    return list;
-}
-
 json PointList(const std::vector<std::array<double, 3>>& points)
 {
     json list = json::array();
     for (const auto& point : points)
-        list.push_back(NumberList(point));
+        list.push_back(NumbersJson(point));
     return list;
 }
 
@@ -191,8 +172,8 @@ json CubeSummaryJson(const ResultCube& cube)
             {"max", greatest ? NumberJson(*greatest) : json()},
             {"sum", NumberJson(sum)},
             {"weightedSum", NumberJson(weightedSum)},
-            {"first5", NumberList(values.first(shown))},
-            {"last5", NumberList(values.last(shown))}};
+            {"first5", NumbersJson(values.first(shown))},
+            {"last5", NumbersJson(values.last(shown))}};
 }
 
 json ResultPathsJson(std::string_view projectPath)

@@ -1,0 +1,148 @@
+// Painting the figure of a large bridge against the bare painting of the same lines, and with many rows of lateral
+// bracing against without. The limits stand in docs/performance.md.
+#include "bench/baseline.h"
+#include "project/sbd_data.h"
+#include "upperview/model_figure.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include <string>
+#include <vector>
+
+namespace sbd::bench {
+
+namespace {
+
+constexpr std::int32_t kGirders = 20;
+constexpr std::int32_t kStations = 1000;
+constexpr std::int32_t kNodes = kGirders * kStations;
+constexpr QSize kSize(900, 500);
+
+ShortestTimes bareTimes;
+ShortestTimes figureTimes;
+
+FigureScreen Screen()
+{
+    return {kSize.width(), kSize.height(), 1920, 1080};
+}
+
+/// Girders at 3 m with a station a metre, seen from above.
+AnalysisResults Bridge()
+{
+    AnalysisResults results;
+    AnalysisModel& model = results.model;
+    model.nodeCount = kNodes;
+    model.girderCount = kGirders;
+    model.stationCount = kStations;
+    for (std::int32_t girder = 0; girder < kGirders; ++girder) {
+        const std::string name = "G" + std::to_string(girder);
+        model.girderNames.push_back(name);
+        for (std::int32_t station = 0; station < kStations; ++station) {
+            const std::int32_t node = girder * kStations + station + 1;
+            model.nodeNames.push_back(name + "-C" + std::to_string(station));
+            model.gridNodes.push_back(node);
+            results.nodeTable.coordinates.push_back({double(station), -3.0 * girder, 0});
+            if (station > 0) {
+                results.elementTable.ends.push_back({node - 1, node, 0});
+                model.girderElements.push_back(static_cast<std::int32_t>(results.elementTable.ends.size()));
+            }
+            if (girder > 0)
+                results.elementTable.ends.push_back({node - kStations, node, 0});
+        }
+    }
+    for (std::int32_t station = 0; station < kStations; ++station)
+        model.stationNames.push_back("C" + std::to_string(station));
+    results.nodeTable.nodeFlags.resize(kNodes);
+    results.nodeTable.nodeValues.resize(kNodes);
+    return results;
+}
+
+CSbdData WithLateralBracing(std::int64_t rows)
+{
+    CSbdData data;
+    TableBlock& table = *data.Table(573);
+    for (std::int64_t row = 0; row < rows; ++row) {
+        const std::int64_t girder = row % (kGirders - 1);
+        const std::int64_t station = row % (kStations - 1);
+        table.AppendRow({"G" + std::to_string(girder), "G" + std::to_string(girder + 1), "C" + std::to_string(station),
+                         "C" + std::to_string(station + 1), "B", "E"});
+    }
+    return data;
+}
+
+FigureView FromAbove()
+{
+    FigureView view;
+    ApplyViewCommand(view, 32991);
+    return view;
+}
+
+QImage Sheet()
+{
+    QImage sheet(kSize, QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    return sheet;
+}
+
+/// The members as pixels, ready to be drawn.
+std::vector<QLine> Lines(const AnalysisResults& results)
+{
+    const CModelProjection projection(FigurePlaces(results), {0, 0, 1});
+    const ModelScale scale = FitModel(projection.Bounds(), Screen(), kFitZoom, {});
+    const auto at = [&](std::int32_t node) {
+        const FigurePoint point = ScreenOf(node, projection, scale);
+        return QPoint(static_cast<int>(point.x), static_cast<int>(point.y));
+    };
+    std::vector<QLine> lines;
+    for (const auto& ends : results.elementTable.ends)
+        lines.emplace_back(at(ends[0]), at(ends[1]));
+    return lines;
+}
+
+void BM_BareLines(benchmark::State& state)
+{
+    const std::vector<QLine> lines = Lines(Bridge());
+    Measure(state, bareTimes, [&] {
+        QImage sheet = Sheet();
+        QPainter painter(&sheet);
+        painter.setPen(QPen(Qt::blue, 2));
+        painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+        return sheet;
+    });
+}
+
+void BM_ModelFigure(benchmark::State& state)
+{
+    const AnalysisResults results = Bridge();
+    const CSbdData data = WithLateralBracing(state.range(0));
+    const FigureLook look;
+    FigureView view = FromAbove();
+    Measure(state, figureTimes, [&] {
+        QImage sheet = Sheet();
+        QPainter painter(&sheet);
+        DrawModelFigure(painter, Screen(), results, data, {573, 7}, look, view);
+        return sheet;
+    });
+    state.counters["times_bare"] = figureTimes.Of(state.range(0)) / bareTimes.Of(0);
+    state.counters["times_without"] = figureTimes.Of(state.range(0)) / figureTimes.Of(0);
+}
+
+// The baseline first: the ratio is taken from the times measured so far.
+BENCHMARK(BM_BareLines)->ArgName("lateral")->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ModelFigure)->ArgName("lateral")->Arg(0)->Arg(2000)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+} // namespace sbd::bench
+
+int main(int argc, char** argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,39 @@
+// The lines and texts that draw a diagram, in pixels.
+#pragma once
+
+#include "results/model_overlay.h"
+#include "results/result_diagram.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace sbd {
+
+struct FigureLine {
+    FigurePoint from;
+    FigurePoint to;
+    FigurePen pen = FigurePen::Plain;
+};
+
+/// On which side of its point a text stands; beside it, it ends or begins there.
+enum class TextPlace { Middle, Left, Right };
+
+struct FigureText {
+    std::string text; ///< CP932
+    FigurePoint at;
+    TextPlace place = TextPlace::Middle;
+    bool below = true; ///< the text hangs from its point, else it stands on it
+};
+
+struct DiagramDrawing {
+    std::vector<FigureLine> lines;
+    std::vector<std::array<FigurePoint, 3>> heads; ///< filled tips of vertical reactions
+    std::vector<FigureText> stationNames;          ///< at the axis, on the side where no values are
+    std::vector<FigureText> values;
+};
+
+/// A diagram without bays draws nothing.
+[[nodiscard]] DiagramDrawing DrawDiagram(const GirderDiagram& diagram, const DiagramScale& scale);
+
+} // namespace sbd

@@ -1,0 +1,123 @@
+#include "results/figure_view.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace sbd {
+
+namespace {
+
+constexpr double kZoomFactor = 1.2;
+constexpr int kMostSteps = 1'000'000; // far outside of every screen
+
+struct MoveCommand {
+    int command;
+    int stepsX;
+    int stepsY;
+};
+
+constexpr MoveCommand kMoveCommands[] = {{32997, 0, -1}, {32998, 0, 1}, {32999, -1, 0}, {33000, 1, 0}};
+
+constexpr int kZoomOut = 32995;
+constexpr int kZoomIn = 32996;
+
+/// Whole steps; what is no number leaves the steps as they were.
+int Steps(double steps, int before)
+{
+    if (std::isnan(steps))
+        return before;
+    return static_cast<int>(std::clamp(std::trunc(steps), -double{kMostSteps}, double{kMostSteps}));
+}
+
+FigurePan Dragged(const FigureView& view, const FigureScreen& screen)
+{
+    return {Steps(view.panX + (view.rightMovePoint.x - view.rightDownPoint.x) / screen.StepX(), view.panX),
+            Steps(view.panY + (view.rightMovePoint.y - view.rightDownPoint.y) / screen.StepY(), view.panY)};
+}
+
+void ApplyZoomBox(FigureView& view, const FigureScreen& screen)
+{
+    const FigurePoint from = view.leftDownPoint;
+    const FigurePoint to = view.leftUpPoint;
+    view.panX = Steps(view.panX - ((to.x + from.x) * 0.5 - screen.HalfWidth()) / screen.StepX(), view.panX);
+    view.panY = Steps(view.panY - ((to.y + from.y) * 0.5 - screen.HalfHeight()) / screen.StepY(), view.panY);
+    view.zoom *= std::max((to.x - from.x) / screen.clientWidth, (to.y - from.y) / screen.clientHeight);
+}
+
+} // namespace
+
+bool ApplyViewCommand(FigureView& view, int command)
+{
+    if (const auto* const side = std::ranges::find(kViewCommands, command, &ViewCommand::command);
+        side != std::end(kViewCommands)) {
+        view.zoom = kFitZoom;
+        view.panX = 0;
+        view.panY = 0;
+        view.viewDirection = side->direction;
+        return true;
+    }
+    if (const auto* const move = std::ranges::find(kMoveCommands, command, &MoveCommand::command);
+        move != std::end(kMoveCommands)) {
+        view.panX = std::clamp(view.panX + move->stepsX, -kMostSteps, kMostSteps);
+        view.panY = std::clamp(view.panY + move->stepsY, -kMostSteps, kMostSteps);
+        return true;
+    }
+    if (command == kZoomOut)
+        view.zoom *= kZoomFactor;
+    else if (command == kZoomIn)
+        view.zoom /= kZoomFactor;
+    else
+        return false;
+    return true;
+}
+
+FigurePan TakeMouseMarks(FigureView& view, const FigureScreen& screen)
+{
+    if (view.zoomBoxPending)
+        ApplyZoomBox(view, screen);
+    if (view.panPending) {
+        const FigurePan pan = Dragged(view, screen);
+        view.panX = pan.x;
+        view.panY = pan.y;
+    }
+    const FigurePan pan = view.panPreview ? Dragged(view, screen) : FigurePan{view.panX, view.panY};
+    view.zoomBoxPending = false;
+    view.panPending = false;
+    view.panPreview = false;
+    return pan;
+}
+
+void FigureBounds::Widen(double x, double y)
+{
+    if (!std::isfinite(x) || !std::isfinite(y))
+        return;
+    minX = std::min(minX, x);
+    maxX = std::max(maxX, x);
+    minY = std::min(minY, y);
+    maxY = std::max(maxY, y);
+}
+
+FigurePoint ModelScale::ToScreen(double x, double y) const
+{
+    return {pan.x * screen.StepX() + (x - centerX) * scale + screen.HalfWidth(),
+            pan.y * screen.StepY() + (y - centerY) * -scale + screen.HalfHeight()};
+}
+
+ModelScale FitModel(const FigureBounds& bounds, const FigureScreen& screen, double zoom, FigurePan pan)
+{
+    ModelScale fit{.screen = screen, .pan = pan};
+    if (bounds.IsEmpty())
+        return fit;
+    fit.centerX = (bounds.maxX + bounds.minX) * 0.5;
+    fit.centerY = (bounds.maxY + bounds.minY) * 0.5;
+    fit.extentX = bounds.maxX - bounds.minX;
+    fit.extentY = bounds.maxY - bounds.minY;
+    const double aspect = screen.HalfWidth() / screen.HalfHeight();
+    fit.extentX = std::max(fit.extentX, fit.extentY * aspect);
+    fit.extentY = std::max(fit.extentY, fit.extentX / aspect);
+    if (fit.extentY > 0)
+        fit.scale = 2 * screen.HalfHeight() / fit.extentY / zoom;
+    return fit;
+}
+
+} // namespace sbd

@@ -1,0 +1,108 @@
+// How the figures of the model and of the results lie in their pane: zoom, pan, direction of view, and the arithmetic
+// of fitting. Screen coordinates are pixels, y downward; fractions are cut only when a point is drawn.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace sbd {
+
+struct FigurePoint {
+    double x = 0;
+    double y = 0;
+
+    friend bool operator==(const FigurePoint&, const FigurePoint&) = default;
+};
+
+inline constexpr double kFitZoom = 1.4; ///< leaves a margin around the figure
+
+/// What the user has done to the view. Marks of the mouse wait here for the next paint.
+struct FigureView {
+    double zoom = kFitZoom; ///< divisor of the fitted scale: larger shows the model smaller
+    int panX = 0;           ///< steps, see FigureScreen
+    int panY = 0;
+    std::array<double, 3> viewDirection{1, 1, 1};
+
+    bool zoomBoxPending = false; ///< a rectangle from leftDownPoint to leftUpPoint is to fill the pane
+    bool panPending = false;     ///< a drag from rightDownPoint to rightMovePoint is to stay
+    bool panPreview = false;     ///< such a drag is on its way: the next paint shows it and forgets it
+    FigurePoint leftDownPoint;
+    FigurePoint leftUpPoint;
+    FigurePoint rightDownPoint;
+    FigurePoint rightMovePoint;
+
+    friend bool operator==(const FigureView&, const FigureView&) = default;
+};
+
+/// A command that shows the model from a side.
+struct ViewCommand {
+    int command;
+    std::string_view name;
+    std::array<double, 3> direction;
+};
+
+inline constexpr ViewCommand kViewCommands[] = {
+    {32991, "XY", {0, 0, 1}},
+    {32992, "YZ", {1, 0, 0}},
+    {32993, "XZ", {0, 1, 0}},
+    {32994, "ALL", {1, 1, 1}},
+};
+
+/// Carries out a toolbar command (32991 to 33000: views, zoom, moves); false for another one.
+bool ApplyViewCommand(FigureView& view, int command);
+
+/// The pane and the screen it is on, in pixels.
+struct FigureScreen {
+    double clientWidth = 0;
+    double clientHeight = 0;
+    double horzRes = 1920;
+    double vertRes = 1080;
+
+    [[nodiscard]] double HalfWidth() const { return clientWidth * 0.5; }
+    [[nodiscard]] double HalfHeight() const { return clientHeight * 0.5; }
+    /// Pixels of a step of the pan. A step along x is measured on the height of the screen, and the other way round.
+    [[nodiscard]] double StepX() const { return vertRes * 0.02; }
+    [[nodiscard]] double StepY() const { return horzRes * 0.02; }
+};
+
+/// Pan of one paint, in steps.
+struct FigurePan {
+    int x = 0;
+    int y = 0;
+};
+
+/// Carries out what the mouse has left in the view and clears the marks. Gives the pan to paint with, which differs
+/// from that of the view while a drag is on its way.
+[[nodiscard]] FigurePan TakeMouseMarks(FigureView& view, const FigureScreen& screen);
+
+/// Extents of a figure in its own units.
+struct FigureBounds {
+    double minX = 1e100;
+    double maxX = -1e100;
+    double minY = 1e100;
+    double maxY = -1e100;
+
+    [[nodiscard]] bool IsEmpty() const { return minX > maxX; }
+    /// Points that are no numbers are passed over.
+    void Widen(double x, double y);
+};
+
+/// The values of one paint of a projected figure.
+struct ModelScale {
+    FigureScreen screen;
+    FigurePan pan;
+    double centerX = 0;
+    double centerY = 0;
+    double extentX = 0; ///< both extents in the proportions of the pane
+    double extentY = 0;
+    double scale = 1; ///< pixels per m
+
+    /// Of a projected point.
+    [[nodiscard]] FigurePoint ToScreen(double x, double y) const;
+};
+
+/// Fits the bounds into the pane. Bounds without extent get the scale 1.
+[[nodiscard]] ModelScale FitModel(const FigureBounds& bounds, const FigureScreen& screen, double zoom, FigurePan pan);
+
+} // namespace sbd

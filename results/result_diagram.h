@@ -1,0 +1,77 @@
+// The diagram of a result along a girder: bays, ordinates, labels, and how it is fitted into its pane.
+#pragma once
+
+#include "results/figure_view.h"
+#include "results/result_kind.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sbd {
+
+/// One bay of the girder that has a member. Lengths are m along the plan, ordinates in the unit of the table.
+struct DiagramBay {
+    std::size_t bay = 0;      ///< from 0; the station of the same number is its left end
+    std::int32_t element = 0; ///< number of the member
+    double x0 = 0;
+    double x1 = 0;
+    double left = 0;
+    double right = 0;
+};
+
+/// A value as it is written at a point.
+struct DiagramLabel {
+    double value = 0;
+    std::string text;
+};
+
+/// Points stand between and around the bays that have a member; a bay without one has no length.
+struct GirderDiagram {
+    ResultKind kind = ResultKind::Displacement;
+    std::size_t girder = 0; ///< from 0
+    std::size_t component = 0;
+    double sign = 1; ///< of the ordinates: displacements are drawn downward
+    std::vector<DiagramBay> bays;
+    std::vector<double> positions{0};      ///< of the points
+    std::vector<std::string> stationNames; ///< of the points; none without bays
+    std::vector<double> points;            ///< ordinates of the points; none for forces, which have two
+    double least = 0;                      ///< of all ordinates that are numbers
+    double greatest = 0;
+
+    [[nodiscard]] double Length() const { return positions.back(); }
+    [[nodiscard]] double Amplitude() const;
+};
+
+/// A girder that is not there stands for the first one.
+[[nodiscard]] GirderDiagram MakeGirderDiagram(const AnalysisResults& results, std::size_t loadCase,
+                                              std::string_view girder, ResultKind kind, std::size_t component);
+
+/// What is written at each point: the value, or for forces the value ahead of it and behind it, one if they differ by
+/// 50 at most. Values below 1e-6 in amount are not written.
+[[nodiscard]] std::vector<std::vector<DiagramLabel>> LabelsOf(const GirderDiagram& diagram);
+
+/// The values of one paint of a diagram.
+struct DiagramScale {
+    FigureScreen screen;
+    FigurePan pan;
+    double length = 0;
+    double sxScale = 1; ///< pixels per m
+    double syScale = 1; ///< pixels per unit of the ordinates; positive values lie below the axis
+
+    [[nodiscard]] double X(double position) const
+    {
+        return pan.x * screen.StepX() + (position - length / 2) * sxScale + screen.HalfWidth();
+    }
+    [[nodiscard]] double Y(double value) const { return AxisY() + value * syScale; }
+    [[nodiscard]] double AxisY() const { return pan.y * screen.StepY() + screen.HalfHeight(); }
+};
+
+/// Fits the diagram into the pane. A girder without length and ordinates of 0 get the scale 1.
+[[nodiscard]] DiagramScale FitDiagram(const GirderDiagram& diagram, const FigureScreen& screen, double zoom,
+                                      FigurePan pan);
+
+} // namespace sbd

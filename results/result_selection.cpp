@@ -1,0 +1,143 @@
+#include "results/result_selection.h"
+
+#include "project/text.h"
+
+#include <algorithm>
+
+namespace sbd {
+
+using namespace literals;
+
+namespace {
+
+constexpr std::string_view kRaisedLoad = "-(";
+
+/// Behind a load case whose forces against the dead load are raised.
+const std::string& RaisedMark()
+{
+    static const std::string mark = "(相反応力考慮)"_cp932;
+    return mark;
+}
+
+/// How the load cases begin that a user looks at first; forces are looked at with a "-" in front.
+constexpr std::string_view kFirstLoads[] = {"(B-L", "(A-L", "(死+BL", "(死+AL", "死+雪+群集-最"};
+
+void Offer(ResultSelection& selection, const AnalysisModel& model)
+{
+    selection.offeredNames = OfferedNames(model, selection.kind, selection.girder, selection.station);
+}
+
+} // namespace
+
+const std::string& NoneWord()
+{
+    static const std::string word = "なし"_cp932;
+    return word;
+}
+
+const std::string& AllWord()
+{
+    static const std::string word = "すべて"_cp932;
+    return word;
+}
+
+ResultChoices ChoicesOf(const AnalysisModel& model, ResultKind kind)
+{
+    ResultChoices choices;
+    for (const std::string& name : model.loadCaseNames) {
+        const std::string_view trimmed = Trim(name);
+        if (!trimmed.starts_with(kRaisedLoad))
+            choices.loads.push_back(name);
+        else if (kind == ResultKind::Force)
+            choices.loads.push_back(ShownLoad(trimmed));
+    }
+    const std::vector<std::string>& names = NamesOf(model, kind);
+    choices.girders = {NoneWord(), AllWord()};
+    choices.stations = choices.girders;
+    choices.girders.insert(choices.girders.end(), model.girderNames.begin(), model.girderNames.end());
+    choices.stations.insert(choices.stations.end(), names.begin(), names.end());
+    return choices;
+}
+
+std::string ShownLoad(std::string_view load)
+{
+    return load.starts_with(kRaisedLoad) ? std::string(load.substr(1)) + RaisedMark() : std::string(load);
+}
+
+std::string LoadOfShown(std::string_view shown)
+{
+    const std::size_t mark = shown.find(RaisedMark());
+    if (mark == std::string_view::npos)
+        return std::string(shown);
+    return "-" + std::string(TrimRight(shown.substr(0, mark)));
+}
+
+std::optional<std::string> FirstLoad(const AnalysisModel& model, ResultKind kind)
+{
+    std::vector<std::string> beginnings;
+    for (const std::string_view beginning : kFirstLoads)
+        beginnings.push_back((kind == ResultKind::Force ? "-" : "") + Cp932(beginning));
+    for (const std::string& name : model.loadCaseNames) {
+        const std::string_view trimmed = Trim(name);
+        if (std::ranges::any_of(beginnings, [&](const std::string& text) { return trimmed.starts_with(text); }))
+            return std::string(trimmed);
+    }
+    return std::nullopt;
+}
+
+std::vector<std::string> OfferedNames(const AnalysisModel& model, ResultKind kind, std::string_view girder,
+                                      std::string_view station)
+{
+    const std::string_view filter = girder == NoneWord() ? station : girder;
+    const std::vector<std::string>& names = NamesOf(model, kind);
+    if (filter == AllWord())
+        return names;
+    std::vector<std::string> offered;
+    std::ranges::copy_if(names, std::back_inserter(offered),
+                         [&](const std::string& name) { return name.starts_with(filter); });
+    return offered;
+}
+
+ResultSelection FirstUseSelection(const AnalysisModel& model)
+{
+    ResultSelection selection;
+    selection.panelUsed = true;
+    selection.kind = ResultKind::Force;
+    const std::string other = model.loadCaseNames.empty() ? std::string() : model.loadCaseNames.front();
+    selection.load = FirstLoad(model, selection.kind).value_or(other);
+    const bool hasGirders = !model.girderNames.empty();
+    selection.girder = hasGirders ? model.girderNames.front() : NoneWord();
+    selection.station = hasGirders ? NoneWord() : AllWord();
+    selection.figureItem = ComponentWord(selection.kind, InfoOf(selection.kind).defaultComponent);
+    Offer(selection, model);
+    return selection;
+}
+
+void SelectKind(ResultSelection& selection, const AnalysisModel& model, ResultKind kind)
+{
+    selection.kind = kind;
+    if (selection.load.starts_with(kRaisedLoad))
+        selection.load.erase(0, 1);
+    selection.figureItem = ComponentWord(kind, InfoOf(kind).defaultComponent);
+    Offer(selection, model);
+}
+
+void SelectLoad(ResultSelection& selection, std::string_view shown)
+{
+    selection.load = LoadOfShown(shown);
+}
+
+void SelectGirder(ResultSelection& selection, const AnalysisModel& model, std::string_view girder)
+{
+    selection.girder = girder;
+    selection.stationEnabled = girder == NoneWord();
+    Offer(selection, model);
+}
+
+void SelectStation(ResultSelection& selection, const AnalysisModel& model, std::string_view station)
+{
+    selection.station = station;
+    Offer(selection, model);
+}
+
+} // namespace sbd

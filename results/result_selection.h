@@ -1,0 +1,69 @@
+// What the user has chosen to see of the results, and what there is to choose from. Texts are CP932.
+#pragma once
+
+#include "results/result_kind.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sbd {
+
+/// The selection in the panel of block 253. The document keeps it while the panel is away.
+struct ResultSelection {
+    ResultKind kind = ResultKind::Displacement;
+    std::string load;
+    std::string girder;
+    std::string station;
+    bool stationEnabled = false;
+    std::array<bool, kNodeComponents> columnOn{true, true, true, true, true, true};
+    std::vector<std::string> excludedNames;
+    std::vector<std::string> offeredNames;
+    std::string figureItem; ///< component of the figure; each fill of the table sets the default of the kind
+    bool panelUsed = false; ///< the panel was on show once
+
+    friend bool operator==(const ResultSelection&, const ResultSelection&) = default;
+};
+
+/// The choices for a kind, beside the three kinds themselves.
+struct ResultChoices {
+    std::vector<std::string> loads; ///< as shown, see ShownLoad
+    std::vector<std::string> girders;
+    std::vector<std::string> stations;
+};
+
+/// "なし" and "すべて", the first entries of the girders and the stations.
+[[nodiscard]] const std::string& NoneWord();
+[[nodiscard]] const std::string& AllWord();
+
+[[nodiscard]] ResultChoices ChoicesOf(const AnalysisModel& model, ResultKind kind);
+
+/// A load case "-(..." stands for the forces with those against the dead load raised, and is shown with words for that.
+[[nodiscard]] std::string ShownLoad(std::string_view load);
+/// The load case of a text of ShownLoad.
+[[nodiscard]] std::string LoadOfShown(std::string_view shown);
+
+/// The first load case, without blanks around it, that a user of the kind looks at first; nothing if none is of that form.
+[[nodiscard]] std::optional<std::string> FirstLoad(const AnalysisModel& model, ResultKind kind);
+
+/// The names of the kind that can be left out of the table: those that begin with the girder, or without one
+/// ("なし") with the station; all of them for "すべて".
+[[nodiscard]] std::vector<std::string> OfferedNames(const AnalysisModel& model, ResultKind kind,
+                                                    std::string_view girder, std::string_view station);
+
+/// The selection when the panel is first used in a document: forces, FirstLoad (else the first load case), the first
+/// girder, all columns.
+[[nodiscard]] ResultSelection FirstUseSelection(const AnalysisModel& model);
+
+// One choice of the user; what depends on it follows.
+
+/// The load case stays, but loses its "-(" form, which there is for forces only.
+void SelectKind(ResultSelection& selection, const AnalysisModel& model, ResultKind kind);
+void SelectLoad(ResultSelection& selection, std::string_view shown);
+/// The station can be chosen without a girder ("なし") only.
+void SelectGirder(ResultSelection& selection, const AnalysisModel& model, std::string_view girder);
+void SelectStation(ResultSelection& selection, const AnalysisModel& model, std::string_view station);
+
+} // namespace sbd

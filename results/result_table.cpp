@@ -1,0 +1,274 @@
+#include "results/result_table.h"
+
+#include "project/text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_set>
+
+namespace sbd {
+
+using namespace literals;
+
+namespace {
+
+constexpr int kNumberWidth = 35;
+constexpr std::size_t kMarginRows = 100;
+constexpr int kDecimals = 3;
+constexpr double kPerMille = 1000;
+constexpr std::size_t kDeflection = 2; // Uz, shown positive downward
+constexpr double kLeastReaction = 0.001;
+constexpr std::int32_t kNoResults = -1;
+
+using NameSet = std::unordered_set<std::string_view>;
+
+/// Tells of one name after the other whether it is taken.
+class NameTest {
+public:
+    NameTest(const AnalysisModel& model, const ResultSelection& selection)
+        : girder_(selection.girder + "-")
+        , station_(selection.station)
+        , takesAll_(selection.station == AllWord())
+        , excluded_(selection.excludedNames.begin(), selection.excludedNames.end())
+    {
+        if (selection.girder == AllWord())
+            girders_.insert(model.girderNames.begin(), model.girderNames.end());
+    }
+
+    [[nodiscard]] bool Takes(std::string_view name)
+    {
+        if (!excluded_.empty() && excluded_.contains(name))
+            return false;
+        return takesAll_ || name.starts_with(girder_) || name.starts_with(station_)
+               || (!girders_.empty() && BeginsWithGirder(name));
+    }
+
+private:
+    /// Names of a girder follow each other, so the one found last is asked first.
+    bool BeginsWithGirder(std::string_view name)
+    {
+        if (!lastFound_.empty() && name.starts_with(lastFound_))
+            return true;
+        for (std::size_t dash = name.find('-'); dash != std::string_view::npos; dash = name.find('-', dash + 1))
+            if (girders_.contains(name.substr(0, dash))) {
+                lastFound_ = name.substr(0, dash + 1);
+                return true;
+            }
+        return false;
+    }
+
+    std::string girder_;
+    std::string_view station_;
+    bool takesAll_;
+    NameSet excluded_;
+    NameSet girders_;
+    std::string_view lastFound_;
+};
+
+} // namespace
+
+CResultTable::CResultTable(const AnalysisResults& results, const ResultSelection& selection)
+    : results_(&results)
+    , kind_(selection.kind)
+    , load_(LoadCaseOf(results.model, selection.load))
+{
+    if (!load_)
+        return;
+    const std::uint64_t values = ValuesOfItem(kind_);
+    valuesOfItem_ = values * static_cast<std::uint32_t>(std::max(results.model.loadCaseCount, 1));
+    valuesBefore_ = values * *load_;
+    AddColumns(selection);
+    TakeNames(selection);
+    if (kind_ == ResultKind::Reaction)
+        DropSmallReactions();
+    FindExtremes();
+}
+
+void CResultTable::AddColumns(const ResultSelection& selection)
+{
+    const ResultKindInfo& info = InfoOf(kind_);
+    const auto add = [&](std::string_view prefix, std::size_t component, std::size_t place, double factor) {
+        columns_.push_back({Cp932(prefix) + ComponentWord(kind_, component), info.valueWidth, place, factor});
+        valuesBehind_ = std::max<std::uint64_t>(valuesBehind_, place + 1);
+    };
+    for (std::size_t component = 0; component < kNodeComponents; ++component) {
+        if (!selection.columnOn[component])
+            continue;
+        if (info.bothEnds) {
+            add("左", component, component, 1);
+            add("右", component, component + kNodeComponents, -1);
+        } else if (kind_ == ResultKind::Displacement) {
+            add(info.headPrefix, component, component, component == kDeflection ? -kPerMille : kPerMille);
+        } else {
+            add(info.headPrefix, component, component, 1);
+        }
+    }
+}
+
+std::size_t CResultTable::ItemsThere() const
+{
+    const std::uint64_t values = CubeOf(*results_, kind_).values.size();
+    const std::uint64_t behind = valuesBefore_ + valuesBehind_;
+    return values < behind ? 0 : static_cast<std::size_t>((values - behind) / valuesOfItem_ + 1);
+}
+
+const double* CResultTable::ValuesOf(std::size_t item) const
+{
+    return CubeOf(*results_, kind_).values.data() + item * valuesOfItem_ + valuesBefore_;
+}
+
+/// By the names and flags alone, which lie close together in memory.
+void CResultTable::TakeNames(const ResultSelection& selection)
+{
+    const std::vector<std::string>& names = NamesOf(results_->model, kind_);
+    const std::vector<std::int32_t>& flags = results_->nodeTable.nodeFlags;
+    const std::size_t count = std::min(names.size(), ItemsThere());
+    const std::size_t flagged = kind_ == ResultKind::Force ? 0 : std::min(flags.size(), count);
+    NameTest test(results_->model, selection);
+    for (std::size_t item = 0; item < count; ++item)
+        if ((item >= flagged || flags[item] != kNoResults) && test.Takes(names[item]))
+            items_.push_back(static_cast<std::uint32_t>(item));
+}
+
+void CResultTable::DropSmallReactions()
+{
+    std::erase_if(items_, [&](std::uint32_t item) {
+        const double* const values = ValuesOf(item);
+        return std::ranges::none_of(
+            columns_, [&](const ResultColumn& column) { return std::abs(values[column.place]) > kLeastReaction; });
+    });
+}
+
+void CResultTable::FindExtremes()
+{
+    struct Probe {
+        std::size_t place;
+        double factor;
+        double max;
+        double min;
+        std::size_t maxRow;
+        std::size_t minRow;
+    };
+    constexpr auto nowhere = static_cast<std::size_t>(-1);
+    std::vector<Probe> probes;
+    for (const ResultColumn& column : columns_)
+        probes.push_back({column.place, column.factor, ColumnExtremes().max, ColumnExtremes().min, nowhere, nowhere});
+    for (std::size_t row = 0; row < items_.size(); ++row) {
+        const double* const values = ValuesOf(items_[row]);
+        for (Probe& probe : probes) {
+            const double value = values[probe.place] * probe.factor;
+            if (value > probe.max) {
+                probe.max = value;
+                probe.maxRow = row;
+            }
+            if (value < probe.min) {
+                probe.min = value;
+                probe.minRow = row;
+            }
+        }
+    }
+    const auto rowOf = [](std::size_t row) { return row == nowhere ? std::nullopt : std::optional(row); };
+    for (const Probe& probe : probes)
+        extremes_.push_back({rowOf(probe.maxRow), rowOf(probe.minRow), probe.max, probe.min});
+}
+
+std::string_view CResultTable::Name(std::size_t row) const
+{
+    return NamesOf(results_->model, kind_)[items_[row]];
+}
+
+double CResultTable::Value(std::size_t row, std::size_t column) const
+{
+    return ValuesOf(items_[row])[columns_[column].place] * columns_[column].factor;
+}
+
+std::size_t CResultTable::GridRowCount() const
+{
+    return load_ ? NamesOf(results_->model, kind_).size() + kMarginRows : 0;
+}
+
+std::size_t CResultTable::GridColumnCount() const
+{
+    return load_ ? kFirstValueColumn + columns_.size() : 0;
+}
+
+int CResultTable::GridColumnWidth(std::size_t gridColumn) const
+{
+    if (gridColumn == kNumberColumn)
+        return kNumberWidth;
+    return gridColumn == kNameColumn ? InfoOf(kind_).nameWidth : columns_[gridColumn - kFirstValueColumn].width;
+}
+
+std::string CResultTable::HeadText(std::size_t gridColumn) const
+{
+    if (gridColumn == kNumberColumn)
+        return "253";
+    return gridColumn == kNameColumn ? Cp932(InfoOf(kind_).nameHead) : columns_[gridColumn - kFirstValueColumn].head;
+}
+
+std::string CResultTable::ValueText(double value) const
+{
+    std::string text;
+    AppendFixed(text, value, InfoOf(kind_).textWidth, kDecimals);
+    return text;
+}
+
+std::string CResultTable::ExtremeText(std::size_t gridRow, std::size_t gridColumn) const
+{
+    if (gridColumn == kNameColumn)
+        return gridRow == kMaxRow ? "最大値"_cp932 : "最小値"_cp932;
+    const ColumnExtremes& extremes = extremes_[gridColumn - kFirstValueColumn];
+    const bool isThere = gridRow == kMaxRow ? extremes.maxRow.has_value() : extremes.minRow.has_value();
+    return isThere ? ValueText(gridRow == kMaxRow ? extremes.max : extremes.min) : std::string();
+}
+
+bool CResultTable::IsFilled(std::size_t gridRow, std::size_t gridColumn) const
+{
+    if (gridColumn < kNameColumn || gridColumn >= GridColumnCount() || items_.empty() || gridRow < kMaxRow
+        || gridRow >= kFirstValueRow + items_.size())
+        return false;
+    if (gridRow < kFirstValueRow)
+        return true;
+    const std::size_t item = items_[gridRow - kFirstValueRow];
+    return item < NamesOf(results_->model, kind_).size() && item < ItemsThere();
+}
+
+std::string CResultTable::CellText(std::size_t gridRow, std::size_t gridColumn) const
+{
+    if (gridRow >= GridRowCount() || gridColumn >= GridColumnCount())
+        return {};
+    if (gridRow == 0)
+        return HeadText(gridColumn);
+    if (gridColumn == kNumberColumn)
+        return std::to_string(gridRow);
+    if (!IsFilled(gridRow, gridColumn))
+        return {};
+    if (gridRow < kFirstValueRow)
+        return ExtremeText(gridRow, gridColumn);
+    const std::size_t row = gridRow - kFirstValueRow;
+    return gridColumn == kNameColumn ? std::string(Name(row)) : ValueText(Value(row, gridColumn - kFirstValueColumn));
+}
+
+std::optional<std::uint32_t> CResultTable::CellColor(std::size_t gridRow, std::size_t gridColumn) const
+{
+    if (!IsFilled(gridRow, gridColumn))
+        return std::nullopt;
+    if (gridRow < kFirstValueRow)
+        return gridRow == kMaxRow ? kMaxColor : kMinColor;
+    if (gridColumn == kNameColumn)
+        return std::nullopt;
+    const ColumnExtremes& extremes = extremes_[gridColumn - kFirstValueColumn];
+    const std::size_t row = gridRow - kFirstValueRow;
+    // A value that is both is shown as the smallest, which is coloured last.
+    if (extremes.minRow == row)
+        return kMinColor;
+    return extremes.maxRow == row ? std::optional(kMaxColor) : std::nullopt;
+}
+
+std::optional<std::uint32_t> CResultTable::CellBackground(std::size_t gridRow, std::size_t gridColumn) const
+{
+    return gridRow < kFirstValueRow && IsFilled(gridRow, gridColumn) ? std::optional(kExtremesBackground)
+                                                                     : std::nullopt;
+}
+
+} // namespace sbd
