@@ -83,6 +83,8 @@ public:
     int comboOrList = 1;
     int rowWidthMode = 0;
     DisplaySettings display;
+    /// The pane above the panel shows the help page; false: the model figure.
+    bool showHelpPage = true;
     /// A double click in the tree asked for the run of a report page; its repaint starts it.
     bool runOnShow = false;
 

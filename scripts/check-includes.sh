@@ -11,17 +11,18 @@ declare -A arrows=(
     [sbdfile]="project"
     [results]="project"
     [panelmodel]="project"
+    [search]="panelmodel"
     [document]="sbdfile results"
     [grid]=""
-    [panels]="grid panelmodel document"
+    [panels]="grid panelmodel search document"
     [upperview]="document"
     [frame]="panels upperview"
     [app]="frame"
-    [tools]="sbdfile results panelmodel"
+    [tools]="sbdfile results panelmodel search"
     [sbdpage]="upperview"
 )
-order="project sbdfile results panelmodel document grid panels upperview frame app tools sbdpage"
-without_qt="project sbdfile results panelmodel tools"
+order="project sbdfile results panelmodel search document grid panels upperview frame app tools sbdpage"
+without_qt="project sbdfile results panelmodel search tools"
 
 declare -A reach
 for folder in $order; do

@@ -1,0 +1,348 @@
+#include "search/search_index.h"
+
+#include "panelmodel/panel_model.h"
+#include "project/catalogue.h"
+#include "project/option_rows.h"
+#include "project/page_titles.h"
+#include "project/panel_columns.h"
+#include "project/text.h"
+#include "search/fold.h"
+
+#include <algorithm>
+
+namespace sbd {
+
+namespace {
+
+constexpr std::string_view kIndent = "   ";
+constexpr std::string_view kArrow = " ---> ";
+constexpr std::size_t kNothingAround = 0;
+constexpr int kOptionColumn = 2;
+constexpr char kBetween = '\n'; // no word reaches over it
+
+/// Blocks with a grid of their own, in order of number.
+std::vector<int> OwnBlocks()
+{
+    std::vector<int> blocks;
+    for (const CatalogueRow& row : Catalogue())
+        if (PanelBlock(row.block) == row.block)
+            blocks.push_back(row.block);
+    return blocks;
+}
+
+/// The texts of the menu and of the page that name a block, aliases included.
+std::string NamesOfBlock(int block)
+{
+    std::string names;
+    for (const CatalogueRow& row : Catalogue())
+        if (PanelBlock(row.block) == block)
+            names += std::string(row.menuText) + kBetween;
+    return names + std::string(FindPageTitle(block));
+}
+
+/// A head in one line, without the marks of empty places and without what a line says again.
+std::string HeadInOneLine(std::string_view head)
+{
+    std::vector<std::string_view> lines;
+    while (!head.empty()) {
+        const std::size_t end = std::min(head.find('\n'), head.size());
+        const std::string_view line = Trim(head.substr(0, end));
+        head.remove_prefix(std::min(end + 1, head.size()));
+        const bool says = !line.empty() && line != "---" && line != "-" && line != "-1" && line != "〃";
+        if (says && std::ranges::find(lines, line) == lines.end())
+            lines.push_back(line);
+    }
+    std::string text;
+    for (const std::string_view line : lines) {
+        if (!text.empty())
+            text += line.starts_with('(') ? "" : "／";
+        text += line;
+    }
+    return text;
+}
+
+/// Title of a block without number, tag and marks.
+std::string ShortTitle(int block)
+{
+    const std::string title = BlockTitle(block);
+    return std::string(Trim(std::string_view(title).substr(0, title.find('['))));
+}
+
+/// "   313 ---> title", and behind it the row or column.
+std::string ItemText(int block, std::string_view title, int number, std::string_view unit)
+{
+    return std::string(kIndent) + std::to_string(block) + std::string(kArrow) + std::string(title) + "の第"
+           + std::to_string(number) + std::string(unit);
+}
+
+/// What the columns of a table or record panel are called. UTF-8.
+class ColumnTexts {
+public:
+    explicit ColumnTexts(int block) : block_(block), table_(FindPanelTable(block)), record_(FindRecordPanel(block)) {}
+
+    /// Columns, the row number included; 0: no such panel.
+    [[nodiscard]] int Count() const
+    {
+        return static_cast<int>(table_ ? table_->columns.size() : record_ ? record_->heads.size() : 0);
+    }
+    /// The first grid row behind the automatic rows and the rows of types.
+    [[nodiscard]] int FirstDataRow() const
+    {
+        constexpr int typeRowsOf311 = 4;
+        return table_ ? table_->automaticRows + 1 : block_ == 311 ? typeRowsOf311 + 1 : 2;
+    }
+    /// The head in one line; of a column without a head its name in the file.
+    [[nodiscard]] std::string Title(int column) const
+    {
+        std::string title = HeadInOneLine(Head(column));
+        if (title.empty())
+            title = NameInFile(column);
+        const std::string other = HeadInOneLine(SectionHead(column));
+        return other.empty() || other == title ? title : title + "［断面のみの場合：" + other + "］";
+    }
+    /// Everything by which a column is found.
+    [[nodiscard]] std::string Words(int column) const
+    {
+        return Head(column) + kBetween + SectionHead(column) + kBetween + NameInFile(column);
+    }
+
+private:
+    [[nodiscard]] std::string Head(int column) const
+    {
+        const auto i = static_cast<std::size_t>(column);
+        return FromCp932(table_ ? table_->columns[i].head : record_->heads[i]);
+    }
+    [[nodiscard]] std::string SectionHead(int column) const
+    {
+        const auto i = static_cast<std::size_t>(column);
+        if (table_)
+            return FromCp932(table_->columns[i].sectionHead);
+        return i < record_->sectionHeads.size() ? FromCp932(record_->sectionHeads[i]) : std::string();
+    }
+    [[nodiscard]] std::string NameInFile(int column) const
+    {
+        return table_ ? FromCp932(table_->columns[static_cast<std::size_t>(column)].name) : std::string();
+    }
+
+    int block_;
+    const PanelTable* table_;
+    const RecordPanel* record_;
+};
+
+} // namespace
+
+std::string BlockTitle(int block)
+{
+    const CatalogueRow* row = FindBlock(block);
+    std::string_view text = row ? row->menuText : std::string_view();
+    text.remove_prefix(std::min(text.find_first_not_of("0123456789."), text.size()));
+    return std::string(Trim(text));
+}
+
+std::string PlaceText(const SearchPlace& place)
+{
+    std::string text = std::to_string(place.block) + "." + ShortTitle(place.block);
+    if (place.row == 0)
+        return text;
+    if (const OptionBlock* options = FindOptionBlock(place.block)) {
+        const auto row = static_cast<std::size_t>(place.row) - 1;
+        text += "　第" + std::to_string(place.row) + "行";
+        return row < options->rows.size() ? text + "　" + std::string(Trim(FromCp932(options->rows[row].panelLabel)))
+                                          : text;
+    }
+    const ColumnTexts heads(place.block);
+    if (place.row < heads.FirstDataRow())
+        return text + "　第" + std::to_string(place.row) + "行";
+    return place.column > 0 && place.column < heads.Count() ? text + "　" + heads.Title(place.column) : text;
+}
+
+std::vector<std::string> ChoicesAt(const SearchPlace& place)
+{
+    const auto at = [](const auto& list, int i) {
+        return i >= 0 && static_cast<std::size_t>(i) < list.size() ? &list[static_cast<std::size_t>(i)] : nullptr;
+    };
+    const WordList* words = nullptr;
+    if (const OptionPanel* options = FindOptionPanel(place.block)) {
+        words = at(options->words, place.row - 1);
+    } else if (place.row >= ColumnTexts(place.block).FirstDataRow()) {
+        if (const PanelTable* table = FindPanelTable(place.block)) {
+            const PanelColumn* column = at(table->columns, place.column);
+            words = column ? &column->words : nullptr;
+        } else if (const RecordPanel* record = FindRecordPanel(place.block)) {
+            words = at(record->words, place.column);
+        }
+    }
+    std::vector<std::string> choices;
+    for (const std::string& word : words ? *words : WordList())
+        choices.push_back(word == "@girders" ? "(主桁名)" : word == "@beams" ? "(横桁名)" : FromCp932(word));
+    return choices;
+}
+
+// --- the entries -------------------------------------------------------------------------------------
+
+CSearchIndex::CSearchIndex() : around_(1)
+{
+    AddTopics();
+    AddQuestions();
+    AddItems();
+}
+
+void CSearchIndex::Add(EntryKind kind, SearchPlace place, std::string text, std::string_view own, std::size_t around)
+{
+    entries_.push_back({kind, place, std::move(text)});
+    texts_.push_back({Fold(own), around});
+}
+
+/// A topic of a whole block is found by all that names the block; a block without one gets it from its title.
+void CSearchIndex::AddTopics()
+{
+    std::vector<int> blocks = OwnBlocks();
+    for (const HelpTopic& topic : HelpTopics()) {
+        const SearchPlace place = PlaceOfKey(topic.key);
+        std::string own(topic.title);
+        if (place.row == 0 && std::erase(blocks, place.block) > 0)
+            own += kBetween + NamesOfBlock(place.block);
+        Add(EntryKind::Topic, place, TopicText(topic), own, kNothingAround);
+    }
+    for (const int block : blocks) {
+        const std::string text = std::string(kIndent) + BlockTitle(block) + std::string(kArrow) + std::to_string(block);
+        Add(EntryKind::Topic, {block}, text, NamesOfBlock(block), kNothingAround);
+    }
+    // Both kinds in order of block; the sort moves entries and texts alike.
+    std::vector<std::size_t> order(entries_.size());
+    for (std::size_t i = 0; i < order.size(); ++i)
+        order[i] = i;
+    std::ranges::stable_sort(order, {}, [this](std::size_t i) { return entries_[i].place.block; });
+    std::vector<SearchEntry> entries;
+    std::vector<Texts> texts;
+    for (const std::size_t i : order) {
+        entries.push_back(std::move(entries_[i]));
+        texts.push_back(std::move(texts_[i]));
+    }
+    entries_ = std::move(entries);
+    texts_ = std::move(texts);
+}
+
+void CSearchIndex::AddQuestions()
+{
+    for (const Question& question : Questions()) {
+        const std::string own = std::string(question.question) + kBetween + std::string(question.answer);
+        Add(EntryKind::Question, question.places.empty() ? SearchPlace() : question.places.front(),
+            std::string(question.question), own, kNothingAround);
+        entries_.back().question = &question;
+    }
+}
+
+void CSearchIndex::AddItems()
+{
+    for (const int block : OwnBlocks()) {
+        around_.push_back(Fold(NamesOfBlock(block)));
+        const std::size_t around = around_.size() - 1;
+        const OptionBlock* options = FindOptionBlock(block);
+        if (!options) {
+            AddColumns(block, around);
+            continue;
+        }
+        for (std::size_t i = 0; i < options->rows.size(); ++i) {
+            const OptionRow& option = options->rows[i];
+            const int row = static_cast<int>(i) + 1;
+            const std::string label = FromCp932(option.panelLabel);
+            const std::string own = label + kBetween + FromCp932(option.keyword) + kBetween + FromCp932(option.label);
+            Add(EntryKind::Item, {block, row, kOptionColumn}, ItemText(block, Trim(label), row, "行"), own, around);
+        }
+    }
+}
+
+void CSearchIndex::AddColumns(int block, std::size_t around)
+{
+    const ColumnTexts heads(block);
+    for (int column = 1; column < heads.Count(); ++column) {
+        const std::string text = ItemText(block, ShortTitle(block) + "　" + heads.Title(column), column, "列");
+        Add(EntryKind::Item, {block, heads.FirstDataRow(), column}, text, heads.Words(column), around);
+    }
+}
+
+// --- the search --------------------------------------------------------------------------------------
+
+/// The words of a search, and in which of the texts around the entries each one stands.
+class CSearchIndex::Needles {
+public:
+    Needles(std::vector<std::string> words, const std::vector<std::string>& around) : words_(std::move(words))
+    {
+        if (words_.size() < 2) // the only word must stand in the entry's own text
+            return;
+        for (const std::string& word : words_) {
+            std::vector<bool>& found = inAround_.emplace_back();
+            for (const std::string& text : around)
+                found.push_back(text.find(word) != std::string::npos);
+        }
+    }
+
+    [[nodiscard]] bool AnyIn(std::string_view own) const
+    {
+        return std::ranges::any_of(words_, [&](const std::string& word) { return Holds(own, word); });
+    }
+    [[nodiscard]] bool AllIn(std::string_view own, std::size_t around) const
+    {
+        bool anyInOwn = false;
+        for (std::size_t i = 0; i < words_.size(); ++i) {
+            if (Holds(own, words_[i]))
+                anyInOwn = true;
+            else if (inAround_.empty() || !inAround_[i][around])
+                return false;
+        }
+        return anyInOwn;
+    }
+
+private:
+    static bool Holds(std::string_view text, const std::string& word) { return text.find(word) != text.npos; }
+
+    std::vector<std::string> words_;
+    std::vector<std::vector<bool>> inAround_; // by word and text; empty with one word
+};
+
+SearchResult CSearchIndex::Search(std::string_view line, SearchFlags flags) const
+{
+    const std::string prefix = Fold(kSearchPrefix);
+    std::string_view shown = Trim(line);
+    if (Fold(shown).starts_with(prefix)) {
+        // Wide or narrow, the prefix ends with its colon.
+        const std::size_t colon = std::min(shown.find("："), shown.find(':'));
+        shown.remove_prefix(colon + (shown[colon] == ':' ? 1 : std::string_view("：").size()));
+        shown = Trim(shown);
+    }
+    std::vector<std::string> words = SearchWords(shown);
+    SearchResult result;
+    if (words.empty())
+        return result;
+    const Needles needles(std::move(words), around_);
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        const bool inScope = entries_[i].kind == EntryKind::Item ? flags.items : flags.topics;
+        if (inScope && (flags.allWords ? needles.AllIn(texts_[i].own, texts_[i].around) : needles.AnyIn(texts_[i].own)))
+            result.hits.push_back(&entries_[i]);
+    }
+    result.title = "「" + std::string(shown) + "」の検索結果：(計" + std::to_string(result.hits.size()) + "件)";
+    return result;
+}
+
+std::vector<const SearchEntry*> CSearchIndex::AllQuestions() const
+{
+    std::vector<const SearchEntry*> questions;
+    for (const SearchEntry& entry : entries_)
+        if (entry.kind == EntryKind::Question)
+            questions.push_back(&entry);
+    return questions;
+}
+
+const CSearchIndex& SearchIndex()
+{
+    static const CSearchIndex index;
+    return index;
+}
+
+bool AsksForQuestions(std::string_view line)
+{
+    return line.substr(0, kQuestionsWord.size()) == kQuestionsWord;
+}
+
+} // namespace sbd
