@@ -6,7 +6,7 @@ namespace sbd {
 class CMainFrame;
 struct DeploymentSettings;
 
-/// Adds the documents and the home pages to the frame's help menu. A page that the deployment does not set is greyed.
-void AddOutsideMenu(CMainFrame& frame, const DeploymentSettings& settings);
+/// Makes the frame's entries of documents and home pages open them. A page that the deployment does not set is greyed.
+void ConnectOutside(CMainFrame& frame, const DeploymentSettings& settings);
 
 } // namespace sbd

@@ -97,7 +97,7 @@ int RunWindow(const StartOptions& options)
     }
     const DeploymentSettings settings = ReadDeployment(DeploymentFile(QApplication::applicationDirPath()));
     CMainFrame frame;
-    AddOutsideMenu(frame, settings);
+    ConnectOutside(frame, settings);
     frame.NewProject(); // stands until a project takes its place
     frame.ShowAsLeft();
     CRequestQueue requests(frame);

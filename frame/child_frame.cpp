@@ -4,9 +4,12 @@
 #include "document/project_lock.h"
 #include "document/recovery.h"
 #include "document/section_doc.h"
+#include "frame/engine_runner.h"
 #include "frame/left_view.h"
 #include "frame/program_icon.h"
+#include "frame/settings.h"
 #include "panels/panel.h"
+#include "panels/search_panel.h"
 #include "project/catalogue.h"
 #include "sbdfile/writer.h"
 #include "upperview/chk_view.h"
@@ -100,10 +103,15 @@ bool CChildFrame::SwitchToBlock(int number)
         return true;
     if (block < 252 || block > 999)
         return false;
+    if (panel_ != nullptr && !panel_->MayClose()) {
+        tree_->SelectBlock(currentBlock_);
+        return false;
+    }
     currentBlock_ = block;
     if (PanelOfBlock(block).empty())
         return false; // the old panel stays
     ShowPanel(block);
+    emit blockShown();
     return true;
 }
 
@@ -113,6 +121,8 @@ void CChildFrame::ShowPanel(int block)
     RemovePanel();
     doc_->SetCurrentBlock(block);
     panel_ = CreatePanel(doc_.get(), block, panelPane_);
+    if (auto* search = qobject_cast<CDown999*>(panel_.get()))
+        connect(search, &CDown999::jumpRequested, this, &CChildFrame::JumpTo);
     if (panel_ != nullptr) {
         panelPane_->layout()->addWidget(panel_.get());
         panel_->show();
@@ -135,6 +145,33 @@ bool CChildFrame::GoToBlock(int number)
 {
     tree_->SelectBlock(number);
     return SwitchToBlock(number);
+}
+
+void CChildFrame::RebuildPanel()
+{
+    if (panel_ == nullptr || !panel_->MayClose())
+        return;
+    WithoutPanel(*this, [] {});
+}
+
+void CChildFrame::JumpTo(int block, int row, int column)
+{
+    if (!GoToBlock(block) || panel_ == nullptr)
+        return;
+    if (row > 0)
+        panel_->GoToCell(row, column);
+    FocusPanel();
+}
+
+void CChildFrame::ShowHelpPage(bool show)
+{
+    doc_->showHelpPage = show;
+    upView_->Refresh();
+}
+
+void CChildFrame::SetTreeView(const TreeView& view)
+{
+    tree_->SetView(view);
 }
 
 void CChildFrame::CommitPanel()
@@ -200,18 +237,28 @@ void CChildFrame::OnTreeActivated(const QString& text)
     upView_->Refresh();
 }
 
-void CChildFrame::PlacePanes()
+PaneSizes CChildFrame::Panes() const
+{
+    return {tree_->viewport()->width(), upView_->height(), panelPane_->height()};
+}
+
+PaneSizes CChildFrame::ComputedPanes() const
+{
+    return {kLeftWidth, contentsRect().height() / 2, 0};
+}
+
+void CChildFrame::SetPanes(const PaneSizes& panes)
 {
     const QRect area = contentsRect();
-    outer_->setSizes({kLeftWidth, std::max(area.width() - kLeftWidth, kLeastPane)});
-    inner_->setSizes({area.height() / 2, area.height() / 2});
+    outer_->setSizes({panes.left, std::max(area.width() - panes.left - kSplitterHandle, kLeastPane)});
+    inner_->setSizes({panes.up, std::max(area.height() - panes.up - kSplitterHandle, kLeastPane)});
 }
 
 void CChildFrame::resizeEvent(QResizeEvent* event)
 {
     QMdiSubWindow::resizeEvent(event);
     if (!panesMoved_)
-        PlacePanes();
+        SetPanes(CSettings().Panes(ComputedPanes()));
 }
 
 void CChildFrame::closeEvent(QCloseEvent* event)

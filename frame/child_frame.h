@@ -17,6 +17,8 @@ class CLeftView;
 class CPanel;
 class CRecoveryCopy;
 class CUpView;
+struct PaneSizes;
+struct TreeView;
 struct WantedRun;
 
 /// One project's window: the tree on the left, on the right the help pane over the panel. Owns the document and what
@@ -42,7 +44,8 @@ public:
     /// The block on show, aliases resolved.
     [[nodiscard]] int CurrentBlock() const { return currentBlock_; }
 
-    /// The block switch: leaves the old panel (which commits), shows that of `number`. False if nothing opens.
+    /// The block switch: leaves the old panel (which commits), shows that of `number`. False if nothing opens, or if
+    /// the old panel holds a text that its cell refused.
     bool SwitchToBlock(int number);
 
     /// What a menu command does: selects the number in the tree and switches to it. False if nothing opens.
@@ -53,6 +56,20 @@ public:
 
     /// Puts the cursor into the panel's grid.
     void FocusPanel();
+    /// Builds the panel anew, at the cell where it stands.
+    void RebuildPanel();
+    /// Goes to a cell of a block, grid row and column; row 0: to the block as it was left.
+    void JumpTo(int block, int row, int column);
+    /// Shows the help page, or the model figure instead.
+    void ShowHelpPage(bool show);
+    /// What the tree shows, and in which language.
+    void SetTreeView(const TreeView& view);
+
+    /// The panes as they are, and as they are at first.
+    [[nodiscard]] PaneSizes Panes() const;
+    [[nodiscard]] PaneSizes ComputedPanes() const;
+    void SetPanes(const PaneSizes& panes);
+
     /// Moves the cursor between tree and panel.
     void FocusOtherPane();
 
@@ -68,6 +85,8 @@ public:
     std::function<bool(CChildFrame&)> mayClose;
 
 signals:
+    /// Another block is on show.
+    void blockShown();
     /// The page of a report asks for its run.
     void runIsDue(const sbd::WantedRun& run);
 
@@ -79,7 +98,6 @@ private:
     void CreatePanes();
     void ShowPanel(int block);
     void RemovePanel();
-    void PlacePanes();
     void ShowTitle();
     void OnModified(bool modified);
     void OnTreePressed(const QString& text);

@@ -129,10 +129,14 @@ CChildFrame* CFileCommands::OpenFile(const QString& path)
 std::unique_ptr<CChildFrame> CFileCommands::MakeChild(std::unique_ptr<CKELDSectionDoc> doc,
                                                       std::unique_ptr<CProjectLock> lock)
 {
+    if (setUpDocument)
+        setUpDocument(*doc);
     auto child = std::make_unique<CChildFrame>(std::move(doc), std::move(lock));
     child->mayClose = [this](CChildFrame& closing) { return MayClose(closing); };
     QObject::connect(child.get(), &CChildFrame::runIsDue, child.get(),
                      [this, frame = child.get()](const WantedRun& run) { RunFromPage(*frame, run); });
+    if (setUpChild)
+        setUpChild(*child);
     return child;
 }
 

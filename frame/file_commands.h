@@ -52,7 +52,9 @@ public:
     /// Asks what becomes of unsaved changes. False if the window has to stay.
     bool MayClose(CChildFrame& child);
 
-    [[nodiscard]] const Prompts& Dialogs() const { return prompts_; }
+    /// Called for each project when it has been made, before it has a window, and for the window.
+    std::function<void(CKELDSectionDoc&)> setUpDocument;
+    std::function<void(CChildFrame&)> setUpChild;
 
 private:
     [[nodiscard]] std::unique_ptr<CChildFrame> MakeChild(std::unique_ptr<CKELDSectionDoc> doc,

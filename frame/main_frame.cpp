@@ -4,6 +4,7 @@
 #include "frame/child_frame.h"
 #include "frame/profile.h"
 #include "frame/program_icon.h"
+#include "frame/settings.h"
 
 #include <QCloseEvent>
 #include <QDir>
@@ -40,24 +41,35 @@ QStringList ProjectFiles(const QMimeData* dragged)
     return files;
 }
 
+/// Gives a project the user's display settings.
+void SetUpDocument(CKELDSectionDoc& doc)
+{
+    const CSettings settings;
+    doc.display = settings.Display();
+    doc.rowWidthMode = settings.RowWidthMode();
+    doc.comboOrList = settings.ComboOrList();
+}
+
 } // namespace
 
-CMainFrame::CMainFrame(Prompts prompts, QWidget* parent) : QMainWindow(parent), area_(new QMdiArea(this))
+CMainFrame::CMainFrame(Prompts prompts, QWidget* parent)
+    : QMainWindow(parent)
+    , area_(new QMdiArea(this))
+    , prompts_(std::move(prompts))
 {
     setWindowTitle(u"KELD section"_s);
     setWindowIcon(ProgramIcon());
     setAcceptDrops(true);
     setCentralWidget(area_);
-    files_ = std::make_unique<CFileCommands>(*area_, std::move(prompts));
+    files_ = std::make_unique<CFileCommands>(*area_, prompts_);
+    files_->setUpDocument = SetUpDocument;
+    files_->setUpChild = [this](CChildFrame& child) { SetUpChild(child); };
+    treeView_.language = CSettings().Language();
 
-    CreateFileMenu();
-    CreateEditMenu();
-    CreateDataMenu();
-    CreateRunMenu();
-    CreateWindowMenu();
-    CreateHelpMenu();
-    CreateToolBar();
+    CreateHandlers();
+    CreateMenus();
     CreateStatusBar();
+    SetTabbed(CSettings().TabbedWindows());
 
     connect(&files_->Runner(), &CEngineRunner::notice, this,
             [this](const QString& text) { statusBar()->showMessage(text, kNoticeTime); });
@@ -68,6 +80,12 @@ CMainFrame::CMainFrame(Prompts prompts, QWidget* parent) : QMainWindow(parent), 
     connect(area_, &QMdiArea::subWindowActivated, this, &CMainFrame::OnChildActivated);
     OnChildActivated();
     resize(kFirstSize);
+}
+
+void CMainFrame::SetUpChild(CChildFrame& child)
+{
+    child.SetTreeView(treeView_);
+    connect(&child, &CChildFrame::blockShown, this, &CMainFrame::UpdateCommands);
 }
 
 CMainFrame::~CMainFrame()
@@ -148,13 +166,12 @@ void CMainFrame::OnChildActivated()
         disconnect(connection);
     docConnections_.clear();
     CChildFrame* child = CurrentChild();
-    for (QAction* action : childActions_)
-        action->setEnabled(child != nullptr);
     if (child != nullptr) {
         const CKELDSectionDoc* doc = &child->Doc();
         docConnections_ = {connect(doc, &CKELDSectionDoc::pathChanged, this, &CMainFrame::UpdateStatus),
                            connect(doc, &CKELDSectionDoc::helpCellChanged, this, &CMainFrame::UpdateStatus)};
     }
+    UpdateCommands();
     UpdateStatus();
 }
 

@@ -1,23 +1,36 @@
 // CMainFrame: the top window.
 #pragma once
 
+#include "frame/commands.h"
 #include "frame/file_commands.h"
 #include "frame/prompts.h"
+#include "panelmodel/tree_rows.h"
 
 #include <QList>
 #include <QMainWindow>
+
+#include <map>
 
 class QLabel;
 class QLineEdit;
 class QMdiArea;
 class QMenu;
+class QPrinter;
 
 namespace sbd {
 
 class CChildFrame;
+class CCommandActions;
 class CPanel;
 
-/// Menus, tool bar and status bar around the windows of the open projects.
+/// What the deployment knows of the home pages in the help menu.
+struct HomePages {
+    bool first = false; ///< there is an address
+    bool second = false;
+    QString secondText; ///< the second entry's text; empty: there is no such entry
+};
+
+/// Menus, tool bar and status bar around the windows of the open projects. Carries out the commands.
 class CMainFrame : public QMainWindow {
     Q_OBJECT
 
@@ -25,7 +38,7 @@ public:
     explicit CMainFrame(Prompts prompts = ScreenPrompts(), QWidget* parent = nullptr);
     ~CMainFrame() override;
 
-    /// A window with an empty project.
+    /// A window with a new project; null if it was given up.
     CChildFrame* NewProject() { return files_->New(); }
     /// Opens a project; null if it cannot be opened, and the user has been told why.
     CChildFrame* OpenProject(const QString& path) { return files_->OpenFile(path); }
@@ -34,16 +47,28 @@ public:
     [[nodiscard]] CChildFrame* CurrentChild() const;
     [[nodiscard]] QList<CChildFrame*> Children() const;
 
+    /// The actions of menus and tool bar.
+    [[nodiscard]] const CCommandActions& Actions() const { return *actions_; }
+
+    /// Carries out a command of the table, or one that opens a block. Nothing happens while it may not be given.
+    void RunCommand(int command);
+
     /// Shows the window as it was left, at the first start maximised.
     void ShowAsLeft();
 
     /// Offers what a crash has left; to be called once, at the start.
     void OfferRecoveryCopies() { files_->OfferRecoveryCopies(); }
 
-    /// The menu of the documents and home pages.
-    [[nodiscard]] QMenu& HelpMenu() { return *helpMenu_; }
+    /// Tells the user something that there is nothing to decide about.
+    void Warn(const QString& text) { prompts_.warn(this, text); }
+
+    void SetHomePages(const HomePages& pages);
     /// Text of the last entry of the menu bar: the version, and whether it is the newest.
-    void SetVersionText(const QString& text) { versionAction_->setText(text); }
+    void SetVersionText(const QString& text);
+
+signals:
+    /// A command of the table that reaches beyond the frame: documents and home pages.
+    void commandForOutside(int command);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -51,43 +76,59 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    QAction* AddAction(QMenu* menu, const QString& text, const QKeySequence& keys, std::function<void()> run);
-    /// An action that needs an open project.
-    QAction* AddChildAction(QMenu* menu, const QString& text, const QKeySequence& keys,
-                            std::function<void(CChildFrame&)> run);
-    /// An action on the open editor, or else on the panel.
-    void AddEditAction(QMenu* menu, const QString& text, std::function<void(QLineEdit&)> inEditor,
-                       std::function<void(CPanel&)> inPanel);
-    /// An action on the row with the focus.
-    void AddRowAction(QMenu* menu, const QString& text, std::function<void(CPanel&)> run,
-                      std::function<bool(const CPanel&)> mayRun);
-    void CreateFileMenu();
-    void CreateEditMenu();
-    void CreateDataMenu();
-    void AddDataEntry(QMenu* menu, int block);
-    void CreateRunMenu();
-    void Run(EngineRun run);
-    void CreateWindowMenu();
-    void CreateHelpMenu();
-    void CreateToolBar();
+    /// An entry of the data menu.
+    struct DataEntry {
+        QAction* action;
+        int block;
+        std::string_view menuText;
+        bool group;
+    };
+
+    // Menus
+    void CreateMenus();
+    void FillMenu(QMenu& menu, MenuFill entries);
+    void FillDataMenu(QMenu& menu);
+    void AddDataEntry(QMenu& menu, int block);
+    void TitleDataMenu();
+    void FillRecentMenu(QMenu& menu);
+    void FillWindowMenu(QMenu& menu);
     void CreateStatusBar();
-    void FillRecentMenu();
-    void FillWindowMenu();
+    void UpdateCommands();
+    void UpdateMarks();
+    [[nodiscard]] bool Holds(CommandNeeds needs) const;
+
+    // Commands
+    void CreateHandlers();
+    void AddFileHandlers();
+    void AddEditHandlers();
+    void AddRunHandlers();
+    void AddViewHandlers();
+    void AddTreeHandlers();
+    void AddSettingsHandlers();
+    void AddWindowHandlers();
+    void OnChild(int command, std::function<void(CChildFrame&)> run);
+    void OnEditor(int command, std::function<void(QLineEdit&)> inEditor, void (CPanel::*inPanel)());
+    void OnRow(int command, void (CPanel::*run)());
+    void ChangeCells(const std::function<void(CChildFrame& child)>& change);
+    void SetTreeView();
+    void SetTabbed(bool tabbed);
+    void Print(CChildFrame& child, bool preview);
     void ShowAbout();
+
+    void SetUpChild(CChildFrame& child);
     void OnChildActivated();
     void UpdateStatus();
 
     QMdiArea* area_;
+    Prompts prompts_;
     std::unique_ptr<CFileCommands> files_;
-    QMenu* recentMenu_ = nullptr;
-    QMenu* windowMenu_ = nullptr;
-    QMenu* helpMenu_ = nullptr;
-    QAction* versionAction_ = nullptr;
-    QAction* newAction_ = nullptr;
-    QAction* openAction_ = nullptr;
-    QAction* saveAction_ = nullptr;
-    QList<QAction*> childActions_;  // enabled while a project is open
+    CCommandActions* actions_ = nullptr;
+    std::map<int, std::function<void()>> handlers_; // by command
+    std::vector<DataEntry> dataEntries_;
+    TreeView treeView_; // of all projects
+    HomePages homePages_;
     QList<QAction*> windowEntries_; // one a project, made when the menu opens
+    bool printing_ = false;
     QLabel* pathLabel_ = nullptr;
     QLabel* cellLabel_ = nullptr;
     QList<QMetaObject::Connection> docConnections_;

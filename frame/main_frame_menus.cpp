@@ -1,22 +1,21 @@
-// The menus and the tool bar of the top window.
-#include "document/engine_command.h"
+// The menus of the top window: what stands in them, and what may be given.
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
+#include "frame/command_actions.h"
 #include "frame/data_menu.h"
+#include "frame/language.h"
 #include "frame/main_frame.h"
 #include "frame/profile.h"
-#include "panelmodel/tree_rows.h"
+#include "frame/settings.h"
 #include "panels/panel.h"
+#include "panels/search_panel.h"
 #include "project/catalogue.h"
+#include "project/sbd_data.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QDir>
-#include <QLineEdit>
 #include <QMdiArea>
 #include <QMenuBar>
-#include <QMessageBox>
-#include <QStyle>
 #include <QToolBar>
 
 namespace sbd {
@@ -25,190 +24,111 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A text of the user's or of a table, which may hold "&", as an entry.
-QString EntryText(QString text)
-{
-    return text.replace(u'&', u"&&"_s);
-}
+constexpr int kResultBlock = 253;
+constexpr int kSearchBlock = 999;
+constexpr int kSearchCommand = 49990;
+constexpr int kSecondHomePage = 32767;
 
-QString TitleText(std::string_view title)
+/// "&1 ... &9" for the first nine entries of a list; the text may hold "&".
+QString Numbered(qsizetype index, QString text)
 {
-    return EntryText(QString::fromStdString(TitleIn(TitleLanguage::Japanese, title)).trimmed());
-}
-
-/// "&1 ... &9" for the first nine entries of a list.
-QString Numbered(qsizetype index, const QString& text)
-{
-    return (index < 9 ? u"&%1  "_s.arg(index + 1) : u"%1  "_s.arg(index + 1)) + EntryText(text);
+    return (index < 9 ? u"&%1  "_s.arg(index + 1) : u"%1  "_s.arg(index + 1)) + text.replace(u'&', u"&&"_s);
 }
 
 } // namespace
 
-QAction* CMainFrame::AddAction(QMenu* menu, const QString& text, const QKeySequence& keys, std::function<void()> run)
+void CMainFrame::CreateMenus()
 {
-    QAction* action = menu->addAction(text);
-    action->setShortcut(keys);
-    connect(action, &QAction::triggered, this, [run = std::move(run)] { run(); });
-    return action;
-}
-
-QAction* CMainFrame::AddChildAction(QMenu* menu, const QString& text, const QKeySequence& keys,
-                                    std::function<void(CChildFrame&)> run)
-{
-    QAction* action = AddAction(menu, text, keys, [this, run = std::move(run)] {
-        if (CChildFrame* child = CurrentChild())
-            run(*child);
-    });
-    childActions_.append(action);
-    return action;
-}
-
-void CMainFrame::CreateFileMenu()
-{
-    QMenu* menu = menuBar()->addMenu(u"ファイル(&F)"_s);
-    newAction_ = AddAction(menu, u"新規作成(&N)"_s, QKeySequence::New, [this] { files_->New(); });
-    openAction_ = AddAction(menu, u"開く(&O)..."_s, QKeySequence::Open, [this] { files_->Open(); });
-    AddChildAction(menu, u"閉じる(&C)"_s, QKeySequence(Qt::CTRL | Qt::Key_W),
-                   [](CChildFrame& child) { child.close(); });
-    menu->addSeparator();
-    saveAction_ = AddChildAction(menu, u"上書き保存(&S)"_s, QKeySequence::Save,
-                                 [this](CChildFrame& child) { files_->Save(child); });
-    AddChildAction(menu, u"名前を付けて保存(&A)..."_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
-                   [this](CChildFrame& child) { files_->SaveAs(child); });
-    menu->addSeparator();
-    recentMenu_ = menu->addMenu(u"最近使ったファイル(&R)"_s);
-    connect(recentMenu_, &QMenu::aboutToShow, this, &CMainFrame::FillRecentMenu);
-    FillRecentMenu();
-    menu->addSeparator();
-    AddAction(menu, u"終了(&X)"_s, QKeySequence::Quit, [this] { close(); });
-}
-
-void CMainFrame::FillRecentMenu()
-{
-    recentMenu_->clear();
-    const QStringList files = CRecentFiles::List();
-    for (qsizetype i = 0; i < files.size(); ++i) {
-        const QString file = files[i];
-        AddAction(recentMenu_, Numbered(i, QDir::toNativeSeparators(file)), {}, [this, file] { OpenProject(file); });
+    actions_ = new CCommandActions(this, [this](int command) { RunCommand(command); });
+    actions_->FillMenuBar(*menuBar(), [this](QMenu& menu, MenuFill entries) { FillMenu(menu, entries); });
+    for (QMenu* menu : menuBar()->findChildren<QMenu*>()) {
+        connect(menu, &QMenu::aboutToShow, this, &CMainFrame::UpdateCommands);
+        menu->setToolTipsVisible(false);
     }
-    if (files.isEmpty())
-        recentMenu_->addAction(u"(なし)"_s)->setEnabled(false);
+    auto* bar = addToolBar(u"標準"_s);
+    bar->setObjectName(u"standardToolBar"_s);
+    actions_->FillToolBar(*bar);
+    SetHomePages({});
 }
 
-void CMainFrame::CreateEditMenu()
+void CMainFrame::FillMenu(QMenu& menu, MenuFill entries)
 {
-    // The keys are the grid's own and an open editor's: with the focus in the tree, Delete must not empty a cell.
-    QMenu* menu = menuBar()->addMenu(u"編集(&E)"_s);
-    AddEditAction(menu, u"元に戻す(&U)\tCtrl+Z"_s, &QLineEdit::undo, &CPanel::Undo);
-    menu->addSeparator();
-    AddEditAction(menu, u"切り取り(&T)\tCtrl+X"_s, &QLineEdit::cut, &CPanel::Cut);
-    AddEditAction(menu, u"コピー(&C)\tCtrl+C"_s, &QLineEdit::copy, &CPanel::Copy);
-    AddEditAction(menu, u"貼り付け(&P)\tCtrl+V"_s, &QLineEdit::paste, &CPanel::Paste);
-    AddEditAction(menu, u"削除(&D)\tDel"_s, &QLineEdit::del, &CPanel::Delete);
-    menu->addSeparator();
-    AddRowAction(menu, u"順序上へ移動(&B)"_s, &CPanel::MoveRowUp, &CPanel::CanMoveRowUp);
-    AddRowAction(menu, u"順序下へ移動(&N)"_s, &CPanel::MoveRowDown, &CPanel::CanMoveRowDown);
-    AddRowAction(menu, u"挿入行(&I)"_s, &CPanel::InsertRow, &CPanel::CanInsertRow);
+    switch (entries) {
+    case MenuFill::DataEntries:
+        FillDataMenu(menu);
+        break;
+    case MenuFill::RecentFiles: {
+        QMenu* recent = menu.addMenu(u"最近使ったファイル(&R)"_s);
+        connect(recent, &QMenu::aboutToShow, this, [this, recent] { FillRecentMenu(*recent); });
+        FillRecentMenu(*recent);
+        break;
+    }
+    case MenuFill::Windows:
+        connect(&menu, &QMenu::aboutToShow, this, [this, &menu] { FillWindowMenu(menu); });
+        break;
+    }
 }
 
-void CMainFrame::AddEditAction(QMenu* menu, const QString& text, std::function<void(QLineEdit&)> inEditor,
-                               std::function<void(CPanel&)> inPanel)
+void CMainFrame::FillDataMenu(QMenu& menu)
 {
-    AddChildAction(menu, text, {}, [inEditor = std::move(inEditor), inPanel = std::move(inPanel)](CChildFrame& child) {
-        if (auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
-            inEditor(*editor);
-        else if (child.Panel() != nullptr)
-            inPanel(*child.Panel());
-    });
-}
-
-void CMainFrame::AddRowAction(QMenu* menu, const QString& text, std::function<void(CPanel&)> run,
-                              std::function<bool(const CPanel&)> mayRun)
-{
-    QAction* action = AddAction(menu, text, {}, [this, run = std::move(run)] {
-        if (CChildFrame* child = CurrentChild(); child != nullptr && child->Panel() != nullptr)
-            run(*child->Panel());
-    });
-    connect(menu, &QMenu::aboutToShow, action, [this, action, mayRun = std::move(mayRun)] {
-        CChildFrame* child = CurrentChild();
-        action->setEnabled(child != nullptr && child->Panel() != nullptr && mayRun(*child->Panel()));
-    });
-}
-
-void CMainFrame::CreateDataMenu()
-{
-    QMenu* menu = menuBar()->addMenu(u"データ入力(&I)"_s);
     for (const DataMenuPart& part : DataMenuParts()) {
-        QMenu* entries = menu;
-        if (!part.title.empty())
-            entries = menu->addMenu(TitleText(part.title));
-        else if (!menu->isEmpty())
-            menu->addSeparator();
+        QMenu* entries = &menu;
+        if (!part.title.empty()) {
+            entries = menu.addMenu(QString());
+            dataEntries_.push_back({entries->menuAction(), part.ranges.front().first / 10 * 10, part.title, true});
+        } else if (!menu.isEmpty()) {
+            menu.addSeparator();
+        }
         for (const auto& [first, last] : part.ranges) {
             for (int block = first; block <= last; ++block)
-                AddDataEntry(entries, block);
+                AddDataEntry(*entries, block);
         }
         if (part.title.empty())
-            menu->addSeparator();
+            menu.addSeparator();
     }
+    TitleDataMenu();
 }
 
-void CMainFrame::AddDataEntry(QMenu* menu, int block)
+void CMainFrame::AddDataEntry(QMenu& menu, int block)
 {
     const CatalogueRow* row = FindBlock(block);
     if (row == nullptr || row->menuText.empty())
         return;
-    if (const auto run = RunOfBlock(block)) {
-        AddAction(menu, TitleText(row->menuText), {}, [this, run] { Run(*run); });
+    if (block == kSearchBlock) {
+        menu.addAction(actions_->Of(kSearchCommand)); // with its key
         return;
     }
-    const QKeySequence keys = block == 999 ? QKeySequence(Qt::Key_F1) : QKeySequence();
-    AddChildAction(menu, TitleText(row->menuText), keys, [block](CChildFrame& child) { child.GoToBlock(block); });
+    QAction* action = menu.addAction(QString());
+    action->setCheckable(true);
+    connect(action, &QAction::triggered, this, [this, command = row->command] { RunCommand(command); });
+    dataEntries_.push_back({action, block, row->menuText, false});
 }
 
-void CMainFrame::CreateRunMenu()
+void CMainFrame::TitleDataMenu()
 {
-    constexpr struct {
-        EngineRun run;
-        QStringView text;
-    } entries[] = {
-        {EngineRun::Main, u"1.実行　　　　　　　　　　　（主桁・横桁・骨組などすべての計算を行います．主桁結果を画面表示）"},
-        {EngineRun::Check, u"2.データをチェック"},
-        {EngineRun::Result,
-         u"3.計算結果出力　　　　　　　（主桁・横桁・骨組などすべての計算を行い，その後出力画面を表示)"},
-        {EngineRun::Cross,
-         u"4.横桁･対傾構結果表示; 選択出力 　　　　　　　　 (正しく表示には 1. 実行してから行ってください)"},
-        {EngineRun::Support,
-         u"5.支点補剛材・ダイヤフラム結果表示; 選択出力　　(正しく表示には 1. 実行してから行ってください)"},
-    };
-    QMenu* menu = menuBar()->addMenu(u"解析&&結果(&A)"_s);
-    for (const auto& entry : entries)
-        AddAction(menu, EntryText(entry.text.toString()), {}, [this, run = entry.run] { Run(run); });
+    // The titles of the tree, whatever it shows now.
+    TreeView all = treeView_;
+    all.mode = TreeMode::Everything;
+    static const CSbdData none;
+    CChildFrame* child = CurrentChild();
+    const std::vector<TreeRow> tree = TreeRows(child == nullptr ? none : child->Doc().Data(), all);
+    for (const DataEntry& entry : dataEntries_)
+        entry.action->setText(DataEntryTitle(entry.block, entry.group, entry.menuText, treeView_.language, tree));
 }
 
-void CMainFrame::Run(EngineRun run)
+void CMainFrame::FillRecentMenu(QMenu& menu)
 {
-    if (CChildFrame* child = CurrentChild())
-        files_->Run(*child, run);
+    menu.clear();
+    const QStringList files = CRecentFiles::List();
+    for (qsizetype i = 0; i < files.size(); ++i) {
+        const QString file = files[i];
+        menu.addAction(Numbered(i, QDir::toNativeSeparators(file)), this, [this, file] { OpenProject(file); });
+    }
+    if (files.isEmpty())
+        menu.addAction(u"(なし)"_s)->setEnabled(false);
 }
 
-void CMainFrame::CreateWindowMenu()
-{
-    windowMenu_ = menuBar()->addMenu(u"ウィンドウ(&W)"_s);
-    AddChildAction(windowMenu_, u"ツリーと入力欄の切り替え(&F)"_s, QKeySequence(Qt::Key_F6),
-                   [](CChildFrame& child) { child.FocusOtherPane(); });
-    windowMenu_->addSeparator();
-    AddChildAction(windowMenu_, u"次のウィンドウ(&N)"_s, QKeySequence(Qt::CTRL | Qt::Key_F6),
-                   [this](CChildFrame&) { area_->activateNextSubWindow(); });
-    AddChildAction(windowMenu_, u"前のウィンドウ(&P)"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F6),
-                   [this](CChildFrame&) { area_->activatePreviousSubWindow(); });
-    AddChildAction(windowMenu_, u"重ねて表示(&C)"_s, {}, [this](CChildFrame&) { area_->cascadeSubWindows(); });
-    AddChildAction(windowMenu_, u"並べて表示(&T)"_s, {}, [this](CChildFrame&) { area_->tileSubWindows(); });
-    windowMenu_->addSeparator();
-    connect(windowMenu_, &QMenu::aboutToShow, this, &CMainFrame::FillWindowMenu);
-}
-
-void CMainFrame::FillWindowMenu()
+void CMainFrame::FillWindowMenu(QMenu& menu)
 {
     qDeleteAll(windowEntries_);
     windowEntries_.clear();
@@ -218,45 +138,89 @@ void CMainFrame::FillWindowMenu()
         const QString path = child->Doc().PathName();
         const QString name = path.isEmpty() ? child->Title() : QDir::toNativeSeparators(path);
         QAction* entry =
-            AddAction(windowMenu_, Numbered(i, name), {}, [this, child] { area_->setActiveSubWindow(child); });
+            menu.addAction(Numbered(i, name), this, [this, child] { area_->setActiveSubWindow(child); });
         entry->setCheckable(true);
         entry->setChecked(child == CurrentChild());
         windowEntries_.append(entry);
     }
 }
 
-void CMainFrame::CreateHelpMenu()
+void CMainFrame::SetHomePages(const HomePages& pages)
 {
-    helpMenu_ = menuBar()->addMenu(u"ヘルプ(&H)"_s);
-    AddAction(helpMenu_, u"バージョン情報(&A)"_s, {}, [this] { ShowAbout(); });
-    versionAction_ = menuBar()->addAction(QString());
-    connect(versionAction_, &QAction::triggered, this, &CMainFrame::ShowAbout);
+    homePages_ = pages;
+    QAction* second = actions_->Of(kSecondHomePage);
+    second->setText(QString(pages.secondText).replace(u'&', u"&&"_s));
+    second->setVisible(!pages.secondText.isEmpty());
+    UpdateCommands();
 }
 
-void CMainFrame::ShowAbout()
+void CMainFrame::SetVersionText(const QString& text)
 {
-    QMessageBox::about(this, u"バージョン情報"_s,
-                       u"KELD section\n鋼橋上部工 自動設計システム 入力ステーション\n\nバージョン %1"_s.arg(
-                           QApplication::applicationVersion()));
+    actions_->Of(kVersionEntry)->setText(text);
 }
 
-void CMainFrame::CreateToolBar()
+bool CMainFrame::Holds(CommandNeeds needs) const
 {
-    QToolBar* bar = addToolBar(u"標準"_s);
-    bar->setObjectName(u"standardToolBar"_s);
-    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    const struct {
-        QAction* action;
-        QStyle::StandardPixmap icon;
-        QString text;
-    } buttons[] = {{newAction_, QStyle::SP_FileIcon, u"新規"_s},
-                   {openAction_, QStyle::SP_DialogOpenButton, u"開く"_s},
-                   {saveAction_, QStyle::SP_DialogSaveButton, u"保存"_s}};
-    for (const auto& button : buttons) {
-        button.action->setIcon(style()->standardIcon(button.icon));
-        button.action->setIconText(button.text);
-        bar->addAction(button.action);
+    CChildFrame* child = CurrentChild();
+    if (needs == CommandNeeds::HomePage)
+        return homePages_.first;
+    if (needs == CommandNeeds::SecondHomePage)
+        return homePages_.second;
+    if (child == nullptr)
+        return needs == CommandNeeds::Nothing;
+    const CPanel* panel = child->Panel();
+    const bool hasGrid = panel != nullptr && panel->Model() != nullptr;
+    switch (needs) {
+    case CommandNeeds::FreeView:
+        return !printing_;
+    case CommandNeeds::FreePage:
+        return !printing_ && child->CurrentBlock() != kResultBlock;
+    case CommandNeeds::Grid:
+        return panel != nullptr;
+    case CommandNeeds::RowUp:
+        return hasGrid && panel->CanMoveRowUp();
+    case CommandNeeds::RowDown:
+        return hasGrid && panel->CanMoveRowDown();
+    case CommandNeeds::InsertRow:
+        return hasGrid && panel->CanInsertRow();
+    case CommandNeeds::AddRows:
+        return hasGrid && panel->CanAddRows();
+    case CommandNeeds::Filters:
+        return treeView_.mode != TreeMode::Everything;
+    case CommandNeeds::Hit: {
+        const auto* search = qobject_cast<const CDown999*>(panel);
+        return search != nullptr && search->CanJump();
     }
+    default:
+        return true;
+    }
+}
+
+void CMainFrame::UpdateCommands()
+{
+    actions_->Update([this](CommandNeeds needs) { return Holds(needs); });
+    CChildFrame* child = CurrentChild();
+    for (const DataEntry& entry : dataEntries_) {
+        entry.action->setEnabled(child != nullptr || entry.group);
+        if (entry.action->isCheckable())
+            entry.action->setChecked(child != nullptr && child->CurrentBlock() == CanonicalBlock(entry.block));
+    }
+    UpdateMarks();
+}
+
+void CMainFrame::UpdateMarks()
+{
+    for (const CommandRow& row : CommandTable()) {
+        if (const auto mode = TreeModeOf(row.id))
+            actions_->SetMark(row.id, treeView_.mode == *mode);
+        if (const auto filter = TreeFilterOf(row.id))
+            actions_->SetMark(row.id, treeView_.filters.contains(*filter));
+        if (const LanguageMode* language = LanguageModeOf(row.id))
+            actions_->SetMark(row.id, treeView_.language == language->language);
+    }
+    actions_->SetMark(kTabbedWindows, area_->viewMode() == QMdiArea::TabbedView);
+    CChildFrame* child = CurrentChild();
+    actions_->SetMark(33037, child == nullptr || child->Doc().comboOrList == 1);
 }
 
 } // namespace sbd

@@ -6,10 +6,22 @@
 
 namespace sbd {
 
-/// The profile, an INI file of the user's own. Open it where it is used; what is written is on disk when it goes.
-class CProfile : public QSettings {
+/// The profile: an INI file of the user's own, on Windows the registry. Open it where it is used; what is written is on
+/// disk when it goes. Nothing is ever told: what cannot be read has its default, what cannot be written is forgotten.
+class CProfile : private QSettings {
 public:
     CProfile();
+
+    using QSettings::contains;
+    using QSettings::fileName;
+    using QSettings::value;
+
+    /// Before a write to a file that is no INI file, a copy of it is kept beside it; without that copy the value is not
+    /// taken.
+    void setValue(const QString& key, const QVariant& value);
+
+private:
+    [[nodiscard]] bool MayWrite() const;
 };
 
 /// The projects opened or saved last, newest first; at most 20.

@@ -1,11 +1,17 @@
 #include "frame/prompts.h"
 
 #include "frame/box_web_sheet.h"
+#include "frame/decimals_dialog.h"
+#include "frame/font_dialog.h"
 #include "frame/yes_no_box.h"
 
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
 #include <QPushButton>
 
 namespace sbd {
@@ -100,6 +106,45 @@ RecoveryAnswer AskRecovery(QWidget* parent, const QString& text)
     return box.clickedButton() == remove ? RecoveryAnswer::Remove : RecoveryAnswer::Later;
 }
 
+bool ChoosePrinter(QWidget* parent, QPrinter& printer)
+{
+    QPrintDialog dialog(&printer, parent);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, false); // all is on one sheet
+    return dialog.exec() == QDialog::Accepted;
+}
+
+void PreviewPrint(QWidget* parent, QPrinter& printer, const std::function<void(QPrinter&)>& paint)
+{
+    QPrintPreviewDialog dialog(&printer, parent);
+    dialog.setWindowTitle(u"印刷プレビュー"_s);
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&paint](QPrinter* on) { paint(*on); });
+    dialog.exec();
+}
+
+QColor ChooseColour(QWidget* parent, const QColor& now)
+{
+    return QColorDialog::getColor(now, parent, u"背景色の選択"_s);
+}
+
+bool ChooseFont(QWidget* parent, DisplaySettings& display)
+{
+    CFontDialog dialog(display, parent);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    display = dialog.Chosen();
+    return true;
+}
+
+bool ChooseDecimals(QWidget* parent, DisplaySettings& display)
+{
+    CDecimalsDialog dialog(display.metreDecimals, display.millimetreDecimals, parent);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    display.metreDecimals = dialog.Metres();
+    display.millimetreDecimals = dialog.Millimetres();
+    return true;
+}
+
 } // namespace
 
 Prompts ScreenPrompts()
@@ -114,6 +159,11 @@ Prompts ScreenPrompts()
     prompts.openNewProjectFile = OpenNewProjectFile;
     prompts.showBoxWebs = ShowBoxWebSheet;
     prompts.askRecovery = AskRecovery;
+    prompts.choosePrinter = ChoosePrinter;
+    prompts.previewPrint = PreviewPrint;
+    prompts.chooseColour = ChooseColour;
+    prompts.chooseFont = ChooseFont;
+    prompts.chooseDecimals = ChooseDecimals;
     prompts.runs = ScreenRunSeams();
     return prompts;
 }
@@ -130,6 +180,11 @@ Prompts SilentPrompts(std::function<void(const QString& text)> told)
     prompts.openNewProjectFile = [](QWidget*, const QString&, const QStringList&) { return QString(); };
     prompts.showBoxWebs = [](QWidget*, BoxWebNames&) { return false; };
     prompts.askRecovery = [](QWidget*, const QString&) { return RecoveryAnswer::Later; };
+    prompts.choosePrinter = [](QWidget*, QPrinter&) { return false; };
+    prompts.previewPrint = [](QWidget*, QPrinter&, const std::function<void(QPrinter&)>&) {};
+    prompts.chooseColour = [](QWidget*, const QColor&) { return QColor(); };
+    prompts.chooseFont = [](QWidget*, DisplaySettings&) { return false; };
+    prompts.chooseDecimals = [](QWidget*, DisplaySettings&) { return false; };
     prompts.runs = ScreenRunSeams();
     prompts.runs.askYesNo = prompts.askYesNo;
     prompts.runs.askOkCancel = prompts.askYesNo;

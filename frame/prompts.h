@@ -2,15 +2,18 @@
 #pragma once
 
 #include "document/box_web.h"
+#include "document/display_settings.h"
 #include "document/recovery.h"
 #include "frame/engine_runner.h"
 #include "frame/start_chooser.h"
 
+#include <QColor>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
 
+class QPrinter;
 class QWidget;
 
 namespace sbd {
@@ -43,6 +46,16 @@ struct Prompts {
     std::function<bool(QWidget* parent, BoxWebNames& names)> showBoxWebs;
     /// What becomes of a recovery copy; `text` tells of it.
     std::function<RecoveryAnswer(QWidget* parent, const QString& text)> askRecovery;
+
+    /// The printer to print on, with the user's choices; false: given up.
+    std::function<bool(QWidget* parent, QPrinter& printer)> choosePrinter;
+    /// Shows what `paint` puts on paper, from where it may be printed.
+    std::function<void(QWidget* parent, QPrinter& printer, const std::function<void(QPrinter&)>& paint)> previewPrint;
+    /// A colour; an invalid one if the user gave up.
+    std::function<QColor(QWidget* parent, const QColor& now)> chooseColour;
+    /// Font and text colour of the help pane, or its decimals; false if the user gave up.
+    std::function<bool(QWidget* parent, DisplaySettings& display)> chooseFont;
+    std::function<bool(QWidget* parent, DisplaySettings& display)> chooseDecimals;
 
     /// What the engine runs use.
     RunSeams runs;

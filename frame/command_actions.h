@@ -1,0 +1,50 @@
+// CCommandActions: the command table as actions of a window.
+#pragma once
+
+#include "frame/commands.h"
+
+#include <QObject>
+
+#include <functional>
+#include <map>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+class QToolBar;
+class QWidget;
+
+namespace sbd {
+
+/// One action for each command, shared by menus and tool bar. What a command does and whether it may is asked.
+class CCommandActions : public QObject {
+public:
+    /// `run` is called with the number of the command that the user gives.
+    CCommandActions(QWidget* window, std::function<void(int command)> run);
+
+    /// Null if there is no such command.
+    [[nodiscard]] QAction* Of(int command) const;
+    /// Null before FillMenuBar.
+    [[nodiscard]] QMenu* Menu(MenuId menu) const;
+
+    /// Makes all menus. `fill` makes the entries that are no commands of the table, at the end of the menu as it is
+    /// then.
+    void FillMenuBar(QMenuBar& bar, const std::function<void(QMenu& menu, MenuFill entries)>& fill);
+    void FillToolBar(QToolBar& bar) const;
+
+    /// Enables what may be given now.
+    void Update(const std::function<bool(CommandNeeds)>& holds);
+    /// Sets or clears the mark of an entry; in a group of which one is marked the others lose theirs.
+    void SetMark(int command, bool marked);
+
+private:
+    void AddAction(const CommandRow& row, const std::function<void(int)>& run);
+    void FillMenu(QMenu& menu, const MenuRow& row, const std::function<void(QMenu&, MenuFill)>& fill);
+    void GroupRadios(std::span<const MenuItem> items);
+
+    QWidget* window_;
+    std::map<int, QAction*> actions_;
+    std::map<MenuId, QMenu*> menus_;
+};
+
+} // namespace sbd

@@ -1,0 +1,235 @@
+#include "frame/settings.h"
+
+#include "frame/language.h"
+
+#include <QFontInfo>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto kLanguage = u"Language/Language"_s;
+const auto kLeftWindow = u"Window Size/LeftWindow"_s;
+const auto kUpWindow = u"Window Size/UpWindow"_s;
+const auto kMidWindow = u"Window Size/MidWindow"_s;
+const auto kTabbed = u"Window Size/Tabbed"_s;
+const auto kBackColor = u"BackColor/"_s;
+const auto kFontColor = u"SYSTEMFONT/"_s;
+const auto kFontHeight = u"SYSTEMFONT/H"_s;
+const auto kFontCharSet = u"SYSTEMFONT/C"_s;
+const auto kFontItalic = u"SYSTEMFONT/I"_s;
+const auto kFontUnderline = u"SYSTEMFONT/U"_s;
+const auto kFontStrikeOut = u"SYSTEMFONT/S"_s;
+const auto kFontFace = u"SYSTEMFONT/F"_s;
+const auto kRowHeight = u"row_height/up"_s;
+const auto kRowWidth = u"row_width/up"_s;
+const auto kComboOrList = u"combo_or_list/cc"_s;
+
+constexpr int kWordLists = 1;
+constexpr int kPlainCells = 2;
+constexpr int kRowWidthForChanges = 18;
+
+// No screen needs more; a profile that says more must not stop the program.
+constexpr int kMostPixels = 16'000;
+constexpr int kMostRowHeight = 400;
+constexpr int kMostFontHeight = 400;
+
+constexpr int kMostByte = 255;
+constexpr int kRedShift = 0;
+constexpr int kGreenShift = 8;
+constexpr int kBlueShift = 16;
+
+struct ColorKey {
+    QLatin1StringView name;
+    int shift;
+};
+constexpr ColorKey kColorKeys[] = {{"R"_L1, kRedShift}, {"G"_L1, kGreenShift}, {"B"_L1, kBlueShift}};
+
+int ByteOf(std::uint32_t color, int shift)
+{
+    return static_cast<int>(color >> shift & kMostByte);
+}
+
+void WriteColor(CProfile& profile, const QString& section, std::uint32_t color)
+{
+    for (const ColorKey& key : kColorKeys)
+        profile.setValue(section + key.name, ByteOf(color, key.shift));
+}
+
+} // namespace
+
+int CSettings::Number(const QString& key, int absent) const
+{
+    bool ok = false;
+    const int number = profile_.value(key).toInt(&ok);
+    return ok ? number : absent;
+}
+
+TitleLanguage CSettings::Language() const
+{
+    return TitleLanguageOf(profile_.value(kLanguage).toString().toStdString());
+}
+
+void CSettings::SetLanguage(TitleLanguage language)
+{
+    profile_.setValue(kLanguage, QString::fromLatin1(LanguageModeOf(language).word));
+}
+
+PaneSizes CSettings::Panes(const PaneSizes& computed) const
+{
+    const auto size = [this](const QString& key, int absent) {
+        const int kept = Number(key, -1);
+        return kept < 0 ? absent : std::min(kept, kMostPixels);
+    };
+    return {size(kLeftWindow, computed.left), size(kUpWindow, computed.up), size(kMidWindow, computed.mid)};
+}
+
+void CSettings::SetPanes(const PaneSizes& panes)
+{
+    profile_.setValue(kLeftWindow, panes.left);
+    profile_.setValue(kUpWindow, panes.up);
+    profile_.setValue(kMidWindow, panes.mid);
+}
+
+DisplaySettings CSettings::Display() const
+{
+    const auto color = [this](const QString& section, std::uint32_t absent) {
+        std::uint32_t value = 0;
+        for (const ColorKey& key : kColorKeys) {
+            const int byte = std::clamp(Number(section + key.name, ByteOf(absent, key.shift)), 0, kMostByte);
+            value |= static_cast<std::uint32_t>(byte) << key.shift;
+        }
+        return value;
+    };
+    DisplaySettings display;
+    display.backColor = color(kBackColor, display.backColor);
+    display.textColor = color(kFontColor, display.textColor);
+    display.fontHeight = std::clamp(Number(kFontHeight, display.fontHeight), -kMostFontHeight, kMostFontHeight);
+    display.fontCharSet = std::clamp(Number(kFontCharSet, display.fontCharSet), 0, kMostByte);
+    display.fontItalic = Number(kFontItalic, 0) != 0;
+    display.fontUnderline = Number(kFontUnderline, 0) != 0;
+    display.fontStrikeOut = Number(kFontStrikeOut, 0) != 0;
+    if (const QString face = profile_.value(kFontFace).toString().trimmed(); !face.isEmpty())
+        display.fontFaceName = face;
+    display.rowHeight = RowHeight();
+    return display;
+}
+
+void CSettings::SetBackColor(std::uint32_t color)
+{
+    WriteColor(profile_, kBackColor, color);
+}
+
+void CSettings::SetFont(const DisplaySettings& display)
+{
+    profile_.setValue(kFontHeight, display.fontHeight);
+    profile_.setValue(kFontCharSet, display.fontCharSet);
+    profile_.setValue(kFontItalic, display.fontItalic ? 1 : 0);
+    profile_.setValue(kFontUnderline, display.fontUnderline ? 1 : 0);
+    profile_.setValue(kFontStrikeOut, display.fontStrikeOut ? 1 : 0);
+    profile_.setValue(kFontFace, display.fontFaceName);
+    WriteColor(profile_, kFontColor, display.textColor);
+}
+
+void CSettings::ResetHelpPane(DisplaySettings& display)
+{
+    DisplaySettings first;
+    first.metreDecimals = display.metreDecimals;
+    first.millimetreDecimals = display.millimetreDecimals;
+    first.rowHeight = display.rowHeight;
+    display = first;
+    SetFont(display);
+    SetBackColor(display.backColor);
+}
+
+int CSettings::RowHeight() const
+{
+    return std::clamp(Number(kRowHeight, kLeastRowHeight), kLeastRowHeight, kMostRowHeight);
+}
+
+int CSettings::ChangeRowHeight(int step)
+{
+    const int kept = std::clamp(Number(kRowHeight, kLeastRowHeight), 0, kMostRowHeight);
+    const int height = std::clamp(kept + step, kLeastRowHeight, kMostRowHeight);
+    profile_.setValue(kRowHeight, height);
+    return height;
+}
+
+int CSettings::RowWidthMode() const
+{
+    return std::clamp(Number(kRowWidth, 0), -kMostPixels, kMostPixels);
+}
+
+int CSettings::ChangeRowWidth(int step)
+{
+    const int kept = std::clamp(Number(kRowWidth, kRowWidthForChanges), -kMostPixels, kMostPixels);
+    const int mode = std::clamp(kept + step, -kMostPixels, kMostPixels);
+    profile_.setValue(kRowWidth, mode);
+    return mode;
+}
+
+void CSettings::ResetCells()
+{
+    profile_.setValue(kRowWidth, 0);
+    profile_.setValue(kRowHeight, kLeastRowHeight);
+}
+
+int CSettings::ComboOrList() const
+{
+    return Number(kComboOrList, kWordLists) == kPlainCells ? kPlainCells : kWordLists;
+}
+
+int CSettings::FlipComboOrList()
+{
+    const int flipped = Number(kComboOrList, kWordLists) == kWordLists ? kPlainCells : kWordLists;
+    profile_.setValue(kComboOrList, flipped);
+    return flipped;
+}
+
+bool CSettings::TabbedWindows() const
+{
+    return Number(kTabbed, 0) != 0;
+}
+
+void CSettings::SetTabbedWindows(bool tabbed)
+{
+    profile_.setValue(kTabbed, tabbed ? 1 : 0);
+}
+
+QColor ToQColor(std::uint32_t color)
+{
+    return {ByteOf(color, kRedShift), ByteOf(color, kGreenShift), ByteOf(color, kBlueShift)};
+}
+
+std::uint32_t FromQColor(const QColor& color)
+{
+    const auto part = [](int byte, int shift) { return static_cast<std::uint32_t>(byte) << shift; };
+    return part(color.red(), kRedShift) | part(color.green(), kGreenShift) | part(color.blue(), kBlueShift);
+}
+
+QFont FontOf(const DisplaySettings& display)
+{
+    QFont font(display.fontFaceName);
+    font.setStyleHint(QFont::Monospace); // the pages align by one width
+    font.setPixelSize(std::max(1, std::abs(display.fontHeight)));
+    font.setItalic(display.fontItalic);
+    font.setUnderline(display.fontUnderline);
+    font.setStrikeOut(display.fontStrikeOut);
+    return font;
+}
+
+void TakeFont(DisplaySettings& display, const QFont& font)
+{
+    display.fontHeight = -QFontInfo(font).pixelSize();
+    display.fontFaceName = font.family();
+    display.fontItalic = font.italic();
+    display.fontUnderline = font.underline();
+    display.fontStrikeOut = font.strikeOut();
+}
+
+} // namespace sbd

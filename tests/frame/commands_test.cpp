@@ -1,0 +1,418 @@
+#include "frame/command_icon.h"
+#include "frame/commands.h"
+#include "frame/language.h"
+#include "project/sbd_data.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QPalette>
+#include <QSet>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace sbd;
+
+namespace {
+
+QString Text(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// All commands of a menu and the menus below it.
+void CollectCommands(std::span<const MenuItem> items, QList<int>& commands)
+{
+    for (const MenuItem& item : items) {
+        if (const int* command = std::get_if<int>(&item); command != nullptr && *command != kSeparator)
+            commands.append(*command);
+        else if (const MenuId* menu = std::get_if<MenuId>(&item))
+            CollectCommands(MenuOf(*menu).items, commands);
+    }
+}
+
+QList<int> CommandsIn(MenuId menu)
+{
+    QList<int> commands;
+    CollectCommands(MenuOf(menu).items, commands);
+    return commands;
+}
+
+/// The letter behind "&"; null if there is none.
+QChar LetterOf(std::string_view text)
+{
+    const QString entry = EntryText(text).replace(u"&&"_s, QString());
+    const qsizetype at = entry.indexOf(u'&');
+    return at < 0 ? QChar() : entry[at + 1].toUpper();
+}
+
+/// How many pixels of an icon have ink, and the colour of the strongest.
+struct Ink {
+    int pixels = 0;
+    QColor color;
+};
+
+Ink InkOf(const QIcon& icon, int size, qreal ratio, QIcon::Mode mode = QIcon::Normal)
+{
+    const QImage image = icon.pixmap(QSize(size, size), ratio, mode).toImage();
+    Ink ink;
+    int most = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor pixel = image.pixelColor(x, y);
+            ink.pixels += pixel.alpha() > 60 ? 1 : 0;
+            if (pixel.alpha() > most) {
+                most = pixel.alpha();
+                ink.color = pixel;
+            }
+        }
+    }
+    return ink;
+}
+
+} // namespace
+
+class CommandsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void noCommandStandsTwice();
+    void everyMenuEntryIsACommand();
+    void everyCommandCanBeReachedByMenus();
+    void noTwoCommandsShareAKey();
+    void everyKeyIsAKey();
+    void theKeysAreThoseOfTheProgram();
+    void theToolBarHasItsOrder();
+    void everyToolBarButtonHasAnIconAndATip();
+    void tipsStandAsTheyAre();
+    void theRunMenuStandsAsItIs();
+    void theFilterAndModeEntriesStandAsTheyAre();
+    void theDocumentsStandInTheHelpMenu();
+    void theVersionIsTheNinthEntryOfTheMenuBar();
+    void lettersOfAMenuAreItsOwn();
+    void anAmpersandThatMarksNoLetterIsShown();
+    void keysOfTheGridAreTextInTheMenu();
+    void aTipNamesItsKey();
+    void iconsAreDrawnAtEverySizeAndRatio();
+    void iconsFollowThePalette();
+    void anIconThatIsNotThereIsNull();
+    void noTwoIconsLookAlike();
+    void languagesHaveTheirCommandsAndWords();
+    void titlesOfTheDataMenuFollowTheTree();
+};
+
+void CommandsTest::noCommandStandsTwice()
+{
+    QSet<int> ids;
+    for (const CommandRow& row : CommandTable()) {
+        QVERIFY2(!ids.contains(row.id), qPrintable(QString::number(row.id)));
+        ids.insert(row.id);
+        QVERIFY(!row.text.empty());
+    }
+    QVERIFY(ids.size() > 60);
+}
+
+void CommandsTest::everyMenuEntryIsACommand()
+{
+    QList<int> commands;
+    CollectCommands(MenuBarItems(), commands);
+    for (const int id : GridMenuItems())
+        commands.append(id);
+    for (const int id : commands)
+        QVERIFY2(FindCommand(id) != nullptr, qPrintable(QString::number(id)));
+}
+
+void CommandsTest::everyCommandCanBeReachedByMenus()
+{
+    QList<int> commands;
+    CollectCommands(MenuBarItems(), commands);
+    for (const CommandRow& row : CommandTable()) {
+        // The search panel's own command stands in its menu.
+        const qsizetype expected = row.scope == KeyScope::Search ? 0 : 1;
+        QVERIFY2(commands.count(row.id) == expected, qPrintable(Text(row.text)));
+    }
+}
+
+void CommandsTest::noTwoCommandsShareAKey()
+{
+    QHash<QString, int> owners;
+    for (const CommandRow& row : CommandTable()) {
+        for (const QKeySequence& key : KeysOf(row)) {
+            const QString name = key.toString(QKeySequence::PortableText);
+            QVERIFY2(!owners.contains(name), qPrintable(name));
+            owners.insert(name, row.id);
+        }
+    }
+}
+
+void CommandsTest::everyKeyIsAKey()
+{
+    for (const CommandRow& row : CommandTable()) {
+        const QList<QKeySequence> keys = KeysOf(row);
+        QCOMPARE(keys.isEmpty(), row.keys.empty());
+        for (const QKeySequence& key : keys) {
+            QCOMPARE(key.count(), 1);
+            QVERIFY2(key[0].key() != Qt::Key_unknown, qPrintable(Text(row.keys)));
+        }
+    }
+}
+
+void CommandsTest::theKeysAreThoseOfTheProgram()
+{
+    const auto keys = [](int id) {
+        QStringList names;
+        for (const QKeySequence& key : KeysOf(*FindCommand(id)))
+            names.append(key.toString(QKeySequence::PortableText));
+        return names.join(u' ');
+    };
+    QCOMPARE(keys(57634), u"Ctrl+C Ctrl+Ins"_s);
+    QCOMPARE(keys(57635), u"Ctrl+X"_s);
+    QCOMPARE(keys(33001), u"Del"_s);
+    QCOMPARE(keys(57637), u"Ctrl+V Shift+Ins"_s);
+    QCOMPARE(keys(57643), u"Ctrl+Z Alt+Backspace"_s);
+    QCOMPARE(keys(57600), u"Ctrl+N"_s);
+    QCOMPARE(keys(57601), u"Ctrl+O"_s);
+    QCOMPARE(keys(57607), u"Ctrl+P"_s);
+    QCOMPARE(keys(57603), u"Ctrl+S"_s);
+    QCOMPARE(keys(49990), u"F1"_s);
+    QCOMPARE(keys(33181), u"Ctrl+M"_s);
+    QVERIFY(FindCommand(33001)->scope == KeyScope::Grid);
+}
+
+void CommandsTest::theToolBarHasItsOrder()
+{
+    const QList<int> order = {57600, 57601, 57603, 0,     57643, 57635, 57634, 57637, 0,     57607, 57609, 0,
+                              33037, 0,     33150, 33153, 33154, 33033, 33035, 0,     32990, 39255, 0,     32989,
+                              32996, 32995, 32994, 32991, 32992, 32993, 32997, 32998, 32999, 33000};
+    QCOMPARE(QList<int>(ToolBarItems().begin(), ToolBarItems().end()), order);
+}
+
+void CommandsTest::everyToolBarButtonHasAnIconAndATip()
+{
+    for (const int id : ToolBarItems()) {
+        if (id == kSeparator)
+            continue;
+        const CommandRow* row = FindCommand(id);
+        QVERIFY2(row != nullptr, qPrintable(QString::number(id)));
+        QVERIFY2(!CommandIcon(Text(row->icon)).isNull(), qPrintable(Text(row->text)));
+        QVERIFY(!TipOf(*row).isEmpty());
+    }
+}
+
+void CommandsTest::tipsStandAsTheyAre()
+{
+    const std::pair<int, QString> tips[] = {
+        {39255, u"255.解析実行[RUN]"_s},
+        {39254, u"254.データチェック[CHECK]"_s},
+        {39256, u"256.解析実行＆出力[RESULT]"_s},
+        {33028, u"横桁・対傾構結果画面表示"_s},
+        {33029, u"支点補剛材・ダイヤフランム結果画面表示"_s},
+        {32989, u"モデル図　と　ヘルプ　との切り替え"_s},
+        {32990, u"注意事項"_s},
+        {32991, u"XY面の表示"_s},
+        {32992, u"YZ面の表示"_s},
+        {32993, u"XZ面の表示"_s},
+        {32994, u"全体表示"_s},
+        {32995, u"縮小表示(0.80倍)"_s},
+        {32996, u"拡大表示(1.25倍)"_s},
+        {32997, u"上へ移動"_s},
+        {32998, u"下へ移動"_s},
+        {32999, u"左へ移動"_s},
+        {33000, u"右へ移動"_s},
+    };
+    for (const auto& [id, tip] : tips)
+        QCOMPARE(TipOf(*FindCommand(id)), tip);
+}
+
+void CommandsTest::theRunMenuStandsAsItIs()
+{
+    QCOMPARE(EntryText(MenuOf(MenuId::Run).title), u"解析&&結果(&A)"_s); // shown as 解析&結果(A)
+    const QStringList texts = {
+        u"1.実行　　　　　　　　　　　（主桁・横桁・骨組などすべての計算を行います．主桁結果を画面表示）"_s,
+        u"2.データをチェック"_s,
+        u"3.計算結果出力　　　　　　　（主桁・横桁・骨組などすべての計算を行い，その後出力画面を表示)"_s,
+        u"4.横桁･対傾構結果表示; 選択出力 　　　　　　　　 (正しく表示には 1. 実行してから行ってください)"_s,
+        u"5.支点補剛材・ダイヤフラム結果表示; 選択出力　　(正しく表示には 1. 実行してから行ってください)"_s,
+    };
+    const QList<int> ids = {39255, 39254, 39256, 33028, 33029};
+    QCOMPARE(CommandsIn(MenuId::Run), ids);
+    for (qsizetype i = 0; i < ids.size(); ++i)
+        QCOMPARE(Text(FindCommand(ids[i])->text), texts[i]);
+}
+
+void CommandsTest::theFilterAndModeEntriesStandAsTheyAre()
+{
+    const QList<int> entries = CommandsIn(MenuId::TreeItems);
+    QCOMPARE(entries, (QList<int>{33026, 33007, 33006, 33015, 33009, 33014, 33010, 33012, 33013, 33021, 33019, 33024}));
+    for (const int id : entries) {
+        const CommandRow& row = *FindCommand(id);
+        QCOMPARE(row.mark == CommandMark::Radio, TreeModeOf(id).has_value());
+        QCOMPARE(row.needs == CommandNeeds::Filters, TreeFilterOf(id).has_value());
+    }
+    QCOMPARE(Text(FindCommand(33026)->text), u"すべての項目表示"_s);
+    QCOMPARE(Text(FindCommand(33007)->text), u"全項目自動表示（表示しない項目を除く）"_s);
+    QCOMPARE(Text(FindCommand(33006)->text), u"全項目表示（表示しない項目を除く）"_s);
+    QCOMPARE(Text(FindCommand(33009)->text), u"箱桁項目表示しない"_s);
+    QCOMPARE(Text(FindCommand(33024)->text), u"700支点補剛材・ダイヤフラム項目表示しない"_s);
+}
+
+void CommandsTest::theDocumentsStandInTheHelpMenu()
+{
+    const QList<int> entries = CommandsIn(MenuId::Help);
+    for (const int id : {33168, 33169, 33175, 33171, 33173, 33174, 32766, 32767})
+        QVERIFY2(entries.contains(id), qPrintable(QString::number(id)));
+    QCOMPARE(Text(FindCommand(33168)->text), u"300＆４00　主桁自動設計・製図"_s);
+    QCOMPARE(Text(FindCommand(33171)->text), u"640＆670　縦桁・ブラケットの設計"_s);
+    QCOMPARE(Text(FindCommand(32767)->text), u" Homepage..."_s);
+}
+
+void CommandsTest::theVersionIsTheNinthEntryOfTheMenuBar()
+{
+    const auto bar = MenuBarItems();
+    QCOMPARE(bar.size(), std::size_t{9});
+    QCOMPARE(std::get<int>(bar[8]), kVersionEntry);
+    QCOMPARE(Text(FindCommand(kVersionEntry)->text), u"Ver20110808"_s);
+}
+
+void CommandsTest::lettersOfAMenuAreItsOwn()
+{
+    const auto check = [](std::span<const MenuItem> items) {
+        QSet<QChar> letters;
+        for (const MenuItem& item : items) {
+            std::string_view text;
+            if (const int* command = std::get_if<int>(&item); command != nullptr && *command != kSeparator)
+                text = FindCommand(*command)->text;
+            else if (const MenuId* menu = std::get_if<MenuId>(&item))
+                text = MenuOf(*menu).title;
+            const QChar letter = LetterOf(text);
+            if (letter.isNull())
+                continue;
+            QVERIFY2(!letters.contains(letter), qPrintable(Text(text)));
+            letters.insert(letter);
+        }
+    };
+    check(MenuBarItems());
+    for (const MenuId menu : {MenuId::File, MenuId::Edit, MenuId::View, MenuId::Cells, MenuId::TreeItems, MenuId::Run,
+                              MenuId::Settings, MenuId::Window, MenuId::Help})
+        check(MenuOf(menu).items);
+}
+
+void CommandsTest::anAmpersandThatMarksNoLetterIsShown()
+{
+    QCOMPARE(EntryText("開く(&O)..."), u"開く(&O)..."_s);
+    QCOMPARE(EntryText("英語&日本語"), u"英語&&日本語"_s);
+    QCOMPARE(EntryText("解析&結果(A)"), u"解析&&結果(A)"_s);
+    QCOMPARE(EntryText("999.KELD_検索_Q_&_A"), u"999.KELD_検索_Q_&&_A"_s);
+    QCOMPARE(EntryText("&"), u"&&"_s);
+    QCOMPARE(EntryText("(&"), u"(&&"_s);
+    QCOMPARE(EntryText("&&(&A)&"), u"&&&&(&A)&&"_s);
+}
+
+void CommandsTest::keysOfTheGridAreTextInTheMenu()
+{
+    QCOMPARE(EntryText(*FindCommand(57643)), u"元に戻す(&U)\tCtrl+Z"_s);
+    QCOMPARE(EntryText(*FindCommand(57600)), u"新規作成(&N)"_s);
+    QCOMPARE(EntryText(*FindCommand(33040)), u"挿入行"_s);
+}
+
+void CommandsTest::aTipNamesItsKey()
+{
+    QCOMPARE(TipOf(*FindCommand(57601)), u"開く (Ctrl+O)"_s);
+    QCOMPARE(TipOf(*FindCommand(57643)), u"元に戻す (Ctrl+Z)"_s);
+    QCOMPARE(TipOf(*FindCommand(33037)), u"選択リストと直接入力の切り替え"_s);
+}
+
+void CommandsTest::iconsAreDrawnAtEverySizeAndRatio()
+{
+    for (const int id : ToolBarItems()) {
+        if (id == kSeparator)
+            continue;
+        const QString name = Text(FindCommand(id)->icon);
+        const QIcon icon = CommandIcon(name);
+        for (const int size : {16, 24, 32}) {
+            for (const qreal ratio : {1.0, 1.5, 2.0}) {
+                const QPixmap picture = icon.pixmap(QSize(size, size), ratio);
+                QCOMPARE(picture.width(), static_cast<int>(size * ratio));
+                QCOMPARE(picture.devicePixelRatio(), ratio);
+                const int pixels = InkOf(icon, size, ratio).pixels;
+                const int all = picture.width() * picture.height();
+                QVERIFY2(pixels > all / 15 && pixels < all * 3 / 4, qPrintable(name));
+            }
+        }
+    }
+}
+
+void CommandsTest::iconsFollowThePalette()
+{
+    const QPalette before = QApplication::palette();
+    const QIcon icon = CommandIcon(u"run"_s);
+    for (const QColor& ink : {QColor(10, 20, 30), QColor(240, 241, 242)}) {
+        QPalette palette = before;
+        palette.setColor(QPalette::ButtonText, ink);
+        palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(128, 128, 128));
+        QApplication::setPalette(palette);
+        QCOMPARE(InkOf(icon, 24, 1).color.rgb(), ink.rgb());
+        QCOMPARE(InkOf(icon, 24, 2).color.rgb(), ink.rgb());
+        QCOMPARE(InkOf(icon, 24, 1, QIcon::Disabled).color.rgb(), QColor(128, 128, 128).rgb());
+    }
+    QApplication::setPalette(before);
+}
+
+void CommandsTest::anIconThatIsNotThereIsNull()
+{
+    QVERIFY(CommandIcon(u"nothing"_s).isNull());
+    QVERIFY(CommandIcon(QString()).isNull());
+}
+
+void CommandsTest::noTwoIconsLookAlike()
+{
+    QHash<QByteArray, QString> seen;
+    for (const CommandRow& row : CommandTable()) {
+        if (row.icon.empty())
+            continue;
+        const QImage image = CommandIcon(Text(row.icon)).pixmap(QSize(24, 24), 1.0).toImage();
+        const QByteArray bytes(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
+        QVERIFY2(!seen.contains(bytes), qPrintable(Text(row.icon)));
+        seen.insert(bytes, Text(row.icon));
+    }
+    QCOMPARE(seen.size(), 28);
+}
+
+void CommandsTest::languagesHaveTheirCommandsAndWords()
+{
+    QCOMPARE(LanguageModes().size(), std::size_t{3});
+    for (const LanguageMode& mode : LanguageModes()) {
+        QVERIFY(TitleLanguageOf(mode.word) == mode.language);
+        QCOMPARE(LanguageModeOf(mode.command), &mode);
+        QCOMPARE(&LanguageModeOf(mode.language), &mode);
+        QVERIFY(FindCommand(mode.command)->mark == CommandMark::Radio);
+    }
+    QVERIFY(LanguageModeOf(32769) == nullptr);
+    QCOMPARE(Text(FindCommand(32764)->text), u"英語"_s);
+    QCOMPARE(Text(FindCommand(32763)->text), u"日本語"_s);
+    QCOMPARE(Text(FindCommand(32762)->text), u"英語&日本語"_s);
+    QVERIFY(LanguageModeOf(32764)->language == TitleLanguage::English);
+}
+
+void CommandsTest::titlesOfTheDataMenuFollowTheTree()
+{
+    const CSbdData data;
+    const std::string_view menu301 = "301.主桁(床組・断面)_CONTROL[SEC_CONTROL](必要)";
+    const auto title = [&](TitleLanguage language, int number, bool group, std::string_view text) {
+        TreeView view;
+        view.language = language;
+        return DataEntryTitle(number, group, text, language, TreeRows(data, view));
+    };
+    QCOMPARE(title(TitleLanguage::English, 301, false, menu301), u"301.[SEC_CONTROL](必要)"_s);
+    QCOMPARE(title(TitleLanguage::Japanese, 301, false, menu301), u"301.主桁_CONTROL(必要)"_s);
+    QCOMPARE(title(TitleLanguage::EnglishAndJapanese, 301, false, menu301), u"301.主桁_CONTROL[SEC_CONTROL](必要)"_s);
+    QCOMPARE(title(TitleLanguage::Japanese, 640, false, "640..縦桁名定義・縦桁設計基本条件 [STRINGER_NAME_COMMON]"),
+             u"640..縦桁名定義・縦桁設計基本条件"_s);
+    QCOMPARE(title(TitleLanguage::Japanese, 640, true, "640.縦桁の設計[STRINGER]"),
+             u"640.縦桁の設計(644高さは入力必須)"_s);
+    // 569 stands in the menu alone, in the language all the same.
+    QCOMPARE(title(TitleLanguage::English, 569, false, "569.名[TAG]"), u"569.[TAG]"_s);
+    QCOMPARE(title(TitleLanguage::EnglishAndJapanese, 999, false, "999.KELD_検索_Q_&_A"), u"999.KELD_検索_Q_&&_A"_s);
+}
+
+QTEST_MAIN(CommandsTest)
+#include "commands_test.moc"

@@ -1,0 +1,603 @@
+#include "frame/decimals_dialog.h"
+#include "frame/font_dialog.h"
+#include "frame/profile.h"
+#include "frame/settings.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFile>
+#include <QFontComboBox>
+#include <QFontDatabase>
+#include <QGroupBox>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace sbd;
+
+namespace {
+
+void Write(const QString& path, const QByteArray& bytes)
+{
+    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+QByteArray Read(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// The file of the profile, which a test sets before the program reads it.
+QString ProfileFile()
+{
+    return CProfile().fileName();
+}
+
+QStringList Copies(const QString& profile)
+{
+    const QFileInfo file(profile);
+    return file.dir().entryList({file.completeBaseName() + u".broken-*"_s}, QDir::Files, QDir::Name);
+}
+
+void Store(const QString& key, const QVariant& value)
+{
+    CProfile().setValue(key, value);
+}
+
+int Stored(const QString& key)
+{
+    return CProfile().value(key, -12345).toInt();
+}
+
+const PaneSizes kComputed{320, 400, 0};
+
+/// Looks at every setting once: none of them may change the file or stop.
+void ReadEverything()
+{
+    const CSettings settings;
+    (void)settings.Language();
+    (void)settings.Panes(kComputed);
+    (void)settings.Display();
+    (void)settings.RowHeight();
+    (void)settings.RowWidthMode();
+    (void)settings.ComboOrList();
+    (void)settings.TabbedWindows();
+    (void)CRecentFiles::List();
+}
+
+void VerifyDefaults()
+{
+    const CSettings settings;
+    QVERIFY(settings.Language() == TitleLanguage::Japanese);
+    QVERIFY(settings.Panes(kComputed) == kComputed);
+    QVERIFY(settings.Display() == DisplaySettings());
+    QCOMPARE(settings.RowHeight(), 18);
+    QCOMPARE(settings.RowWidthMode(), 0);
+    QCOMPARE(settings.ComboOrList(), 1);
+    QVERIFY(!settings.TabbedWindows());
+}
+
+} // namespace
+
+class SettingsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    /// Each test has a profile of its own.
+    void init()
+    {
+        folder_ = std::make_unique<QTemporaryDir>();
+        QSettings::setDefaultFormat(QSettings::IniFormat);
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder_->path());
+    }
+    void cleanup() { folder_.reset(); }
+
+    void withoutAFileAllIsAtItsDefault();
+    void settingsSurviveARestart();
+    void everySettingStandsInItsSectionAndKey();
+    void theLanguageWordsCaseDoesNotCount();
+    void anyOtherLanguageWordIsJapanese();
+    void aNegativePaneSizeIsComputed();
+    void aRowHeightBelow18IsWrittenBackAs18();
+    void theRowHeightChangesByItsStep();
+    void theRowWidthHasNoLowerLimit();
+    void theFirstChangeOfTheRowWidthBeginsAt18();
+    void resettingTheCellsWritesBothValues();
+    void comboOrListFlips();
+    void comboOrListOfAnotherValueFlipsToWordLists();
+    void colorsAreLimitedToBytes();
+    void valuesBeyondAllScreensAreLimited();
+    void wordsInPlaceOfNumbersAreDefaults();
+    void anEmptyFaceIsTheDefault();
+    void resetKeepsRowHeightDecimalsLanguageAndLists();
+    void blueStandsInTheHighByte();
+    void aFontGoesThereAndBack();
+    void aRubbishFileGivesDefaultsAndStaysAsItIs_data();
+    void aRubbishFileGivesDefaultsAndStaysAsItIs();
+    void aRubbishFileIsKeptBesideBeforeTheFirstWrite_data();
+    void aRubbishFileIsKeptBesideBeforeTheFirstWrite();
+    void theSameRubbishIsKeptOnce();
+    void otherRubbishIsKeptToo();
+    void aSoundFileIsNotCopied();
+    void whatCouldBeReadOfABrokenFileStays();
+    void aFileThatCannotBeWrittenStaysAsItIs();
+    void aFolderInPlaceOfTheFileStopsNothing();
+    void theRecentFilesDoNotDestroyARubbishFile();
+    void decimalsAreAskedInTwoGroups();
+    void decimalsAreLimited();
+    void theFontDialogChangesNothingUntouched();
+    void theFontDialogTakesFontAndColor();
+
+private:
+    std::unique_ptr<QTemporaryDir> folder_;
+};
+
+void SettingsTest::withoutAFileAllIsAtItsDefault()
+{
+    VerifyDefaults();
+    QVERIFY(!QFile::exists(ProfileFile()));
+    const DisplaySettings display = CSettings().Display();
+    QCOMPARE(display.backColor, 0xFFFFFFU);
+    QCOMPARE(display.textColor, 0U);
+    QCOMPARE(display.fontHeight, -19);
+    QCOMPARE(display.fontCharSet, 128);
+    QVERIFY(!display.fontItalic && !display.fontUnderline && !display.fontStrikeOut);
+    QCOMPARE(display.fontFaceName, u"ＭＳ ゴシック"_s);
+    QCOMPARE(display.metreDecimals, 6);
+    QCOMPARE(display.millimetreDecimals, 1);
+    QCOMPARE(display.rowHeight, 18);
+}
+
+void SettingsTest::settingsSurviveARestart()
+{
+    DisplaySettings display;
+    display.fontFaceName = u"IPA明朝, 試験 ;#=\"%"_s;
+    display.fontHeight = 24;
+    display.fontCharSet = 1;
+    display.fontItalic = display.fontUnderline = display.fontStrikeOut = true;
+    display.textColor = 0x123456;
+    display.backColor = 0xABCDEF;
+    {
+        CSettings settings;
+        settings.SetLanguage(TitleLanguage::EnglishAndJapanese);
+        settings.SetPanes({111, 222, 333});
+        settings.SetFont(display);
+        settings.SetBackColor(display.backColor);
+        display.rowHeight = settings.ChangeRowHeight(CSettings::kRowHeightStep);
+        settings.ChangeRowWidth(CSettings::kRowWidthStep);
+        settings.FlipComboOrList();
+        settings.SetTabbedWindows(true);
+    }
+    const CSettings settings;
+    QVERIFY(settings.Language() == TitleLanguage::EnglishAndJapanese);
+    QVERIFY(settings.Panes(kComputed) == (PaneSizes{111, 222, 333}));
+    QVERIFY(settings.Display() == display);
+    QCOMPARE(settings.RowHeight(), 21);
+    QCOMPARE(settings.RowWidthMode(), 28);
+    QCOMPARE(settings.ComboOrList(), 2);
+    QVERIFY(settings.TabbedWindows());
+}
+
+void SettingsTest::everySettingStandsInItsSectionAndKey()
+{
+    CSettings settings;
+    settings.SetLanguage(TitleLanguage::English);
+    settings.SetPanes({1, 2, 3});
+    settings.SetBackColor(0x030201);
+    DisplaySettings display;
+    display.textColor = 0x060504;
+    display.fontItalic = true;
+    settings.SetFont(display);
+    settings.ChangeRowHeight(3);
+    settings.ChangeRowWidth(10);
+    settings.FlipComboOrList();
+    QCOMPARE(CProfile().value(u"Language/Language"_s).toString(), u"English"_s);
+    QCOMPARE(CProfile().value(u"SYSTEMFONT/F"_s).toString(), u"ＭＳ ゴシック"_s);
+    const std::pair<QString, int> numbers[] = {
+        {u"Window Size/LeftWindow"_s, 1},
+        {u"Window Size/UpWindow"_s, 2},
+        {u"Window Size/MidWindow"_s, 3},
+        {u"BackColor/R"_s, 1},
+        {u"BackColor/G"_s, 2},
+        {u"BackColor/B"_s, 3},
+        {u"SYSTEMFONT/H"_s, -19},
+        {u"SYSTEMFONT/C"_s, 128},
+        {u"SYSTEMFONT/I"_s, 1},
+        {u"SYSTEMFONT/U"_s, 0},
+        {u"SYSTEMFONT/S"_s, 0},
+        {u"SYSTEMFONT/R"_s, 4},
+        {u"SYSTEMFONT/G"_s, 5},
+        {u"SYSTEMFONT/B"_s, 6},
+        {u"row_height/up"_s, 21},
+        {u"row_width/up"_s, 28},
+        {u"combo_or_list/cc"_s, 2},
+    };
+    for (const auto& [key, number] : numbers)
+        QVERIFY2(Stored(key) == number, qPrintable(key));
+}
+
+void SettingsTest::theLanguageWordsCaseDoesNotCount()
+{
+    Store(u"Language/Language"_s, u"eNGLISH"_s);
+    QVERIFY(CSettings().Language() == TitleLanguage::English);
+    Store(u"Language/Language"_s, u"englishandJAPANESE"_s);
+    QVERIFY(CSettings().Language() == TitleLanguage::EnglishAndJapanese);
+}
+
+void SettingsTest::anyOtherLanguageWordIsJapanese()
+{
+    for (const QString& word : {u"Japanese"_s, u"Klingon"_s, u""_s, u"English "_s, u"32764"_s}) {
+        Store(u"Language/Language"_s, word);
+        QVERIFY(CSettings().Language() == TitleLanguage::Japanese);
+    }
+}
+
+void SettingsTest::aNegativePaneSizeIsComputed()
+{
+    CSettings().SetPanes({-1, 0, -7});
+    QVERIFY(CSettings().Panes(kComputed) == (PaneSizes{320, 0, 0}));
+}
+
+void SettingsTest::aRowHeightBelow18IsWrittenBackAs18()
+{
+    Store(u"row_height/up"_s, 5);
+    QCOMPARE(CSettings().RowHeight(), 18);
+    QCOMPARE(CSettings().ChangeRowHeight(-3), 18);
+    QCOMPARE(Stored(u"row_height/up"_s), 18);
+    Store(u"row_height/up"_s, 5);
+    QCOMPARE(CSettings().ChangeRowHeight(3), 18);
+    QCOMPARE(Stored(u"row_height/up"_s), 18);
+    Store(u"row_height/up"_s, -2147483647);
+    QCOMPARE(CSettings().ChangeRowHeight(-3), 18);
+}
+
+void SettingsTest::theRowHeightChangesByItsStep()
+{
+    QCOMPARE(CSettings().ChangeRowHeight(CSettings::kRowHeightStep), 21);
+    QCOMPARE(CSettings().ChangeRowHeight(CSettings::kRowHeightStep), 24);
+    QCOMPARE(CSettings().ChangeRowHeight(-CSettings::kRowHeightStep), 21);
+    QCOMPARE(CSettings().Display().rowHeight, 21);
+}
+
+void SettingsTest::theRowWidthHasNoLowerLimit()
+{
+    Store(u"row_width/up"_s, 0);
+    {
+        CSettings settings;
+        for (int i = 0; i < 50; ++i)
+            settings.ChangeRowWidth(-CSettings::kRowWidthStep);
+    }
+    QCOMPARE(CSettings().RowWidthMode(), -500);
+}
+
+void SettingsTest::theFirstChangeOfTheRowWidthBeginsAt18()
+{
+    QCOMPARE(CSettings().RowWidthMode(), 0);
+    QCOMPARE(CSettings().ChangeRowWidth(-CSettings::kRowWidthStep), 8);
+    QCOMPARE(CSettings().RowWidthMode(), 8);
+}
+
+void SettingsTest::resettingTheCellsWritesBothValues()
+{
+    Store(u"row_height/up"_s, 60);
+    Store(u"row_width/up"_s, 90);
+    CSettings().ResetCells();
+    QCOMPARE(Stored(u"row_height/up"_s), 18);
+    QCOMPARE(Stored(u"row_width/up"_s), 0);
+}
+
+void SettingsTest::comboOrListFlips()
+{
+    QCOMPARE(CSettings().FlipComboOrList(), 2);
+    QCOMPARE(CSettings().ComboOrList(), 2);
+    QCOMPARE(CSettings().FlipComboOrList(), 1);
+    QCOMPARE(CSettings().ComboOrList(), 1);
+}
+
+void SettingsTest::comboOrListOfAnotherValueFlipsToWordLists()
+{
+    Store(u"combo_or_list/cc"_s, 7);
+    QCOMPARE(CSettings().ComboOrList(), 1);
+    QCOMPARE(CSettings().FlipComboOrList(), 1);
+}
+
+void SettingsTest::colorsAreLimitedToBytes()
+{
+    Store(u"BackColor/R"_s, 300);
+    Store(u"BackColor/G"_s, -5);
+    Store(u"BackColor/B"_s, 16);
+    QCOMPARE(CSettings().Display().backColor, 0x1000FFU);
+    Store(u"SYSTEMFONT/B"_s, 2'000'000'000);
+    QCOMPARE(CSettings().Display().textColor, 0xFF0000U);
+}
+
+void SettingsTest::valuesBeyondAllScreensAreLimited()
+{
+    for (const QString& key :
+         {u"Window Size/LeftWindow"_s, u"row_height/up"_s, u"row_width/up"_s, u"SYSTEMFONT/H"_s, u"SYSTEMFONT/C"_s})
+        Store(key, 2147483647);
+    QVERIFY(CSettings().Panes(kComputed).left <= 16'000);
+    QVERIFY(CSettings().RowHeight() <= 400);
+    QVERIFY(CSettings().ChangeRowHeight(CSettings::kRowHeightStep) <= 400);
+    QVERIFY(CSettings().RowWidthMode() <= 16'000);
+    QVERIFY(CSettings().ChangeRowWidth(CSettings::kRowWidthStep) <= 16'000);
+    QVERIFY(CSettings().Display().fontHeight <= 400);
+    QCOMPARE(CSettings().Display().fontCharSet, 255);
+    Store(u"SYSTEMFONT/H"_s, 0);
+    QVERIFY(FontOf(CSettings().Display()).pixelSize() >= 1);
+}
+
+void SettingsTest::wordsInPlaceOfNumbersAreDefaults()
+{
+    for (const QString& key :
+         {u"Window Size/LeftWindow"_s, u"Window Size/UpWindow"_s, u"Window Size/MidWindow"_s, u"BackColor/R"_s,
+          u"SYSTEMFONT/H"_s, u"SYSTEMFONT/C"_s, u"SYSTEMFONT/I"_s, u"SYSTEMFONT/G"_s, u"row_height/up"_s,
+          u"row_width/up"_s, u"combo_or_list/cc"_s, u"Window Size/Tabbed"_s})
+        Store(key, u"9999999999999999999 px"_s);
+    VerifyDefaults();
+}
+
+void SettingsTest::anEmptyFaceIsTheDefault()
+{
+    Store(u"SYSTEMFONT/F"_s, u"  "_s);
+    QCOMPARE(CSettings().Display().fontFaceName, u"ＭＳ ゴシック"_s);
+}
+
+void SettingsTest::resetKeepsRowHeightDecimalsLanguageAndLists()
+{
+    CSettings settings;
+    settings.SetLanguage(TitleLanguage::English);
+    settings.FlipComboOrList();
+    settings.ChangeRowHeight(30);
+    settings.ChangeRowWidth(10);
+    DisplaySettings display = settings.Display();
+    display.backColor = 0;
+    display.textColor = 0xFFFFFF;
+    display.fontHeight = -40;
+    display.fontFaceName = u"IPA明朝"_s;
+    display.metreDecimals = 3;
+    display.millimetreDecimals = 2;
+    settings.SetBackColor(display.backColor);
+    settings.SetFont(display);
+
+    settings.ResetHelpPane(display);
+    DisplaySettings expected;
+    expected.metreDecimals = 3;
+    expected.millimetreDecimals = 2;
+    expected.rowHeight = 48;
+    QVERIFY(display == expected);
+    expected.metreDecimals = 6; // these are not kept in the profile
+    expected.millimetreDecimals = 1;
+    QVERIFY(CSettings().Display() == expected);
+    QCOMPARE(Stored(u"BackColor/G"_s), 255);
+    QCOMPARE(Stored(u"SYSTEMFONT/H"_s), -19);
+    QVERIFY(CSettings().Language() == TitleLanguage::English);
+    QCOMPARE(CSettings().ComboOrList(), 2);
+    QCOMPARE(CSettings().RowWidthMode(), 28);
+}
+
+void SettingsTest::blueStandsInTheHighByte()
+{
+    QCOMPARE(ToQColor(0x0000FF), QColor(Qt::red));
+    QCOMPARE(ToQColor(0xFF0000), QColor(Qt::blue));
+    QCOMPARE(FromQColor(QColor(1, 2, 3)), 0x030201U);
+    CSettings().SetBackColor(FromQColor(QColor(1, 2, 3)));
+    QCOMPARE(ToQColor(CSettings().Display().backColor), QColor(1, 2, 3));
+}
+
+void SettingsTest::aFontGoesThereAndBack()
+{
+    DisplaySettings display;
+    QCOMPARE(FontOf(display).pixelSize(), 19);
+    QCOMPARE(FontOf(display).family(), u"ＭＳ ゴシック"_s);
+    QFont font(u"IPAMincho"_s);
+    font.setPixelSize(31);
+    font.setUnderline(true);
+    TakeFont(display, font);
+    QCOMPARE(display.fontHeight, -31);
+    QCOMPARE(display.fontFaceName, u"IPAMincho"_s);
+    QVERIFY(display.fontUnderline && !display.fontItalic);
+    QCOMPARE(FontOf(display).pixelSize(), 31);
+}
+
+void SettingsTest::aRubbishFileGivesDefaultsAndStaysAsItIs_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("a text") << QByteArray("this is\nno INI file at all\n");
+    QTest::newRow("broken head of a section") << QByteArray("[row_height\n\n\n");
+    QTest::newRow("a line without a value in a section") << QByteArray("[BackColor]\nthere is no value\n");
+    QTest::newRow("zeros") << QByteArray(5000, '\0');
+    QTest::newRow("bytes of no text") << QByteArray("[General]\nk=\xFF\xFE\x80\x81\n");
+    QByteArray noise;
+    for (int i = 0; i < 20'000; ++i)
+        noise.append(static_cast<char>((i * 7919 + i / 13 * 104729) >> 3 & 0xFF));
+    QTest::newRow("noise") << noise;
+}
+
+void SettingsTest::aRubbishFileGivesDefaultsAndStaysAsItIs()
+{
+    QFETCH(QByteArray, bytes);
+    const QString file = ProfileFile();
+    Write(file, bytes);
+    ReadEverything();
+    VerifyDefaults();
+    QCOMPARE(Read(file), bytes);
+    QVERIFY(Copies(file).isEmpty());
+}
+
+void SettingsTest::aRubbishFileIsKeptBesideBeforeTheFirstWrite_data()
+{
+    aRubbishFileGivesDefaultsAndStaysAsItIs_data();
+}
+
+void SettingsTest::aRubbishFileIsKeptBesideBeforeTheFirstWrite()
+{
+    QFETCH(QByteArray, bytes);
+    const QString file = ProfileFile();
+    Write(file, bytes);
+    ReadEverything(); // what has been read once is known to the library, and still broken
+    {
+        CSettings settings;
+        settings.SetPanes({1, 2, 3});
+        settings.ChangeRowHeight(3);
+    }
+    QCOMPARE(Copies(file).size(), 1);
+    QCOMPARE(Read(QFileInfo(file).dir().filePath(Copies(file).constFirst())), bytes);
+    QVERIFY(CSettings().Panes(kComputed) == (PaneSizes{1, 2, 3}));
+    QCOMPARE(CSettings().RowHeight(), 21);
+    CSettings().SetLanguage(TitleLanguage::English);
+    QCOMPARE(Copies(file).size(), 1); // the file is sound now
+}
+
+void SettingsTest::theSameRubbishIsKeptOnce()
+{
+    const QString file = ProfileFile();
+    for (int i = 0; i < 3; ++i) {
+        Write(file, "no settings here\n");
+        Store(u"row_height/up"_s, 30 + i);
+    }
+    QCOMPARE(Copies(file).size(), 1);
+}
+
+void SettingsTest::otherRubbishIsKeptToo()
+{
+    const QString file = ProfileFile();
+    Write(file, "no settings here\n");
+    Store(u"row_height/up"_s, 30);
+    Write(file, "nor here, and longer than before\n");
+    Store(u"row_height/up"_s, 31);
+    const QDir folder = QFileInfo(file).dir();
+    QCOMPARE(Copies(file).size(), 2);
+    QCOMPARE(Read(folder.filePath(Copies(file)[0])), QByteArray("no settings here\n"));
+    QCOMPARE(Read(folder.filePath(Copies(file)[1])), QByteArray("nor here, and longer than before\n"));
+}
+
+void SettingsTest::aSoundFileIsNotCopied()
+{
+    const QString file = ProfileFile();
+    Write(file,
+          "; a remark\n[row_height]\nup=40\n\n[SYSTEMFONT]\nF=\xEF\xBC\xAD\xEF\xBC\xB3 \xE6\x98\x8E\xE6\x9C\x9D\n");
+    QCOMPARE(CSettings().RowHeight(), 40);
+    QCOMPARE(CSettings().Display().fontFaceName, u"ＭＳ 明朝"_s);
+    CSettings().ChangeRowHeight(3);
+    QVERIFY(Copies(file).isEmpty());
+    QCOMPARE(CSettings().RowHeight(), 43);
+}
+
+void SettingsTest::whatCouldBeReadOfABrokenFileStays()
+{
+    Write(ProfileFile(), "[row_height]\nup=40\n[BackColor]\nR=1\nthis line is broken\nG=2\n");
+    CSettings().SetLanguage(TitleLanguage::English);
+    QCOMPARE(CSettings().RowHeight(), 40);
+    QCOMPARE(CSettings().Display().backColor, 0xFF0201U);
+}
+
+void SettingsTest::aFileThatCannotBeWrittenStaysAsItIs()
+{
+    const QString file = ProfileFile();
+    const QByteArray bytes("[row_height]\nup=40\n");
+    Write(file, bytes);
+    QVERIFY(QFile::setPermissions(file, QFile::ReadOwner));
+    if (QFileInfo(file).isWritable())
+        QSKIP("this user may write everything");
+    CSettings settings;
+    QCOMPARE(settings.ChangeRowHeight(3), 43); // holds for this session
+    settings.SetLanguage(TitleLanguage::English);
+    QCOMPARE(Read(file), bytes);
+}
+
+void SettingsTest::aFolderInPlaceOfTheFileStopsNothing()
+{
+    const QString file = ProfileFile();
+    QVERIFY(QDir().mkpath(file + u"/inside"_s));
+    ReadEverything();
+    CSettings().SetLanguage(TitleLanguage::English);
+    CSettings().ChangeRowHeight(3);
+    QVERIFY(QDir(file).exists(u"inside"_s));
+}
+
+void SettingsTest::theRecentFilesDoNotDestroyARubbishFile()
+{
+    const QString file = ProfileFile();
+    Write(file, "a text in the wrong place\n");
+    CRecentFiles::Add(u"/tmp/bridge.sbd"_s);
+    QCOMPARE(CRecentFiles::List().size(), 1);
+    QCOMPARE(Copies(file).size(), 1);
+}
+
+void SettingsTest::decimalsAreAskedInTwoGroups()
+{
+    CDecimalsDialog dialog(6, 1);
+    QCOMPARE(dialog.windowTitle(), u"小数点桁数"_s);
+    const QList<QGroupBox*> groups = dialog.findChildren<QGroupBox*>();
+    QCOMPARE(groups.size(), 2);
+    QCOMPARE(groups[0]->title(), u"m の場合"_s);
+    QCOMPARE(groups[1]->title(), u"mm の場合"_s);
+    auto* metres = groups[0]->findChild<QSpinBox*>();
+    auto* millimetres = groups[1]->findChild<QSpinBox*>();
+    QCOMPARE(metres->value(), 6);
+    QCOMPARE(millimetres->value(), 1);
+    dialog.show();
+    QTest::keyClicks(metres, u"3"_s); // the field's digits are selected at first
+    millimetres->setFocus();
+    millimetres->selectAll();
+    QTest::keyClicks(millimetres, u"0"_s);
+    QTest::keyClick(millimetres, Qt::Key_Return);
+    QCOMPARE(dialog.result(), static_cast<int>(QDialog::Accepted));
+    QCOMPARE(dialog.Metres(), 3);
+    QCOMPARE(dialog.Millimetres(), 0);
+}
+
+void SettingsTest::decimalsAreLimited()
+{
+    const CDecimalsDialog dialog(-3, 4000);
+    QCOMPARE(dialog.Metres(), 0);
+    QCOMPARE(dialog.Millimetres(), CDecimalsDialog::kMost);
+}
+
+void SettingsTest::theFontDialogChangesNothingUntouched()
+{
+    DisplaySettings display;
+    display.fontHeight = 22;
+    display.fontFaceName = u"ここにない字体"_s;
+    display.textColor = 0x123456;
+    display.rowHeight = 33;
+    const CFontDialog dialog(display);
+    QCOMPARE(dialog.windowTitle(), u"フォント"_s);
+    QVERIFY(dialog.Chosen() == display);
+}
+
+void SettingsTest::theFontDialogTakesFontAndColor()
+{
+    CFontDialog dialog{DisplaySettings()};
+    dialog.askColor = [](const QColor&, QWidget*) { return QColor(Qt::red); };
+    dialog.findChild<QFontComboBox*>()->setEditText(u"IPAMincho"_s);
+    dialog.findChild<QSpinBox*>()->setValue(27);
+    dialog.findChildren<QCheckBox*>().constFirst()->setChecked(true);
+    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
+        if (button->text().startsWith(u"文字色"_s))
+            button->click();
+    }
+    DisplaySettings expected;
+    expected.fontFaceName = u"IPAMincho"_s;
+    expected.fontHeight = -27;
+    expected.fontItalic = true;
+    expected.textColor = 0x0000FF;
+    QVERIFY(dialog.Chosen() == expected);
+    dialog.askColor = [](const QColor&, QWidget*) { return QColor(); };
+    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
+        if (button->text().startsWith(u"文字色"_s))
+            button->click();
+    }
+    QVERIFY(dialog.Chosen() == expected);
+}
+
+QTEST_MAIN(SettingsTest)
+#include "settings_test.moc"

@@ -1,0 +1,550 @@
+// Every command of menus and tool bar, given through the real window.
+#include "answers.h"
+#include "document/section_doc.h"
+#include "frame/child_frame.h"
+#include "frame/command_actions.h"
+#include "frame/left_view.h"
+#include "frame/main_frame.h"
+#include "frame/settings.h"
+#include "grid/grid_ctrl.h"
+#include "panels/panel.h"
+#include "project/catalogue.h"
+#include "upperview/figure_pane.h"
+#include "upperview/up_view.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QMdiArea>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPrinter>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+#include <QToolBar>
+
+using namespace Qt::StringLiterals;
+using namespace sbd;
+
+namespace {
+
+struct Station {
+    TestFolder folder;
+    Answers user;
+    Prompts prompts = user.Dialogs();
+    std::unique_ptr<CMainFrame> frame;
+    CChildFrame* child = nullptr;
+
+    Station()
+    {
+        prompts.runs.runEngine = [this](QWidget*, const EngineStart& start) {
+            engines.append(start.engine);
+            return true;
+        };
+        Start();
+    }
+    /// A start of the program with the profile as it stands.
+    void Start()
+    {
+        child = nullptr;
+        frame = std::make_unique<CMainFrame>(prompts);
+        frame->resize(1366, 768);
+        frame->show();
+        child = frame->OpenProject(folder.Example(u"plate4"_s));
+        QApplication::processEvents();
+    }
+    [[nodiscard]] QAction* Action(int command) const
+    {
+        return frame->Actions().Of(command);
+    }
+    /// Gives a command as the menu and the tool bar do.
+    void Give(int command) const
+    {
+        Action(command)->trigger();
+        QApplication::processEvents();
+    }
+    [[nodiscard]] CKELDSectionDoc& Doc() const { return child->Doc(); }
+    [[nodiscard]] CGridCtrl& Grid() const { return *child->Panel()->Grid(); }
+    [[nodiscard]] QStringList TopItems() const
+    {
+        QStringList texts;
+        for (int i = 0; i < child->Tree().topLevelItemCount(); ++i)
+            texts.append(child->Tree().topLevelItem(i)->text(0));
+        return texts;
+    }
+
+    QStringList engines;
+};
+
+/// All entries below a menu that do something.
+QList<QAction*> Entries(const QMenu* menu)
+{
+    QList<QAction*> entries;
+    for (QAction* action : menu->actions()) {
+        if (action->menu() != nullptr)
+            entries += Entries(action->menu());
+        else if (!action->isSeparator())
+            entries.append(action);
+    }
+    return entries;
+}
+
+QStringList DataMenuTexts(const CMainFrame& frame)
+{
+    QStringList texts;
+    for (QAction* top : frame.menuBar()->actions()) {
+        if (top->text() == u"データ入力(&I)"_s) {
+            for (QAction* entry : Entries(top->menu()))
+                texts.append(entry->text());
+        }
+    }
+    return texts;
+}
+
+} // namespace
+
+class WindowCommandsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void everyCommandCanBeGiven_data();
+    void everyCommandCanBeGiven();
+    void withoutAProjectTheCommandsOfProjectsAreOff();
+    void everyEntryOfTheDataMenuOpensItsBlockOrRuns();
+    void theDataMenuMarksTheBlockOnShow();
+    void theToolBarStandsInItsOrder();
+    void theVersionStandsAtPositionEight();
+
+    void rowHeightGrowsShrinksAndStopsAtEighteen();
+    void columnsWidenAndNarrow();
+    void cellsGoBackToTheStart();
+    void wordListsAreSwitchedOffAndOn();
+    void theCellStaysWhereItWasWhenThePanelIsBuiltAnew();
+    void theLanguageRetitlesTreeAndMenu();
+    void filtersCountOnlyWhenNotEverythingIsShown();
+    void paneSizesAreKeptOnlyWhenAskedFor();
+    void colourAndFontAreKept();
+    void theResetKeepsTheCells();
+    void decimalsBelongToTheProject();
+    void windowsOrTabsIsTheUsersChoice();
+
+    void theModelFigureTakesThePageAndGivesItBack();
+    void blockOf253HasNoSwitchToTheModel();
+    void theNotesTakeThePlaceOfThePage();
+    void printingPutsThePageOnPaper();
+    void nothingOfTheViewMayBeGivenWhilePrinting();
+    void documentsAndPagesGoOutside();
+    void homePagesFollowTheDeployment();
+    void searchLeadsToTheCell();
+    void everyCommandCanBeReachedByKeys();
+};
+
+void WindowCommandsTest::everyCommandCanBeGiven_data()
+{
+    QTest::addColumn<int>("command");
+    for (const CommandRow& row : CommandTable()) {
+        QTest::addRow("%d", row.id) << row.id;
+    }
+}
+
+void WindowCommandsTest::everyCommandCanBeGiven()
+{
+    QFETCH(const int, command);
+    Station station;
+    station.child->GoToBlock(313);
+    station.Grid().SetFocusCell(3, 2);
+    QTimer dismiss; // a dialog that waits for an answer gets none
+    QObject::connect(&dismiss, &QTimer::timeout, [] {
+        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            dialog->reject();
+    });
+    dismiss.start(20);
+    station.Give(command);
+    QVERIFY(station.frame->isVisible() || command == 57665);
+    QVERIFY(command == 33037 || station.user.warned.isEmpty());
+}
+
+void WindowCommandsTest::withoutAProjectTheCommandsOfProjectsAreOff()
+{
+    Station station;
+    station.child->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    for (const CommandRow& row : CommandTable()) {
+        const bool always = row.needs == CommandNeeds::Nothing;
+        QVERIFY2(station.Action(row.id)->isEnabled() == always, qPrintable(QString::number(row.id)));
+        if (!always)
+            station.frame->RunCommand(row.id); // nothing happens
+    }
+}
+
+void WindowCommandsTest::everyEntryOfTheDataMenuOpensItsBlockOrRuns()
+{
+    Station station;
+    for (const CatalogueRow& row : Catalogue()) {
+        if (row.menuText.empty())
+            continue;
+        station.child->GoToBlock(301);
+        station.engines.clear();
+        station.frame->RunCommand(row.command);
+        QApplication::processEvents();
+        if (RunOfBlock(row.block))
+            QCOMPARE(station.engines.size(), 1);
+        else
+            QCOMPARE(station.child->CurrentBlock(), CanonicalBlock(row.block));
+    }
+}
+
+void WindowCommandsTest::theDataMenuMarksTheBlockOnShow()
+{
+    Station station;
+    station.child->GoToBlock(512);
+    QStringList marked;
+    for (QAction* top : station.frame->menuBar()->actions()) {
+        if (top->text() != u"データ入力(&I)"_s)
+            continue;
+        emit top->menu()->aboutToShow();
+        for (QAction* entry : Entries(top->menu())) {
+            if (entry->isChecked())
+                marked.append(entry->text());
+        }
+    }
+    QCOMPARE(marked, QStringList(u"512.主桁断面"_s));
+}
+
+void WindowCommandsTest::theToolBarStandsInItsOrder()
+{
+    const Station station;
+    QList<QAction*> wanted;
+    for (const int command :
+         {57600, 57601, 57603, 0, 57643, 57635, 57634, 57637, 0,     57607, 57609, 0,     33037, 0,     33150, 33153, 33154,
+          33033, 33035, 0,     32990, 39255, 0,     32989, 32996, 32995, 32994, 32991, 32992, 32993, 32997, 32998, 32999, 33000})
+        wanted.append(command == 0 ? nullptr : station.Action(command));
+    QList<QAction*> there;
+    for (QAction* action : station.frame->findChild<QToolBar*>()->actions()) {
+        there.append(action->isSeparator() ? nullptr : action);
+        QVERIFY(action->isSeparator() || !action->icon().isNull());
+    }
+    QCOMPARE(there, wanted);
+}
+
+void WindowCommandsTest::theVersionStandsAtPositionEight()
+{
+    const Station station;
+    QCOMPARE(station.frame->menuBar()->actions().size(), 9);
+    QCOMPARE(station.frame->menuBar()->actions().at(8)->text(), u"Ver20110808"_s);
+}
+
+void WindowCommandsTest::rowHeightGrowsShrinksAndStopsAtEighteen()
+{
+    Station station;
+    station.child->GoToBlock(313);
+    const int first = station.Grid().rowHeight(1);
+    station.Give(33033);
+    QCOMPARE(CSettings().RowHeight(), 21);
+    QCOMPARE(station.Grid().rowHeight(1), first + 3);
+    station.Start(); // the next program has it too
+    station.child->GoToBlock(313);
+    QCOMPARE(station.Grid().rowHeight(1), first + 3);
+    for (int i = 0; i < 3; ++i)
+        station.Give(33035);
+    QCOMPARE(CSettings().RowHeight(), 18);
+    QCOMPARE(station.Grid().rowHeight(1), first);
+}
+
+void WindowCommandsTest::columnsWidenAndNarrow()
+{
+    Station station;
+    station.child->GoToBlock(313);
+    const int first = station.Grid().columnWidth(1);
+    station.Give(33153);
+    const int wider = station.Grid().columnWidth(1);
+    QVERIFY(wider > first);
+    station.Give(33154);
+    QVERIFY(station.Grid().columnWidth(1) < wider);
+}
+
+void WindowCommandsTest::cellsGoBackToTheStart()
+{
+    Station station;
+    station.child->GoToBlock(313);
+    const int height = station.Grid().rowHeight(1);
+    const int width = station.Grid().columnWidth(1);
+    station.Give(33033);
+    station.Give(33153);
+    station.Give(33150);
+    QCOMPARE(station.Grid().rowHeight(1), height);
+    QCOMPARE(station.Grid().columnWidth(1), width);
+    QCOMPARE(CSettings().RowHeight(), 18);
+    QCOMPARE(CSettings().RowWidthMode(), 0);
+}
+
+void WindowCommandsTest::wordListsAreSwitchedOffAndOn()
+{
+    Station station;
+    station.child->GoToBlock(301);
+    QVERIFY(station.Grid().Source()->HasWords(2, 2));
+    QVERIFY(station.Action(33037)->isChecked());
+    station.Give(33037);
+    QVERIFY(!station.Grid().Source()->HasWords(2, 2));
+    QVERIFY(!station.Action(33037)->isChecked());
+    QCOMPARE(CSettings().ComboOrList(), 2);
+    station.Start();
+    QVERIFY(!station.Grid().Source()->HasWords(2, 2));
+    station.Give(33037);
+    QVERIFY(station.Grid().Source()->HasWords(2, 2));
+}
+
+void WindowCommandsTest::theCellStaysWhereItWasWhenThePanelIsBuiltAnew()
+{
+    Station station;
+    station.child->GoToBlock(313);
+    station.child->Panel()->GoToCell(5, 6);
+    station.Give(33033);
+    QCOMPARE(station.Grid().currentIndex().row(), 4);
+    QCOMPARE(station.Grid().currentIndex().column(), 5);
+    QVERIFY(!station.Doc().IsModified());
+}
+
+void WindowCommandsTest::theLanguageRetitlesTreeAndMenu()
+{
+    Station station;
+    QVERIFY(station.TopItems().contains(u"300.主桁自動設計MAIN_CONTROL"_s));
+    station.Give(32764);
+    QVERIFY(station.TopItems().contains(u"300.[MAIN_CONTROL]"_s));
+    QVERIFY2(DataMenuTexts(*station.frame).contains(u"313.[VERTICAL_STIFF](必要)"_s)
+                 || !DataMenuTexts(*station.frame).filter(u"313.["_s).isEmpty(),
+             qPrintable(DataMenuTexts(*station.frame).filter(u"313"_s).join(u'|')));
+    QVERIFY(station.Action(32764)->isChecked());
+    QVERIFY(!station.Action(32763)->isChecked());
+    station.Start();
+    QVERIFY(station.TopItems().contains(u"300.[MAIN_CONTROL]"_s));
+    station.Give(32762);
+    QVERIFY(station.TopItems().contains(u"300.主桁自動設計MAIN_CONTROL[MAIN_CONTROL]"_s));
+    station.Give(32763);
+    QVERIFY(station.TopItems().contains(u"300.主桁自動設計MAIN_CONTROL"_s));
+    QVERIFY(!DataMenuTexts(*station.frame).filter(u"313.垂直補剛材"_s).isEmpty());
+}
+
+void WindowCommandsTest::filtersCountOnlyWhenNotEverythingIsShown()
+{
+    Station station;
+    QVERIFY(station.Action(33026)->isChecked());
+    QVERIFY(!station.Action(33013)->isEnabled());
+    station.Give(33006);
+    QVERIFY(station.Action(33006)->isChecked());
+    QVERIFY(!station.Action(33026)->isChecked());
+    QVERIFY(!station.TopItems().filter(u"600."_s).isEmpty());
+    station.Give(33013);
+    QVERIFY(station.Action(33013)->isChecked());
+    QVERIFY(station.TopItems().filter(u"600."_s).isEmpty());
+    station.Give(33013);
+    QVERIFY(!station.TopItems().filter(u"600."_s).isEmpty());
+    station.Give(33013);
+    station.Give(33026);
+    QVERIFY(!station.TopItems().filter(u"600."_s).isEmpty());
+}
+
+void WindowCommandsTest::paneSizesAreKeptOnlyWhenAskedFor()
+{
+    Station station;
+    PaneSizes sizes = station.child->ComputedPanes();
+    sizes.left += 77;
+    sizes.up -= 55;
+    station.child->SetPanes(sizes);
+    QApplication::processEvents();
+    const int up = station.child->UpView().height();
+    station.Start();
+    QVERIFY(station.child->UpView().height() != up);
+    station.child->SetPanes(sizes);
+    QApplication::processEvents();
+    station.Give(32769);
+    station.Start();
+    QCOMPARE(station.child->UpView().height(), up);
+    station.Give(32966); // as at first
+    QCOMPARE(station.child->UpView().height(), station.child->ComputedPanes().up);
+}
+
+void WindowCommandsTest::colourAndFontAreKept()
+{
+    Station station;
+    station.prompts.chooseColour = [](QWidget*, const QColor&) { return QColor(1, 2, 3); };
+    station.prompts.chooseFont = [](QWidget*, DisplaySettings& display) {
+        display.fontHeight = -30;
+        return true;
+    };
+    station.Start();
+    station.Give(32770);
+    station.Give(32965);
+    QCOMPARE(station.Doc().display.backColor, 0x030201U);
+    station.Start();
+    QCOMPARE(station.Doc().display.backColor, 0x030201U);
+    QCOMPARE(station.Doc().display.fontHeight, -30);
+}
+
+void WindowCommandsTest::theResetKeepsTheCells()
+{
+    Station station;
+    station.prompts.chooseColour = [](QWidget*, const QColor&) { return QColor(1, 2, 3); };
+    station.Start();
+    station.Give(32770);
+    station.Give(33033);
+    station.Give(32966);
+    QCOMPARE(station.Doc().display.backColor, 0xFFFFFFU);
+    QCOMPARE(CSettings().RowHeight(), 21);
+}
+
+void WindowCommandsTest::decimalsBelongToTheProject()
+{
+    Station station;
+    station.prompts.chooseDecimals = [](QWidget*, DisplaySettings& display) {
+        display.metreDecimals = 2;
+        return true;
+    };
+    station.Start();
+    station.Give(32771);
+    QCOMPARE(station.Doc().display.metreDecimals, 2);
+    station.Start();
+    QCOMPARE(station.Doc().display.metreDecimals, DisplaySettings().metreDecimals);
+}
+
+void WindowCommandsTest::windowsOrTabsIsTheUsersChoice()
+{
+    Station station;
+    const bool tabbed = CSettings().TabbedWindows();
+    station.Give(kTabbedWindows);
+    QCOMPARE(CSettings().TabbedWindows(), !tabbed);
+    station.Start();
+    QCOMPARE(station.frame->findChild<QMdiArea*>()->viewMode() == QMdiArea::TabbedView, !tabbed);
+    QCOMPARE(station.Action(kTabbedWindows)->isChecked(), !tabbed);
+}
+
+void WindowCommandsTest::theModelFigureTakesThePageAndGivesItBack()
+{
+    Station station;
+    station.Give(32989);
+    QVERIFY(station.child->UpView().currentWidget() == &station.child->UpView().Figure());
+    station.Give(32996);
+    QVERIFY(station.child->UpView().Figure().View().zoom < 1.4);
+    station.Give(32991);
+    QCOMPARE(station.child->UpView().Figure().View().zoom, 1.4);
+    station.Give(32989);
+    QVERIFY(station.child->UpView().currentWidget() != &station.child->UpView().Figure());
+}
+
+void WindowCommandsTest::blockOf253HasNoSwitchToTheModel()
+{
+    Station station;
+    station.child->GoToBlock(253);
+    QVERIFY(!station.Action(32989)->isEnabled());
+    QVERIFY(!station.Action(32990)->isEnabled());
+    station.child->GoToBlock(301);
+    QVERIFY(station.Action(32989)->isEnabled());
+}
+
+void WindowCommandsTest::theNotesTakeThePlaceOfThePage()
+{
+    Station station;
+    station.Give(32989);
+    station.Give(32990);
+    QCOMPARE(station.Doc().CurrentBlock(), 100);
+    QVERIFY(station.Doc().showHelpPage);
+    QCOMPARE(station.child->CurrentBlock(), 301); // the panel stays
+}
+
+void WindowCommandsTest::printingPutsThePageOnPaper()
+{
+    Station station;
+    const QString file = station.folder.Path(u"page.pdf"_s);
+    station.prompts.choosePrinter = [&](QWidget*, QPrinter& printer) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(file);
+        return true;
+    };
+    station.Start();
+    station.Give(57607);
+    QVERIFY(Bytes(file).startsWith("%PDF"));
+}
+
+void WindowCommandsTest::nothingOfTheViewMayBeGivenWhilePrinting()
+{
+    Station station;
+    bool ran = true;
+    station.prompts.previewPrint = [&](QWidget*, QPrinter&, const std::function<void(QPrinter&)>&) {
+        ran = station.Action(39255)->isEnabled() || station.Action(32996)->isEnabled();
+    };
+    station.Start();
+    station.Give(57609);
+    QVERIFY(!ran);
+    QVERIFY(station.Action(39255)->isEnabled());
+}
+
+void WindowCommandsTest::documentsAndPagesGoOutside()
+{
+    Station station;
+    station.frame->SetHomePages({true, true, u"Example Homepage..."_s});
+    const QSignalSpy outside(station.frame.get(), &CMainFrame::commandForOutside);
+    for (const int command : {33168, 33169, 33175, 33171, 33173, 33174, 32766, 32767}) {
+        station.Give(command);
+        QCOMPARE(outside.back().at(0).toInt(), command);
+    }
+    QCOMPARE(outside.size(), 8);
+}
+
+void WindowCommandsTest::homePagesFollowTheDeployment()
+{
+    const Station station;
+    QVERIFY(!station.Action(32766)->isEnabled());
+    QVERIFY(!station.Action(32767)->isVisible());
+    station.frame->SetHomePages({true, false, u"A & B Homepage..."_s});
+    QVERIFY(station.Action(32766)->isEnabled());
+    QVERIFY(station.Action(32767)->isVisible());
+    QVERIFY(!station.Action(32767)->isEnabled());
+    QCOMPARE(station.Action(32767)->text(), u"A && B Homepage..."_s);
+}
+
+void WindowCommandsTest::searchLeadsToTheCell()
+{
+    Station station;
+    QVERIFY(QTest::qWaitForWindowActive(station.frame.get()));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+    QCOMPARE(station.child->CurrentBlock(), 999);
+    station.Grid().Source()->SetText(1, 1, u"検索：孔引"_s);
+    station.Grid().ShowAll();
+    QVERIFY(station.Grid().Source()->UsedRows() > 2);
+    for (int row = 2; row <= station.Grid().Source()->UsedRows(); ++row) {
+        station.Grid().SetFocusCell(row, 1);
+        station.frame->RunCommand(0); // no such command: only looks at what may be given
+        if (station.Action(33181)->isEnabled())
+            break;
+    }
+    QVERIFY(station.Action(33181)->isEnabled());
+    station.Give(33181);
+    QTRY_VERIFY(station.child->CurrentBlock() != 999);
+    QVERIFY(station.child->Tree().SelectedNumber() == station.child->CurrentBlock());
+    const QModelIndex cell = station.Grid().currentIndex();
+    QVERIFY(cell.isValid());
+    QVERIFY(station.Grid().hasFocus());
+    QVERIFY(station.Grid().viewport()->rect().intersects(station.Grid().visualRect(cell)));
+    QVERIFY(!station.Doc().IsModified());
+}
+
+void WindowCommandsTest::everyCommandCanBeReachedByKeys()
+{
+    // A menu title with its letter, and below it an entry: menus need no mouse.
+    const Station station;
+    QSet<QAction*> reached;
+    for (QAction* top : station.frame->menuBar()->actions()) {
+        if (top->menu() == nullptr)
+            continue;
+        QVERIFY2(top->text().contains(u"(&"_s), qPrintable(top->text()));
+        for (QAction* entry : Entries(top->menu()))
+            reached.insert(entry);
+    }
+    for (const CommandRow& row : CommandTable()) {
+        const bool byMenu = reached.contains(station.Action(row.id));
+        QVERIFY2(byMenu || !row.keys.empty() || row.id == kVersionEntry, qPrintable(QString::number(row.id)));
+    }
+}
+
+QTEST_MAIN(WindowCommandsTest)
+#include "window_commands_test.moc"
