@@ -1,30 +1,24 @@
 #include "upperview/chk_view.h"
 
 #include "document/section_doc.h"
-#include "upperview/page_font.h"
+#include "upperview/display_look.h"
+#include "upperview/help_page.h"
 #include "upperview/run_poster.h"
 
 #include <QFileInfo>
 #include <QFontMetricsF>
-#include <QKeyEvent>
 #include <QPainter>
-#include <QScrollBar>
-
-#include <cmath>
 
 namespace sbd {
 
 using namespace Qt::StringLiterals;
 
 CChkView::CChkView(CKELDSectionDoc* doc, QWidget* parent)
-    : QAbstractScrollArea(parent)
+    : CPageView(parent)
     , doc_(doc)
     , poster_(new CRunPoster([this] { return IsShown() && doc_->runOnShow; }, this))
 {
-    setFrameShape(QFrame::NoFrame);
-    setFocusPolicy(Qt::ClickFocus);
     setAccessibleName(u"解析結果の報告"_s);
-    viewport()->setBackgroundRole(QPalette::Base);
     connect(poster_, &CRunPoster::runIsDue, this, &CChkView::runIsDue);
     const auto repaint = [this] { viewport()->update(); };
     connect(doc_, &CKELDSectionDoc::modifiedChanged, this, repaint);
@@ -71,64 +65,36 @@ std::vector<ChkLine> CChkView::Lines()
     return ChkPageLines({doc_->CurrentBlock(), !path.isEmpty(), stale, text_});
 }
 
-double CChkView::Scale() const
+QFont CChkView::Font() const
 {
-    return viewport()->logicalDpiX() / kPageUnitsPerInch;
+    return HelpFont(doc_->display);
 }
 
-void CChkView::SetScrollSize(const std::vector<ChkLine>& lines)
-{
-    const QSizeF page = ChkPageSize(lines, QFontMetricsF(PageFont())) * Scale();
-    const QSize pane = viewport()->size();
-    const int step = static_cast<int>(std::lround(ChkLineStep(QFontMetricsF(PageFont())) * Scale()));
-    horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(page.width())) - pane.width()));
-    horizontalScrollBar()->setPageStep(pane.width());
-    horizontalScrollBar()->setSingleStep(step);
-    verticalScrollBar()->setRange(0, std::max(0, static_cast<int>(std::ceil(page.height())) - pane.height()));
-    verticalScrollBar()->setPageStep(pane.height());
-    verticalScrollBar()->setSingleStep(step);
-}
-
-void CChkView::paintEvent(QPaintEvent*)
+QSizeF CChkView::PaintPage(QPainter& painter, const QRectF& visible)
 {
     const std::vector<ChkLine> lines = Lines();
-    SetScrollSize(lines);
-    QPainter painter(viewport());
-    painter.fillRect(viewport()->rect(), palette().base());
-    painter.translate(-horizontalScrollBar()->value(), -verticalScrollBar()->value());
-    painter.scale(Scale(), Scale());
-    painter.setFont(PageFont());
-    PaintChkPage(painter, lines, painter.transform().inverted().mapRect(QRectF(viewport()->rect())));
-    PostRun();
+    painter.setFont(Font());
+    PaintChkPage(painter, lines, visible);
+    return ChkPageSize(lines, QFontMetricsF(Font()));
 }
 
-void CChkView::PostRun()
+QColor CChkView::BackColour() const
+{
+    return PaperColour(doc_->display);
+}
+
+double CChkView::LineStep() const
+{
+    return ChkLineStep(QFontMetricsF(Font()));
+}
+
+void CChkView::Painted()
 {
     if (!IsShown() || doc_->PathName().isEmpty())
         return;
     const bool stale = IsChkStale(doc_->PathName(), doc_->IsModified());
     if (const auto run = RunToPost(doc_->CurrentBlock(), doc_->runOnShow, stale, text_.opened))
         poster_->Want(*run);
-}
-
-void CChkView::resizeEvent(QResizeEvent* event)
-{
-    QAbstractScrollArea::resizeEvent(event);
-    SetScrollSize(Lines());
-}
-
-void CChkView::keyPressEvent(QKeyEvent* event)
-{
-    switch (event->key()) {
-    case Qt::Key_Home:
-        verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
-        break;
-    case Qt::Key_End:
-        verticalScrollBar()->triggerAction(QScrollBar::SliderToMaximum);
-        break;
-    default:
-        QAbstractScrollArea::keyPressEvent(event);
-    }
 }
 
 } // namespace sbd

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "upperview/chk_page.h"
+#include "upperview/page_view.h"
 
-#include <QAbstractScrollArea>
 #include <QDateTime>
 
 namespace sbd {
@@ -13,7 +13,7 @@ class CRunPoster;
 
 /// Shows the page of the blocks 254, 255 and 256 and hands on the run that it asks for. Every repaint looks at the
 /// report on disk; it is read again when it has changed.
-class CChkView : public QAbstractScrollArea {
+class CChkView : public CPageView {
     Q_OBJECT
 
 public:
@@ -32,16 +32,15 @@ signals:
     void runIsDue(const sbd::WantedRun& run);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    QSizeF PaintPage(QPainter& painter, const QRectF& visible) override;
+    [[nodiscard]] QColor BackColour() const override;
+    [[nodiscard]] double LineStep() const override;
+    void Painted() override;
 
 private:
     [[nodiscard]] bool IsShown() const;
+    [[nodiscard]] QFont Font() const;
     void LookAtReport();
-    void SetScrollSize(const std::vector<ChkLine>& lines);
-    void PostRun();
-    [[nodiscard]] double Scale() const;
 
     CKELDSectionDoc* doc_;
     CRunPoster* poster_;

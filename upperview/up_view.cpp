@@ -1,104 +1,68 @@
 #include "upperview/up_view.h"
 
 #include "document/section_doc.h"
-#include "project/catalogue.h"
-#include "upperview/cell_help.h"
 #include "upperview/chk_view.h"
-#include "upperview/page_font.h"
+#include "upperview/figure_pane.h"
+#include "upperview/help_view.h"
 
-#include <QLabel>
-#include <QScrollArea>
-#include <QVBoxLayout>
+#include <QPainter>
 
 namespace sbd {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-constexpr int kMargin = 12; // px around the page
-constexpr int kFontPixels = 16;
-
-QFont LabelFont()
-{
-    QFont font = PageFont();
-    font.setPixelSize(kFontPixels);
-    return font;
-}
-
-QLabel* MakeLine(QColor colour, QWidget* parent)
-{
-    auto* label = new QLabel(parent);
-    QPalette colours = label->palette();
-    colours.setColor(QPalette::WindowText, colour);
-    colours.setColor(QPalette::Text, colour); // of text that can be selected
-    label->setPalette(colours);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    label->setFocusPolicy(Qt::NoFocus);
-    return label;
-}
+constexpr int kResultBlock = 253;
+constexpr int kFirstZoomOrMove = 32995; // the commands below it choose a view
 
 } // namespace
 
-CUpView::CUpView(CKELDSectionDoc* doc, QWidget* parent) : QStackedWidget(parent), doc_(doc), chk_(new CChkView(doc))
+CUpView::CUpView(CKELDSectionDoc* doc, QWidget* parent)
+    : QStackedWidget(parent)
+    , doc_(doc)
+    , help_(new CHelpView(doc))
+    , chk_(new CChkView(doc))
+    , figure_(new CFigurePane(doc))
 {
-    page_ = CreatePage();
-    addWidget(page_);
-    addWidget(chk_);
+    for (QWidget* pane : std::initializer_list<QWidget*>{help_, chk_, figure_})
+        addWidget(pane);
     setFocusPolicy(Qt::NoFocus);
     connect(doc_, &CKELDSectionDoc::helpCellChanged, this, &CUpView::Refresh);
     connect(doc_, &CKELDSectionDoc::reloaded, this, &CUpView::Refresh);
     Refresh();
 }
 
-QWidget* CUpView::CreatePage()
+void CUpView::RunViewCommand(int command)
 {
-    auto* page = new QWidget(this);
-    page->setBackgroundRole(QPalette::Base);
-    title_ = MakeLine(Qt::blue, page);
-    cell_ = MakeLine(Qt::red, page);
-
-    auto* lines = new QVBoxLayout(page);
-    lines->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    lines->addWidget(title_);
-    lines->addSpacing(kFontPixels); // the blank line below the title
-    lines->addWidget(cell_);
-    lines->addStretch();
-
-    auto* scroll = new QScrollArea;
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setBackgroundRole(QPalette::Base);
-    scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setWidget(page);
-    page->setFont(LabelFont());
-    return scroll;
+    figure_->RunViewCommand(command);
+    if (command < kFirstZoomOrMove || doc_->CurrentBlock() != kResultBlock)
+        doc_->showHelpPage = false;
+    Refresh();
 }
 
-QString CUpView::TitleText() const
+void CUpView::Print(QPaintDevice& sheet)
 {
-    return title_->text();
-}
-
-QString CUpView::CellText() const
-{
-    return cell_->text();
+    QPainter painter(&sheet);
+    if (!painter.isActive())
+        return;
+    if (currentWidget() == figure_)
+        figure_->PrintFigure(painter);
+    else
+        static_cast<CPageView*>(currentWidget())->PrintPage(painter);
 }
 
 void CUpView::Refresh()
 {
-    if (IsChkBlock(doc_->CurrentBlock())) {
+    const int block = doc_->CurrentBlock();
+    if (!doc_->showHelpPage || block == kResultBlock)
+        setCurrentWidget(figure_);
+    else if (IsChkBlock(block))
         setCurrentWidget(chk_);
-        chk_->viewport()->update();
-        return;
-    }
-    setCurrentWidget(page_);
-    const int block = doc_->HelpBlock() >= 0 ? doc_->HelpBlock() : doc_->CurrentBlock();
-    const std::string_view title = PageTitleOf(block);
-    title_->setText(QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())));
-    cell_->setText(toQString(CellTitle(doc_->Data(), CanonicalBlock(block), doc_->HelpRow(), doc_->HelpColumn())));
+    else
+        setCurrentWidget(help_);
+    if (currentWidget() == figure_)
+        figure_->update();
+    else
+        static_cast<CPageView*>(currentWidget())->viewport()->update();
 }
 
 } // namespace sbd

@@ -1,42 +1,45 @@
 // CUpView: the pane above the panel.
 #pragma once
 
-#include "upperview/chk_page.h"
-
 #include <QStackedWidget>
 
-class QLabel;
+class QPaintDevice;
 
 namespace sbd {
 
 class CChkView;
+class CFigurePane;
+class CHelpView;
 class CKELDSectionDoc;
 
-/// Shows the title of the block on the panel and what the current cell means, or the report of the last run. Read-only;
-/// follows the document.
+/// Shows what belongs to the block and cell at which the user is: the help page, for 253 to 256 the chosen result and
+/// the report of the last run; or the figure of the model instead. Read-only; follows the document.
 class CUpView : public QStackedWidget {
     Q_OBJECT
 
 public:
     explicit CUpView(CKELDSectionDoc* doc, QWidget* parent = nullptr);
 
-    [[nodiscard]] QString TitleText() const;
-    [[nodiscard]] QString CellText() const;
-    /// The report of the last run, shown for the blocks 254, 255 and 256.
+    [[nodiscard]] CHelpView& Help() { return *help_; }
     [[nodiscard]] CChkView& Chk() { return *chk_; }
+    [[nodiscard]] CFigurePane& Figure() { return *figure_; }
+
+    /// Carries out a command of the model figure, 32991 to 33000, and shows the figure. The diagram of block 253 stays on
+    /// show where it takes the command itself.
+    void RunViewCommand(int command);
+
+    /// Prints what is on show, on one sheet: a printer or a PDF file.
+    void Print(QPaintDevice& sheet);
 
 public slots:
-    /// Composes the page anew from the document.
+    /// Shows what belongs to the document's block and cell.
     void Refresh();
 
 private:
-    [[nodiscard]] QWidget* CreatePage();
-
     CKELDSectionDoc* doc_;
-    QWidget* page_ = nullptr;
+    CHelpView* help_;
     CChkView* chk_;
-    QLabel* title_ = nullptr;
-    QLabel* cell_ = nullptr;
+    CFigurePane* figure_;
 };
 
 } // namespace sbd

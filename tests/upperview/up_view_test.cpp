@@ -1,105 +1,192 @@
 #include "document/section_doc.h"
-#include "project/catalogue.h"
-#include "upperview/cell_help.h"
+#include "upperview/chk_view.h"
+#include "upperview/figure_pane.h"
+#include "upperview/help_view.h"
 #include "upperview/up_view.h"
 
-#include <QLabel>
+#include <QPdfWriter>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace sbd;
 
+namespace {
+
+struct Pane {
+    CKELDSectionDoc doc;
+    CUpView view{&doc};
+
+    Pane()
+    {
+        (void)doc.OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/plate4/plate4.sbd"_s);
+        view.resize(1000, 300);
+        view.show();
+    }
+    void GoTo(int block, int row, int column)
+    {
+        doc.SetCurrentBlock(block);
+        doc.SetHelpCell(row > 0 ? block : -1, row, column);
+        view.Refresh();
+        QApplication::processEvents();
+        QApplication::processEvents(); // a page that has found its place paints again
+    }
+    [[nodiscard]] int Scroll() { return view.Help().verticalScrollBar()->value(); }
+};
+
+/// Pixels of a colour in what the pane shows.
+int CountPixels(CUpView& view, QRgb colour)
+{
+    const QImage picture = view.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            count += (picture.pixel(x, y) & RGB_MASK) == (colour & RGB_MASK) ? 1 : 0;
+    }
+    return count;
+}
+
+} // namespace
+
 class UpViewTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void anOptionRowIsExplainedByItsLabel();
-    void aTableCellIsExplainedByItsColumn();
-    void aSectionProjectHasHeadsOfItsOwn();
-    void nothingIsSaidOfHeadsSpareRowsAndRowNumbers();
-    void everyBlockOfTheMenuHasATitle();
-    void withoutACellTheBlockOnShowIsNamed();
-    void titleIsBlueAndCellIsRed();
+    void eachBlockHasItsPane();
+    void theModelFigureTakesThePlaceOfEveryPage();
+    void aViewCommandLeavesTheHelpPage();
+    void zoomAndMoveStayOnTheDiagram();
+    void thePageScrollsToTheColumn();
+    void theUsersOwnScrollingStands();
+    void anotherCellMovesThePageAgain();
+    void theColumnOfTheCellIsRed();
+    void theBackgroundIsTheUsers();
+    void everyPagePrintsOnOneSheet_data();
+    void everyPagePrintsOnOneSheet();
 };
 
-void UpViewTest::anOptionRowIsExplainedByItsLabel()
+void UpViewTest::eachBlockHasItsPane()
 {
-    CKELDSectionDoc doc;
-    const CUpView view(&doc);
-    doc.SetHelpCell(301, 5, 2);
-    QCOMPARE(view.TitleText(), u"301.CONTROL [SEC_CONTROL]"_s);
-    QCOMPARE(view.CellText(), u"対傾構設計を行わない(YES_NO)"_s);
+    Pane pane;
+    pane.GoTo(313, 2, 6);
+    QVERIFY(pane.view.currentWidget() == &pane.view.Help());
+    pane.GoTo(255, 0, 0);
+    QVERIFY(pane.view.currentWidget() == &pane.view.Chk());
+    pane.GoTo(253, 0, 0);
+    QVERIFY(pane.view.currentWidget() == &pane.view.Figure());
+    pane.GoTo(999, 0, 0);
+    QVERIFY(pane.view.currentWidget() == &pane.view.Help());
 }
 
-void UpViewTest::aTableCellIsExplainedByItsColumn()
+void UpViewTest::theModelFigureTakesThePlaceOfEveryPage()
 {
-    CKELDSectionDoc doc;
-    const CUpView view(&doc);
-    doc.SetHelpCell(313, 2, 1);
-    QCOMPARE(view.CellText(), u"主桁始"_s);
-    doc.SetHelpCell(311, 2, 6); // a head of several lines
-    QCOMPARE(view.CellText(), u"[DXL] 桁高終 (m)"_s);
-    doc.SetHelpCell(713, 2, 6);
-    QCOMPARE(view.CellText(), u"材質"_s);
-}
-
-void UpViewTest::aSectionProjectHasHeadsOfItsOwn()
-{
-    CKELDSectionDoc doc;
-    doc.Data().SetOption(301, 2, *fromQString(u"断面"_s));
-    const CUpView view(&doc);
-    doc.SetHelpCell(331, 2, 1);
-    QCOMPARE(view.CellText(), u"G(固定)"_s);
-}
-
-void UpViewTest::nothingIsSaidOfHeadsSpareRowsAndRowNumbers()
-{
-    const CSbdData data;
-    QVERIFY(CellTitle(data, 313, 0, 1).empty());
-    QVERIFY(CellTitle(data, 313, 1, 0).empty());
-    QVERIFY(CellTitle(data, 313, 1, 99).empty());
-    QVERIFY(CellTitle(data, 301, 37, 2).empty());
-    QVERIFY(CellTitle(data, 255, 1, 1).empty());
-}
-
-void UpViewTest::everyBlockOfTheMenuHasATitle()
-{
-    for (const CatalogueRow& row : Catalogue()) {
-        if (!row.menuText.empty())
-            QVERIFY2(!PageTitleOf(row.block).empty(), qPrintable(QString::number(row.block)));
+    Pane pane;
+    pane.doc.showHelpPage = false;
+    for (const int block : {313, 255, 253}) {
+        pane.GoTo(block, 0, 0);
+        QVERIFY(pane.view.currentWidget() == &pane.view.Figure());
     }
-    QVERIFY(PageTitleOf(614).empty());
 }
 
-void UpViewTest::withoutACellTheBlockOnShowIsNamed()
+void UpViewTest::aViewCommandLeavesTheHelpPage()
 {
-    CKELDSectionDoc doc;
-    CUpView view(&doc);
-    doc.SetHelpCell(301, 5, 2);
-    doc.SetCurrentBlock(402);
-    doc.SetHelpCell(-1, 0, 0);
-    QCOMPARE(view.TitleText(), u"402.ずれ止め間隔 [DRAW_STUD]"_s);
-    QVERIFY(view.CellText().isEmpty());
-}
-
-void UpViewTest::titleIsBlueAndCellIsRed()
-{
-    CKELDSectionDoc doc;
-    CUpView view(&doc);
-    doc.SetHelpCell(301, 5, 2);
-    view.resize(600, 300);
-    const QImage picture = view.grab().toImage();
-    bool blue = false;
-    bool red = false;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            const QColor colour = picture.pixelColor(x, y);
-            blue = blue || (colour.blue() > 200 && colour.red() < 80 && colour.green() < 80);
-            red = red || (colour.red() > 200 && colour.blue() < 80 && colour.green() < 80);
-        }
+    Pane pane;
+    for (const int command : {32991, 32992, 32993, 32994, 32995, 32996, 32997, 32998, 32999, 33000}) {
+        pane.doc.showHelpPage = true;
+        pane.GoTo(301, 1, 2);
+        pane.view.RunViewCommand(command);
+        QVERIFY(!pane.doc.showHelpPage);
+        QVERIFY(pane.view.currentWidget() == &pane.view.Figure());
     }
-    QVERIFY(blue);
-    QVERIFY(red);
+}
+
+void UpViewTest::zoomAndMoveStayOnTheDiagram()
+{
+    Pane pane;
+    pane.GoTo(253, 0, 0);
+    const double zoom = pane.view.Figure().View().zoom;
+    pane.view.RunViewCommand(32996);
+    QVERIFY(pane.doc.showHelpPage);
+    QCOMPARE(pane.view.Figure().View().zoom, zoom / 1.2); // whatever its tip says
+    pane.view.RunViewCommand(32994);
+    QVERIFY(!pane.doc.showHelpPage);
+}
+
+void UpViewTest::thePageScrollsToTheColumn()
+{
+    Pane pane;
+    pane.GoTo(313, 0, 0);
+    QCOMPARE(pane.Scroll(), 0);
+    pane.GoTo(313, 3, 6); // its width stands in a sketch below the text
+    QVERIFY(pane.Scroll() > 50);
+    pane.GoTo(313, 3, 1); // the girder stands in none
+    QCOMPARE(pane.Scroll(), 0);
+}
+
+void UpViewTest::theUsersOwnScrollingStands()
+{
+    Pane pane;
+    pane.GoTo(313, 3, 6);
+    pane.view.Help().verticalScrollBar()->setValue(10);
+    pane.GoTo(313, 3, 6);
+    QCOMPARE(pane.Scroll(), 10);
+}
+
+void UpViewTest::anotherCellMovesThePageAgain()
+{
+    Pane pane;
+    pane.GoTo(313, 3, 6);
+    const int place = pane.Scroll();
+    pane.view.Help().verticalScrollBar()->setValue(10);
+    pane.GoTo(313, 4, 6);
+    QCOMPARE(pane.Scroll(), place);
+}
+
+void UpViewTest::theColumnOfTheCellIsRed()
+{
+    Pane pane;
+    pane.GoTo(313, 3, 6);
+    const int inColumn = CountPixels(pane.view, qRgb(255, 0, 0));
+    pane.GoTo(313, 3, 1);
+    pane.view.Help().verticalScrollBar()->setValue(pane.view.Help().verticalScrollBar()->maximum());
+    QVERIFY2(inColumn > 20, qPrintable(QString::number(inColumn)));
+}
+
+void UpViewTest::theBackgroundIsTheUsers()
+{
+    Pane pane;
+    pane.doc.display.backColor = 0x102030; // blue, green, red
+    for (const int block : {313, 255, 253}) {
+        pane.GoTo(block, 0, 0);
+        QVERIFY(CountPixels(pane.view, qRgb(0x30, 0x20, 0x10)) > 1000);
+    }
+}
+
+void UpViewTest::everyPagePrintsOnOneSheet_data()
+{
+    QTest::addColumn<int>("block");
+    for (const int block : {301, 313, 255, 253})
+        QTest::addRow("%d", block) << block;
+}
+
+void UpViewTest::everyPagePrintsOnOneSheet()
+{
+    QFETCH(const int, block);
+    const QTemporaryDir folder;
+    Pane pane;
+    pane.GoTo(block, 0, 0);
+    const QString file = folder.filePath(u"page.pdf"_s);
+    {
+        QPdfWriter sheet(file);
+        pane.view.Print(sheet);
+    }
+    QFile pdf(file);
+    QVERIFY(pdf.open(QFile::ReadOnly));
+    const QByteArray bytes = pdf.readAll();
+    QVERIFY(bytes.startsWith("%PDF"));
+    QCOMPARE(bytes.count("/Type /Page\n"), 1);
 }
 
 QTEST_MAIN(UpViewTest)

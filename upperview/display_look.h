@@ -1,0 +1,16 @@
+// How the display settings look in the pane above the panel.
+#pragma once
+
+#include "document/display_settings.h"
+
+#include <QColor>
+#include <QFont>
+
+namespace sbd {
+
+/// The colour behind pages and figures.
+[[nodiscard]] QColor PaperColour(const DisplaySettings& display);
+/// The font of the figures, measured in pixels; half of the pages' height.
+[[nodiscard]] QFont FigureFont(const DisplaySettings& display);
+
+} // namespace sbd

@@ -1,0 +1,44 @@
+// CFigurePane: the figure of the model, or of the result that block 253 has chosen.
+#pragma once
+
+#include "upperview/model_figure.h"
+
+#include <QWidget>
+
+class QPainter;
+
+namespace sbd {
+
+class CKELDSectionDoc;
+
+/// Paints the figure that fits the pane, and takes the mouse: left a rectangle to fill the pane, right a drag.
+class CFigurePane : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit CFigurePane(CKELDSectionDoc* doc, QWidget* parent = nullptr);
+
+    /// Carries out a command of the tool bar, 32991 to 33000.
+    void RunViewCommand(int command);
+    [[nodiscard]] const FigureView& View() const { return view_; }
+
+    /// Paints the figure in the middle of the sheet, in the proportions that it has on the screen.
+    void PrintFigure(QPainter& painter);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    void Paint(QPainter& painter);
+    void Follow(FigureMouseEffect effect);
+    [[nodiscard]] bool ShowsResult() const;
+
+    CKELDSectionDoc* doc_;
+    FigureView view_;
+    CFigureMouse mouse_{view_};
+};
+
+} // namespace sbd

@@ -1,0 +1,358 @@
+#include "upperview/model_figure.h"
+
+#include "document/section_doc.h"
+
+#include <QFontMetricsF>
+#include <QImage>
+#include <QMouseEvent>
+#include <QPaintEngine>
+#include <QPainter>
+#include <QScreen>
+#include <QWidget>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace sbd {
+
+namespace {
+
+constexpr int kDotRadius = 3;
+constexpr double kSupportHalfWidth = 5;
+constexpr double kSupportHeight = 10;
+constexpr double kDragPixels = 10;    // a right drag is shown from here on
+constexpr double kFarPixels = 10'000; // outside of every pane: lines are cut there
+
+FigurePoint PointOf(const QMouseEvent& event)
+{
+    return {event.position().x(), event.position().y()};
+}
+
+bool IsNumber(FigurePoint point)
+{
+    return std::isfinite(point.x) && std::isfinite(point.y);
+}
+
+/// The part of a line between two bounds of one axis, as shares of its length.
+bool CutAxis(double from, double to, double low, double high, double& begin, double& end)
+{
+    const double run = to - from;
+    if (run == 0)
+        return from >= low && from <= high;
+    const double share1 = (low - from) / run;
+    const double share2 = (high - from) / run;
+    begin = std::max(begin, std::min(share1, share2));
+    end = std::min(end, std::max(share1, share2));
+    return begin <= end;
+}
+
+/// Is any of what stands at the point to be seen?
+bool IsInPane(FigurePoint point, const FigureScreen& screen, double reach)
+{
+    return point.x > -reach && point.y > -reach && point.x < screen.clientWidth + reach
+           && point.y < screen.clientHeight + reach;
+}
+
+std::optional<QLine> PixelLine(FigurePoint from, FigurePoint to, const FigureScreen& screen)
+{
+    if (!IsNumber(from) || !IsNumber(to))
+        return std::nullopt;
+    if (IsInPane(from, screen, kFarPixels) && IsInPane(to, screen, kFarPixels))
+        return QLine(static_cast<int>(from.x), static_cast<int>(from.y), static_cast<int>(to.x),
+                     static_cast<int>(to.y));
+    double begin = 0;
+    double end = 1;
+    if (!CutAxis(from.x, to.x, -kFarPixels, screen.clientWidth + kFarPixels, begin, end)
+        || !CutAxis(from.y, to.y, -kFarPixels, screen.clientHeight + kFarPixels, begin, end))
+        return std::nullopt;
+    const auto at = [&](double share) {
+        if (share == 1)
+            return QPoint(static_cast<int>(to.x), static_cast<int>(to.y));
+        return QPoint(static_cast<int>(from.x + (to.x - from.x) * share),
+                      static_cast<int>(from.y + (to.y - from.y) * share));
+    };
+    return QLine(at(begin), at(end));
+}
+
+void PaintDot(QPainter& painter, QPoint at)
+{
+    painter.setPen(QPen(Qt::black, 1));
+    painter.setBrush(Qt::red);
+    painter.drawEllipse(at, kDotRadius, kDotRadius);
+    painter.setBrush(Qt::NoBrush);
+}
+
+/// On pixels, copies of one dot: a large bridge has thousands. Paper gets circles of its own fineness.
+void PaintDots(QPainter& painter, const std::vector<QPoint>& dots)
+{
+    const bool isPixels = painter.paintEngine()->type() == QPaintEngine::Raster
+                          && painter.deviceTransform().type() <= QTransform::TxTranslate
+                          && painter.device()->devicePixelRatio() == 1;
+    if (!isPixels) {
+        for (const QPoint dot : dots)
+            PaintDot(painter, dot);
+        return;
+    }
+    const QPoint middle(kDotRadius + 1, kDotRadius + 1);
+    QImage copy(2 * kDotRadius + 3, 2 * kDotRadius + 3, QImage::Format_ARGB32_Premultiplied);
+    copy.fill(Qt::transparent);
+    QPainter onCopy(&copy);
+    PaintDot(onCopy, middle);
+    onCopy.end();
+    for (const QPoint dot : dots)
+        painter.drawImage(dot - middle, copy);
+}
+
+/// The layers of one paint, from the lowest to the uppermost.
+class ModelPainter {
+public:
+    ModelPainter(QPainter& painter, const AnalysisResults& results, const FigureLook& look,
+                 const CModelProjection& projection, const ModelScale& scale)
+        : painter_(painter)
+        , results_(results)
+        , look_(look)
+        , projection_(projection)
+        , scale_(scale)
+        , lines_(scale.screen)
+    {
+        for (std::size_t number = 1; number <= projection.NodeCount(); ++number)
+            points_.push_back(ScreenOf(static_cast<std::int32_t>(number), projection, scale));
+    }
+
+    void Members()
+    {
+        lines_.Reserve(results_.elementTable.ends.size());
+        for (const auto& ends : results_.elementTable.ends)
+            if (projection_.HasNode(ends[0]) && projection_.HasNode(ends[1]))
+                lines_.Add(At(ends[0]), At(ends[1]));
+        lines_.Paint(painter_, PenOf(FigurePen::Member, look_));
+    }
+
+    void Lateral(const CSbdData& data, FigureSelection selection)
+    {
+        // The selected line is drawn last, so that no other one covers it.
+        const std::vector<LateralLine> lateral =
+            LateralBracing(results_.model, data, projection_.NodeCount(), selection);
+        for (const FigurePen pen : {FigurePen::Lateral, FigurePen::Selected}) {
+            for (const LateralLine& line : lateral)
+                if (line.pen == pen)
+                    lines_.Add(At(line.from), At(line.to));
+            lines_.Paint(painter_, PenOf(pen, look_));
+        }
+    }
+
+    void CrossBeams(const CSbdData& data, FigureSelection selection)
+    {
+        const AnalysisModel& model = results_.model;
+        FigurePen pen = FigurePen::Lateral;
+        for (const CrossLine& line :
+             VisibleCrossLines(model, CrossBeamRows(model, data, selection), projection_.NodeCount())) {
+            if (line.pen != pen)
+                lines_.Paint(painter_, PenOf(pen, look_));
+            pen = line.pen;
+            lines_.Add(At(line.node1), At(line.node2));
+        }
+        lines_.Paint(painter_, PenOf(pen, look_));
+    }
+
+    void Nodes()
+    {
+        for (const std::int32_t node : SupportedNodes(results_.nodeTable, projection_.NodeCount())) {
+            const FigurePoint top = At(node);
+            const FigurePoint left{top.x - kSupportHalfWidth, top.y + kSupportHeight};
+            const FigurePoint right{top.x + kSupportHalfWidth, top.y + kSupportHeight};
+            lines_.Add(top, left);
+            lines_.Add(top, right);
+            lines_.Add(left, right);
+        }
+        PaintDots(painter_, Dots());
+        lines_.Paint(painter_, PenOf(FigurePen::Plain, look_));
+    }
+
+    void Names()
+    {
+        painter_.setPen(Qt::black);
+        painter_.setFont(look_.font);
+        const QFontMetricsF metrics(look_.font, painter_.device());
+        const double characterWidth = metrics.averageCharWidth();
+        Texts(GirderLabels(results_, projection_, scale_, characterWidth), metrics);
+        Texts(StationLabels(results_.model, projection_, scale_, characterWidth), metrics);
+    }
+
+private:
+    /// One for each pixel of the pane that has a node.
+    [[nodiscard]] std::vector<QPoint> Dots() const
+    {
+        const int columns = static_cast<int>(scale_.screen.clientWidth) + 2 * kDotRadius;
+        const int rows = static_cast<int>(scale_.screen.clientHeight) + 2 * kDotRadius;
+        std::vector<bool> taken(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
+        std::vector<QPoint> dots;
+        for (const std::int32_t node : DottedNodes(results_.nodeTable, projection_.NodeCount())) {
+            const FigurePoint at = At(node);
+            if (!IsInPane(at, scale_.screen, kDotRadius))
+                continue;
+            const QPoint dot(static_cast<int>(at.x), static_cast<int>(at.y));
+            const auto pixel = static_cast<std::size_t>((dot.y() + kDotRadius) * columns + dot.x() + kDotRadius);
+            if (pixel < taken.size() && taken[pixel])
+                continue;
+            if (pixel < taken.size())
+                taken[pixel] = true;
+            dots.push_back(dot);
+        }
+        return dots;
+    }
+
+    [[nodiscard]] FigurePoint At(std::int32_t node) const { return points_[static_cast<std::size_t>(node) - 1]; }
+    [[nodiscard]] FigurePoint At(const NodePlace& place) const { return ScreenOf(place, projection_, scale_); }
+
+    /// The texts with their middle at their points.
+    void Texts(const std::vector<FigureLabel>& labels, const QFontMetricsF& metrics)
+    {
+        for (const FigureLabel& label : labels) {
+            const QString text = toQString(label.text);
+            const double width = metrics.horizontalAdvance(text);
+            if (IsInPane(label.at, scale_.screen, width))
+                painter_.drawText(QPointF(std::trunc(label.at.x) - width / 2,
+                                          std::trunc(label.at.y) + (metrics.ascent() - metrics.descent()) / 2),
+                                  text);
+        }
+    }
+
+    QPainter& painter_;
+    const AnalysisResults& results_;
+    const FigureLook& look_;
+    const CModelProjection& projection_;
+    const ModelScale& scale_;
+    CFigureLines lines_;
+    std::vector<FigurePoint> points_;
+};
+
+} // namespace
+
+FigureScreen FigureScreenOf(const QWidget& pane)
+{
+    const QSizeF screen = pane.screen()->size();
+    return {static_cast<double>(pane.width()), static_cast<double>(pane.height()), screen.width(), screen.height()};
+}
+
+QPen PenOf(FigurePen pen, const FigureLook& look)
+{
+    switch (pen) {
+    case FigurePen::Member:
+        return {Qt::blue, 2};
+    case FigurePen::Lateral:
+        return {QColor(0, 255, 0), 1};
+    case FigurePen::Sway:
+        return {QColor(255, 0, 255), 1};
+    case FigurePen::Background:
+        return {look.backColor, 1};
+    case FigurePen::Selected:
+        return {Qt::red, 3};
+    case FigurePen::Faint:
+        return {QColor(0x80, 0x80, 0x80), 1};
+    case FigurePen::Plain:
+        break;
+    }
+    return {Qt::black, 1};
+}
+
+void CFigureLines::Add(FigurePoint from, FigurePoint to)
+{
+    if (const std::optional<QLine> line = PixelLine(from, to, screen_))
+        lines_.push_back(*line);
+}
+
+void CFigureLines::Paint(QPainter& painter, const QPen& pen)
+{
+    painter.setPen(pen);
+    painter.drawLines(lines_.data(), static_cast<int>(lines_.size()));
+    lines_.clear();
+}
+
+void DrawModelFigure(QPainter& painter, const FigureScreen& screen, const AnalysisResults& results,
+                     const CSbdData& data, FigureSelection selection, const FigureLook& look, FigureView& view)
+{
+    const FigurePan pan = TakeMouseMarks(view, screen);
+    const CModelProjection projection(FigurePlaces(results), view.viewDirection);
+    if (projection.NodeCount() == 0 || screen.clientWidth <= 0 || screen.clientHeight <= 0)
+        return;
+    const ModelScale scale = FitModel(projection.Bounds(), screen, view.zoom, pan);
+    painter.save();
+    ModelPainter figure(painter, results, look, projection, scale);
+    figure.Members();
+    figure.Lateral(data, selection);
+    figure.CrossBeams(data, selection);
+    figure.Nodes();
+    figure.Names();
+    painter.restore();
+}
+
+// --- mouse -------------------------------------------------------------------------------------------
+
+FigureMouseEffect CFigureMouse::Press(const QMouseEvent& event)
+{
+    if (event.button() == Qt::LeftButton) {
+        view_.leftDownPoint = PointOf(event);
+        rubberCorner_ = view_.leftDownPoint;
+        leftButtonDown_ = true;
+    } else if (event.button() == Qt::RightButton) {
+        view_.rightDownPoint = PointOf(event);
+        rightButtonDown_ = true;
+    }
+    return FigureMouseEffect::None;
+}
+
+FigureMouseEffect CFigureMouse::Move(const QMouseEvent& event)
+{
+    if (leftButtonDown_) {
+        rubberCorner_ = PointOf(event);
+        return FigureMouseEffect::RubberBand;
+    }
+    if (!rightButtonDown_)
+        return FigureMouseEffect::None;
+    view_.rightMovePoint = PointOf(event);
+    if (std::abs(view_.rightMovePoint.x - view_.rightDownPoint.x) <= kDragPixels
+        && std::abs(view_.rightMovePoint.y - view_.rightDownPoint.y) <= kDragPixels)
+        return FigureMouseEffect::None;
+    view_.panPreview = true;
+    return FigureMouseEffect::Repaint;
+}
+
+FigureMouseEffect CFigureMouse::Release(const QMouseEvent& event, bool takesDrags)
+{
+    if (event.button() == Qt::LeftButton && leftButtonDown_) {
+        leftButtonDown_ = false;
+        view_.leftUpPoint = PointOf(event);
+        view_.zoomBoxPending = true;
+        return FigureMouseEffect::Repaint;
+    }
+    if (event.button() == Qt::RightButton && rightButtonDown_) {
+        rightButtonDown_ = false;
+        if (!takesDrags)
+            return FigureMouseEffect::None;
+        view_.rightMovePoint = PointOf(event);
+        view_.panPending = true;
+        return FigureMouseEffect::Repaint;
+    }
+    return FigureMouseEffect::None;
+}
+
+std::optional<QRectF> CFigureMouse::RubberBand() const
+{
+    if (!leftButtonDown_)
+        return std::nullopt;
+    return QRectF(QPointF(view_.leftDownPoint.x, view_.leftDownPoint.y), QPointF(rubberCorner_.x, rubberCorner_.y))
+        .normalized();
+}
+
+void DrawRubberBand(QPainter& painter, const QRectF& band)
+{
+    painter.save();
+    painter.setPen(QPen(Qt::blue, 1, Qt::DashLine));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(band.toRect());
+    painter.restore();
+}
+
+} // namespace sbd

@@ -1,0 +1,75 @@
+#include "upperview/page_view.h"
+
+#include "upperview/page_unit.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <cmath>
+
+namespace sbd {
+
+CPageView::CPageView(QWidget* parent) : QAbstractScrollArea(parent)
+{
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::ClickFocus);
+}
+
+double CPageView::Scale() const
+{
+    return viewport()->logicalDpiX() / kPageUnitsPerInch;
+}
+
+void CPageView::SetScrollSize(QSizeF page)
+{
+    const QSize pane = viewport()->size();
+    const int step = std::max(1, static_cast<int>(std::lround(LineStep() * Scale())));
+    const auto set = [step](QScrollBar* bar, double size, int shown) {
+        bar->setRange(0, std::max(0, static_cast<int>(std::ceil(size)) - shown));
+        bar->setPageStep(shown);
+        bar->setSingleStep(step);
+    };
+    set(horizontalScrollBar(), page.width() * Scale(), pane.width());
+    set(verticalScrollBar(), page.height() * Scale(), pane.height());
+}
+
+void CPageView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(viewport());
+    painter.fillRect(viewport()->rect(), BackColour());
+    painter.translate(-horizontalScrollBar()->value(), -verticalScrollBar()->value());
+    painter.scale(Scale(), Scale());
+    const QRectF visible = painter.transform().inverted().mapRect(QRectF(viewport()->rect()));
+    SetScrollSize(PaintPage(painter, visible));
+    Painted();
+}
+
+void CPageView::PrintPage(QPainter& painter)
+{
+    constexpr double margin = 100; // 10 mm
+    painter.save();
+    painter.scale(painter.device()->logicalDpiX() / kPageUnitsPerInch,
+                  painter.device()->logicalDpiY() / kPageUnitsPerInch);
+    const QRectF sheet = painter.transform().inverted().mapRect(painter.viewport().toRectF());
+    painter.translate(margin, margin);
+    PaintPage(painter, sheet.translated(-margin, -margin));
+    painter.restore();
+}
+
+void CPageView::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Home:
+        verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
+        break;
+    case Qt::Key_End:
+        verticalScrollBar()->triggerAction(QScrollBar::SliderToMaximum);
+        break;
+    default:
+        QAbstractScrollArea::keyPressEvent(event);
+    }
+}
+
+} // namespace sbd

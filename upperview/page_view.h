@@ -1,0 +1,43 @@
+// CPageView: a page in 0.1 mm that scrolls in its pane.
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QRectF>
+#include <QSizeF>
+
+class QPainter;
+
+namespace sbd {
+
+/// Scrolls and scales a page; what stands on it is told by the class on top. The page is composed at each repaint.
+class CPageView : public QAbstractScrollArea {
+    Q_OBJECT
+
+public:
+    explicit CPageView(QWidget* parent = nullptr);
+
+    /// Paints the page on one sheet, 10 mm from its left upper corner, whatever the page's length.
+    void PrintPage(QPainter& painter);
+
+    /// Pixels of a page unit.
+    [[nodiscard]] double Scale() const;
+
+protected:
+    /// Paints the page, in 0.1 mm and y downward from its top; what is not in `visible` may be left out. Gives the
+    /// page's size.
+    virtual QSizeF PaintPage(QPainter& painter, const QRectF& visible) = 0;
+    /// The colour behind the page.
+    [[nodiscard]] virtual QColor BackColour() const = 0;
+    /// Height of a line, the step of the wheel and the arrow keys.
+    [[nodiscard]] virtual double LineStep() const = 0;
+    /// Called behind a paint.
+    virtual void Painted() {}
+
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void SetScrollSize(QSizeF page);
+};
+
+} // namespace sbd
