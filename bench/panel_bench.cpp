@@ -1,12 +1,14 @@
-// Switching to a block of 10,000 rows against a plain table view of the same cells. The limit stands in
-// docs/performance.md.
+// A block of 10,000 rows: opened, and typed in, against a plain table view of the same cells; written at a focus change,
+// against a block of 10 rows. The limits stand in docs/performance.md.
 #include "bench/baseline.h"
 #include "document/section_doc.h"
+#include "grid/grid_ctrl.h"
 #include "panels/panel.h"
 #include "project/text.h"
 
 #include <QAbstractTableModel>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QTableView>
 
 #include <memory>
@@ -21,6 +23,13 @@ constexpr QSize kSize(900, 400);
 
 ShortestTimes plainTimes;
 ShortestTimes panelTimes;
+ShortestTimes plainKeyTimes;
+ShortestTimes panelKeyTimes;
+ShortestTimes listKeyTimes;
+ShortestTimes plainNextKeyTimes;
+ShortestTimes panelNextKeyTimes;
+ShortestTimes commitTimes;
+ShortestTimes rowTimes;
 
 /// Cells that are ready to be shown.
 class PlainModel : public QAbstractTableModel {
@@ -43,7 +52,14 @@ public:
     }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override
     {
-        return role == Qt::DisplayRole ? rows_[static_cast<std::size_t>(index.row())][index.column()] : QVariant();
+        return role == Qt::DisplayRole || role == Qt::EditRole
+                   ? rows_[static_cast<std::size_t>(index.row())][index.column()]
+                   : QVariant();
+    }
+
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override
+    {
+        return QAbstractTableModel::flags(index) | Qt::ItemIsEditable;
     }
 
 private:
@@ -92,6 +108,162 @@ void BM_SwitchToBlock(benchmark::State& state)
     state.counters["times_bare"] = panelTimes.Of(state.range(0)) / plainTimes.Of(state.range(0));
 }
 
+// --- typing ------------------------------------------------------------------------------------------
+
+constexpr int kTypedRow = 50;
+constexpr int kFreeColumn = 6;
+constexpr int kListColumn = 5;
+
+void SendKey(QWidget* widget, int key, const QString& text)
+{
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, Qt::NoModifier, text);
+        QApplication::sendEvent(widget, &event);
+    }
+}
+
+/// Ends the edit, off the clock.
+struct EndOfEdit {
+    QTableView* view;
+    ~EndOfEdit()
+    {
+        SendKey(QApplication::focusWidget(), Qt::Key_Escape, {});
+        QApplication::processEvents();
+        view->setFocus();
+    }
+    EndOfEdit(QTableView* edited) : view(edited) {}
+    EndOfEdit(EndOfEdit&& other) noexcept : view(other.view) {}
+};
+
+void PutFocus(QTableView& view, int column)
+{
+    view.activateWindow();
+    view.setFocus();
+    view.setCurrentIndex(view.model()->index(kTypedRow - 1, column - 1));
+    QApplication::processEvents();
+}
+
+/// From the key that opens the editor to its picture.
+void MeasureFirstKey(benchmark::State& state, QTableView& view, int column, ShortestTimes& times)
+{
+    PutFocus(view, column);
+    Measure(state, times, [&] {
+        SendKey(&view, Qt::Key_1, QStringLiteral("1"));
+        QApplication::processEvents();
+        return EndOfEdit(&view);
+    });
+}
+
+/// From a key in an open editor to its picture.
+void MeasureNextKey(benchmark::State& state, QTableView& view, ShortestTimes& times)
+{
+    PutFocus(view, kFreeColumn);
+    SendKey(&view, Qt::Key_1, QStringLiteral("1"));
+    QApplication::processEvents();
+    Measure(state, times, [&] {
+        SendKey(QApplication::focusWidget(), Qt::Key_2, QStringLiteral("2"));
+        QApplication::processEvents();
+        SendKey(QApplication::focusWidget(), Qt::Key_Backspace, {});
+        QApplication::processEvents();
+        return 0;
+    });
+    SendKey(QApplication::focusWidget(), Qt::Key_Escape, {});
+}
+
+void BM_PlainKey(benchmark::State& state)
+{
+    const std::unique_ptr<CKELDSectionDoc> doc = DocumentOf(state.range(0));
+    PlainModel model(*doc->Data().Table(kBlock));
+    auto view = std::make_unique<QTableView>();
+    view->setModel(&model);
+    view->setEditTriggers(QAbstractItemView::AnyKeyPressed);
+    view = Show(std::move(view));
+    MeasureFirstKey(state, *view, kFreeColumn, plainKeyTimes);
+}
+
+void BM_KeyInACell(benchmark::State& state)
+{
+    const std::unique_ptr<CKELDSectionDoc> doc = DocumentOf(state.range(0));
+    const std::unique_ptr<CPanel> panel = Show(CreatePanel(doc.get(), kBlock));
+    MeasureFirstKey(state, *panel->Grid(), kFreeColumn, panelKeyTimes);
+    state.counters["times_bare"] = panelKeyTimes.Of(state.range(0)) / plainKeyTimes.Of(state.range(0));
+}
+
+void BM_KeyInACellWithAList(benchmark::State& state)
+{
+    const std::unique_ptr<CKELDSectionDoc> doc = DocumentOf(state.range(0));
+    const std::unique_ptr<CPanel> panel = Show(CreatePanel(doc.get(), kBlock));
+    MeasureFirstKey(state, *panel->Grid(), kListColumn, listKeyTimes);
+    state.counters["times_bare"] = listKeyTimes.Of(state.range(0)) / plainKeyTimes.Of(state.range(0));
+}
+
+void BM_NextPlainKey(benchmark::State& state)
+{
+    const std::unique_ptr<CKELDSectionDoc> doc = DocumentOf(state.range(0));
+    PlainModel model(*doc->Data().Table(kBlock));
+    auto view = std::make_unique<QTableView>();
+    view->setModel(&model);
+    view->setEditTriggers(QAbstractItemView::AnyKeyPressed);
+    view = Show(std::move(view));
+    MeasureNextKey(state, *view, plainNextKeyTimes);
+}
+
+void BM_NextKeyInACell(benchmark::State& state)
+{
+    const std::unique_ptr<CKELDSectionDoc> doc = DocumentOf(state.range(0));
+    const std::unique_ptr<CPanel> panel = Show(CreatePanel(doc.get(), kBlock));
+    MeasureNextKey(state, *panel->Grid(), panelNextKeyTimes);
+    state.counters["times_bare"] = panelNextKeyTimes.Of(state.range(0)) / plainNextKeyTimes.Of(state.range(0));
+}
+
+// --- writing back ------------------------------------------------------------------------------------
+
+constexpr int kCommits = 100; // a task, so that the clock can tell
+
+/// Cells are edited and left: each is written when the focus moves on.
+void BM_CommitAtFocusChange(benchmark::State& state)
+{
+    const std::unique_ptr<CKELDSectionDoc> doc = DocumentOf(state.range(0));
+    const std::unique_ptr<CPanel> panel = Show(CreatePanel(doc.get(), kBlock));
+    CGridCtrl& grid = *panel->Grid();
+    int value = 0;
+    Measure(state, commitTimes, [&] {
+        for (int i = 0; i < kCommits; ++i) {
+            const int row = 2 + i % 9;
+            grid.SetFocusCell(row, kFreeColumn);
+            grid.Source()->SetText(row, kFreeColumn, QString::number(++value % 1000));
+            grid.SetFocusCell(row, kFreeColumn + 1);
+        }
+        return 0;
+    });
+    state.counters["times_10_rows"] = commitTimes.Of(state.range(0)) / commitTimes.Of(10);
+}
+
+/// The same where each edit adds a row to the block, or takes it away again.
+void BM_CommitOfARow(benchmark::State& state)
+{
+    const std::unique_ptr<CKELDSectionDoc> doc = DocumentOf(state.range(0));
+    const std::unique_ptr<CPanel> panel = Show(CreatePanel(doc.get(), kBlock));
+    CGridCtrl& grid = *panel->Grid();
+    const int row = static_cast<int>(state.range(0)) + 2;
+    bool there = false;
+    Measure(state, rowTimes, [&] {
+        for (int i = 0; i < kCommits; ++i) {
+            grid.SetFocusCell(row, 1);
+            there = !there;
+            grid.Source()->SetText(row, 1, there ? QStringLiteral("G1") : QString());
+            grid.SetFocusCell(row, 2);
+        }
+        return 0;
+    });
+    state.counters["times_10_rows"] = rowTimes.Of(state.range(0)) / rowTimes.Of(10);
+}
+
+void LargeAndSmall(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->ArgName("rows")->Arg(10)->Arg(10'000)->UseManualTime()->Unit(benchmark::kMillisecond);
+}
+
 void Sizes(benchmark::internal::Benchmark* benchmark)
 {
     benchmark->ArgName("rows")->Arg(100)->Arg(10'000)->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -100,6 +272,13 @@ void Sizes(benchmark::internal::Benchmark* benchmark)
 // The baseline first: the ratio is taken from the times measured so far.
 BENCHMARK(BM_PlainTableView)->Apply(Sizes);
 BENCHMARK(BM_SwitchToBlock)->Apply(Sizes);
+BENCHMARK(BM_PlainKey)->Apply(Sizes);
+BENCHMARK(BM_KeyInACell)->Apply(Sizes);
+BENCHMARK(BM_KeyInACellWithAList)->Apply(Sizes);
+BENCHMARK(BM_NextPlainKey)->Apply(Sizes);
+BENCHMARK(BM_NextKeyInACell)->Apply(Sizes);
+BENCHMARK(BM_CommitAtFocusChange)->Apply(LargeAndSmall);
+BENCHMARK(BM_CommitOfARow)->Apply(LargeAndSmall);
 
 } // namespace
 

@@ -25,6 +25,7 @@ constexpr CommandRow kRows[] = {
     {57604, "名前を付けて保存(&A)...", "Ctrl+Shift+S", "", ""},
     {57607, "印刷(&P)...", "Ctrl+P", "", "print"},
     {57609, "印刷プレビュー(&V)", "", "", "preview"},
+    {kSavePicture, "図を保存(&G)...", "", "", "", FreeView},
     {57665, "アプリケーションの終了(&X)", "Ctrl+Q", "", "", Nothing},
 
     // Editing
@@ -118,8 +119,8 @@ constexpr CommandRow kRows[] = {
     {kVersionEntry, "Ver20110808", "", "", "", Nothing},
 };
 
-constexpr MenuItem kFile[] = {57600, 57601, 57602, kSeparator, 57603, 57604, kSeparator, 57607, 57609, kSeparator,
-                              MenuFill::RecentFiles, kSeparator, 57665};
+constexpr MenuItem kFile[] = {57600, 57601, 57602, kSeparator, 57603, 57604, kSeparator, 57607, 57609, kSavePicture,
+                              kSeparator, MenuFill::RecentFiles, kSeparator, 57665};
 constexpr MenuItem kEdit[] = {57643, kSeparator, 57635, 57634, 57637, 33001, kSeparator, 33038, 33039, 33040,
                               kSeparator, 32761};
 constexpr MenuItem kView[] = {32989, 32990, kSeparator, 32994, 32991, 32992, 32993, kSeparator, 32996, 32995,

@@ -7,6 +7,7 @@
 #include "frame/child_frame.h"
 #include "frame/document_steps.h"
 #include "frame/profile.h"
+#include "panels/panel.h"
 #include "upperview/chk_view.h"
 #include "upperview/up_view.h"
 #include "sbdfile/writer.h"
@@ -313,6 +314,8 @@ void CFileCommands::OpenRecoveryCopy(const RecoveryCopy& copy)
 
 bool CFileCommands::MayClose(CChildFrame& child)
 {
+    if (child.Panel() != nullptr && !child.Panel()->MayClose())
+        return false; // a refused text would go with the window
     child.CommitPanel();
     if (!child.Doc().IsModified())
         return true;

@@ -113,6 +113,7 @@ private:
     void SetTreeView();
     void SetTabbed(bool tabbed);
     void Print(CChildFrame& child, bool preview);
+    void SavePicture(CChildFrame& child);
     void ShowAbout();
 
     void SetUpChild(CChildFrame& child);

@@ -11,6 +11,8 @@
 #include "upperview/up_view.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMessageBox>
@@ -72,6 +74,7 @@ void CMainFrame::AddFileHandlers()
     OnChild(57604, [this](CChildFrame& child) { files_->SaveAs(child); });
     OnChild(57607, [this](CChildFrame& child) { Print(child, false); });
     OnChild(57609, [this](CChildFrame& child) { Print(child, true); });
+    OnChild(kSavePicture, [this](CChildFrame& child) { SavePicture(child); });
     handlers_[57665] = [this] { close(); };
 }
 
@@ -267,6 +270,18 @@ void CMainFrame::Print(CChildFrame& child, bool preview)
         prompts_.previewPrint(this, printer, paint);
     else if (prompts_.choosePrinter(this, printer))
         paint(printer);
+}
+
+void CMainFrame::SavePicture(CChildFrame& child)
+{
+    const QFileInfo project(child.Doc().PathName().isEmpty() ? child.Doc().Title() : child.Doc().PathName());
+    const QString proposal =
+        project.path() + u'/' + project.completeBaseName() + u'_' + QString::number(child.Doc().CurrentBlock()) + u".png"_s;
+    const QString file = prompts_.savePictureName(this, proposal);
+    if (!file.isEmpty() && !child.UpView().SavePicture(file)) {
+        Warn(u"図を保存できませんでした。\n"_s + QDir::toNativeSeparators(file)
+             + u"\n\nプロジェクトには影響ありません。\n\n保存先と、拡張子 (.png .svg .pdf) を確かめてください。"_s);
+    }
 }
 
 void CMainFrame::ShowAbout()

@@ -60,6 +60,19 @@ QString SaveFileName(QWidget* parent, const QString& proposal)
     return RunDialog(dialog, u"保存(&S)"_s);
 }
 
+QString SavePictureName(QWidget* parent, const QString& proposal)
+{
+    const QFileInfo file(proposal);
+    QFileDialog dialog(parent, u"図を保存"_s, file.path());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters({u"PNG (*.png)"_s, u"SVG (*.svg)"_s, u"PDF (*.pdf)"_s});
+    dialog.setDefaultSuffix(u"png"_s);
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                     [&dialog](const QString& filter) { dialog.setDefaultSuffix(filter.first(3).toLower()); });
+    dialog.selectFile(file.completeBaseName());
+    return RunDialog(dialog, u"保存(&S)"_s);
+}
+
 SaveAnswer Ask(QWidget* parent, const QString& text)
 {
     QMessageBox box(QMessageBox::Question, u"変更の保存"_s, text, QMessageBox::NoButton, parent);
@@ -161,6 +174,7 @@ Prompts ScreenPrompts()
     prompts.askRecovery = AskRecovery;
     prompts.choosePrinter = ChoosePrinter;
     prompts.previewPrint = PreviewPrint;
+    prompts.savePictureName = SavePictureName;
     prompts.chooseColour = ChooseColour;
     prompts.chooseFont = ChooseFont;
     prompts.chooseDecimals = ChooseDecimals;
@@ -182,6 +196,7 @@ Prompts SilentPrompts(std::function<void(const QString& text)> told)
     prompts.askRecovery = [](QWidget*, const QString&) { return RecoveryAnswer::Later; };
     prompts.choosePrinter = [](QWidget*, QPrinter&) { return false; };
     prompts.previewPrint = [](QWidget*, QPrinter&, const std::function<void(QPrinter&)>&) {};
+    prompts.savePictureName = [](QWidget*, const QString&) { return QString(); };
     prompts.chooseColour = [](QWidget*, const QColor&) { return QColor(); };
     prompts.chooseFont = [](QWidget*, DisplaySettings&) { return false; };
     prompts.chooseDecimals = [](QWidget*, DisplaySettings&) { return false; };

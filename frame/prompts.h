@@ -51,6 +51,8 @@ struct Prompts {
     std::function<bool(QWidget* parent, QPrinter& printer)> choosePrinter;
     /// Shows what `paint` puts on paper, from where it may be printed.
     std::function<void(QWidget* parent, QPrinter& printer, const std::function<void(QPrinter&)>& paint)> previewPrint;
+    /// File to save a picture in, its kind by its ending; the dialog starts with `proposal`.
+    std::function<QString(QWidget* parent, const QString& proposal)> savePictureName;
     /// A colour; an invalid one if the user gave up.
     std::function<QColor(QWidget* parent, const QColor& now)> chooseColour;
     /// Font and text colour of the help pane, or its decimals; false if the user gave up.

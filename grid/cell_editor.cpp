@@ -11,6 +11,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <limits>
 
 namespace sbd {
 
@@ -25,6 +26,12 @@ bool IsTab(const QEvent* event)
     return key == Qt::Key_Tab || key == Qt::Key_Backtab;
 }
 
+/// A line edit cuts what is longer than 32767 characters; a cell may hold more.
+void TakeAnyLength(QLineEdit& line)
+{
+    line.setMaxLength(std::numeric_limits<int>::max());
+}
+
 void DrawFrame(QWidget& editor)
 {
     QPainter painter(&editor);
@@ -37,6 +44,7 @@ void DrawFrame(QWidget& editor)
 CCellEdit::CCellEdit(QWidget* parent, EditorKeyHandler keys) : QLineEdit(parent), keys_(std::move(keys))
 {
     setFrame(false);
+    TakeAnyLength(*this);
     setTextMargins(gridstyle::kPadding - 2, 0, 0, 0); // a line edit leaves 2 pixels itself
 }
 
@@ -71,6 +79,7 @@ CCellCombo::CCellCombo(QWidget* parent, const QStringList& words, EditorKeyHandl
     setFrame(false);
     setMaxVisibleItems(visibleWords);
     addItems(once);
+    TakeAnyLength(*lineEdit());
     lineEdit()->setTextMargins(0, 0, 0, 0);
     setCompleter(nullptr); // its own one writes into the text
 

@@ -131,6 +131,22 @@ void CGridCtrl::MoveFocus(int rows, int columns)
            false);
 }
 
+void CGridCtrl::MoveByTab(bool back)
+{
+    const GridCell cell = FocusCell();
+    const int columns = model_->columnCount();
+    const int step = back ? -1 : 1;
+    const int row = cell.row + step;
+    if ((cell.column + step >= 1 && cell.column + step <= columns) || row < 1 || row > model_->rowCount()) {
+        MoveFocus(0, step);
+        return;
+    }
+    int column = back ? columns : 1;
+    while (column + step >= 1 && column + step <= columns && !Source()->IsEditable(row, column))
+        column += step;
+    MoveTo({row, Source()->IsEditable(row, column) ? column : (back ? columns : 1)}, false);
+}
+
 void CGridCtrl::MoveTo(GridCell cell, bool extend)
 {
     const QModelIndex index = model_->IndexOf(cell);
@@ -189,6 +205,23 @@ bool CGridCtrl::edit(const QModelIndex& index, EditTrigger trigger, QEvent* even
     return opened;
 }
 
+/// The line of a list has the focus in the list's place when offered words have just gone; then nobody gives the focus
+/// back to the grid, and hiding the editor acts as a tab key.
+void CGridCtrl::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const bool hadFocus = editor && (editor->hasFocus() || editor->isAncestorOf(QApplication::focusWidget()));
+    closing_ = true;
+    QTableView::closeEditor(editor, hint);
+    closing_ = false;
+    if (hadFocus && !hasFocus())
+        setFocus();
+}
+
+bool CGridCtrl::focusNextPrevChild(bool next)
+{
+    return !closing_ && QTableView::focusNextPrevChild(next);
+}
+
 QLineEdit* CGridCtrl::OpenLine() const
 {
     return IsEditing() ? EditorLine(indexWidget(currentIndex())) : nullptr;
@@ -200,32 +233,40 @@ void CGridCtrl::StoreEdited(GridCell cell, const QString& text)
         return;
     if (const std::optional<QString> character = Source()->RefusedCharacter(text)) {
         refused_ = RefusedText{cell, text, *character};
-        QTimer::singleShot(0, this, &CGridCtrl::ReopenRefused); // when the editor that asks now is gone
+        QTimer::singleShot(0, this, [this] { ReopenRefused({}); }); // when the editor that asks now is gone
         return;
     }
     Show(Source()->SetText(cell.row, cell.column, text), cell);
     emit cellEdited(cell.row, cell.column);
 }
 
-void CGridCtrl::TellRefused()
+QString CGridCtrl::CellName(GridCell cell) const
 {
-    showMessage(tr("「%1」はこのシステムの文字コード（シフトJIS）にない文字です。このセルは元のままです。"
+    return tr("%1 行目「%2」").arg(Source()->RowNumber(cell.row), HeadOnOneLine(Source()->Head(cell.column, cell.row)));
+}
+
+void CGridCtrl::TellRefused(const QString& consequence)
+{
+    showMessage(tr("「%1」はこのシステムの文字コード（シフトJIS）にない文字です。%2 のセルは元のままです。"
                    "別の文字に置き換えて入力してください。")
-                    .arg(refused_->character));
+                    .arg(refused_->character, CellName(refused_->cell))
+                + consequence);
 }
 
 /// What was typed is not lost: the cell is open again with it, the refused character selected.
-void CGridCtrl::ReopenRefused()
+void CGridCtrl::ReopenRefused(const QString& consequence)
 {
     if (!refused_)
         return;
     const QPointer<CGridCtrl> self(this); // the message may stand for long
     const RefusedText refused = *refused_;
-    TellRefused();
+    TellRefused(consequence);
     if (!self || !Source())
         return;
     refused_.reset();
     SetFocusCell(refused.cell.row, refused.cell.column);
+    if (FocusCell() != refused.cell)
+        return;
     if (!IsEditing())
         QTableView::edit(currentIndex());
     typing_ = false;
@@ -236,21 +277,19 @@ void CGridCtrl::ReopenRefused()
     line->setSelection(int(refused.text.indexOf(refused.character)), int(refused.character.size()));
 }
 
-bool CGridCtrl::CommitEditor()
+bool CGridCtrl::CommitEditor(const QString& consequence)
 {
-    if (!IsEditing())
-        return true;
-    QGuiApplication::inputMethod()->commit();
-    QWidget* editor = indexWidget(currentIndex());
-    if (!editor)
-        return true;
-    commitData(editor);
-    if (refused_) {
-        TellRefused();
-        refused_.reset();
+    QWidget* editor = IsEditing() ? indexWidget(currentIndex()) : nullptr;
+    if (editor) {
+        QGuiApplication::inputMethod()->commit();
+        commitData(editor);
+    }
+    if (refused_) { // now, or in an editor that has just closed
+        ReopenRefused(consequence);
         return false;
     }
-    closeEditor(editor, QAbstractItemDelegate::NoHint);
+    if (editor)
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
     return true;
 }
 
@@ -279,6 +318,15 @@ void CGridCtrl::Show(GridEffect effect, GridCell cell)
 void CGridCtrl::ShowAll()
 {
     Show(GridEffect::All, {});
+}
+
+QVariant CGridCtrl::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    if (query != Qt::ImCursorRectangle || !currentIndex().isValid() || IsEditing()) // the view asks the editor then
+        return QTableView::inputMethodQuery(query);
+    // A composition begins where the cell's text will stand; the candidates are shown there.
+    const QRect cell = visualRect(currentIndex()).translated(viewport()->pos());
+    return QRect(cell.left() + kPadding, cell.top(), 1, cell.height());
 }
 
 // --- geometry ----------------------------------------------------------------------------------------

@@ -32,11 +32,14 @@ public:
     [[nodiscard]] GridCell FocusCell() const;
     void SetFocusCell(int row, int column);
     void MoveFocus(int rows, int columns);
+    /// To the next or the previous cell; at the end of a row to the nearest cell of the next row that takes text.
+    void MoveByTab(bool back);
     /// The selected rectangle; the focused cell if nothing is selected.
     [[nodiscard]] GridRange SelectedRange() const;
 
-    /// Takes the text of an open editor. False if the cell refused it: the user has been told, the editor stays.
-    bool CommitEditor();
+    /// Takes the text of an open editor. False if the cell refused it: the user has been told, with what follows from
+    /// it as the last sentence, and the editor stays open with the text.
+    bool CommitEditor(const QString& consequence = {});
     [[nodiscard]] bool IsEditing() const { return state() == EditingState; }
     /// Opens the word list of the focused cell.
     void OpenList();
@@ -71,6 +74,8 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    bool focusNextPrevChild(bool next) override;
     void focusInEvent(QFocusEvent* event) override;
     void updateGeometries() override;
     void resizeEvent(QResizeEvent* event) override;
@@ -78,6 +83,7 @@ protected:
 public:
     /// No jump to a row whose text begins with the key: the key was meant for the cell.
     void keyboardSearch(const QString&) override {}
+    [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
 private:
     friend class CGridDelegate;
@@ -97,12 +103,16 @@ private:
     void SetUpView();
     void ApplyRowHeights();
     void Show(GridEffect effect, GridCell cell);
-    void TellRefused();
-    void ReopenRefused();
+    void TellRefused(const QString& consequence);
+    void TellPaste(const GridPaste& paste);
+    void ReopenRefused(const QString& consequence);
+    [[nodiscard]] QString CellName(GridCell cell) const;
     [[nodiscard]] bool HandleCommandKey(QKeyEvent* event);
     [[nodiscard]] bool HandleMoveKey(QKeyEvent* event);
     [[nodiscard]] GridCell JumpTarget(GridCell from, int key) const;
     void MoveTo(GridCell cell, bool extend);
+    void SelectThrough(bool row);
+    void GiveUpComposition();
     [[nodiscard]] QLineEdit* OpenLine() const;
 
     CGridModel* model_;
@@ -110,7 +120,8 @@ private:
     CGridHead* numbers_;
     CGridCorner* corner_;
     int rowHeight_;
-    bool typing_ = false; // the open edit was begun by typing
+    bool typing_ = false;  // the open edit was begun by typing
+    bool closing_ = false; // an editor
     std::optional<RefusedText> refused_;
 };
 

@@ -18,6 +18,13 @@ using namespace gridstyle;
 
 namespace {
 
+/// As much of a text as `width` pixels can show: measuring all of a very long one would take seconds.
+QString SeenPart(const QString& text, int width)
+{
+    const qsizetype most = std::max(width, 1); // no character is narrower than a pixel
+    return text.size() > most ? text.left(most) + u'…' : text;
+}
+
 /// A text that is a little too wide is drawn with narrower letters, one that is much too wide is cut off.
 void DrawCellText(QPainter& painter, const QRect& rect, const QString& text, Qt::Alignment align)
 {
@@ -106,7 +113,8 @@ void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->setFont(grid_.font());
     // Red and magenta cannot be read on the ground of the focused row.
     painter->setPen(color.isValid() && !focusRow ? color : QColor::fromRgba(kText));
-    DrawCellText(*painter, TextRect(option.rect, index), source.Text(cell.row, cell.column),
+    const QRect textRect = TextRect(option.rect, index);
+    DrawCellText(*painter, textRect, SeenPart(source.Text(cell.row, cell.column), textRect.width()),
                  source.IsRightAligned(cell.row, cell.column) ? Qt::AlignRight : Qt::AlignLeft);
     if (HasButton(index))
         DrawButton(*painter, ButtonRect(option.rect));
@@ -126,7 +134,8 @@ bool CGridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const 
     if (event->type() != QEvent::ToolTip || !grid_.Source() || !index.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const GridCell cell = CGridModel::CellOf(index);
-    const QString text = grid_.Source()->Text(cell.row, cell.column);
+    constexpr int mostShown = 4000; // characters
+    const QString text = SeenPart(grid_.Source()->Text(cell.row, cell.column), mostShown);
     const int width = grid_.fontMetrics().boundingRect(QRect(), Qt::AlignLeft, text).width();
     if (width > TextRect(option.rect, index).width())
         QToolTip::showText(event->globalPos(),
@@ -154,6 +163,9 @@ QWidget* CGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
     }
     editor->setFont(grid_.font());
     editor->setAutoFillBackground(true);
+    const QString description = grid_.Source()->Description(cell.row, cell.column);
+    editor->setAccessibleName(description);
+    EditorLine(editor)->setAccessibleName(description);
     return editor;
 }
 
@@ -175,9 +187,10 @@ void CGridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionView
     // A narrow cell gets an editor that shows its text whole, as far as the grid reaches.
     constexpr int leastWidth = 100;
     constexpr int margins = 2 * kPadding + kButtonWidth + 8;
-    const int needed = grid_.fontMetrics().horizontalAdvance(index.data(Qt::EditRole).toString()) + margins;
     QRect rect = option.rect.adjusted(0, 0, -1, -1);
     const int room = grid_.viewport()->width() - rect.left();
+    const QString text = SeenPart(index.data(Qt::EditRole).toString(), room);
+    const int needed = grid_.fontMetrics().horizontalAdvance(text) + margins;
     rect.setWidth(std::max(rect.width(), std::min(std::max(needed, leastWidth), room)));
     editor->setGeometry(rect);
 }
@@ -199,10 +212,10 @@ bool CGridDelegate::HandleKey(QWidget* editor, QKeyEvent* event)
         Finish(editor, shift ? -1 : 1, 0);
         return true;
     case Qt::Key_Tab:
-        Finish(editor, 0, shift ? -1 : 1);
-        return true;
     case Qt::Key_Backtab:
-        Finish(editor, 0, -1);
+        Finish(editor, 0, 0);
+        if (!grid_.HasRefused())
+            grid_.MoveByTab(shift || event->key() == Qt::Key_Backtab);
         return true;
     case Qt::Key_Escape:
         emit closeEditor(editor, RevertModelCache);

@@ -110,6 +110,7 @@ CGridCorner::CGridCorner(QWidget* parent) : QWidget(parent) {}
 void CGridCorner::SetText(const QString& text)
 {
     text_ = text;
+    setAccessibleName(text.simplified());
     update();
 }
 

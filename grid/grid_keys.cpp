@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFocusEvent>
+#include <QInputMethod>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -57,23 +59,37 @@ void CGridCtrl::Paste()
     const QString text = QApplication::clipboard()->text();
     if (!Source() || FocusCell().row == 0 || text.isEmpty())
         return;
-    if (const std::optional<QString> character = Source()->RefusedCharacter(text)) {
-        showMessage(tr("「%1」はこのシステムの文字コード（シフトJIS）にない文字です。貼り付けは行いませんでした。"
-                       "別の文字に置き換えてから、もう一度貼り付けてください。")
-                        .arg(*character));
-        return;
-    }
     const GridRange range = SelectedRange();
-    GridRange filled;
-    const GridEffect effect = Source()->Paste(range.top, range.left, text, &filled);
-    if (effect == GridEffect::None)
+    const GridPaste paste = Source()->PasteChecked(range.top, range.left, text);
+    if (paste.effect != GridEffect::None) {
+        Show(paste.effect, {range.top, range.left});
+        SetFocusCell(range.top, range.left);
+        selectionModel()->select(QItemSelection(model_->IndexOf({paste.filled.top, paste.filled.left}),
+                                                model_->IndexOf({paste.filled.bottom, paste.filled.right})),
+                                 QItemSelectionModel::ClearAndSelect);
+        emit cellsChanged();
+    }
+    TellPaste(paste);
+}
+
+/// Names the characters that the cells cannot hold, and says what that means.
+void CGridCtrl::TellPaste(const GridPaste& paste)
+{
+    constexpr qsizetype named = 5;
+    const bool pasted = paste.effect != GridEffect::None;
+    if (paste.refused.isEmpty() || (pasted && paste.keptCells == 0)) // where nothing can be put, nothing is missing
         return;
-    Show(effect, {range.top, range.left});
-    SetFocusCell(range.top, range.left);
-    selectionModel()->select(
-        QItemSelection(model_->IndexOf({filled.top, filled.left}), model_->IndexOf({filled.bottom, filled.right})),
-        QItemSelectionModel::ClearAndSelect);
-    emit cellsChanged();
+    QString message = tr("「%1」%2はこのシステムの文字コード（シフトJIS）にない文字です。")
+                          .arg(paste.refused.mid(0, named).join(tr("」「")),
+                               paste.refused.size() > named ? tr("など %1 種類").arg(paste.refused.size()) : QString());
+    if (pasted)
+        message += tr("この文字のある %1 個のセル（最初は %2）は元のままです。ほかのセルには貼り付けました。"
+                      "別の文字に置き換えて入力してください。")
+                       .arg(paste.keptCells)
+                       .arg(CellName(paste.firstKept));
+    else
+        message += tr("貼り付けは行いませんでした。別の文字に置き換えてから、もう一度貼り付けてください。");
+    showMessage(message);
 }
 
 void CGridCtrl::Delete()
@@ -184,6 +200,16 @@ GridCell CGridCtrl::JumpTarget(GridCell from, int key) const
     return cell;
 }
 
+/// Selects the whole row or the whole column of the focused cell, which keeps the focus.
+void CGridCtrl::SelectThrough(bool row)
+{
+    const GridCell cell = FocusCell();
+    const GridCell first = row ? GridCell{cell.row, 1} : GridCell{1, cell.column};
+    const GridCell last = row ? GridCell{cell.row, model_->columnCount()} : GridCell{model_->rowCount(), cell.column};
+    selectionModel()->select(QItemSelection(model_->IndexOf(first), model_->IndexOf(last)),
+                             QItemSelectionModel::ClearAndSelect);
+}
+
 bool CGridCtrl::HandleMoveKey(QKeyEvent* event)
 {
     const bool control = event->modifiers() & Qt::ControlModifier;
@@ -206,17 +232,44 @@ bool CGridCtrl::HandleMoveKey(QKeyEvent* event)
         if (control && FocusCell().row > 0)
             MoveTo(JumpTarget(FocusCell(), event->key()), shift);
         return control;
+    case Qt::Key_Home:
+        if (control)
+            MoveTo({1, 1}, shift);
+        return control;
     case Qt::Key_End:
         if (control)
             MoveTo({std::max(1, Source()->UsedRows()), model_->columnCount()}, shift);
         return control;
+    case Qt::Key_Tab:
+        MoveByTab(shift);
+        return true;
+    case Qt::Key_Backtab:
+        MoveByTab(true);
+        return true;
+    case Qt::Key_Space:
+        if (control != shift && FocusCell().row > 0)
+            SelectThrough(shift);
+        return control || shift;
     default:
         return false;
     }
 }
 
+/// The view keeps the focus until the first composition in an editor has ended; so keys come here until then.
+void CGridCtrl::GiveUpComposition()
+{
+    QInputMethodEvent nothing;
+    inputMethodEvent(&nothing); // ends it for the view too
+    if (QWidget* editor = indexWidget(currentIndex()))
+        closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
+}
+
 void CGridCtrl::keyPressEvent(QKeyEvent* event)
 {
+    if (IsEditing() && event->key() == Qt::Key_Escape) {
+        GiveUpComposition();
+        return;
+    }
     if (!Source() || IsEditing()) {
         QTableView::keyPressEvent(event);
         return;
@@ -234,6 +287,8 @@ void CGridCtrl::keyPressEvent(QKeyEvent* event)
 
 void CGridCtrl::mousePressEvent(QMouseEvent* event)
 {
+    if (IsEditing()) // what is being composed belongs to the cell under edit, not to the one that is clicked
+        QGuiApplication::inputMethod()->commit();
     const QModelIndex index = indexAt(event->position().toPoint());
     const bool onButton = index.isValid() && index == currentIndex() && event->button() == Qt::LeftButton
                           && CGridDelegate::ButtonRect(visualRect(index)).contains(event->position().toPoint());

@@ -53,6 +53,8 @@ QVariant CGridModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
     case Qt::EditRole:
         return source_->Text(cell.row, cell.column);
+    case Qt::AccessibleDescriptionRole:
+        return source_->Description(cell.row, cell.column);
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter
                    | (source_->IsRightAligned(cell.row, cell.column) ? Qt::AlignRight : Qt::AlignLeft));
@@ -63,9 +65,12 @@ QVariant CGridModel::data(const QModelIndex& index, int role) const
 
 QVariant CGridModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (!source_ || role != Qt::DisplayRole)
+    if (!source_ || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole))
         return {};
-    return orientation == Qt::Horizontal ? source_->Head(section + 1, 0) : source_->RowNumber(section + 1);
+    if (orientation == Qt::Vertical)
+        return source_->RowNumber(section + 1);
+    const QString head = source_->Head(section + 1, 0);
+    return role == Qt::DisplayRole ? head : HeadOnOneLine(head);
 }
 
 Qt::ItemFlags CGridModel::flags(const QModelIndex& index) const

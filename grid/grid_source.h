@@ -31,6 +31,15 @@ enum class GridEffect {
     All,  ///< any cell, any head, the number of rows
 };
 
+/// What a paste did.
+struct GridPaste {
+    GridEffect effect = GridEffect::None;
+    GridRange filled;
+    QStringList refused; ///< characters that the cells cannot hold, each once
+    int keptCells = 0;   ///< cells that stayed as they were because of them; 0 with `refused`: all did
+    GridCell firstKept;
+};
+
 /// The cells of a grid. Column 0 holds the row numbers; its head stands in the corner.
 class CGridSource {
 public:
@@ -66,14 +75,23 @@ public:
     /// The first character of `text` that the cells cannot hold.
     [[nodiscard]] virtual std::optional<QString> RefusedCharacter(const QString& text) const = 0;
 
+    /// What a screen reader says of a cell beside its text.
+    [[nodiscard]] QString Description(int row, int column) const;
+
     virtual GridEffect SetText(int row, int column, const QString& text) = 0;
     /// Empties the cells that take text.
     virtual GridEffect Clear(const GridRange& range) = 0;
     [[nodiscard]] virtual QString Copy(const GridRange& range) const = 0;
     /// Fills cells from (row, column) on; `filled` tells which.
     virtual GridEffect Paste(int row, int column, const QString& text, GridRange* filled) = 0;
+    /// The same with a text that may hold refused characters. Unless a source can tell the cells apart, such a text is
+    /// refused as a whole.
+    [[nodiscard]] virtual GridPaste PasteChecked(int row, int column, const QString& text);
     /// Takes back the last step; the cell where it was done.
     virtual std::optional<GridCell> Undo() = 0;
 };
+
+/// A head without its line breaks, for messages and screen readers.
+[[nodiscard]] QString HeadOnOneLine(const QString& head);
 
 } // namespace sbd

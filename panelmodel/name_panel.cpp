@@ -90,6 +90,7 @@ const WordList& CNameListModel::DoWords(int row, int column) const
 CellEffect CNameListModel::DoSetCell(int row, int column, std::string_view text)
 {
     dirty_ = true;
+    changed_.reset();
     if (row == 1) {
         cells_.autoValue = text;
         return CellEffect::Cell;
@@ -111,6 +112,19 @@ NameLists CNameListModel::Lists() const
     for (std::vector<std::string>& list : lists.lists)
         std::erase_if(list, [](const std::string& name) { return name.empty(); });
     return lists;
+}
+
+bool CNameListModel::IsChanged() const
+{
+    if (!changed_)
+        changed_ = !(Lists() == baseline_);
+    return *changed_;
+}
+
+void CNameListModel::TakeBaseline()
+{
+    baseline_ = Lists();
+    changed_ = false;
 }
 
 std::vector<ChangedRow> CNameListModel::WriteBack()

@@ -18,11 +18,12 @@ public:
     [[nodiscard]] std::string Head(int column, int focusRow = 0) const override;
     [[nodiscard]] int BlockRows() const override;
     [[nodiscard]] int GridRows() const override { return rows_; }
+    [[nodiscard]] bool TakesRows() const override { return true; }
     bool AddRows(int count) override;
     [[nodiscard]] std::string Text(int row, int column) const override;
     [[nodiscard]] bool IsLocked(int row, int column) const override;
-    [[nodiscard]] bool IsChanged() const override { return !(Lists() == baseline_); }
-    void TakeBaseline() override { baseline_ = Lists(); }
+    [[nodiscard]] bool IsChanged() const override;
+    void TakeBaseline() override;
 
 protected:
     [[nodiscard]] const WordList& DoWords(int row, int column) const override;
@@ -38,6 +39,7 @@ private:
     NameLists baseline_;
     int rows_ = 0;
     bool dirty_ = false;
+    mutable std::optional<bool> changed_ = false; // nothing: not compared since the last edit
 };
 
 } // namespace sbd

@@ -1,5 +1,7 @@
 #include "panelmodel/panel_editor.h"
 
+#include "panelmodel/clipboard_text.h"
+
 #include <algorithm>
 
 namespace sbd {
@@ -8,34 +10,13 @@ namespace {
 
 constexpr std::size_t kMostSteps = 1024;
 
-/// Lines of a clipboard text; one line end at its end is no line of its own.
-std::vector<std::string_view> Lines(std::string_view text)
+/// A row of the file is one line: control characters become blanks. No second byte of a character is one.
+std::string OneLine(std::string_view text)
 {
-    if (text.ends_with('\n'))
-        text.remove_suffix(1);
-    std::vector<std::string_view> lines;
-    while (true) {
-        const std::size_t end = text.find('\n');
-        std::string_view line = text.substr(0, end);
-        if (line.ends_with('\r'))
-            line.remove_suffix(1);
-        lines.push_back(line);
-        if (end == std::string_view::npos)
-            return lines;
-        text.remove_prefix(end + 1);
-    }
-}
-
-std::vector<std::string_view> Cells(std::string_view line)
-{
-    std::vector<std::string_view> cells;
-    while (true) {
-        const std::size_t end = line.find('\t');
-        cells.push_back(line.substr(0, end));
-        if (end == std::string_view::npos)
-            return cells;
-        line.remove_prefix(end + 1);
-    }
+    std::string line(text);
+    std::ranges::replace_if(
+        line, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == '\x7F'; }, ' ');
+    return line;
 }
 
 } // namespace
@@ -63,7 +44,7 @@ void CPanelEditor::Keep(Step step)
 CellEffect CPanelEditor::SetCell(int row, int column, std::string_view text)
 {
     Step step;
-    const CellEffect effect = SetInStep(step, row, column, text);
+    const CellEffect effect = SetInStep(step, row, column, OneLine(text));
     Keep(std::move(step));
     return effect;
 }
@@ -95,35 +76,29 @@ std::string CPanelEditor::Copy(const CellRange& range) const
     return text;
 }
 
-CellEffect CPanelEditor::Paste(int row, int column, std::string_view text)
+PasteOutcome CPanelEditor::Paste(int row, int column, std::string_view text)
 {
-    const std::vector<std::string_view> lines = Lines(text);
-    const int lastRow = row + static_cast<int>(lines.size()) - 1;
-    bool grown = false;
-    if (lastRow > model_.GridRows())
-        grown = model_.AddRows(lastRow - model_.GridRows());
+    CClipboardReader reader(text);
+    PasteOutcome outcome{CellEffect::None, {row, column, row, column}, 0, {}};
+    const int missingRows = row + reader.FilledLines() - 1 - model_.GridRows();
+    const bool grown = missingRows > 0 && model_.AddRows(missingRows);
     Step step;
-    for (std::size_t line = 0; line < lines.size(); ++line) {
-        int target = column;
-        for (const std::string_view cell : Cells(lines[line])) {
-            std::string clean(cell);
-            std::ranges::replace(clean, '\r', ' ');
-            SetInStep(step, row + static_cast<int>(line), target++, clean);
+    while (const std::optional<ClipboardCell> cell = reader.Next()) {
+        const CellPlace place{row + cell->line, column + cell->column};
+        if (place.row > model_.GridRows())
+            break;
+        outcome.range.bottom = std::max(outcome.range.bottom, place.row);
+        outcome.range.right = std::max(outcome.range.right, std::min(place.column, model_.ColumnCount() - 1));
+        if (cell->text.find(kKeepCell) == std::string_view::npos) {
+            SetInStep(step, place.row, place.column, OneLine(cell->text));
+        } else if (model_.IsEditable(place.row, place.column) && outcome.kept++ == 0) {
+            outcome.firstKept = place;
         }
     }
-    const bool any = !step.cells.empty() || grown;
+    if (!step.cells.empty() || grown)
+        outcome.effect = CellEffect::Panel;
     Keep(std::move(step));
-    return any ? CellEffect::Panel : CellEffect::None;
-}
-
-CellRange CPanelEditor::PasteRange(int row, int column, std::string_view text) const
-{
-    const std::vector<std::string_view> lines = Lines(text);
-    std::size_t widest = 1;
-    for (const std::string_view line : lines)
-        widest = std::max(widest, Cells(line).size());
-    return {row, column, std::min(row + static_cast<int>(lines.size()) - 1, model_.GridRows()),
-            std::min(column + static_cast<int>(widest), model_.ColumnCount()) - 1};
+    return outcome;
 }
 
 std::optional<UndoOutcome> CPanelEditor::Undo()

@@ -29,22 +29,33 @@ struct UndoOutcome {
     CellEffect effect = CellEffect::None;
 };
 
+/// A cell of a clipboard text that holds this byte leaves its place in the grid as it is (the control character
+/// "substitute", which no cell holds).
+inline constexpr char kKeepCell = '\x1A';
+
+/// What one paste did: the cells that its text covers, how many of them were kept, the first of those.
+struct PasteOutcome {
+    CellEffect effect = CellEffect::None;
+    CellRange range;
+    int kept = 0;
+    CellPlace firstKept;
+};
+
 /// Carries out what the user does in a panel. Keeps the last 1024 steps of the panel's life; a step is what one
 /// command did, however many cells it touched.
 class CPanelEditor {
 public:
     explicit CPanelEditor(CPanelModel& model);
 
+    /// Control characters, line breaks among them, become blanks: a row of the file is one line.
     CellEffect SetCell(int row, int column, std::string_view text);
     /// Empties the cells that take text.
     CellEffect Clear(const CellRange& range);
     /// The texts of the range: a tab between columns, a line feed between rows.
     [[nodiscard]] std::string Copy(const CellRange& range) const;
     /// Puts lines and tab-divided cells from (row, column) on to the right and downward. Cells that do not take text
-    /// are passed over; rows are added where the block allows it.
-    CellEffect Paste(int row, int column, std::string_view text);
-    /// The cells that `text` would fill from (row, column) on.
-    [[nodiscard]] CellRange PasteRange(int row, int column, std::string_view text) const;
+    /// are passed over, as are those for which `text` holds kKeepCell; rows are added where the block allows it.
+    PasteOutcome Paste(int row, int column, std::string_view text);
 
     [[nodiscard]] bool CanUndo() const { return !steps_.empty(); }
     std::optional<UndoOutcome> Undo();

@@ -70,6 +70,8 @@ public:
     /// Rows of the grid, spare rows included.
     [[nodiscard]] virtual int GridRows() const = 0;
     [[nodiscard]] int SpareRows() const { return GridRows() - BlockRows(); }
+    /// True if spare rows can be appended.
+    [[nodiscard]] virtual bool TakesRows() const { return false; }
     /// Appends spare rows; false where the block's rows are fixed.
     virtual bool AddRows(int count);
     [[nodiscard]] virtual std::string RowNumber(int row) const;

@@ -83,21 +83,34 @@ void CRowPanelModel::Compare(int entry)
 
 bool CRowPanelModel::IsChanged() const
 {
-    return comeOrGone_.empty() ? !changed_.empty() : !SameRowsAsBaseline();
+    if (comeOrGone_.empty())
+        return !changed_.empty();
+    std::ptrdiff_t come = 0;
+    for (const int entry : comeOrGone_)
+        come += WasInBaseline(entry) ? -1 : 1;
+    if (come != 0)
+        return true;
+    // As many have come as have gone: only between the first and the last of them rows stand against others.
+    const int first = *comeOrGone_.begin();
+    const int last = *comeOrGone_.rbegin();
+    const bool otherwise =
+        std::ranges::any_of(changed_, [first, last](int entry) { return entry < first || entry > last; });
+    return otherwise || !SameRowsAsBaseline(first, last);
 }
 
-bool CRowPanelModel::SameRowsAsBaseline() const
+/// Compares the rows of the entries `first` to `last`, closed up, with those of the baseline there.
+bool CRowPanelModel::SameRowsAsBaseline(int first, int last) const
 {
-    const std::vector<int> kept = KeptEntries();
-    std::size_t next = 0;
-    for (std::size_t before = 0; before < baseline_.size(); ++before) {
-        if (!baseline_[before])
+    int kept = first;
+    for (int before = first; before <= last; ++before) {
+        if (!WasInBaseline(before))
             continue;
-        if (next == kept.size() || !SameAsBaseline(kept[next], static_cast<int>(before)))
+        while (!IsKept(kept)) // as many are kept as stood there before
+            ++kept;
+        if (!SameAsBaseline(kept++, before))
             return false;
-        ++next;
     }
-    return next == kept.size();
+    return true;
 }
 
 std::vector<int> CRowPanelModel::KeptEntries() const

@@ -15,6 +15,7 @@ class CRowPanelModel : public CPanelModel {
 public:
     [[nodiscard]] int BlockRows() const override;
     [[nodiscard]] int GridRows() const override { return headRows_ + EntryCount(); }
+    [[nodiscard]] bool TakesRows() const override { return true; }
     bool AddRows(int count) override;
 
     [[nodiscard]] bool IsChanged() const override;
@@ -59,7 +60,7 @@ protected:
 
 private:
     [[nodiscard]] bool WasInBaseline(int entry) const;
-    [[nodiscard]] bool SameRowsAsBaseline() const;
+    [[nodiscard]] bool SameRowsAsBaseline(int first, int last) const;
     [[nodiscard]] std::vector<int> KeptEntries() const;
     void Compare(int entry);
 

@@ -44,17 +44,24 @@ int WordRows(const PanelTable& panel)
     }
 }
 
+/// A first row with a form of its own in the file. `value`: what stands in its first cell if nothing was typed there;
+/// without it the row below would become the first one.
+struct FirstRow {
+    int block;
+    std::string_view value;
+};
+constexpr FirstRow kFirstRows[] = {{402, {}}, {403, {}}, {412, "YES"}};
+
+const FirstRow* FindFirstRow(int block)
+{
+    const FirstRow* const row = std::ranges::find(kFirstRows, block, &FirstRow::block);
+    return row == std::end(kFirstRows) ? nullptr : row;
+}
+
 /// Rows at the top that stay where they are.
 int FixedRows(const PanelTable& panel)
 {
-    switch (panel.block) {
-    case 402:
-    case 403:
-    case 412:
-        return 1; // their first row has a form of its own in the file
-    default:
-        return WordRows(panel);
-    }
+    return FindFirstRow(panel.block) ? 1 : WordRows(panel);
 }
 
 std::string ControlValue(int block, const CSbdData& data)
@@ -192,7 +199,12 @@ CellEffect CTablePanelModel::DoSetCell(int row, int column, std::string_view tex
     const int entry = EntryOf(row);
     cells_.columns[static_cast<std::size_t>(column) - 1].Set(static_cast<std::size_t>(entry), text);
     Touch(entry);
-    return CellEffect::Cell;
+    const FirstRow* const first = FindFirstRow(Block());
+    if (!first || first->value.empty() || row == 1 || !Cell(1, kWordColumn).empty())
+        return CellEffect::Cell;
+    cells_.columns.front().Set(0, first->value);
+    Touch(0);
+    return CellEffect::Panel;
 }
 
 void CTablePanelModel::TouchMasked()

@@ -4,12 +4,14 @@
 #include "grid/grid_ctrl.h"
 #include "panelmodel/panel_model.h"
 #include "panels/panel_source.h"
+#include "panels/row_count_dialog.h"
+#include "panels/result_panel.h"
+#include "panels/search_panel.h"
 #include "project/catalogue.h"
 #include "sbdfile/repairs.h"
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
-#include <QLabel>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTimer>
@@ -23,6 +25,15 @@ namespace sbd {
 namespace {
 
 constexpr int kPlainCells = 2; // value of the setting "combo or list" that means no word lists
+
+/// "313 垂直補剛材": what the menu calls the block.
+QString NameOfBlock(int block)
+{
+    const CatalogueRow* row = FindBlock(block);
+    const QString number = QString::number(block);
+    const QString text = row ? QString::fromUtf8(row->menuText.data(), qsizetype(row->menuText.size())) : QString();
+    return text.startsWith(number) ? text : number + u' ' + text;
+}
 
 PanelSettings SettingsOf(const CKELDSectionDoc& doc)
 {
@@ -38,6 +49,7 @@ CPanel::CPanel(CKELDSectionDoc* doc, int block, QWidget* parent)
     , block_(block)
     , grid_(new CGridCtrl(this))
 {
+    askRowCount = &AskRowCount;
     QVBoxLayout* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(grid_);
@@ -53,7 +65,7 @@ CPanel::CPanel(CKELDSectionDoc* doc, int block, QWidget* parent)
     connect(doc_, &CKELDSectionDoc::reloaded, this, &CPanel::SetUp);
     SetUp();
     if (!model_)
-        ShowNote();
+        grid_->hide(); // reports and searches have none of their own
 }
 
 CPanel::~CPanel()
@@ -73,18 +85,11 @@ void CPanel::SetUp()
         return;
     block_ = model_->Block();
     source_ = std::make_unique<CPanelSource>(*model_);
+    grid_->SetRowHeight(doc_->display.rowHeight);
     grid_->SetSource(source_.get());
+    grid_->setAccessibleName(NameOfBlock(block_));
     doc_->SetHelpCell(block_, 0, 0);
     RestoreCell();
-}
-
-void CPanel::ShowNote()
-{
-    grid_->hide();
-    QLabel* note = new QLabel(tr("この画面は今後の版で追加されます。ほかの項目は左の一覧から選べます。"), this);
-    note->setAlignment(Qt::AlignCenter);
-    note->setWordWrap(true);
-    layout()->addWidget(note);
 }
 
 // --- writing back ------------------------------------------------------------------------------------
@@ -134,7 +139,7 @@ void CPanel::OnCellEntered(int row, int column)
 
 void CPanel::OnAboutToSave()
 {
-    grid_->CommitEditor();
+    grid_->CommitEditor(tr("それまでは、元の値がファイルに書かれます。"));
     CommitGrid();
 }
 
@@ -151,6 +156,11 @@ void CPanel::OnChanged()
 {
     if (!committing_)
         wasModified_ = true; // somebody else wrote to the document
+}
+
+bool CPanel::MayClose()
+{
+    return !model_ || grid_->CommitEditor();
 }
 
 void CPanel::ClosePanel()
@@ -260,7 +270,8 @@ bool CPanel::CanInsertRow() const
 
 void CPanel::MoveRowUp()
 {
-    grid_->CommitEditor();
+    if (!grid_->CommitEditor())
+        return;
     const int row = grid_->FocusCell().row;
     if (model_ && source_->Editor().MoveUp(row))
         AfterRowCommand(row - 1);
@@ -268,7 +279,8 @@ void CPanel::MoveRowUp()
 
 void CPanel::MoveRowDown()
 {
-    grid_->CommitEditor();
+    if (!grid_->CommitEditor())
+        return;
     const int row = grid_->FocusCell().row;
     if (model_ && source_->Editor().MoveDown(row))
         AfterRowCommand(row + 1);
@@ -276,7 +288,8 @@ void CPanel::MoveRowDown()
 
 void CPanel::InsertRow()
 {
-    grid_->CommitEditor();
+    if (!grid_->CommitEditor())
+        return;
     const int row = grid_->FocusCell().row;
     if (model_ && source_->Editor().InsertRow(row))
         AfterRowCommand(row);
@@ -290,10 +303,21 @@ void CPanel::AfterRowCommand(int row)
     CommitGrid();
 }
 
+bool CPanel::CanAddRows() const
+{
+    return model_ && model_->TakesRows();
+}
+
 void CPanel::AddRows(int count)
 {
     if (model_ && count > 0 && model_->AddRows(count))
         grid_->ShowAll();
+}
+
+void CPanel::AskRows()
+{
+    if (CanAddRows() && MayClose())
+        AddRows(askRowCount(this));
 }
 
 void CPanel::contextMenuEvent(QContextMenuEvent* event)
@@ -318,6 +342,10 @@ std::unique_ptr<CPanel> CreatePanel(CKELDSectionDoc* doc, int block, QWidget* pa
 {
     if (PanelOfBlock(block).empty())
         return nullptr;
+    if (PanelOfBlock(block) == "CDown253")
+        return std::make_unique<CDown253>(doc, parent);
+    if (PanelOfBlock(block) == "CDown999")
+        return std::make_unique<CDown999>(doc, parent);
     return std::make_unique<CPanel>(doc, block, parent);
 }
 

@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -23,7 +24,7 @@ class CPanel : public QWidget {
     Q_OBJECT
 
 public:
-    /// `block` with the alias step done. A block without a grid gets a note instead.
+    /// `block` with the alias step done. A block without a grid of its own shows none.
     CPanel(CKELDSectionDoc* doc, int block, QWidget* parent = nullptr);
     ~CPanel() override;
 
@@ -36,10 +37,15 @@ public:
 
     /// Writes what was typed to the document; an open editor keeps its text.
     void CommitGrid();
+    /// To be asked before the panel is closed: takes the text of an open editor. False if the cell refused it: the user
+    /// has been told, the editor stays open with the text, and the panel should stay.
+    [[nodiscard]] bool MayClose();
     /// Takes the text of an open editor, remembers cell and scroll position, commits. The panel is empty afterwards.
     void ClosePanel();
     /// Puts the focus on a cell and scrolls to it.
     void GoToCell(int row, int column);
+    /// True if rows can be appended.
+    [[nodiscard]] bool CanAddRows() const;
 
     [[nodiscard]] bool CanMoveRowUp() const;
     [[nodiscard]] bool CanMoveRowDown() const;
@@ -56,14 +62,19 @@ public slots:
     void InsertRow();
     /// Appends empty rows; without effect where the block's rows are fixed.
     void AddRows(int count);
+    /// Asks for a number of rows and appends them.
+    void AskRows();
 
 protected:
     void showEvent(QShowEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
+public:
+    /// Asks the user for a number of rows (0: none); by default in a dialog.
+    std::function<int(QWidget* parent)> askRowCount;
+
 private:
     void SetUp();
-    void ShowNote();
     void RestoreCell();
     void RestoreScroll();
     void Remember();

@@ -2,6 +2,8 @@
 
 #include "document/section_doc.h"
 
+#include <QHash>
+
 namespace sbd {
 
 namespace {
@@ -27,6 +29,41 @@ CellRange ToModel(const GridRange& range)
 QColor ToColor(CellColor color)
 {
     return color ? QColor::fromRgb(*color) : QColor();
+}
+
+/// Code units of the character at `pos`.
+qsizetype CharacterSize(const QString& text, qsizetype pos)
+{
+    return text[pos].isHighSurrogate() && pos + 1 < text.size() && text[pos + 1].isLowSurrogate() ? 2 : 1;
+}
+
+/// A clipboard text in CP932; the mark for a kept cell stands for each character that CP932 has not.
+std::string PasteBytes(const QString& text, QStringList& refused)
+{
+    if (std::optional<std::string> bytes = fromQString(text))
+        return *std::move(bytes);
+    QHash<QString, std::string> known;
+    std::string bytes;
+    for (qsizetype pos = 0; pos < text.size();) {
+        const QString character = text.mid(pos, CharacterSize(text, pos));
+        pos += character.size();
+        if (character.size() == 1 && character[0].isSurrogate()) {
+            // A byte that is no character stays one only if it makes none with the byte behind it.
+            const QString next = pos < text.size() ? text.mid(pos, CharacterSize(text, pos)) : QString();
+            const std::optional<std::string> byte = fromQString(character);
+            bytes += byte && fromQString(character + next) ? *byte : std::string(1, kKeepCell);
+            continue;
+        }
+        auto place = known.constFind(character);
+        if (place == known.constEnd()) {
+            const std::optional<std::string> encoded = fromQString(character);
+            if (!encoded)
+                refused << character;
+            place = known.insert(character, encoded.value_or(std::string(1, kKeepCell)));
+        }
+        bytes += *place;
+    }
+    return bytes;
 }
 
 } // namespace
@@ -140,15 +177,21 @@ QString CPanelSource::Copy(const GridRange& range) const
 
 GridEffect CPanelSource::Paste(int row, int column, const QString& text, GridRange* filled)
 {
-    const std::optional<std::string> bytes = fromQString(text);
-    if (!bytes)
-        return GridEffect::None;
-    const CellEffect effect = editor_.Paste(row, column, *bytes);
-    if (filled) {
-        const CellRange range = editor_.PasteRange(row, column, *bytes);
-        *filled = {range.top, range.left, range.bottom, range.right};
-    }
-    return ToGrid(effect);
+    const GridPaste paste = PasteChecked(row, column, text);
+    if (filled)
+        *filled = paste.filled;
+    return paste.effect;
+}
+
+GridPaste CPanelSource::PasteChecked(int row, int column, const QString& text)
+{
+    GridPaste paste;
+    const PasteOutcome outcome = editor_.Paste(row, column, PasteBytes(text, paste.refused));
+    paste.effect = ToGrid(outcome.effect);
+    paste.filled = {outcome.range.top, outcome.range.left, outcome.range.bottom, outcome.range.right};
+    paste.keptCells = outcome.kept;
+    paste.firstKept = {outcome.firstKept.row, outcome.firstKept.column};
+    return paste;
 }
 
 std::optional<GridCell> CPanelSource::Undo()

@@ -36,6 +36,8 @@ public:
     GridEffect Clear(const GridRange& range) override;
     [[nodiscard]] QString Copy(const GridRange& range) const override;
     GridEffect Paste(int row, int column, const QString& text, GridRange* filled) override;
+    /// Cells with a refused character stay as they are, the others are pasted.
+    [[nodiscard]] GridPaste PasteChecked(int row, int column, const QString& text) override;
     std::optional<GridCell> Undo() override;
 
 private:

@@ -59,11 +59,16 @@ void CFigurePane::Paint(QPainter& painter)
                     LookOf(doc_->display), view_);
 }
 
+void CFigurePane::PaintPicture(QPainter& painter)
+{
+    painter.fillRect(rect(), PaperColour(doc_->display));
+    Paint(painter);
+}
+
 void CFigurePane::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), PaperColour(doc_->display));
-    Paint(painter);
+    PaintPicture(painter);
     if (const auto band = mouse_.RubberBand())
         DrawRubberBand(painter, *band);
 }

@@ -22,6 +22,8 @@ public:
     void RunViewCommand(int command);
     [[nodiscard]] const FigureView& View() const { return view_; }
 
+    /// Paints ground and figure as they stand in the pane.
+    void PaintPicture(QPainter& painter);
     /// Paints the figure in the middle of the sheet, in the proportions that it has on the screen.
     void PrintFigure(QPainter& painter);
 

@@ -1,5 +1,6 @@
 #include "upperview/help_view.h"
 
+#include "document/search_session.h"
 #include "document/section_doc.h"
 #include "project/catalogue.h"
 #include "upperview/display_look.h"
@@ -23,7 +24,8 @@ CHelpView::CHelpView(CKELDSectionDoc* doc, QWidget* parent) : CPageView(parent),
 HelpCell CHelpView::Cell() const
 {
     const int block = doc_->HelpBlock() >= 0 ? doc_->HelpBlock() : doc_->CurrentBlock();
-    return {CanonicalBlock(block), doc_->HelpRow(), doc_->HelpColumn()};
+    const std::string searched = fromQString(SearchSessionOf(*doc_).line).value_or(std::string());
+    return {CanonicalBlock(block), doc_->HelpRow(), doc_->HelpColumn(), searched};
 }
 
 void CHelpView::Refresh()

@@ -2,6 +2,7 @@
 
 #include "upperview/page_unit.h"
 
+#include <QImage>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -56,6 +57,21 @@ void CPageView::PrintPage(QPainter& painter)
     painter.translate(margin, margin);
     PaintPage(painter, sheet.translated(-margin, -margin));
     painter.restore();
+}
+
+QSize CPageView::PictureSize()
+{
+    QImage none(1, 1, QImage::Format_RGB32);
+    QPainter painter(&none);
+    return (PaintPage(painter, QRectF()) * Scale()).toSize().expandedTo(viewport()->size());
+}
+
+void CPageView::PaintPicture(QPainter& painter)
+{
+    const QSize size = PictureSize();
+    painter.fillRect(QRect(QPoint(), size), BackColour());
+    painter.scale(Scale(), Scale());
+    PaintPage(painter, QRectF(QPointF(), QSizeF(size) / Scale()));
 }
 
 void CPageView::keyPressEvent(QKeyEvent* event)

@@ -19,6 +19,10 @@ public:
     /// Paints the page on one sheet, 10 mm from its left upper corner, whatever the page's length.
     void PrintPage(QPainter& painter);
 
+    /// The whole page in pixels, and on a painter whose unit they are.
+    [[nodiscard]] QSize PictureSize();
+    void PaintPicture(QPainter& painter);
+
     /// Pixels of a page unit.
     [[nodiscard]] double Scale() const;
 

@@ -5,9 +5,17 @@
 #include "upperview/figure_pane.h"
 #include "upperview/help_view.h"
 
+#include <QBuffer>
+#include <QFileInfo>
+#include <QPageSize>
 #include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+#include <QSvgGenerator>
 
 namespace sbd {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -48,6 +56,53 @@ void CUpView::Print(QPaintDevice& sheet)
         figure_->PrintFigure(painter);
     else
         static_cast<CPageView*>(currentWidget())->PrintPage(painter);
+}
+
+QSize CUpView::PictureSize()
+{
+    return currentWidget() == figure_ ? figure_->size() : static_cast<CPageView*>(currentWidget())->PictureSize();
+}
+
+void CUpView::PaintPicture(QPainter& painter)
+{
+    if (currentWidget() == figure_)
+        figure_->PaintPicture(painter);
+    else
+        static_cast<CPageView*>(currentWidget())->PaintPicture(painter);
+}
+
+bool CUpView::SavePicture(const QString& file)
+{
+    constexpr int sharp = 2; // pixels of the picture a pixel of the screen
+    const QSize size = PictureSize();
+    const QString ending = QFileInfo(file).suffix().toLower();
+    QBuffer bytes;
+    if (ending == u"png"_s) {
+        QImage picture(size * sharp, QImage::Format_RGB32);
+        picture.setDevicePixelRatio(sharp);
+        QPainter painter(&picture);
+        PaintPicture(painter);
+        painter.end();
+        picture.save(&bytes, "PNG");
+    } else if (ending == u"svg"_s) {
+        QSvgGenerator picture;
+        picture.setOutputDevice(&bytes);
+        picture.setSize(size);
+        picture.setViewBox(QRect(QPoint(), size));
+        QPainter painter(&picture);
+        PaintPicture(painter);
+    } else if (ending == u"pdf"_s) {
+        bytes.open(QBuffer::WriteOnly);
+        QPdfWriter picture(&bytes);
+        picture.setResolution(logicalDpiX());
+        picture.setPageMargins({});
+        picture.setPageSize(QPageSize(QSizeF(size) / logicalDpiX(), QPageSize::Inch));
+        QPainter painter(&picture);
+        PaintPicture(painter);
+    }
+    QSaveFile target(file);
+    return !bytes.data().isEmpty() && target.open(QFile::WriteOnly)
+           && target.write(bytes.data()) == bytes.data().size() && target.commit();
 }
 
 void CUpView::Refresh()

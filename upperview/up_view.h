@@ -4,6 +4,7 @@
 #include <QStackedWidget>
 
 class QPaintDevice;
+class QPainter;
 
 namespace sbd {
 
@@ -31,11 +32,18 @@ public:
     /// Prints what is on show, on one sheet: a printer or a PDF file.
     void Print(QPaintDevice& sheet);
 
+    /// Saves what is on show as a picture, by the file's ending in PNG, SVG or PDF: a page whole, a figure as it stands in
+    /// the pane. False for another ending, or if the file cannot be written.
+    [[nodiscard]] bool SavePicture(const QString& file);
+
 public slots:
     /// Shows what belongs to the document's block and cell.
     void Refresh();
 
 private:
+    [[nodiscard]] QSize PictureSize();
+    void PaintPicture(QPainter& painter);
+
     CKELDSectionDoc* doc_;
     CHelpView* help_;
     CChkView* chk_;

@@ -2,6 +2,7 @@
 #include "project/text.h"
 #include "sbdfile/writer.h"
 
+#include <QDir>
 #include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -32,6 +33,18 @@ QString CopyOf(const QString& name, const QTemporaryDir& folder)
     return copy;
 }
 
+/// Copies the results of an example to beside a copy of it.
+void CopyResults(const QString& name, const QTemporaryDir& folder)
+{
+    const QDir from(kExamples + u'/' + name + u'/' + name + u"_計算結果"_s);
+    const QDir to(folder.filePath(from.dirName()));
+    QVERIFY(to.mkpath(u"."_s));
+    for (const QString& file : from.entryList(QDir::Files)) {
+        QVERIFY(QFile::copy(from.filePath(file), to.filePath(file)));
+        QFile::setPermissions(to.filePath(file), QFile::ReadOwner | QFile::WriteOwner);
+    }
+}
+
 bool IsRefused(const QString& text, const QString& character)
 {
     QString refused;
@@ -48,6 +61,8 @@ private slots:
     void openingAnExampleAndSavingItGivesTheSameFile_data();
     void openingAnExampleAndSavingItGivesTheSameFile();
     void openingReadsTheNamesOfTheAnalysisBesideTheProject();
+    void resultsThatChangeOnTheDiskAreNewerUntilTheyAreRead();
+    void resultsBesideANewPathAreNewer();
     void openingAFileThatIsMissingLeavesTheDocumentAsItIs();
     void savingAsksThePanelsBeforeItWrites();
     void savingMakesThePathTheDocumentsOwn();
@@ -101,6 +116,47 @@ void SectionDocTest::openingReadsTheNamesOfTheAnalysisBesideTheProject()
     QVERIFY(doc.OpenDocument(CopyOf(u"plate4"_s, folder)).Ok());
     QVERIFY(!doc.Data().gridNames.girderNames.empty());
     QCOMPARE(toQString(doc.Data().gridNames.girderNames.front()), u"G1"_s);
+}
+
+void SectionDocTest::resultsThatChangeOnTheDiskAreNewerUntilTheyAreRead()
+{
+    const QTemporaryDir folder;
+    CKELDSectionDoc doc;
+    QVERIFY(!doc.HasNewerResults());
+    const QString copy = CopyOf(u"plate4"_s, folder);
+    QVERIFY(doc.OpenDocument(copy).Ok());
+    QVERIFY(!doc.HasNewerResults());
+    QSignalSpy read(&doc, &CKELDSectionDoc::resultsRead);
+
+    CopyResults(u"plate4"_s, folder);
+    QVERIFY(doc.HasNewerResults());
+    QVERIFY(doc.Results().model.loadCaseNames.empty()); // nobody has asked for them
+    doc.ReadResults(doc.PathName());
+    QCOMPARE(read.count(), 1);
+    QVERIFY(!doc.HasNewerResults());
+    QCOMPARE(doc.Results().model.loadCaseNames.size(), std::size_t{13});
+
+    QFile forces(folder.filePath(u"plate4_計算結果/plate4.Z3F"_s));
+    QVERIFY(forces.open(QFile::ReadWrite));
+    QVERIFY(forces.setFileTime(forces.fileTime(QFile::FileModificationTime).addSecs(1), QFile::FileModificationTime));
+    forces.close();
+    QVERIFY(doc.HasNewerResults());
+    QVERIFY(doc.OpenDocument(copy).Ok());
+    QVERIFY(!doc.HasNewerResults());
+    QVERIFY(!doc.IsModified());
+}
+
+void SectionDocTest::resultsBesideANewPathAreNewer()
+{
+    const QTemporaryDir folder;
+    const QTemporaryDir other;
+    CKELDSectionDoc doc;
+    CopyResults(u"plate4"_s, folder);
+    QVERIFY(doc.OpenDocument(CopyOf(u"plate4"_s, folder)).Ok());
+    doc.SetPathName(other.filePath(u"plate4.sbd"_s));
+    QVERIFY(!doc.HasNewerResults()); // none there
+    CopyResults(u"plate4"_s, other);
+    QVERIFY(doc.HasNewerResults());
 }
 
 void SectionDocTest::openingAFileThatIsMissingLeavesTheDocumentAsItIs()

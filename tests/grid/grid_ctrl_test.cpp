@@ -11,6 +11,7 @@
 #include <QCompleter>
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QInputMethodEvent>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -62,6 +63,12 @@ private slots:
     void ArrowsLeaveAnEditThatTypingBegan();
     void ArrowsStayInAnEditThatF2Began();
     void EnterAndTabMoveWithoutAnEdit();
+    void TabGoesOnInTheNextRowWhetherACellIsEditedOrNot();
+    void ATextLongerThanALineEditTakesIsNotCut();
+    void AVeryLongTextIsPaintedAtOnce();
+    void EscGivesUpACompositionThatTheGridStillLeads();
+    void AClickEndsTheCompositionInItsOwnCell();
+    void TheRefusalNamesTheCell();
     void LockedCellsDoNotOpen();
     void ClickingElsewhereTakesTheText();
     void SignalsTellTheCellLeftAndTheCellEntered();
@@ -216,6 +223,91 @@ void GridCtrlTest::EnterAndTabMoveWithoutAnEdit()
     QCOMPARE(grid_->FocusCell(), (GridCell{2, 3}));
     Key(Qt::Key_Backtab, Qt::ShiftModifier);
     QCOMPARE(grid_->FocusCell(), (GridCell{2, 2}));
+}
+
+void GridCtrlTest::TabGoesOnInTheNextRowWhetherACellIsEditedOrNot()
+{
+    source_->locked.insert({4, 1});
+    grid_->SetFocusCell(3, 6);
+    Key(Qt::Key_Tab);
+    QCOMPARE(grid_->FocusCell(), (GridCell{4, 2})); // the first cell that takes text
+    Key(Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(grid_->FocusCell(), (GridCell{4, 1}));
+    Key(Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(grid_->FocusCell(), (GridCell{3, 6}));
+    Type(u"7"_s);
+    Key(Qt::Key_Tab);
+    QCOMPARE(grid_->FocusCell(), (GridCell{4, 2}));
+    QCOMPARE(Cell(3, 6), u"7"_s);
+    grid_->SetFocusCell(60, 6);
+    Key(Qt::Key_Tab); // there is no further row
+    QCOMPARE(grid_->FocusCell(), (GridCell{60, 6}));
+    QVERIFY(grid_->hasFocus());
+}
+
+void GridCtrlTest::ATextLongerThanALineEditTakesIsNotCut()
+{
+    const QString text(100000, u'x');
+    for (const int column : {2, 3}) { // without and with a list
+        source_->SetText(2, column, text);
+        grid_->SetFocusCell(2, column);
+        Key(Qt::Key_F2);
+        QCOMPARE(EditorText(Editor()).size(), text.size());
+        Key(Qt::Key_End);
+        Type(u"y"_s);
+        QTest::keyClick(Editor(), Qt::Key_Return);
+        QVERIFY(Cell(2, column) == text + u'y');
+    }
+}
+
+void GridCtrlTest::AVeryLongTextIsPaintedAtOnce()
+{
+    source_->SetText(2, 2, QString(5000000, u'x'));
+    QElapsedTimer clock;
+    clock.start();
+    grid_->grab();
+    const qint64 elapsed = clock.elapsed();
+    QVERIFY2(elapsed < 1000, qPrintable(QString::number(elapsed)));
+}
+
+void GridCtrlTest::EscGivesUpACompositionThatTheGridStillLeads()
+{
+    QInputMethodEvent composing(u"はし"_s, {});
+    QApplication::sendEvent(grid_.get(), &composing);
+    QVERIFY(grid_->IsEditing());
+    QVERIFY(grid_->hasFocus()); // until the first composition has ended
+    Key(Qt::Key_Escape);
+    QVERIFY(!grid_->IsEditing());
+    QCOMPARE(Cell(2, 2), u"b2"_s);
+    Type(u"n"_s); // the next edit is an ordinary one
+    QVERIFY(EditorLine(Editor())->hasFocus());
+    Key(Qt::Key_Return);
+    QCOMPARE(Cell(2, 2), u"n"_s);
+}
+
+void GridCtrlTest::AClickEndsTheCompositionInItsOwnCell()
+{
+    QInputMethodEvent composing(u"はし"_s, {});
+    QApplication::sendEvent(grid_.get(), &composing);
+    QInputMethodEvent done;
+    done.setCommitString(u"橋"_s); // what the platform sends when it is asked to come to an end
+    QApplication::sendEvent(grid_.get(), &done);
+    QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {}, Middle(4, 4));
+    QCOMPARE(Cell(2, 2), u"橋"_s);
+    QCOMPARE(Cell(4, 4), QString());
+    QVERIFY(!grid_->IsEditing());
+}
+
+void GridCtrlTest::TheRefusalNamesTheCell()
+{
+    Key(Qt::Key_F2);
+    EditorLine(Editor())->setText(u"x♥"_s);
+    QVERIFY(!grid_->CommitEditor(u"そのあと。"_s));
+    QVERIFY2(messages_[0].contains(u"2 行目「H2 (mm)」"_s), qPrintable(messages_[0]));
+    QVERIFY(messages_[0].endsWith(u"そのあと。"_s));
+    Key(Qt::Key_Escape);
+    QVERIFY(grid_->CommitEditor());
+    QCOMPARE(Cell(2, 2), u"b2"_s);
 }
 
 void GridCtrlTest::LockedCellsDoNotOpen()

@@ -63,11 +63,79 @@ TEST_F(PanelEditor, PasteFillsToTheRightAndDownward)
 TEST_F(PanelEditor, PasteBeyondTheLastColumnIsCutAndBeyondTheLastRowGrows)
 {
     const int rows = panel_->GridRows();
-    editor_->Paste(rows, 5, "x\ty\nz");
+    const PasteOutcome outcome = editor_->Paste(rows, 5, "x\ty\nz");
     EXPECT_EQ(panel_->GridRows(), rows + 1);
     EXPECT_EQ(Text(*panel_, rows, 5), "x");
     EXPECT_EQ(Text(*panel_, rows + 1, 5), "z");
-    EXPECT_EQ(editor_->PasteRange(rows, 5, "x\ty\nz"), (CellRange{rows, 5, rows + 1, 5}));
+    EXPECT_EQ(outcome.range, (CellRange{rows, 5, rows + 1, 5}));
+}
+
+TEST_F(PanelEditor, ACellWithLineBreaksIsOneCellOnOneLine)
+{
+    editor_->Paste(1, 2, "\"a\r\nb \"\"c\"\"\"\td\r\n\"e\"\tf\n");
+    EXPECT_EQ(Text(*panel_, 1, 2), "a  b \"c\"") << "the file has one line for a row";
+    EXPECT_EQ(Text(*panel_, 1, 3), "d");
+    EXPECT_EQ(Text(*panel_, 2, 2), "\"e\"") << "marks that no line break needs belong to the text";
+    EXPECT_EQ(Text(*panel_, 2, 3), "f");
+}
+
+TEST_F(PanelEditor, QuotationMarksInCopiedCellsComeBackAsTheyWere)
+{
+    editor_->SetCell(1, 2, "\"a");
+    editor_->SetCell(1, 3, "b\"");
+    editor_->Paste(3, 2, editor_->Copy({1, 2, 1, 3}));
+    EXPECT_EQ(editor_->Copy({3, 2, 3, 3}), "\"a\tb\"");
+}
+
+TEST_F(PanelEditor, AQuotationMarkThatNothingClosesIsACharacter)
+{
+    editor_->Paste(1, 2, "\"a\tb\n\"c\td");
+    EXPECT_EQ(Text(*panel_, 1, 2), "\"a");
+    EXPECT_EQ(Text(*panel_, 1, 3), "b");
+    EXPECT_EQ(Text(*panel_, 2, 2), "\"c");
+    EXPECT_EQ(Text(*panel_, 2, 3), "d");
+}
+
+TEST_F(PanelEditor, AZeroByteEndsThePaste)
+{
+    editor_->Paste(1, 2, std::string_view("a\tb\0c\nd", 8));
+    EXPECT_EQ(Text(*panel_, 1, 2), "a");
+    EXPECT_EQ(Text(*panel_, 1, 3), "b");
+    EXPECT_EQ(Text(*panel_, 2, 2), "W3");
+}
+
+TEST_F(PanelEditor, ControlCharactersBecomeBlanksAndUndoBringsTheOldTextBack)
+{
+    editor_->SetCell(1, 2, "a\nb\tc\x01");
+    EXPECT_EQ(Text(*panel_, 1, 2), "a b c ");
+    editor_->SetCell(1, 3, Cp932("表ソ能")); // second bytes that look like other characters
+    EXPECT_EQ(Text(*panel_, 1, 3), "表ソ能");
+    editor_->Undo();
+    editor_->Undo();
+    EXPECT_EQ(Text(*panel_, 1, 2), "W1");
+}
+
+TEST_F(PanelEditor, CellsThatThePasteKeepsAreCountedAndTheRestIsPasted)
+{
+    const PasteOutcome outcome = editor_->Paste(1, 2, "x\ty\x1A\n\x1A\tz");
+    EXPECT_EQ(outcome.kept, 2);
+    EXPECT_EQ(outcome.firstKept, (CellPlace{1, 3}));
+    EXPECT_EQ(editor_->Copy({1, 2, 2, 3}), "x\tW2\nW3\tz");
+}
+
+TEST_F(PanelEditor, EmptyLinesAtTheEndOfAPasteMakeNoRows)
+{
+    const int rows = panel_->GridRows();
+    editor_->Paste(rows, 1, "x\n" + std::string(1000000, '\n'));
+    EXPECT_EQ(panel_->GridRows(), rows);
+    editor_->Paste(rows, 1, "x\n \ny\n" + std::string(1000000, '\t'));
+    EXPECT_EQ(panel_->GridRows(), rows + 2);
+}
+
+TEST_F(PanelEditor, RaggedLinesFillWhatTheyHave)
+{
+    editor_->Paste(1, 1, "a\nb\t1\t2\t3\t4\t5\t6\n\nc\t\t9");
+    EXPECT_EQ(editor_->Copy({1, 1, 4, 5}), "a\tW1\tW2\t\t\nb\t1\t2\t3\t4\n\tW5\tW6\t\t\nc\t\t9\t\t");
 }
 
 TEST_F(PanelEditor, PasteAndDeletePassOverCellsThatTakeNothing)

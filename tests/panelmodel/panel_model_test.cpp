@@ -423,5 +423,41 @@ TEST(TablePanel, AnEditInABlockOfTenThousandRowsWritesOneRow)
     EXPECT_FALSE(panel->IsChanged());
 }
 
+TEST(TablePanel, ALineNameOf412NeverBecomesTheSwitchOfItsFirstRow)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 412);
+    EXPECT_EQ(Set(*panel, 2, 1, "L1"), CellEffect::Panel);
+    panel->Commit();
+    EXPECT_THAT(Rows(data, 412), ElementsAre(ElementsAre("YES"), ElementsAre("L1")));
+    Set(*panel, 1, 1, "NO");
+    Set(*panel, 3, 1, "L2");
+    panel->Commit();
+    EXPECT_THAT(Rows(data, 412), ElementsAre(ElementsAre("NO"), ElementsAre("L1"), ElementsAre("L2")));
+}
+
+TEST(TablePanel, ARowThatComesAndOneThatGoesAreSeenAsAChangeOnlyWhereTheyDiffer)
+{
+    CSbdData data;
+    for (const char* name : {"G1", "G2", "G3", "G4"})
+        AddRow(data, 305, {name, "W"});
+    const auto panel = MakePanelModel(data, 305);
+    Set(*panel, 2, 1, ""); // G2 goes
+    EXPECT_TRUE(panel->IsChanged());
+    Set(*panel, 5, 1, "G5"); // another one comes
+    EXPECT_TRUE(panel->IsChanged());
+    Set(*panel, 5, 1, "");
+    Set(*panel, 2, 1, "G2");
+    EXPECT_FALSE(panel->IsChanged());
+    // The rows G2 to G4 once more, one place further down: the block is the same.
+    for (int row = 5; row > 2; --row)
+        for (const int column : {1, 2})
+            panel->SetCell(row, column, panel->Text(row - 1, column));
+    Set(*panel, 2, 1, "");
+    EXPECT_FALSE(panel->IsChanged());
+    Set(*panel, 1, 2, "X"); // outside of the rows that moved
+    EXPECT_TRUE(panel->IsChanged());
+}
+
 } // namespace
 } // namespace sbd

@@ -108,4 +108,58 @@ TEST(SelectGirder, NoneLetsTheStationFilter)
     EXPECT_EQ(selection.offeredNames, model.elementNames);
 }
 
+namespace {
+
+AnalysisModel TwoGirders()
+{
+    AnalysisModel model;
+    model.loadCaseNames = {"D", "(B-L)max", "-(B-L)max"};
+    model.girderNames = {"G1", "G2"};
+    model.elementNames = {"G1-S1", "G1-C1", "G2-S1"};
+    return model;
+}
+
+} // namespace
+
+TEST(KeptSelection, WhatIsStillThereStaysChosen)
+{
+    const AnalysisModel model = TwoGirders();
+    ResultSelection selection = FirstUseSelection(model);
+    SelectLoad(selection, "D");
+    SelectGirder(selection, model, "G1");
+    selection.columnOn[2] = false;
+    selection.excludedNames = {"G1-C1"};
+    selection.figureItem = "Sz";
+    EXPECT_EQ(KeptSelection(selection, model), selection);
+}
+
+TEST(KeptSelection, WhatHasGoneGivesWayToTheFirstUse)
+{
+    ResultSelection selection = FirstUseSelection(TwoGirders());
+    SelectLoad(selection, "D");
+    SelectGirder(selection, TwoGirders(), "G2");
+    selection.excludedNames = {"G2-S1"};
+    AnalysisModel model = TwoGirders();
+    model.loadCaseNames.erase(model.loadCaseNames.begin());
+    model.girderNames.pop_back();
+    const ResultSelection kept = KeptSelection(selection, model);
+    EXPECT_EQ(kept.load, "-(B-L)max");
+    EXPECT_EQ(kept.girder, "G1");
+    EXPECT_FALSE(kept.stationEnabled);
+    EXPECT_THAT(kept.offeredNames, ElementsAre("G1-S1", "G1-C1"));
+    EXPECT_THAT(kept.excludedNames, IsEmpty());
+}
+
+TEST(KeptSelection, WithoutGirdersAllNamesAreShown)
+{
+    AnalysisModel model = TwoGirders();
+    const ResultSelection selection = FirstUseSelection(model);
+    model.girderNames.clear();
+    const ResultSelection kept = KeptSelection(selection, model);
+    EXPECT_EQ(kept.girder, NoneWord());
+    EXPECT_EQ(kept.station, AllWord());
+    EXPECT_TRUE(kept.stationEnabled);
+    EXPECT_THAT(kept.offeredNames, ElementsAre("G1-S1", "G1-C1", "G2-S1"));
+}
+
 } // namespace sbd

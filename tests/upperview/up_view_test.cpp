@@ -4,6 +4,7 @@
 #include "upperview/help_view.h"
 #include "upperview/up_view.h"
 
+#include <QDir>
 #include <QPdfWriter>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -63,6 +64,9 @@ private slots:
     void anotherCellMovesThePageAgain();
     void theColumnOfTheCellIsRed();
     void theBackgroundIsTheUsers();
+    void picturesAreSavedByTheEndingOfTheFile_data();
+    void picturesAreSavedByTheEndingOfTheFile();
+    void anotherEndingAndAFullFolderAreTold();
     void everyPagePrintsOnOneSheet_data();
     void everyPagePrintsOnOneSheet();
 };
@@ -162,6 +166,44 @@ void UpViewTest::theBackgroundIsTheUsers()
         pane.GoTo(block, 0, 0);
         QVERIFY(CountPixels(pane.view, qRgb(0x30, 0x20, 0x10)) > 1000);
     }
+}
+
+void UpViewTest::picturesAreSavedByTheEndingOfTheFile_data()
+{
+    QTest::addColumn<int>("block");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("begin");
+    for (const int block : {313, 255, 253}) {
+        QTest::addRow("%d png", block) << block << u"図.png"_s << QByteArray("\x89PNG");
+        QTest::addRow("%d svg", block) << block << u"図.SVG"_s << QByteArray("<?xml");
+        QTest::addRow("%d pdf", block) << block << u"図.pdf"_s << QByteArray("%PDF");
+    }
+}
+
+void UpViewTest::picturesAreSavedByTheEndingOfTheFile()
+{
+    QFETCH(const int, block);
+    QFETCH(const QString, name);
+    QFETCH(const QByteArray, begin);
+    const QTemporaryDir folder;
+    Pane pane;
+    pane.GoTo(block, 0, 0);
+    QVERIFY(pane.view.SavePicture(folder.filePath(name)));
+    QFile file(folder.filePath(name));
+    QVERIFY(file.open(QFile::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    QVERIFY(bytes.startsWith(begin));
+    if (block == 313 && name.endsWith(u"png"_s)) // the whole page, not what is in view
+        QVERIFY(QImage::fromData(bytes).height() > 2 * pane.view.height() + 100);
+}
+
+void UpViewTest::anotherEndingAndAFullFolderAreTold()
+{
+    const QTemporaryDir folder;
+    Pane pane;
+    QVERIFY(!pane.view.SavePicture(folder.filePath(u"picture.bmp"_s)));
+    QVERIFY(!pane.view.SavePicture(folder.filePath(u"no folder/picture.png"_s)));
+    QVERIFY(QDir(folder.path()).isEmpty());
 }
 
 void UpViewTest::everyPagePrintsOnOneSheet_data()

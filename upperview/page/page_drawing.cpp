@@ -92,7 +92,7 @@ PageExtent DrawPage(CDrawContext& dc, const Page& page, const PageView& view)
         const int height = static_cast<int>(sketch->height * (dc.unitY * sketch->fy));
         const int left = Centred(view.clientWidth, width, sketch->margin);
         top += sketch->gap + (first ? Centred(view.clientHeight, height, kLeastTop) : 0);
-        if (DrawSketch(dc, *sketch, view, {left, -top}))
+        if (DrawSketch(dc, *sketch, view, {left, -top}) && extent.anchor == 1)
             extent.anchor = top - kAboveSketch;
         top += height;
         extent.width = std::max(extent.width, left + width);

@@ -1,0 +1,155 @@
+#include "panels/result_output.h"
+
+#include "document/section_doc.h"
+
+#include <QFontMetricsF>
+#include <QPagedPaintDevice>
+#include <QPainter>
+
+#include <algorithm>
+#include <vector>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kPixelsPerInch = 96; // of the column widths
+constexpr double kPadding = 3;        // pixels between a line and a text
+constexpr std::size_t kHeadRows = 3;  // title, a blank line, the heads
+
+QString CellOf(const CResultTable& table, std::size_t row, std::size_t column)
+{
+    return toQString(table.CellText(row, column)).trimmed();
+}
+
+/// Rows of the grid that are filled, the heads included.
+std::size_t FilledRows(const CResultTable& table)
+{
+    return table.RowCount() > 0 ? kFirstValueRow + table.RowCount() : std::min<std::size_t>(table.GridRowCount(), 1);
+}
+
+QString CsvCell(QString text)
+{
+    if (!text.contains(u',') && !text.contains(u'"') && !text.contains(u'\n'))
+        return text;
+    return u'"' + text.replace(u'"', u"\"\""_s) + u'"';
+}
+
+/// Lays the table out in pixels; the painter is scaled.
+class TablePrinter {
+public:
+    TablePrinter(QPainter& painter, const CResultTable& table, const QFont& font)
+        : painter_(painter)
+        , table_(table)
+        , metrics_(font)
+    {
+        double width = 0;
+        for (std::size_t column = 0; column < table.GridColumnCount(); ++column) {
+            lefts_.push_back(width);
+            width += ColumnWidth(column);
+        }
+        lefts_.push_back(width);
+        rowHeight_ = metrics_.height() + kPadding;
+    }
+
+    [[nodiscard]] double Width() const { return lefts_.back(); }
+    [[nodiscard]] double RowHeight() const { return rowHeight_; }
+
+    void Row(std::size_t row, double top)
+    {
+        for (std::size_t column = 0; column < table_.GridColumnCount(); ++column) {
+            const QRectF cell(lefts_[column], top, lefts_[column + 1] - lefts_[column], rowHeight_);
+            if (table_.CellBackground(row, column))
+                painter_.fillRect(cell, QColor(0xE0, 0xE0, 0xE0));
+            painter_.drawRect(cell);
+            const Qt::Alignment side = row == 0                ? Qt::AlignHCenter
+                                       : column == kNameColumn ? Qt::AlignLeft
+                                                               : Qt::AlignRight;
+            painter_.drawText(cell.adjusted(kPadding, 0, -kPadding, 0), int(side | Qt::AlignVCenter),
+                              CellOf(table_, row, column));
+        }
+    }
+
+private:
+    /// That of the grid, or that of the widest of its texts.
+    [[nodiscard]] double ColumnWidth(std::size_t column) const
+    {
+        double width = table_.GridColumnWidth(column);
+        for (std::size_t row = 0; row < FilledRows(table_); ++row)
+            width = std::max(width, metrics_.horizontalAdvance(CellOf(table_, row, column)) + 2 * kPadding);
+        return width;
+    }
+
+    QPainter& painter_;
+    const CResultTable& table_;
+    QFontMetricsF metrics_;
+    std::vector<double> lefts_;
+    double rowHeight_ = 0;
+};
+
+} // namespace
+
+QString ResultTitle(const ResultSelection& selection)
+{
+    QString title = u"%1　荷重: %2　主桁: %3"_s.arg(toQString(KindWord(selection.kind)),
+                                                    toQString(ShownLoad(selection.load)), toQString(selection.girder));
+    if (selection.girder == NoneWord())
+        title += u"　名称: "_s + toQString(selection.station);
+    return title;
+}
+
+QByteArray ResultCsv(const CResultTable& table, const ResultSelection& selection)
+{
+    QString text = CsvCell(ResultTitle(selection)) + u"\r\n"_s;
+    for (std::size_t row = 0; row < FilledRows(table); ++row) {
+        for (std::size_t column = kNameColumn; column < table.GridColumnCount(); ++column) {
+            if (column > kNameColumn)
+                text += u',';
+            text += CsvCell(CellOf(table, row, column));
+        }
+        text += u"\r\n";
+    }
+    return QByteArrayLiteral("\xEF\xBB\xBF") + text.toUtf8();
+}
+
+bool PrintResultTable(QPagedPaintDevice& device, const CResultTable& table, const ResultSelection& selection,
+                      const QFont& font)
+{
+    QPainter painter;
+    if (!painter.begin(&device))
+        return false;
+    QFont pixels = font;
+    pixels.setPixelSize(QFontInfo(font).pixelSize());
+    painter.setFont(pixels);
+    painter.setPen(QPen(Qt::black, 0));
+    const double inch = device.logicalDpiX() / kPixelsPerInch;
+    const QSizeF paper(device.width() / inch, device.height() / inch);
+    TablePrinter printer(painter, table, pixels);
+    const double shrink = printer.Width() > paper.width() ? paper.width() / printer.Width() : 1;
+    const QSizeF page = paper / shrink;
+    const QString title = ResultTitle(selection);
+    painter.scale(inch * shrink, inch * shrink);
+
+    const double height = printer.RowHeight();
+    const auto fitting = static_cast<std::size_t>(page.height() / height);
+    const std::size_t rowsOnPage = fitting > kHeadRows ? fitting - kHeadRows : 1;
+    const std::size_t end = FilledRows(table);
+    const std::size_t pages = end > 1 ? (end - 2) / rowsOnPage + 1 : 1;
+    const QRectF titleLine(0, 0, page.width(), height);
+    for (std::size_t number = 0; number < pages; ++number) {
+        if (number > 0 && !device.newPage())
+            return false;
+        painter.drawText(titleLine, int(Qt::AlignLeft | Qt::AlignVCenter), title);
+        painter.drawText(titleLine, int(Qt::AlignRight | Qt::AlignVCenter), u"%1 / %2"_s.arg(number + 1).arg(pages));
+        if (end == 0)
+            break;
+        printer.Row(0, (kHeadRows - 1) * height);
+        for (std::size_t i = 0; i < rowsOnPage && number * rowsOnPage + i + 1 < end; ++i)
+            printer.Row(number * rowsOnPage + i + 1, static_cast<double>(kHeadRows + i) * height);
+    }
+    return painter.end();
+}
+
+} // namespace sbd

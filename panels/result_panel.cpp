@@ -1,0 +1,457 @@
+#include "panels/result_panel.h"
+
+#include "document/result_session.h"
+#include "document/section_doc.h"
+#include "grid/grid_ctrl.h"
+#include "panels/result_notice.h"
+#include "panels/result_output.h"
+#include "panels/result_panel_source.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListView>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QStringListModel>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <iterator>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kBlock = 253;
+constexpr int kBoxCharacters = 16; // the drop lists are as wide, whatever names they hold
+constexpr int kListWidth = 170;    // px, for names of 20 bytes
+constexpr int kSpacing = 4;
+
+QStringList Texts(const std::vector<std::string>& names)
+{
+    QStringList texts;
+    texts.reserve(static_cast<qsizetype>(names.size()));
+    std::ranges::transform(names, std::back_inserter(texts), [](const std::string& name) { return toQString(name); });
+    return texts;
+}
+
+QString Text8(std::string_view utf8)
+{
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+/// A file name of `text`: no character that a file system refuses.
+QString FileName(QString text)
+{
+    for (QChar& c : text)
+        if (u"\\/:*?\"<>|"_s.contains(c) || c < u' ')
+            c = u'_';
+    return text + u".csv"_s;
+}
+
+QString AskFile(QWidget* parent, const QString& name)
+{
+    return QFileDialog::getSaveFileName(parent, CDown253::tr("表をCSVに保存"), name, CDown253::tr("CSV (*.csv)"));
+}
+
+bool PrintOnPaper(QWidget* parent, const CResultTable& table, const ResultSelection& selection)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(ResultTitle(selection));
+    QPrintDialog dialog(&printer, parent);
+    return dialog.exec() != QDialog::Accepted || PrintResultTable(printer, table, selection, parent->font());
+}
+
+QComboBox* MakeBox()
+{
+    auto* box = new QComboBox;
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setMinimumContentsLength(kBoxCharacters);
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    return box;
+}
+
+void Fill(QComboBox* box, const QStringList& entries, const QString& shown)
+{
+    const QSignalBlocker quiet(box);
+    box->clear();
+    box->addItems(entries);
+    box->setCurrentIndex(box->findText(shown, Qt::MatchExactly | Qt::MatchCaseSensitive));
+}
+
+} // namespace
+
+CDown253::CDown253(CKELDSectionDoc* doc, QWidget* parent)
+    : CPanel(doc, kBlock, parent)
+    , askFile(&AskFile)
+    , print(&PrintOnPaper)
+    , warn([](QWidget* owner, const QString& message) { QMessageBox::warning(owner, QString(), message); })
+    , shown_(doc)
+    , session_(ResultSessionOf(*doc))
+    , cells_(std::make_unique<CResultSource>(doc->rowWidthMode))
+{
+    MakeControls();
+    ConnectControls();
+    SetUpControls();
+    Grid()->setAccessibleName(tr("計算結果の表"));
+    Grid()->show();
+    const CellMemory& memory = doc->MemoryOf(kBlock);
+    if (memory.row > 0 && memory.row <= cells_->RowCount() && memory.column <= cells_->ColumnCount())
+        Grid()->SetFocusCell(memory.row, memory.column);
+    connect(doc, &CKELDSectionDoc::reloaded, this, &CDown253::SetUpControls);
+    connect(doc, &CKELDSectionDoc::resultsRead, this, &CDown253::ShowNewResults);
+    connect(doc, &CKELDSectionDoc::aboutToSave, this, &CDown253::Commit);
+}
+
+CDown253::~CDown253()
+{
+    const GridCell focus = Grid()->FocusCell();
+    CellMemory& memory = shown_->MemoryOf(kBlock);
+    memory.row = focus.row;
+    memory.column = focus.column;
+    Commit();
+    Grid()->SetSource(nullptr); // before the cells go
+}
+
+const CResultTable& CDown253::Table() const
+{
+    return cells_->Table();
+}
+
+// --- controls ----------------------------------------------------------------------------------------
+
+void CDown253::MakeControls()
+{
+    kind_ = MakeBox();
+    load_ = MakeBox();
+    girder_ = MakeBox();
+    station_ = MakeBox();
+    station_->setEditable(true);
+    station_->setInsertPolicy(QComboBox::NoInsert);
+    station_->setCompleter(nullptr); // the beginning of a name is a choice of its own
+    stations_ = new QStringListModel(this);
+    station_->setModel(stations_);
+    figureItem_ = MakeBox();
+    stationLabel_ = new QLabel;
+    stationLabel_->setBuddy(station_);
+
+    auto* form = new QFormLayout;
+    form->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    form->setVerticalSpacing(kSpacing);
+    form->addRow(tr("出力選択"), kind_);
+    form->addRow(tr("荷重"), load_);
+    form->addRow(tr("主桁(すべて･なし･桁名)"), girder_);
+    form->addRow(stationLabel_, station_);
+    form->addRow(tr("図出力項目"), figureItem_);
+
+    save_ = new QPushButton(tr("CSVに保存..."));
+    print_ = new QPushButton(tr("印刷..."));
+    connect(save_, &QPushButton::clicked, this, &CDown253::SaveCsv);
+    connect(print_, &QPushButton::clicked, this, &CDown253::Print);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(save_);
+    buttons->addWidget(print_);
+
+    state_ = new QLabel;
+    state_->setWordWrap(true);
+
+    auto* choices = new QWidget;
+    auto* left = new QVBoxLayout(choices);
+    left->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
+    left->addLayout(form);
+    left->addWidget(MakeColumnChoice());
+    left->addLayout(buttons);
+    left->addWidget(state_);
+    left->addStretch();
+    auto* scroll = new QScrollArea;
+    scroll->setWidget(choices);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setFixedWidth(choices->sizeHint().width() + scroll->verticalScrollBar()->sizeHint().width());
+
+    auto* row = new QHBoxLayout;
+    row->addWidget(scroll);
+    row->addWidget(MakeExcludedChoice());
+    row->addWidget(Grid(), 1);
+    auto* rows = static_cast<QVBoxLayout*>(layout());
+    rows->addLayout(row);
+    rows->addWidget(new CResultNotice(shown_, this)); // below, so that nothing moves under the pointer when it comes
+}
+
+QWidget* CDown253::MakeColumnChoice()
+{
+    constexpr int columns = 3;
+    auto* group = new QGroupBox(tr("表出力項目"));
+    auto* grid = new QGridLayout(group);
+    grid->setVerticalSpacing(0);
+    for (std::size_t i = 0; i < columnOn_.size(); ++i) {
+        columnOn_[i] = new QCheckBox;
+        grid->addWidget(columnOn_[i], static_cast<int>(i) / columns, static_cast<int>(i) % columns);
+    }
+    return group;
+}
+
+QWidget* CDown253::MakeExcludedChoice()
+{
+    excludedLabel_ = new QLabel;
+    offered_ = new QStringListModel(this);
+    excluded_ = new QListView;
+    excluded_->setModel(offered_);
+    excluded_->setSelectionMode(QAbstractItemView::MultiSelection);
+    excluded_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    excluded_->setUniformItemSizes(true);
+    excludedLabel_->setBuddy(excluded_);
+    auto* side = new QWidget;
+    side->setFixedWidth(kListWidth);
+    auto* box = new QVBoxLayout(side);
+    box->setContentsMargins(0, kSpacing, kSpacing, kSpacing);
+    box->addWidget(excludedLabel_);
+    box->addWidget(excluded_, 1);
+    return side;
+}
+
+void CDown253::ConnectControls()
+{
+    connect(kind_, &QComboBox::currentIndexChanged, this, &CDown253::OnKind);
+    connect(load_, &QComboBox::currentIndexChanged, this, &CDown253::OnLoad);
+    connect(girder_, &QComboBox::currentIndexChanged, this, &CDown253::OnGirder);
+    connect(station_, &QComboBox::editTextChanged, this, &CDown253::OnStation);
+    connect(figureItem_, &QComboBox::currentIndexChanged, this, &CDown253::OnFigureItem);
+    for (QCheckBox* box : columnOn_)
+        connect(box, &QCheckBox::clicked, this, &CDown253::OnColumns);
+    connect(excluded_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &CDown253::OnExcluded);
+}
+
+void CDown253::SetUpControls()
+{
+    const AnalysisModel& model = shown_->Results().model;
+    ResultSelection& selection = session_.selection;
+    if (!selection.panelUsed || selection.load.empty()) // there were no results when it was first used
+        selection = FirstUseSelection(model);
+
+    QStringList kinds;
+    for (const ResultKindInfo& info : ResultKinds())
+        kinds << Text8(info.word);
+    Fill(kind_, kinds, Text8(InfoOf(selection.kind).word));
+    ShowLoads();
+    Fill(girder_, Texts(ChoicesOf(model, selection.kind).girders), toQString(selection.girder));
+    station_->setEnabled(selection.stationEnabled || model.girderNames.empty());
+    ShowStations();
+    ShowOffered();
+    for (std::size_t i = 0; i < columnOn_.size(); ++i)
+        columnOn_[i]->setChecked(selection.columnOn[i]);
+    ShowKindWords();
+    FillResultTable();
+}
+
+void CDown253::ShowLoads()
+{
+    const ResultSelection& selection = session_.selection;
+    Fill(load_, Texts(ChoicesOf(shown_->Results().model, selection.kind).loads), toQString(ShownLoad(selection.load)));
+}
+
+void CDown253::ShowStations()
+{
+    const QSignalBlocker quiet(station_);
+    stations_->setStringList(Texts(ChoicesOf(shown_->Results().model, session_.selection.kind).stations));
+    station_->setEditText(toQString(session_.selection.station));
+}
+
+void CDown253::ShowOffered()
+{
+    const QSignalBlocker quiet(excluded_->selectionModel());
+    const ResultSelection& selection = session_.selection;
+    const QStringList names = Texts(selection.offeredNames);
+    offered_->setStringList(names);
+    for (const std::string& name : selection.excludedNames)
+        if (const qsizetype row = names.indexOf(toQString(name)); row >= 0)
+            excluded_->selectionModel()->select(offered_->index(static_cast<int>(row)), QItemSelectionModel::Select);
+    excluded_->viewport()->update();
+}
+
+void CDown253::ShowKindWords()
+{
+    const ResultKindInfo& info = InfoOf(session_.selection.kind);
+    stationLabel_->setText(Text8(info.stationLabel));
+    excludedLabel_->setText(Text8(info.excludedLabel));
+    QStringList items;
+    for (std::size_t i = 0; i < kNodeComponents; ++i) {
+        items << Text8(info.components[i]);
+        columnOn_[i]->setText(items.last());
+    }
+    Fill(figureItem_, items, items[static_cast<qsizetype>(info.defaultComponent)]);
+}
+
+void CDown253::FillResultTable()
+{
+    ResultSelection& selection = session_.selection;
+    Grid()->SetSource(nullptr);
+    cells_->SetTable(CResultTable(shown_->Results(), selection));
+    Grid()->SetSource(cells_.get());
+    if (cells_->Table().LoadIndex()) {
+        const ResultKindInfo& info = InfoOf(selection.kind);
+        selection.figureItem = ComponentWord(selection.kind, info.defaultComponent);
+        const QSignalBlocker quiet(figureItem_);
+        figureItem_->setCurrentIndex(static_cast<int>(info.defaultComponent));
+    }
+    ShowState();
+    emit session_.figureChanged();
+}
+
+void CDown253::ShowState()
+{
+    const CResultTable& table = cells_->Table();
+    const bool hasLoads = !shown_->Results().model.loadCaseNames.empty();
+    state_->setText(!hasLoads
+                        ? tr("骨組解析の結果を読み込んでいません。解析が終わって結果ファイルができると、ここで読み込めます。")
+                    : !table.LoadIndex() ? tr("この荷重は解析結果にありません。荷重を選んでください。")
+                    : table.RowCount() == 0 ? tr("選択に当てはまる結果がありません。主桁または名称を選んでください。")
+                                            : tr("%1 行").arg(table.RowCount()));
+    save_->setEnabled(table.RowCount() > 0);
+    print_->setEnabled(table.RowCount() > 0);
+}
+
+void CDown253::ShowNewResults()
+{
+    const GridCell focus = Grid()->FocusCell();
+    ResultSelection& selection = session_.selection;
+    selection = KeptSelection(selection, shown_->Results().model);
+    const std::string item = selection.figureItem;
+    SetUpControls();
+    figureItem_->setCurrentText(toQString(item));
+    if (focus.row <= cells_->RowCount() && focus.column <= cells_->ColumnCount())
+        Grid()->SetFocusCell(focus.row, focus.column);
+}
+
+// --- choices -----------------------------------------------------------------------------------------
+
+void CDown253::OnKind(int index)
+{
+    if (index < 0)
+        return;
+    SelectKind(session_.selection, shown_->Results().model, ResultKinds()[static_cast<std::size_t>(index)].kind);
+    ShowLoads();
+    ShowStations();
+    ShowOffered();
+    ShowKindWords();
+    FillResultTable();
+}
+
+void CDown253::OnLoad(int index)
+{
+    const std::vector<std::string> loads = ChoicesOf(shown_->Results().model, session_.selection.kind).loads;
+    if (index < 0 || static_cast<std::size_t>(index) >= loads.size())
+        return;
+    SelectLoad(session_.selection, loads[static_cast<std::size_t>(index)]);
+    FillResultTable();
+}
+
+void CDown253::OnGirder(int index)
+{
+    const AnalysisModel& model = shown_->Results().model;
+    const std::vector<std::string> girders = ChoicesOf(model, session_.selection.kind).girders;
+    if (index < 0 || static_cast<std::size_t>(index) >= girders.size())
+        return;
+    SelectGirder(session_.selection, model, girders[static_cast<std::size_t>(index)]);
+    station_->setEnabled(session_.selection.stationEnabled);
+    ShowOffered();
+    FillResultTable();
+}
+
+void CDown253::OnStation(const QString& text)
+{
+    const std::optional<std::string> station = fromQString(text);
+    if (!station) // no name holds such a character; the input goes on
+        return;
+    SelectStation(session_.selection, shown_->Results().model, *station);
+    ShowOffered();
+    FillResultTable();
+}
+
+void CDown253::OnFigureItem(int index)
+{
+    if (index < 0)
+        return;
+    session_.selection.figureItem = ComponentWord(session_.selection.kind, static_cast<std::size_t>(index));
+    emit session_.figureChanged();
+}
+
+void CDown253::OnColumns()
+{
+    for (std::size_t i = 0; i < columnOn_.size(); ++i)
+        session_.selection.columnOn[i] = columnOn_[i]->isChecked();
+    FillResultTable();
+}
+
+void CDown253::OnExcluded()
+{
+    Commit();
+    FillResultTable();
+}
+
+void CDown253::Commit()
+{
+    ResultSelection& selection = session_.selection;
+    selection.excludedNames.clear();
+    for (const QModelIndex& index : excluded_->selectionModel()->selectedIndexes())
+        selection.excludedNames.push_back(selection.offeredNames[static_cast<std::size_t>(index.row())]);
+}
+
+// --- output ------------------------------------------------------------------------------------------
+
+void CDown253::SaveCsv()
+{
+    const QString title = ResultTitle(session_.selection);
+    const QString path = askFile(this, FileName(title));
+    if (path.isEmpty())
+        return;
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(ResultCsv(cells_->Table(), session_.selection)) < 0
+        || !file.commit())
+        warn(this, tr("表を保存できませんでした。%1\n元のファイルがあれば、そのまま残っています。\n"
+                      "保存先の空きと権限を確かめるか、別の場所に保存してください。\n\n(詳細: %2)")
+                       .arg(path, file.errorString()));
+}
+
+void CDown253::Print()
+{
+    if (!print(this, cells_->Table(), session_.selection))
+        warn(this, tr("表を印刷できませんでした。データは変わっていません。\n"
+                      "プリンターの状態を確かめて、もう一度印刷してください。"));
+}
+
+void CDown253::contextMenuEvent(QContextMenuEvent* event)
+{
+    const QPoint inCells = Grid()->viewport()->mapFromGlobal(event->globalPos());
+    if (!Grid()->viewport()->rect().contains(inCells) || !Grid()->indexAt(inCells).isValid())
+        return;
+    QMenu menu(this);
+    menu.addAction(tr("切り取り"), QKeySequence::Cut, this, &CPanel::Cut);
+    menu.addAction(tr("コピー"), QKeySequence::Copy, this, &CPanel::Copy);
+    menu.addAction(tr("貼り付け"), QKeySequence::Paste, this, &CPanel::Paste);
+    menu.addAction(tr("Delete"), QKeySequence::Delete, this, &CPanel::Delete);
+    for (const QString& text :
+         {tr("順序上へ移動"), tr("順序下へ移動"), tr("挿入行")}) // the rows are those of the results
+        menu.addAction(text)->setEnabled(false);
+    menu.addSeparator();
+    menu.addAction(tr("CSVに保存..."), this, &CDown253::SaveCsv)->setEnabled(save_->isEnabled());
+    menu.addAction(tr("印刷..."), this, &CDown253::Print)->setEnabled(print_->isEnabled());
+    menu.exec(event->globalPos());
+}
+
+} // namespace sbd

@@ -1,0 +1,102 @@
+// CDown253: the panel that shows the results of the frame analysis.
+#pragma once
+
+#include "panels/panel.h"
+#include "results/result_kind.h"
+
+#include <QString>
+
+#include <array>
+#include <functional>
+#include <memory>
+
+class QCheckBox;
+class QComboBox;
+class QFont;
+class QLabel;
+class QListView;
+class QPushButton;
+class QStringListModel;
+
+namespace sbd {
+
+class CResultSession;
+class CResultSource;
+class CResultTable;
+struct ResultSelection;
+
+/// The choices of what is shown beside the table of it. The choices are kept by the document; the table is read from its
+/// results, of which it makes the texts in view alone.
+class CDown253 : public CPanel {
+    Q_OBJECT
+
+public:
+    explicit CDown253(CKELDSectionDoc* doc, QWidget* parent = nullptr);
+    ~CDown253() override;
+
+    [[nodiscard]] const CResultTable& Table() const;
+
+    // Seams; by default dialogs of the platform.
+
+    /// The file to save a table in, proposed as `name`; empty: none.
+    std::function<QString(QWidget* parent, const QString& name)> askFile;
+    /// Prints a table; false: it could not be printed.
+    std::function<bool(QWidget* parent, const CResultTable& table, const ResultSelection& selection)> print;
+    /// Tells the user something.
+    std::function<void(QWidget* parent, const QString& message)> warn;
+
+public slots:
+    void SaveCsv();
+    void Print();
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    void MakeControls();
+    [[nodiscard]] QWidget* MakeColumnChoice();
+    [[nodiscard]] QWidget* MakeExcludedChoice();
+    void ConnectControls();
+
+    // Controls from the selection.
+    void SetUpControls();
+    void ShowLoads();
+    void ShowStations();
+    void ShowOffered();
+    void ShowKindWords();
+    void FillResultTable();
+    void ShowState();
+    /// Shows results that were read anew; what is chosen stays as far as they have it.
+    void ShowNewResults();
+
+    // What the user chose.
+    void OnKind(int index);
+    void OnLoad(int index);
+    void OnGirder(int index);
+    void OnStation(const QString& text);
+    void OnFigureItem(int index);
+    void OnColumns();
+    void OnExcluded();
+    /// The document's copy takes what the controls show.
+    void Commit();
+
+    CKELDSectionDoc* shown_;
+    CResultSession& session_;
+    std::unique_ptr<CResultSource> cells_;
+    QComboBox* kind_ = nullptr;
+    QComboBox* load_ = nullptr;
+    QComboBox* girder_ = nullptr;
+    QComboBox* station_ = nullptr;
+    QLabel* stationLabel_ = nullptr;
+    QComboBox* figureItem_ = nullptr;
+    std::array<QCheckBox*, kNodeComponents> columnOn_{};
+    QLabel* excludedLabel_ = nullptr;
+    QListView* excluded_ = nullptr;
+    QStringListModel* offered_ = nullptr;
+    QStringListModel* stations_ = nullptr;
+    QLabel* state_ = nullptr;
+    QPushButton* save_ = nullptr;
+    QPushButton* print_ = nullptr;
+};
+
+} // namespace sbd

@@ -1,0 +1,368 @@
+#include "document/result_session.h"
+#include "document/section_doc.h"
+#include "grid/grid_ctrl.h"
+#include "panels/result_output.h"
+#include "panels/result_panel.h"
+#include "panels/result_panel_source.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QListView>
+#include <QPdfWriter>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <algorithm>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+class ResultPanelTest : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<CKELDSectionDoc> doc_;
+    std::unique_ptr<CDown253> panel_;
+
+    void OpenProject(const char* name)
+    {
+        Close();
+        doc_ = std::make_unique<CKELDSectionDoc>();
+        const QString path = QStringLiteral(EXAMPLES_DIR) + u"/%1/%1.sbd"_s.arg(QString::fromLatin1(name));
+        QVERIFY(doc_->OpenDocument(path).Ok());
+        Open();
+    }
+    void Open()
+    {
+        panel_ = std::make_unique<CDown253>(doc_.get());
+        panel_->resize(1200, 330);
+        panel_->show();
+        QVERIFY(QTest::qWaitForWindowExposed(panel_.get()));
+    }
+    void Close()
+    {
+        if (panel_ != nullptr)
+            panel_->ClosePanel();
+        panel_.reset();
+    }
+    [[nodiscard]] ResultSelection& Selection() const { return ResultSessionOf(*doc_).selection; }
+    [[nodiscard]] QComboBox* Box(int index) const { return panel_->findChildren<QComboBox*>()[index]; }
+    [[nodiscard]] QComboBox* Kind() const { return Box(0); }
+    [[nodiscard]] QComboBox* Load() const { return Box(1); }
+    [[nodiscard]] QComboBox* Girder() const { return Box(2); }
+    [[nodiscard]] QComboBox* Station() const { return Box(3); }
+    [[nodiscard]] QComboBox* Item() const { return Box(4); }
+    [[nodiscard]] QListView* Excluded() const
+    {
+        const auto lists = panel_->findChildren<QListView*>();
+        const auto own = std::ranges::find_if(
+            lists, [](const QListView* list) { return list->selectionMode() == QAbstractItemView::MultiSelection; });
+        return *own;
+    }
+    [[nodiscard]] QString Cell(int row, int column) const { return panel_->Grid()->Source()->Text(row, column); }
+    void Choose(QComboBox* box, const QString& text)
+    {
+        const int index = box->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+        QVERIFY2(index >= 0, qPrintable(text));
+        box->setCurrentIndex(index);
+    }
+
+private slots:
+    void cleanup()
+    {
+        Close();
+        doc_.reset();
+    }
+
+    void theFirstUseShowsForcesOfTheFirstGirder();
+    void eachChoiceFillsTheTable();
+    void withoutAGirderTheStationFilters();
+    void excludedNamesLeaveTheTableAndComeBack();
+    void theSelectionOutlivesThePanel();
+    void anotherKindDropsTheRaisedLoad();
+    void theFigureItemChangesTheFigureOnly();
+    void editsStandOverTheTableUntilItIsFilled();
+    void copiedValuesAreNumbersToASpreadsheet();
+    void theCsvFileHoldsTheWholeTable();
+    void aFileThatCannotBeWrittenIsTold();
+    void aLongTablePrintsOnSeveralPages();
+    void withoutResultsItSaysSo();
+    void resultsThatComeLaterAreShown();
+    void aLargeBridgeIsFilledAtOnce();
+};
+
+void ResultPanelTest::theFirstUseShowsForcesOfTheFirstGirder()
+{
+    OpenProject("plate4");
+    QCOMPARE(Kind()->currentText(), u"断面力"_s);
+    QCOMPARE(Load()->currentText(), u"(B-L:MY最大)(相反応力考慮)"_s);
+    QCOMPARE(Girder()->currentText(), u"G1"_s);
+    QCOMPARE(Station()->currentText(), u"なし"_s);
+    QVERIFY(!Station()->isEnabled());
+    QCOMPARE(Item()->currentText(), u"My"_s);
+    QCOMPARE(panel_->Grid()->Source()->ColumnCount(), 13);
+    QCOMPARE(Cell(1, 1), u"最大値"_s);
+    QCOMPARE(Cell(3, 1), u"G1-S1"_s);
+    QCOMPARE(panel_->Grid()->Source()->TextColor(1, 2), QColor(Qt::magenta));
+    QCOMPARE(panel_->Grid()->Source()->TextColor(2, 2), QColor(Qt::blue));
+    QVERIFY(panel_->Grid()->Source()->IsLocked(1, 1));
+    QVERIFY(panel_->Grid()->isVisible());
+    const QString folder = qEnvironmentVariable("SBD_FIGURES");
+    if (!folder.isEmpty())
+        QVERIFY(panel_->grab().save(folder + u"/panel253.png"_s));
+}
+
+void ResultPanelTest::eachChoiceFillsTheTable()
+{
+    OpenProject("plate4");
+    QSignalSpy figure(&ResultSessionOf(*doc_), &CResultSession::figureChanged);
+    Choose(Girder(), u"G2"_s);
+    QCOMPARE(Cell(3, 1), u"G2-S1"_s);
+    const QString before = Cell(3, 2);
+    Choose(Load(), u"前死荷重(鋼重+床版)"_s);
+    QCOMPARE(Selection().load, fromQString(u"前死荷重(鋼重+床版)"_s).value());
+    QVERIFY(Cell(6, 10) != before);
+    const auto boxes = panel_->findChildren<QCheckBox*>();
+    QCOMPARE(boxes.size(), 6);
+    boxes[0]->click();
+    QCOMPARE(panel_->Grid()->Source()->ColumnCount(), 11);
+    QCOMPARE(panel_->Grid()->Source()->Head(2, 0), u"左Sy"_s);
+    QCOMPARE(figure.count(), 3);
+}
+
+void ResultPanelTest::withoutAGirderTheStationFilters()
+{
+    OpenProject("plate4");
+    Choose(Girder(), u"なし"_s);
+    QVERIFY(Station()->isEnabled());
+    QCOMPARE(panel_->Table().RowCount(), std::size_t{0});
+    QCOMPARE(Cell(1, 1), QString());
+    Station()->setEditText(u"G1-S"_s);
+    QCOMPARE(Station()->currentText(), u"G1-S"_s); // not completed to a name
+    QCOMPARE(panel_->Table().RowCount(), std::size_t{3});
+    QCOMPARE(Excluded()->model()->rowCount(), 3);
+    Station()->setEditText(u"한"_s);
+    QCOMPARE(panel_->Table().RowCount(), std::size_t{3});
+    Choose(Station(), u"すべて"_s);
+    QCOMPARE(panel_->Table().RowCount(), std::size_t{145});
+}
+
+void ResultPanelTest::excludedNamesLeaveTheTableAndComeBack()
+{
+    OpenProject("plate4");
+    QCOMPARE(Excluded()->model()->rowCount(), 20);
+    Excluded()->selectionModel()->select(Excluded()->model()->index(0, 0), QItemSelectionModel::Select);
+    QCOMPARE(panel_->Table().RowCount(), std::size_t{19});
+    QCOMPARE(Cell(3, 1), u"G1-C1"_s);
+    QCOMPARE(Selection().excludedNames, std::vector<std::string>{"G1-S1"});
+    Close();
+    Open();
+    QCOMPARE(panel_->Table().RowCount(), std::size_t{19});
+    QCOMPARE(Excluded()->selectionModel()->selectedIndexes().size(), 1);
+    Excluded()->clearSelection();
+    QCOMPARE(panel_->Table().RowCount(), std::size_t{20});
+}
+
+void ResultPanelTest::theSelectionOutlivesThePanel()
+{
+    OpenProject("box2");
+    Choose(Kind(), u"反力"_s);
+    Choose(Girder(), u"すべて"_s);
+    panel_->findChildren<QCheckBox*>()[4]->click();
+    const QString cell = Cell(5, 3);
+    QVERIFY(!cell.isEmpty());
+    Close();
+    Open();
+    QCOMPARE(Kind()->currentText(), u"反力"_s);
+    QCOMPARE(Girder()->currentText(), u"すべて"_s);
+    QVERIFY(!panel_->findChildren<QCheckBox*>()[4]->isChecked());
+    QCOMPARE(Cell(5, 3), cell);
+}
+
+void ResultPanelTest::anotherKindDropsTheRaisedLoad()
+{
+    OpenProject("plate4");
+    Choose(Kind(), u"変位"_s);
+    QCOMPARE(Load()->currentText(), u"(B-L:MY最大)"_s);
+    QCOMPARE(Load()->findText(u"(B-L:MY最大)(相反応力考慮)"_s), -1);
+    QCOMPARE(Item()->currentText(), u"Uz"_s);
+    QCOMPARE(panel_->findChildren<QCheckBox*>()[3]->text(), u"θx"_s);
+    QVERIFY(panel_->Table().RowCount() > 0);
+}
+
+void ResultPanelTest::theFigureItemChangesTheFigureOnly()
+{
+    OpenProject("plate4");
+    QSignalSpy figure(&ResultSessionOf(*doc_), &CResultSession::figureChanged);
+    Choose(Item(), u"Sz"_s);
+    QCOMPARE(figure.count(), 1);
+    QCOMPARE(Selection().figureItem, std::string("Sz"));
+    Choose(Girder(), u"G2"_s);
+    QCOMPARE(Selection().figureItem, std::string("My")); // each fill sets the default
+    QCOMPARE(Item()->currentText(), u"My"_s);
+}
+
+void ResultPanelTest::editsStandOverTheTableUntilItIsFilled()
+{
+    OpenProject("plate4");
+    const AnalysisResults before = doc_->Results();
+    const QString name = Cell(3, 1);
+    panel_->Grid()->SetFocusCell(3, 1);
+    panel_->Delete();
+    QCOMPARE(Cell(3, 1), QString());
+    panel_->Undo();
+    QCOMPARE(Cell(3, 1), name);
+    QApplication::clipboard()->setText(u"a\tb\nc\td\n"_s);
+    panel_->Paste();
+    QCOMPARE(Cell(3, 1), u"a"_s);
+    QCOMPARE(Cell(4, 2), u"d"_s);
+    panel_->Cut();
+    panel_->Undo();
+    panel_->Undo();
+    QCOMPARE(Cell(3, 1), name);
+    panel_->Delete();
+    Choose(Girder(), u"G2"_s);
+    Choose(Girder(), u"G1"_s);
+    QCOMPARE(Cell(3, 1), name);
+    QVERIFY(doc_->Results() == before);
+    QVERIFY(!doc_->IsModified());
+}
+
+void ResultPanelTest::copiedValuesAreNumbersToASpreadsheet()
+{
+    OpenProject("plate4");
+    const QStringList line = panel_->Grid()->Source()->Copy({3, 1, 4, 13}).split(u"\r\n"_s)[1].split(u'\t');
+    QCOMPARE(line.size(), 13);
+    QCOMPARE(line[0], u"G1-C1"_s);
+    for (qsizetype i = 1; i < line.size(); ++i) {
+        bool isNumber = false;
+        static_cast<void>(line[i].toDouble(&isNumber));
+        QVERIFY2(isNumber, qPrintable(line[i]));
+    }
+}
+
+void ResultPanelTest::theCsvFileHoldsTheWholeTable()
+{
+    OpenProject("plate4");
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"表.csv"_s);
+    QString proposed;
+    panel_->askFile = [&](QWidget*, const QString& name) {
+        proposed = name;
+        return path;
+    };
+    panel_->SaveCsv();
+    QCOMPARE(proposed, u"断面力　荷重_ (B-L_MY最大)(相反応力考慮)　主桁_ G1.csv"_s);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    QVERIFY(bytes.startsWith("\xEF\xBB\xBF"));
+    const QStringList lines = QString::fromUtf8(bytes.mid(3)).split(u"\r\n"_s);
+    QCOMPARE(lines.size(), 2 + 2 + 20 + 1); // title, heads, extremes, rows, behind the last line end
+    QCOMPARE(lines[1], u"要素名,左Nx,右Nx,左Sy,右Sy,左Sz,右Sz,左Tx,右Tx,左My,右My,左Mz,右Mz"_s);
+    QVERIFY(lines[2].startsWith(u"最大値,"_s));
+    QVERIFY(lines[4].startsWith(u"G1-S1,"_s));
+}
+
+void ResultPanelTest::aFileThatCannotBeWrittenIsTold()
+{
+    OpenProject("single1");
+    QString told;
+    panel_->warn = [&](QWidget*, const QString& message) { told = message; };
+    panel_->askFile = [](QWidget*, const QString&) { return u"/no/such/folder/x.csv"_s; };
+    panel_->SaveCsv();
+    QVERIFY(told.contains(u"/no/such/folder/x.csv"_s));
+    told.clear();
+    panel_->askFile = [](QWidget*, const QString&) { return QString(); };
+    panel_->SaveCsv();
+    QVERIFY(told.isEmpty());
+    panel_->print = [](QWidget*, const CResultTable&, const ResultSelection&) { return false; };
+    panel_->Print();
+    QVERIFY(!told.isEmpty());
+}
+
+void ResultPanelTest::aLongTablePrintsOnSeveralPages()
+{
+    OpenProject("plate4");
+    Choose(Girder(), u"すべて"_s);
+    const QTemporaryDir folder;
+    const QString kept = qEnvironmentVariable("SBD_FIGURES");
+    const QString path = kept.isEmpty() ? folder.filePath(u"t.pdf"_s) : kept + u"/table.pdf"_s;
+    const auto pages = [&](const CResultTable& table) {
+        {
+            QPdfWriter paper(path);
+            paper.setPageSize(QPageSize(QPageSize::A4));
+            if (!PrintResultTable(paper, table, Selection(), panel_->font()))
+                return qsizetype{-1};
+        }
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll().count("/Type /Page\n") : qsizetype{-1};
+    };
+    QCOMPARE(pages(CResultTable()), 1);
+    QCOMPARE(pages(panel_->Table()), 2);
+    QPdfWriter nowhere(u"/no/such/folder/t.pdf"_s);
+    QVERIFY(!PrintResultTable(nowhere, panel_->Table(), Selection(), panel_->font()));
+}
+
+void ResultPanelTest::withoutResultsItSaysSo()
+{
+    doc_ = std::make_unique<CKELDSectionDoc>();
+    Open();
+    QCOMPARE(Load()->count(), 0);
+    QCOMPARE(Girder()->count(), 2);
+    QVERIFY(Station()->isEnabled());
+    const auto labels = panel_->findChildren<QLabel*>();
+    QVERIFY(std::ranges::any_of(labels, [](const QLabel* label) { return label->text().contains(u"結果ファイル"_s); }));
+    for (const QPushButton* button : panel_->findChildren<QPushButton*>())
+        QVERIFY(!button->isEnabled());
+    Choose(Kind(), u"反力"_s);
+    Choose(Girder(), u"すべて"_s);
+    panel_->findChildren<QCheckBox*>()[0]->click();
+    panel_->Delete();
+    panel_->Undo();
+}
+
+void ResultPanelTest::resultsThatComeLaterAreShown()
+{
+    doc_ = std::make_unique<CKELDSectionDoc>();
+    Open();
+    QVERIFY(doc_->OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/single1/single1.sbd"_s).Ok());
+    QCOMPARE(Load()->currentText(), u"-死+雪+群集-最大"_s);
+    QCOMPARE(panel_->Table().RowCount(), std::size_t{8});
+}
+
+void ResultPanelTest::aLargeBridgeIsFilledAtOnce()
+{
+    QTemporaryDir folder;
+    OpenProject("plate4");
+    auto& results = const_cast<AnalysisResults&>(doc_->Results());
+    constexpr std::size_t members = 40'000;
+    results.model.elementNames.clear();
+    for (std::size_t i = 0; i < members; ++i)
+        results.model.elementNames.push_back("G" + std::to_string(1 + i % 4) + "-" + std::to_string(i));
+    results.model.loadCaseCount = 1;
+    results.model.loadCaseNames = {"D"};
+    results.force.values.assign(members * 12, 1.5);
+    Selection().load = "D";
+    Selection().girder = AllWord();
+    QElapsedTimer timer;
+    timer.start();
+    emit doc_->reloaded();
+    QVERIFY(panel_->Table().RowCount() == members);
+    panel_->findChildren<QCheckBox*>()[0]->click();
+    const qint64 filled = timer.elapsed();
+    QVERIFY2(filled < 3000, qPrintable(QString::number(filled)));
+    qInfo("two fills of %zu rows: %lld ms", members, static_cast<long long>(filled));
+}
+
+} // namespace sbd
+
+QTEST_MAIN(sbd::ResultPanelTest)
+#include "result_panel_test.moc"
