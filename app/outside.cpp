@@ -13,12 +13,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr DocumentCommand kDocuments[] = {
-    {33168, u"300＆４00　主桁自動設計・製図", "KELD_Section_README.doc"_L1},
-    {33169, u"500　横桁・対傾構・下横構の設計", "KELD_Cross_README.DOC"_L1},
-    {33175, u"600　FEMモデル自動作成", "KELD_Fem_README.doc"_L1},
-    {33171, u"640＆670　縦桁・ブラケットの設計", "KELD_Stringer_and_Bracket_README.DOC"_L1},
-    {33173, u"700　支点上補剛材・ダイヤフラムの設計", "KELD_Support_Stiff_Diaphragm_README.DOC"_L1},
-    {33174, u"800　数量計算", "KELD_Material_README.doc"_L1},
+    {33168, "KELD_Section_README.doc"_L1},
+    {33169, "KELD_Cross_README.DOC"_L1},
+    {33175, "KELD_Fem_README.doc"_L1},
+    {33171, "KELD_Stringer_and_Bracket_README.DOC"_L1},
+    {33173, "KELD_Support_Stiff_Diaphragm_README.DOC"_L1},
+    {33174, "KELD_Material_README.doc"_L1},
 };
 
 /// The file whatever the case of its name: the message asks for ".doc" where the table has ".DOC".
@@ -40,13 +40,9 @@ std::span<const DocumentCommand> DocumentCommands()
     return kDocuments;
 }
 
-QString WebMenuText(int command, const DeploymentSettings& settings)
+QString SecondHomePageText(const DeploymentSettings& settings)
 {
-    if (command == kHomePageCommand)
-        return u"KELD Homepage..."_s;
-    if (command != kSecondHomePageCommand || settings.secondHomePageName.isEmpty())
-        return {};
-    return settings.secondHomePageName + u" Homepage..."_s;
+    return settings.secondHomePageName.isEmpty() ? QString() : settings.secondHomePageName + u" Homepage..."_s;
 }
 
 QUrl WebPage(int command, const DeploymentSettings& settings)

@@ -14,7 +14,6 @@ namespace sbd {
 /// A command that opens a document beside the program.
 struct DocumentCommand {
     int command;
-    QStringView menuText;
     QLatin1StringView file;
 };
 
@@ -25,8 +24,8 @@ struct DocumentCommand {
 inline constexpr int kHomePageCommand = 32766;
 inline constexpr int kSecondHomePageCommand = 32767;
 
-/// Text of a web command in the menu; empty for a page that the deployment has no name for.
-[[nodiscard]] QString WebMenuText(int command, const DeploymentSettings& settings);
+/// Text of the second page in the menu; empty if the deployment has no name for it.
+[[nodiscard]] QString SecondHomePageText(const DeploymentSettings& settings);
 /// The page of a web command; empty if the deployment sets none: the command has nothing to do.
 [[nodiscard]] QUrl WebPage(int command, const DeploymentSettings& settings);
 

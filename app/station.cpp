@@ -1,7 +1,7 @@
 #include "app/station.h"
 
 #include "app/fonts.h"
-#include "app/outside_menu.h"
+#include "app/outside_commands.h"
 #include "app/request_queue.h"
 #include "app/screenshot.h"
 #include "app/single_instance.h"

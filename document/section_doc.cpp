@@ -11,6 +11,16 @@ namespace sbd {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// The project of the result files; its full path, so that the stamps of two readings compare.
+std::filesystem::path FullPath(const QString& project)
+{
+    return ToPath(QFileInfo(project).absoluteFilePath());
+}
+
+} // namespace
+
 CKELDSectionDoc::CKELDSectionDoc(QObject* parent) : QObject(parent) {}
 
 CKELDSectionDoc::~CKELDSectionDoc() = default;
@@ -39,7 +49,13 @@ void CKELDSectionDoc::SetPathName(const QString& path)
 
 void CKELDSectionDoc::ReadResults(const QString& project)
 {
-    ReadResultFiles(ToPath(project), results_);
+    ReadStampedResultFiles(FullPath(project), results_, resultsAsRead_);
+    emit resultsRead();
+}
+
+bool CKELDSectionDoc::HasNewerResults() const
+{
+    return !path_.isEmpty() && HasOtherFiles(StampOf(ToPath(path_)), resultsAsRead_);
 }
 
 FileResult CKELDSectionDoc::Load(const QString& file, const QString& project)
@@ -51,9 +67,10 @@ FileResult CKELDSectionDoc::Load(const QString& file, const QString& project)
 
     // Results and names come first: repairs behind the last line add to the names.
     AnalysisResults results;
+    ResultStamp resultsAsRead;
     CSbdData data;
     if (!project.isEmpty()) {
-        ReadResultFiles(ToPath(project), results);
+        ReadStampedResultFiles(FullPath(project), results, resultsAsRead);
         ReadGridNames(NamesFileBeside(ToPath(project)), data);
     }
     ReadProject(bytes, data);
@@ -61,6 +78,7 @@ FileResult CKELDSectionDoc::Load(const QString& file, const QString& project)
 
     data_ = std::move(data);
     results_ = std::move(results);
+    resultsAsRead_ = std::move(resultsAsRead);
     path_ = project.isEmpty() ? QString() : QFileInfo(project).absoluteFilePath();
     memory_.clear();
     SetHelpCell(-1, 0, 0);

@@ -3,7 +3,7 @@
 
 #include "document/display_settings.h"
 #include "project/sbd_data.h"
-#include "results/result_files.h"
+#include "results/result_stamp.h"
 #include "sbdfile/project_file.h"
 
 #include <QObject>
@@ -43,6 +43,8 @@ public:
     [[nodiscard]] const AnalysisResults& Results() const { return results_; }
     /// Reads the result files of a project. A file that is missing leaves its record as it was.
     void ReadResults(const QString& project);
+    /// True if result files of this project were written after they were read, or have come since. Reads none.
+    [[nodiscard]] bool HasNewerResults() const;
 
     /// Full path of the project file; empty for a project that was never saved.
     [[nodiscard]] QString PathName() const { return path_; }
@@ -94,6 +96,8 @@ signals:
     void modifiedChanged(bool modified);
     void pathChanged();
     void helpCellChanged();
+    /// ReadResults() has read.
+    void resultsRead();
     /// Panels commit what is still in their grids.
     void aboutToSave();
 
@@ -102,6 +106,7 @@ private:
 
     CSbdData data_;
     AnalysisResults results_;
+    ResultStamp resultsAsRead_;
     QString path_;
     bool modified_ = false;
     int currentBlock_ = 300;

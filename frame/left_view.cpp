@@ -3,6 +3,7 @@
 #include "document/engine_command.h"
 #include "document/section_doc.h"
 
+#include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -29,15 +30,28 @@ bool IsGroup(const QTreeWidgetItem* item)
     return item->data(0, kGroupRole).toBool();
 }
 
-/// Rows with some air: the characters of Japanese titles fill their height.
+/// Rows with some air: the characters of Japanese titles fill their height. Each text is measured once: the view asks
+/// for all widths again at every rebuild, several times.
 class RowDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
         constexpr int air = 6; // px
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(air, air);
+        if (option.font != font_) {
+            font_ = option.font;
+            sizes_.clear();
+        }
+        const bool bold = index.data(Qt::FontRole).value<QFont>().bold();
+        QSize& size = sizes_[{index.data().toString(), bold}];
+        if (!size.isValid())
+            size = QStyledItemDelegate::sizeHint(option, index) + QSize(air, air);
+        return size;
     }
+
+private:
+    mutable QFont font_;                                   // that of the sizes
+    mutable QHash<std::pair<QString, bool>, QSize> sizes_; // by text and whether it is bold
 };
 
 void SetBold(QTreeWidgetItem* item)

@@ -32,7 +32,8 @@ QString NewerText(const CKELDSectionDoc& doc)
 {
     return doc.Results().model.loadCaseNames.empty()
                ? CResultNotice::tr("骨組解析の結果ファイルができています。読み込むと表と図に表示されます。")
-               : CResultNotice::tr("骨組解析の結果ファイルが、読み込んだ後に更新されました。表と図は更新前の結果です。");
+               : CResultNotice::tr("骨組解析の結果ファイルが、読み込んだ後に更新されました。表と図は更新前の結果です。"
+                                   "読み込むと新しい結果に替わります。");
 }
 
 } // namespace
@@ -91,8 +92,9 @@ void CResultNotice::ReadAgain()
     const WaitPointer wait;
     doc_->ReadResults(doc_->PathName());
     if (read_->isEnabled()) // still other files on the disk than in memory
-        text_->setText(tr("読み込めない結果ファイルがあります。解析プログラムが書き込み中の場合は、終わってから"
-                          "もう一度読み込んでください。読み込めたファイルの結果は表示されています。"));
+        text_->setText(tr(
+            "読み込めなかったか、読み込みの途中で更新された結果ファイルがあります。解析プログラムが動いている場合は、"
+            "終わってからもう一度読み込んでください。"));
 }
 
 } // namespace sbd

@@ -318,7 +318,7 @@ void CDown253::ShowState()
     const CResultTable& table = cells_->Table();
     const bool hasLoads = !shown_->Results().model.loadCaseNames.empty();
     state_->setText(!hasLoads
-                        ? tr("骨組解析の結果を読み込んでいません。解析が終わって結果ファイルができると、ここで読み込めます。")
+                        ? tr("骨組解析の結果ファイルをまだ読み込んでいません。解析が終わると、ここで読み込めます。")
                     : !table.LoadIndex() ? tr("この荷重は解析結果にありません。荷重を選んでください。")
                     : table.RowCount() == 0 ? tr("選択に当てはまる結果がありません。主桁または名称を選んでください。")
                                             : tr("%1 行").arg(table.RowCount()));

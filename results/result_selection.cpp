@@ -3,6 +3,7 @@
 #include "project/text.h"
 
 #include <algorithm>
+#include <set>
 
 namespace sbd {
 
@@ -111,6 +112,29 @@ ResultSelection FirstUseSelection(const AnalysisModel& model)
     selection.figureItem = ComponentWord(selection.kind, InfoOf(selection.kind).defaultComponent);
     Offer(selection, model);
     return selection;
+}
+
+ResultSelection KeptSelection(const ResultSelection& selection, const AnalysisModel& model)
+{
+    if (selection.load.empty())
+        return FirstUseSelection(model);
+    ResultSelection kept = selection;
+    if (!LoadCaseOf(model, kept.load)) {
+        const std::string other = model.loadCaseNames.empty() ? std::string() : model.loadCaseNames.front();
+        kept.load = FirstLoad(model, kept.kind).value_or(other);
+    }
+    const bool hasGirder = kept.girder == NoneWord() || kept.girder == AllWord()
+                           || std::ranges::find(model.girderNames, kept.girder) != model.girderNames.end();
+    if (!hasGirder) {
+        const ResultSelection first = FirstUseSelection(model);
+        kept.girder = first.girder;
+        kept.station = first.station;
+        kept.stationEnabled = kept.girder == NoneWord();
+    }
+    Offer(kept, model);
+    const std::set<std::string_view> offered(kept.offeredNames.begin(), kept.offeredNames.end());
+    std::erase_if(kept.excludedNames, [&](const std::string& name) { return !offered.contains(name); });
+    return kept;
 }
 
 void SelectKind(ResultSelection& selection, const AnalysisModel& model, ResultKind kind)

@@ -57,6 +57,11 @@ struct ResultChoices {
 /// girder, all columns.
 [[nodiscard]] ResultSelection FirstUseSelection(const AnalysisModel& model);
 
+/// The selection in results that were read anew: a load case or a girder that has gone gives way to that of the first
+/// use; names that have gone are no longer offered or left out. A selection without a load case was made without results
+/// and is that of the first use.
+[[nodiscard]] ResultSelection KeptSelection(const ResultSelection& selection, const AnalysisModel& model);
+
 // One choice of the user; what depends on it follows.
 
 /// The load case stays, but loses its "-(" form, which there is for forces only.

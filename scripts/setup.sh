@@ -4,7 +4,7 @@
 set -euo pipefail
 
 packages=(g++ cmake ninja-build ccache
-    qt6-base-dev qt6-svg-dev libgl-dev qt6-qpa-plugins qt6-translations-l10n nlohmann-json3-dev
+    qt6-base-dev qt6-svg-dev libgl-dev qt6-qpa-plugins qt6-translations-l10n nlohmann-json3-dev libtomlplusplus-dev
     fonts-ipafont-gothic)
 if [[ -n ${WAYLAND_DISPLAY:-} && -z ${DISPLAY:-} ]]; then
     packages+=(qt6-wayland)
@@ -12,7 +12,7 @@ fi
 case ${1:-} in
     app) ;;
     dev | ci)
-        packages+=(libgtest-dev libgmock-dev libbenchmark-dev libtomlplusplus-dev)
+        packages+=(libgtest-dev libgmock-dev libbenchmark-dev)
         if [[ $1 == ci ]]; then
             packages+=(clang-14 libclang-rt-14-dev python3)
         fi

@@ -1,7 +1,9 @@
-// sbdpage: draws a help page to a picture, a PDF, text or JSON, and reports what the pages hold.
+// sbdpage: draws a help page to a picture, a PDF, text or JSON, and reports what the pages hold; draws the figures of
+// the analysis.
 #include "document/section_doc.h"
 #include "project/catalogue.h"
 #include "project/text.h"
+#include "sbdpage_figures.h"
 #include "upperview/draw_painter.h"
 #include "upperview/help_page.h"
 #include "upperview/page/page_check.h"
@@ -206,8 +208,11 @@ int main(int count, char** values)
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(count, values);
+    if (const std::optional<int> code = RunFigureCommand(QCoreApplication::arguments()))
+        return *code;
     QCommandLineParser parser;
-    parser.setApplicationDescription(u"Draws the help page of a block."_s);
+    parser.setApplicationDescription(u"Draws the help page of a block. For the figures of the analysis see "
+                                     u"sbdpage figure --help and sbdpage diagram --help."_s);
     parser.addHelpOption();
     parser.addPositionalArgument(u"BLOCK"_s, u"number of the block"_s);
     parser.addOptions({{u"project"_s, u"Quotes values of this project."_s, u"file"_s},

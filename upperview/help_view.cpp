@@ -6,19 +6,89 @@
 #include "upperview/display_look.h"
 
 #include <QFontMetricsF>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QToolButton>
 
 #include <cmath>
+#include <utility>
 
 namespace sbd {
 
 using namespace Qt::StringLiterals;
 
-CHelpView::CHelpView(CKELDSectionDoc* doc, QWidget* parent) : CPageView(parent), doc_(doc)
+namespace {
+
+/// Where the links of a page lead, and where the way back leads.
+struct Link {
+    int returnBlock;
+    int targetBlock;
+};
+constexpr Link kLinks[] = {{513, 514}, {503, 505}};
+
+constexpr QRect kBackButton(5, 5, 23, 22); // px
+
+} // namespace
+
+CHelpView::CHelpView(CKELDSectionDoc* doc, QWidget* parent)
+    : CPageView(parent)
+    , doc_(doc)
+    , backButton_(new QToolButton(viewport()))
 {
     setAccessibleName(u"説明"_s);
-    setFocusPolicy(Qt::ClickFocus);
+    backButton_->setArrowType(Qt::LeftArrow);
+    backButton_->setToolTip(u"戻る"_s);
+    backButton_->setAccessibleName(u"戻る"_s);
+    backButton_->setGeometry(kBackButton);
+    backButton_->hide();
+    connect(backButton_, &QToolButton::clicked, this, &CHelpView::OnBack);
+    viewport()->setMouseTracking(true);
+}
+
+int CHelpView::LinkAt(QPointF place) const
+{
+    const QPointF onPage =
+        (place + QPointF(horizontalScrollBar()->value(), verticalScrollBar()->value())) / Scale();
+    for (std::size_t i = 0; i < linkRects.size(); ++i) {
+        if (linkRects[i].contains(onPage))
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+void CHelpView::ShowPageOf(int block)
+{
+    linkRects = {};
+    doc_->SetCurrentBlock(block);
+    doc_->SetHelpCell(-1, 0, 0);
+    Refresh();
+}
+
+void CHelpView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (LinkAt(event->position()) >= 0)
+        viewport()->setCursor(Qt::PointingHandCursor);
+    else
+        viewport()->unsetCursor();
+}
+
+void CHelpView::mousePressEvent(QMouseEvent* event)
+{
+    const int link = event->button() == Qt::LeftButton ? LinkAt(event->position()) : -1;
+    if (link < 0) {
+        CPageView::mousePressEvent(event);
+        return;
+    }
+    returnBlock_ = kLinks[link].returnBlock;
+    backButton_->show();
+    ShowPageOf(kLinks[link].targetBlock);
+}
+
+void CHelpView::OnBack()
+{
+    backButton_->hide();
+    ShowPageOf(std::exchange(returnBlock_, 0));
 }
 
 HelpCell CHelpView::Cell() const
@@ -35,6 +105,7 @@ void CHelpView::Refresh()
 
 QSizeF CHelpView::PaintPage(QPainter& painter, const QRectF&)
 {
+    linkRects = {};
     extent_ = PaintHelpPage(painter, doc_->Data(), Cell(), viewport()->size(), HelpFont(doc_->display));
     return {static_cast<double>(extent_.width), static_cast<double>(extent_.height)};
 }

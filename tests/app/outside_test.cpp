@@ -1,4 +1,5 @@
 #include "app/outside.h"
+#include "frame/commands.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -73,7 +74,7 @@ void OutsideTest::theDocumentsStandInTheOrderOfTheMenu()
     for (qsizetype i = 0; i < expected.size(); ++i) {
         const DocumentCommand& command = DocumentCommands()[std::size_t(i)];
         QCOMPARE(command.command, std::get<0>(expected[i]));
-        QCOMPARE(command.menuText.toString(), std::get<1>(expected[i]));
+        QCOMPARE(FindCommand(command.command)->text, std::get<1>(expected[i]).toStdString());
         QCOMPARE(QString(command.file), std::get<2>(expected[i]));
     }
 }
@@ -168,9 +169,8 @@ void OutsideTest::whatTheDesktopAnswersIsNotLookedAt()
 void OutsideTest::theMenuNamesThePages()
 {
     Desk desk;
-    QCOMPARE(WebMenuText(kHomePageCommand, desk.settings), u"KELD Homepage..."_s);
-    QCOMPARE(WebMenuText(kSecondHomePageCommand, desk.settings), u"Second Homepage..."_s);
-    QCOMPARE(WebMenuText(kSecondHomePageCommand, {}), QString());
+    QCOMPARE(SecondHomePageText(desk.settings), u"Second Homepage..."_s);
+    QCOMPARE(SecondHomePageText({}), QString());
 }
 
 QTEST_GUILESS_MAIN(OutsideTest)

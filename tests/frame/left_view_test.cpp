@@ -44,6 +44,7 @@ private slots:
     void contentTurnsBoldWhenTheSelectionMoves();
     void boldStaysUntilTheNextRebuild();
     void enterAsksForThePanel();
+    void everyTitleHasItsWholeWidth();
 };
 
 void LeftViewTest::aClickOnAnItemChoosesItsBlock()
@@ -169,6 +170,44 @@ void LeftViewTest::enterAsksForThePanel()
     const QSignalSpy wanted(&tree, &CLeftView::panelWanted);
     QTest::keyClick(&tree, Qt::Key_Return);
     QCOMPARE(wanted.count(), 1);
+}
+
+void LeftViewTest::everyTitleHasItsWholeWidth()
+{
+    CKELDSectionDoc doc;
+    CLeftView tree(&doc);
+    tree.resize(100, 600);
+    tree.show();
+    tree.expandAll();
+    int longest = 0;
+    const auto checkWidths = [&] {
+        QApplication::processEvents();
+        longest = 0;
+        for (QTreeWidgetItemIterator it(&tree); *it != nullptr; ++it) {
+            QFont font = tree.font();
+            font.setBold((*it)->font(0).bold());
+            const QRect place = tree.visualItemRect(*it);
+            const int width = QFontMetrics(font).horizontalAdvance((*it)->text(0));
+            QVERIFY2(place.width() >= width, qPrintable((*it)->text(0)));
+            QVERIFY(place.height() >= QFontMetrics(font).height());
+            longest = std::max(longest, width);
+        }
+    };
+    checkWidths();
+    const int longestAtFirst = longest;
+
+    QFont larger = tree.font();
+    larger.setPointSize(2 * larger.pointSize());
+    tree.setFont(larger);
+    checkWidths();
+    QVERIFY(longest > longestAtFirst);
+
+    for (QTreeWidgetItemIterator it(&tree); *it != nullptr; ++it) {
+        QFont bold = (*it)->font(0);
+        bold.setBold(true);
+        (*it)->setFont(0, bold);
+    }
+    checkWidths();
 }
 
 QTEST_MAIN(LeftViewTest)

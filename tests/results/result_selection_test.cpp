@@ -162,4 +162,9 @@ TEST(KeptSelection, WithoutGirdersAllNamesAreShown)
     EXPECT_THAT(kept.offeredNames, ElementsAre("G1-S1", "G1-C1", "G2-S1"));
 }
 
+TEST(KeptSelection, WhatWasChosenWithoutResultsIsNoChoice)
+{
+    EXPECT_EQ(KeptSelection(FirstUseSelection({}), TwoGirders()), FirstUseSelection(TwoGirders()));
+}
+
 } // namespace sbd

@@ -1,6 +1,5 @@
-#include "results/result_stamp.h"
-
 #include "results/result_paths.h"
+#include "results/result_stamp.h"
 #include "tests/results/file_bytes.h"
 #include "tests/results/sample_records.h"
 #include "tests/results/temporary_folder.h"

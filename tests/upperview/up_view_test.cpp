@@ -5,11 +5,13 @@
 #include "upperview/up_view.h"
 
 #include <QDir>
+#include <QMouseEvent>
 #include <QPdfWriter>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 using namespace sbd;
@@ -64,6 +66,7 @@ private slots:
     void anotherCellMovesThePageAgain();
     void theColumnOfTheCellIsRed();
     void theBackgroundIsTheUsers();
+    void aLinkLeadsToItsPageAndTheButtonBack();
     void picturesAreSavedByTheEndingOfTheFile_data();
     void picturesAreSavedByTheEndingOfTheFile();
     void anotherEndingAndAFullFolderAreTold();
@@ -166,6 +169,27 @@ void UpViewTest::theBackgroundIsTheUsers()
         pane.GoTo(block, 0, 0);
         QVERIFY(CountPixels(pane.view, qRgb(0x30, 0x20, 0x10)) > 1000);
     }
+}
+
+void UpViewTest::aLinkLeadsToItsPageAndTheButtonBack()
+{
+    Pane pane;
+    pane.GoTo(513, 0, 0);
+    CHelpView& help = pane.view.Help();
+    auto* back = help.findChild<QToolButton*>();
+    QVERIFY(!back->isVisible());
+    help.linkRects = {QRectF(0, 0, 100, 100), QRectF(200, 0, 100, 100)};
+    // At once: the next paint forgets them.
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), help.viewport()->mapToGlobal(QPointF(5, 5)),
+                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(help.viewport(), &press);
+    QCOMPARE(pane.doc.CurrentBlock(), 514);
+    QVERIFY(back->isVisible());
+    back->click();
+    QCOMPARE(pane.doc.CurrentBlock(), 513);
+    QVERIFY(!back->isVisible());
+    QTest::mouseClick(help.viewport(), Qt::LeftButton, {}, QPoint(5, 5)); // no page sets a link by itself
+    QCOMPARE(pane.doc.CurrentBlock(), 513);
 }
 
 void UpViewTest::picturesAreSavedByTheEndingOfTheFile_data()

@@ -1,4 +1,4 @@
-#include "app/outside_menu.h"
+#include "app/outside_commands.h"
 
 #include "app/outside.h"
 #include "frame/main_frame.h"
@@ -14,7 +14,7 @@ void ConnectOutside(CMainFrame& frame, const DeploymentSettings& settings)
     const COutside outside(QApplication::applicationDirPath(), settings, std::move(seams));
     QObject::connect(&frame, &CMainFrame::commandForOutside, &frame, [outside](int command) { outside.Run(command); });
     frame.SetHomePages({!settings.homePage.isEmpty(), !settings.secondHomePage.isEmpty(),
-                        WebMenuText(kSecondHomePageCommand, settings)});
+                        SecondHomePageText(settings)});
 }
 
 } // namespace sbd
