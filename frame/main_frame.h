@@ -10,6 +10,9 @@
 #include <QMainWindow>
 
 #include <map>
+#include <optional>
+#include <string>
+#include <utility>
 
 class QLabel;
 class QLineEdit;
@@ -126,7 +129,8 @@ private:
     CCommandActions* actions_ = nullptr;
     std::map<int, std::function<void()>> handlers_; // by command
     std::vector<DataEntry> dataEntries_;
-    TreeView treeView_; // of all projects
+    std::optional<std::pair<TitleLanguage, std::string>> titledFor_; // what the data menu's titles stand for
+    TreeView treeView_;                                              // of all projects
     HomePages homePages_;
     QList<QAction*> windowEntries_; // one a project, made when the menu opens
     bool printing_ = false;

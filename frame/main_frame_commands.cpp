@@ -129,7 +129,10 @@ void CMainFrame::AddViewHandlers()
     });
     for (int command = kFirstViewCommand; command <= kLastViewCommand; ++command)
         OnChild(command, [command](CChildFrame& child) { child.UpView().RunViewCommand(command); });
-    OnChild(49990, [](CChildFrame& child) { child.GoToBlock(kSearchBlock); });
+    OnChild(49990, [](CChildFrame& child) {
+        child.GoToBlock(kSearchBlock);
+        child.FocusPanel(); // to type at once
+    });
     for (const CatalogueRow& row : Catalogue()) {
         const int command = row.command;
         if (command != 0 && !handlers_.contains(command))

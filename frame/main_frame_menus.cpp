@@ -87,6 +87,7 @@ void CMainFrame::FillDataMenu(QMenu& menu)
             menu.addSeparator();
     }
     TitleDataMenu();
+    connect(&menu, &QMenu::aboutToShow, this, &CMainFrame::TitleDataMenu);
 }
 
 void CMainFrame::AddDataEntry(QMenu& menu, int block)
@@ -106,12 +107,17 @@ void CMainFrame::AddDataEntry(QMenu& menu, int block)
 
 void CMainFrame::TitleDataMenu()
 {
+    static const CSbdData none;
+    CChildFrame* child = CurrentChild();
+    const CSbdData& project = child == nullptr ? none : child->Doc().Data();
+    const std::pair titledFor(treeView_.language, TreeKey(project));
+    if (titledFor_ == titledFor)
+        return;
+    titledFor_ = titledFor;
     // The titles of the tree, whatever it shows now.
     TreeView all = treeView_;
     all.mode = TreeMode::Everything;
-    static const CSbdData none;
-    CChildFrame* child = CurrentChild();
-    const std::vector<TreeRow> tree = TreeRows(child == nullptr ? none : child->Doc().Data(), all);
+    const std::vector<TreeRow> tree = TreeRows(project, all);
     for (const DataEntry& entry : dataEntries_)
         entry.action->setText(DataEntryTitle(entry.block, entry.group, entry.menuText, treeView_.language, tree));
 }

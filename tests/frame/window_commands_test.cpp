@@ -121,6 +121,7 @@ private slots:
     void wordListsAreSwitchedOffAndOn();
     void theCellStaysWhereItWasWhenThePanelIsBuiltAnew();
     void theLanguageRetitlesTreeAndMenu();
+    void theDataMenuFollowsTheTypeOfTheProject();
     void filtersCountOnlyWhenNotEverythingIsShown();
     void paneSizesAreKeptOnlyWhenAskedFor();
     void colourAndFontAreKept();
@@ -325,6 +326,19 @@ void WindowCommandsTest::theLanguageRetitlesTreeAndMenu()
     QVERIFY(!DataMenuTexts(*station.frame).filter(u"313.垂直補剛材"_s).isEmpty());
 }
 
+void WindowCommandsTest::theDataMenuFollowsTheTypeOfTheProject()
+{
+    Station station;
+    station.child->SwitchToBlock(302); // the panel of 301 would write its own
+    station.Doc().Data().SetOption(301, 2, *fromQString(u"ブラケット"_s));
+    station.Doc().NotifyChanged({301, 2});
+    for (QAction* top : station.frame->menuBar()->actions()) {
+        if (top->text() == u"データ入力(&I)"_s)
+            emit top->menu()->aboutToShow();
+    }
+    QVERIFY(DataMenuTexts(*station.frame).contains(u"301.ブラケット_CONTROL(必要)"_s));
+}
+
 void WindowCommandsTest::filtersCountOnlyWhenNotEverythingIsShown()
 {
     Station station;
@@ -508,6 +522,7 @@ void WindowCommandsTest::searchLeadsToTheCell()
     QVERIFY(QTest::qWaitForWindowActive(station.frame.get()));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
     QCOMPARE(station.child->CurrentBlock(), 999);
+    QVERIFY(station.Grid().isAncestorOf(QApplication::focusWidget()) || station.Grid().hasFocus());
     station.Grid().Source()->SetText(1, 1, u"検索：孔引"_s);
     station.Grid().ShowAll();
     QVERIFY(station.Grid().Source()->UsedRows() > 2);
