@@ -1,153 +1,16 @@
 // The life of a document through the real window: how it begins, is held, saved, run and brought back.
-#include "answers.h"
 #include "document/project_lock.h"
-#include "document/section_doc.h"
-#include "frame/child_frame.h"
-#include "frame/left_view.h"
-#include "frame/main_frame.h"
 #include "frame/profile.h"
 #include "grid/grid_ctrl.h"
+#include "life_station.h"
 #include "panels/panel.h"
-#include "tests/document/other_process.h"
 #include "upperview/chk_view.h"
 #include "upperview/up_view.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QMenuBar>
-#include <QTest>
 
-using namespace Qt::StringLiterals;
 using namespace sbd;
-
-namespace {
-
-struct Station {
-    TestFolder folder;
-    Answers user;
-    CMainFrame frame{user.Dialogs()};
-
-    Station()
-    {
-        user.engines = QStringLiteral(ENGINE_FOLDER);
-        frame.resize(1366, 768);
-        frame.show();
-        frame.NewProject(); // as at the start of the program
-    }
-
-    /// A folder with the analysis input of an example under the name "bridge"; the path of that file.
-    [[nodiscard]] QString AnalysisInput(const QString& example = u"box2"_s)
-    {
-        const QString file = folder.Path(u"bridge.abd"_s);
-        QFile::copy(QStringLiteral(EXAMPLES_DIR) + u'/' + example + u'/' + example + u".abd"_s, file);
-        return file;
-    }
-    [[nodiscard]] QString Project() const { return folder.Path(u"bridge.sbd"_s); }
-
-    /// A new project by a choice of the chooser.
-    CChildFrame* Begin(int choice, int girderType = 0)
-    {
-        user.start = {choice, girderType};
-        user.newProjectFile = folder.Path(u"bridge.abd"_s);
-        return frame.NewProject();
-    }
-
-    /// The next engines do this, one verb a line (tests/engine/engine.cpp).
-    void Engine(const QString& base, const QByteArray& verbs) const
-    {
-        QFile file(folder.Path(base + u".engine"_s));
-        QVERIFY(file.open(QFile::WriteOnly));
-        file.write(verbs);
-    }
-
-    [[nodiscard]] QAction* Command(const QString& text) const
-    {
-        for (QAction* action : frame.findChildren<QAction*>()) {
-            if (action->text().startsWith(text))
-                return action;
-        }
-        return nullptr;
-    }
-    void Trigger(const QString& text) const
-    {
-        QAction* action = Command(text);
-        QVERIFY2(action != nullptr, qPrintable(text));
-        action->trigger();
-        QApplication::processEvents();
-    }
-};
-
-/// What the user enters.
-void Enter(CChildFrame& child, const char* title)
-{
-    child.SwitchToBlock(302); // the panel of 301 would write its own
-    child.Doc().Data().SetOption(301, 0, title);
-    child.Doc().NotifyChanged({301, 0});
-    child.Doc().SetModifiedFlag(true);
-}
-
-QPoint PlaceInTree(CLeftView& tree, int block)
-{
-    for (QTreeWidgetItemIterator it(&tree); *it != nullptr; ++it) {
-        if (!(*it)->text(0).startsWith(QString::number(block)) || (*it)->childCount() > 0)
-            continue;
-        if ((*it)->parent() != nullptr)
-            (*it)->parent()->setExpanded(true);
-        tree.scrollToItem(*it);
-        const QRect place = tree.visualItemRect(*it);
-        return {place.left() + 20, place.center().y()};
-    }
-    return {};
-}
-
-void Click(CChildFrame& child, int block)
-{
-    QTest::mouseClick(child.Tree().viewport(), Qt::LeftButton, {}, PlaceInTree(child.Tree(), block));
-    QApplication::processEvents();
-}
-
-void DoubleClick(CChildFrame& child, int block)
-{
-    Click(child, block);
-    QTest::mouseDClick(child.Tree().viewport(), Qt::LeftButton, {}, PlaceInTree(child.Tree(), block));
-}
-
-QByteArray TitleLine(const QString& path)
-{
-    const QByteArray bytes = Bytes(path);
-    return bytes.left(bytes.indexOf('\r'));
-}
-
-std::string_view TypeOf(CChildFrame& child)
-{
-    return child.Doc().Data().Option(301, 2);
-}
-
-/// The recovery copies of earlier tests are not those of this one.
-void RemoveAllCopies()
-{
-    for (const RecoveryCopy& copy : FindRecoveryCopies())
-        RemoveRecoveryCopy(copy);
-}
-
-/// The other process: opens a project, changes it again and again and keeps copies, until it is killed.
-int EditUntilKilled(const QString& project)
-{
-    Answers user;
-    CMainFrame frame(user.Dialogs());
-    CChildFrame* child = frame.OpenProject(project);
-    if (child == nullptr)
-        return 1;
-    for (int i = 1;; ++i) {
-        Enter(*child, QByteArray::number(i).prepend("EDIT ").constData());
-        if (!child->KeepRecoveryCopy())
-            return 2;
-        if (i == 1)
-            OtherProcess::Say("edited");
-    }
-}
-
-} // namespace
 
 class DocumentLifeTest : public QObject {
     Q_OBJECT
@@ -189,26 +52,18 @@ private slots:
     void aBrokenProjectIsToldWithItsCopy();
     void strangePathsAreOpenedSavedAndRunOrRefused_data();
     void strangePathsAreOpenedSavedAndRunOrRefused();
-
-    // coming back
-    void aCrashLeavesACopyThatIsOffered();
-    void aKilledProgramLosesNothingThatWasCopied();
-    void aCleanEndLeavesNoCopy();
-    void anUnwantedCopyIsRemoved();
-    void laterOffersTheCopyAgain();
-    void theCopyOfAProjectThatIsOpenComesWithoutAPath();
 };
 
 void DocumentLifeTest::theFirstProjectComesUpWithoutTheChooser()
 {
-    const Station station;
+    const LifeStation station;
     QVERIFY(station.frame.CurrentChild() != nullptr);
     QVERIFY(station.frame.CurrentChild()->Doc().PathName().isEmpty());
 }
 
 void DocumentLifeTest::goMakesAnEmptyProject()
 {
-    Station station;
+    LifeStation station;
     CChildFrame* child = station.Begin(1);
     QVERIFY(child != nullptr);
     QVERIFY(child->Doc().PathName().isEmpty());
@@ -217,7 +72,7 @@ void DocumentLifeTest::goMakesAnEmptyProject()
 
 void DocumentLifeTest::cancelMakesNone()
 {
-    Station station;
+    LifeStation station;
     for (const int choice : {0, 6})
         QVERIFY(station.Begin(choice) == nullptr);
     QCOMPARE(station.frame.Children().size(), 1);
@@ -225,7 +80,7 @@ void DocumentLifeTest::cancelMakesNone()
 
 void DocumentLifeTest::anAnalysisInputMakesAProjectWithNamesAndWebs()
 {
-    Station station;
+    LifeStation station;
     (void)station.AnalysisInput();
     BoxWebNames proposed;
     station.user.boxWebs = [&proposed](BoxWebNames& names) {
@@ -245,7 +100,7 @@ void DocumentLifeTest::anAnalysisInputMakesAProjectWithNamesAndWebs()
 
 void DocumentLifeTest::theSecondTimeTheProjectIsOpened()
 {
-    Station station;
+    LifeStation station;
     (void)station.AnalysisInput();
     CChildFrame* first = station.Begin(2);
     Enter(*first, "MINE");
@@ -263,7 +118,7 @@ void DocumentLifeTest::theSecondTimeTheProjectIsOpened()
 
 void DocumentLifeTest::aUcGridProjectHasItsType()
 {
-    Station station;
+    LifeStation station;
     station.user.newProjectFile = station.folder.Path(u"bridge.GRL"_s);
     CChildFrame* child = station.Begin(3);
     QVERIFY(child != nullptr);
@@ -275,7 +130,7 @@ void DocumentLifeTest::aUcGridProjectHasItsType()
 
 void DocumentLifeTest::runAtOnceShowsWhatTheEngineChanged()
 {
-    Station station;
+    LifeStation station;
     (void)station.AnalysisInput();
     station.Engine(u"bridge"_s, "args\nvalue RESET_RESULTS NO\nchk ok\n");
     CChildFrame* child = station.Begin(4);
@@ -288,7 +143,7 @@ void DocumentLifeTest::runAtOnceShowsWhatTheEngineChanged()
 
 void DocumentLifeTest::runAtOnceOnAnOldProjectAsksAndKeepsIt()
 {
-    Station station;
+    LifeStation station;
     (void)station.folder.Example(u"plate4"_s, u"bridge"_s);
     const QByteArray before = Bytes(station.Project());
     station.Engine(u"bridge"_s, "chk ok\n");
@@ -304,7 +159,7 @@ void DocumentLifeTest::runAtOnceOnAnOldProjectAsksAndKeepsIt()
 
 void DocumentLifeTest::runAtOnceOnAnOldProjectMayReplaceIt()
 {
-    Station station;
+    LifeStation station;
     (void)station.folder.Example(u"plate4"_s, u"bridge"_s);
     station.Engine(u"bridge"_s, "chk ok\n");
     station.user.yes = {true};
@@ -315,7 +170,7 @@ void DocumentLifeTest::runAtOnceOnAnOldProjectMayReplaceIt()
 
 void DocumentLifeTest::aProjectThatIsOpenIsNotTakenByTheChooser()
 {
-    Station station;
+    LifeStation station;
     station.frame.OpenProject(station.folder.Example(u"plate4"_s, u"bridge"_s));
     for (const int choice : {2, 3, 4, 5})
         QVERIFY(station.Begin(choice) == nullptr);
@@ -326,7 +181,7 @@ void DocumentLifeTest::aProjectThatIsOpenIsNotTakenByTheChooser()
 
 void DocumentLifeTest::anOpenProjectIsHeld()
 {
-    Station station;
+    LifeStation station;
     const QString path = station.folder.Example(u"plate4"_s);
     QVERIFY(station.frame.OpenProject(path) != nullptr);
     QCOMPARE(CProjectLock::Look(path), CProjectLock::State::Held);
@@ -334,7 +189,7 @@ void DocumentLifeTest::anOpenProjectIsHeld()
 
 void DocumentLifeTest::closingLetsTheProjectGo()
 {
-    Station station;
+    LifeStation station;
     const QString path = station.folder.Example(u"plate4"_s);
     station.frame.OpenProject(path)->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -343,7 +198,7 @@ void DocumentLifeTest::closingLetsTheProjectGo()
 
 void DocumentLifeTest::aHeldProjectIsAskedFor()
 {
-    Station station;
+    LifeStation station;
     const QString path = station.folder.Example(u"plate4"_s);
     CProjectLock other;
     QVERIFY(other.Take(path));
@@ -361,7 +216,7 @@ void DocumentLifeTest::aHeldProjectIsAskedFor()
 
 void DocumentLifeTest::savingKeepsTheHold()
 {
-    Station station;
+    LifeStation station;
     const QString path = station.folder.Example(u"plate4"_s);
     CChildFrame* child = station.frame.OpenProject(path);
     for (int i = 0; i < 3; ++i) {
@@ -374,7 +229,7 @@ void DocumentLifeTest::savingKeepsTheHold()
 
 void DocumentLifeTest::savingOverAHeldProjectIsRefused()
 {
-    Station station;
+    LifeStation station;
     CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
     const QString other = station.folder.Example(u"box2"_s);
     const QByteArray before = Bytes(other);
@@ -392,7 +247,7 @@ void DocumentLifeTest::savingOverAHeldProjectIsRefused()
 
 void DocumentLifeTest::savingUnderANewNameTakesTheCompanionsAlong()
 {
-    Station station;
+    LifeStation station;
     CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
     for (const char* extension : {".li9", ".ll2", ".abl", ".other"}) {
         QFile file(station.folder.Path(u"plate4"_s + QLatin1StringView(extension)));
@@ -412,14 +267,14 @@ void DocumentLifeTest::savingUnderANewNameTakesTheCompanionsAlong()
 
 void DocumentLifeTest::aCancelledFirstSaveLeavesNoTitle()
 {
-    Station station;
+    LifeStation station;
     station.Trigger(u"名前を付けて保存"_s);
     QCOMPARE(station.frame.CurrentChild()->Title(), QString());
 }
 
 void DocumentLifeTest::aSavedProjectHasItsWholePathAsTitle()
 {
-    Station station;
+    LifeStation station;
     const QString path = station.folder.Example(u"plate4"_s);
     CChildFrame* child = station.frame.OpenProject(path);
     QCOMPARE(child->Title(), u"plate4.sbd"_s);
@@ -429,7 +284,7 @@ void DocumentLifeTest::aSavedProjectHasItsWholePathAsTitle()
 
 void DocumentLifeTest::theRunsStandInTheirOrderInTheMenu()
 {
-    const Station station;
+    const LifeStation station;
     QStringList texts;
     for (QAction* top : station.frame.menuBar()->actions()) {
         if (top->text() == u"解析&&結果(&A)"_s) {
@@ -448,7 +303,7 @@ void DocumentLifeTest::theRunsStandInTheirOrderInTheMenu()
 
 void DocumentLifeTest::aRunBringsTheChangesBack()
 {
-    Station station;
+    LifeStation station;
     CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
     Enter(*child, "MINE");
     child->GoToBlock(301);
@@ -464,7 +319,7 @@ void DocumentLifeTest::aRunBringsTheChangesBack()
 
 void DocumentLifeTest::runsStandInTheDataMenuToo()
 {
-    Station station;
+    LifeStation station;
     CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
     station.Engine(u"plate4"_s, "args\n");
     station.Trigger(u"254.データチェック"_s);
@@ -476,7 +331,7 @@ void DocumentLifeTest::runsStandInTheDataMenuToo()
 
 void DocumentLifeTest::aSingleClickShowsTheReport()
 {
-    Station station;
+    LifeStation station;
     CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
     station.Engine(u"plate4"_s, "chk first line\nchk second line\n");
     station.Trigger(u"2.データをチェック"_s);
@@ -494,7 +349,7 @@ void DocumentLifeTest::aSingleClickShowsTheReport()
 
 void DocumentLifeTest::aDoubleClickOnAFreshReportRuns()
 {
-    Station station;
+    LifeStation station;
     CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
     station.Engine(u"plate4"_s, "chk ok\n");
     station.Trigger(u"2.データをチェック"_s);
@@ -509,7 +364,7 @@ void DocumentLifeTest::aDoubleClickOnAFreshReportRuns()
 
 void DocumentLifeTest::aDoubleClickOnAStaleReportAsksFirst()
 {
-    Station station;
+    LifeStation station;
     CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
     station.Engine(u"plate4"_s, "chk ok\n");
     station.Trigger(u"2.データをチェック"_s);
@@ -530,7 +385,7 @@ void DocumentLifeTest::aDoubleClickOnAStaleReportAsksFirst()
 
 void DocumentLifeTest::aBrokenProjectIsToldWithItsCopy()
 {
-    Station station;
+    LifeStation station;
     const QString path = station.folder.Example(u"plate4"_s);
     const QByteArray before = Bytes(path);
     CChildFrame* child = station.frame.OpenProject(path);
@@ -573,7 +428,7 @@ void DocumentLifeTest::strangePathsAreOpenedSavedAndRunOrRefused()
 {
     QFETCH(const QString, name);
     QFETCH(const bool, runs);
-    Station station;
+    LifeStation station;
     const QString path = station.folder.Example(u"plate4"_s, name);
     CChildFrame* child = station.frame.OpenProject(path);
     QVERIFY(child != nullptr);
@@ -591,110 +446,5 @@ void DocumentLifeTest::strangePathsAreOpenedSavedAndRunOrRefused()
     QVERIFY(child->Lock().IsHeld());
 }
 
-void DocumentLifeTest::aCrashLeavesACopyThatIsOffered()
-{
-    Station station;
-    const QString path = station.folder.Example(u"plate4"_s);
-    const QByteArray before = Bytes(path);
-    {
-        const OtherProcess other({u"--edit"_s, path});
-        QCOMPARE(other.Word(), u"edited"_s);
-    } // killed
-    QCOMPARE(Bytes(path), before);
-    station.user.recovery = RecoveryAnswer::Open;
-    station.frame.OfferRecoveryCopies();
-    QCOMPARE(station.user.asked.size(), 1);
-    QVERIFY(station.user.asked[0].contains(QDir::toNativeSeparators(path)));
-    CChildFrame* child = station.frame.CurrentChild();
-    QVERIFY(child->Doc().IsModified());
-    QCOMPARE(child->Doc().PathName(), path);
-    QVERIFY(child->Lock().IsHeld());
-    QVERIFY(toQString(child->Doc().Data().Option(301, 0)).contains(u"DIT "_s));
-    QCOMPARE(Bytes(path), before); // until it is saved
-}
-
-void DocumentLifeTest::aKilledProgramLosesNothingThatWasCopied()
-{
-    Station station;
-    const QString path = station.folder.Example(u"plate4"_s);
-    constexpr int kills = 12;
-    for (int i = 0; i < kills; ++i) {
-        RemoveAllCopies();
-        OtherProcess other({u"--edit"_s, path});
-        QCOMPARE(other.Word(), u"edited"_s);
-        QTest::qWait(i * 3); // somewhere in the middle of writing
-        other.Kill();
-        const QList<RecoveryCopy> copies = FindRecoveryCopies();
-        QCOMPARE(copies.size(), 1);
-        QCOMPARE(copies[0].project, path);
-        const QByteArray bytes = Bytes(copies[0].file);
-        QVERIFY2(bytes.startsWith("TITLE:EDIT ") && bytes.size() > 10'000, bytes.left(40).constData());
-        CKELDSectionDoc doc;
-        QVERIFY(doc.OpenRecoveryCopy(copies[0].file, path).Ok());
-        QVERIFY(doc.Data().RowCount(313) > CSbdData().RowCount(313));
-        QCOMPARE(CProjectLock::Look(path), CProjectLock::State::Free);
-    }
-}
-
-void DocumentLifeTest::aCleanEndLeavesNoCopy()
-{
-    Station station;
-    CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
-    Enter(*child, "MINE");
-    QVERIFY(child->KeepRecoveryCopy());
-    QVERIFY(!QDir(RecoveryFolder()).isEmpty());
-    station.user.save = SaveAnswer::Discard;
-    child->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QVERIFY(QDir(RecoveryFolder()).isEmpty());
-}
-
-void DocumentLifeTest::anUnwantedCopyIsRemoved()
-{
-    Station station;
-    {
-        const OtherProcess other({u"--edit"_s, station.folder.Example(u"plate4"_s)});
-    }
-    station.user.recovery = RecoveryAnswer::Remove;
-    station.frame.OfferRecoveryCopies();
-    QVERIFY(FindRecoveryCopies().isEmpty());
-    QCOMPARE(station.frame.Children().size(), 1);
-}
-
-void DocumentLifeTest::laterOffersTheCopyAgain()
-{
-    Station station;
-    {
-        const OtherProcess other({u"--edit"_s, station.folder.Example(u"plate4"_s)});
-    }
-    station.frame.OfferRecoveryCopies();
-    QCOMPARE(FindRecoveryCopies().size(), 1);
-    station.frame.OfferRecoveryCopies();
-    QCOMPARE(station.user.asked.size(), 2);
-}
-
-void DocumentLifeTest::theCopyOfAProjectThatIsOpenComesWithoutAPath()
-{
-    Station station;
-    const QString path = station.folder.Example(u"plate4"_s);
-    {
-        const OtherProcess other({u"--edit"_s, path});
-    }
-    CChildFrame* open = station.frame.OpenProject(path);
-    station.user.recovery = RecoveryAnswer::Open;
-    station.frame.OfferRecoveryCopies();
-    QVERIFY(station.frame.CurrentChild() != open);
-    QVERIFY(station.frame.CurrentChild()->Doc().PathName().isEmpty());
-    QVERIFY(open->Lock().IsHeld());
-}
-
-int main(int argc, char** argv)
-{
-    QApplication app(argc, argv);
-    const QStringList arguments = QApplication::arguments();
-    if (arguments.value(1) == u"--edit"_s)
-        return EditUntilKilled(arguments.value(2));
-    DocumentLifeTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_MAIN(DocumentLifeTest)
 #include "document_life_test.moc"

@@ -1,0 +1,125 @@
+// The program's window in the tests of a document's life: a user with answers, real engines.
+#pragma once
+
+#include "answers.h"
+#include "document/section_doc.h"
+#include "frame/child_frame.h"
+#include "frame/left_view.h"
+#include "frame/main_frame.h"
+
+#include <QApplication>
+#include <QTest>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+struct LifeStation {
+    TestFolder folder;
+    Answers user;
+    CMainFrame frame{user.Dialogs()};
+
+    LifeStation()
+    {
+        user.engines = QStringLiteral(ENGINE_FOLDER);
+        frame.resize(1366, 768);
+        frame.show();
+        frame.NewProject(); // as at the start of the program
+    }
+
+    /// A folder with the analysis input of an example under the name "bridge"; the path of that file.
+    [[nodiscard]] QString AnalysisInput(const QString& example = u"box2"_s)
+    {
+        const QString file = folder.Path(u"bridge.abd"_s);
+        QFile::copy(QStringLiteral(EXAMPLES_DIR) + u'/' + example + u'/' + example + u".abd"_s, file);
+        return file;
+    }
+    [[nodiscard]] QString Project() const { return folder.Path(u"bridge.sbd"_s); }
+
+    /// A new project by a choice of the chooser.
+    CChildFrame* Begin(int choice, int girderType = 0)
+    {
+        user.start = {choice, girderType};
+        user.newProjectFile = folder.Path(u"bridge.abd"_s);
+        return frame.NewProject();
+    }
+
+    /// The next engines do this, one verb a line (tests/engine/engine.cpp).
+    void Engine(const QString& base, const QByteArray& verbs) const
+    {
+        QFile file(folder.Path(base + u".engine"_s));
+        QVERIFY(file.open(QFile::WriteOnly));
+        file.write(verbs);
+    }
+
+    [[nodiscard]] QAction* Command(const QString& text) const
+    {
+        for (QAction* action : frame.findChildren<QAction*>()) {
+            if (action->text().startsWith(text))
+                return action;
+        }
+        return nullptr;
+    }
+    void Trigger(const QString& text) const
+    {
+        QAction* action = Command(text);
+        QVERIFY2(action != nullptr, qPrintable(text));
+        action->trigger();
+        QApplication::processEvents();
+    }
+};
+
+/// What the user enters.
+inline void Enter(CChildFrame& child, const char* title)
+{
+    child.SwitchToBlock(302); // the panel of 301 would write its own
+    child.Doc().Data().SetOption(301, 0, title);
+    child.Doc().NotifyChanged({301, 0});
+    child.Doc().SetModifiedFlag(true);
+}
+
+inline QPoint PlaceInTree(CLeftView& tree, int block)
+{
+    for (QTreeWidgetItemIterator it(&tree); *it != nullptr; ++it) {
+        if (!(*it)->text(0).startsWith(QString::number(block)) || (*it)->childCount() > 0)
+            continue;
+        if ((*it)->parent() != nullptr)
+            (*it)->parent()->setExpanded(true);
+        tree.scrollToItem(*it);
+        const QRect place = tree.visualItemRect(*it);
+        return {place.left() + 20, place.center().y()};
+    }
+    return {};
+}
+
+inline void Click(CChildFrame& child, int block)
+{
+    QTest::mouseClick(child.Tree().viewport(), Qt::LeftButton, {}, PlaceInTree(child.Tree(), block));
+    QApplication::processEvents();
+}
+
+inline void DoubleClick(CChildFrame& child, int block)
+{
+    Click(child, block);
+    QTest::mouseDClick(child.Tree().viewport(), Qt::LeftButton, {}, PlaceInTree(child.Tree(), block));
+}
+
+inline QByteArray TitleLine(const QString& path)
+{
+    const QByteArray bytes = Bytes(path);
+    return bytes.left(bytes.indexOf('\r'));
+}
+
+inline std::string_view TypeOf(CChildFrame& child)
+{
+    return child.Doc().Data().Option(301, 2);
+}
+
+/// The recovery copies of earlier tests are not those of this one.
+inline void RemoveAllCopies()
+{
+    for (const RecoveryCopy& copy : FindRecoveryCopies())
+        RemoveRecoveryCopy(copy);
+}
+
+} // namespace sbd
