@@ -52,8 +52,9 @@ public:
     /// Asks what becomes of unsaved changes. False if the window has to stay.
     bool MayClose(CChildFrame& child);
 
-    /// Called for each project when it has been made, before it has a window, and for the window.
+    /// Called for each project when it has been made, before it has a window.
     std::function<void(CKELDSectionDoc&)> setUpDocument;
+    /// Called for the window of each project when it has been made.
     std::function<void(CChildFrame&)> setUpChild;
 
 private:

@@ -4,6 +4,7 @@
 #include "frame/data_menu.h"
 #include "frame/left_view.h"
 #include "frame/main_frame.h"
+#include "menu_entries.h"
 #include "project/catalogue.h"
 
 #include <QAction>
@@ -37,19 +38,6 @@ QMenu* MenuOf(const CMainFrame& frame, const QString& title)
             return action->menu();
     }
     return nullptr;
-}
-
-/// All entries below a menu that do something.
-QList<QAction*> Entries(const QMenu* menu)
-{
-    QList<QAction*> entries;
-    for (QAction* action : menu->actions()) {
-        if (action->menu() != nullptr)
-            entries += Entries(action->menu());
-        else if (!action->isSeparator())
-            entries.append(action);
-    }
-    return entries;
 }
 
 QAction* EntryWithText(const QMenu* menu, const QString& text)

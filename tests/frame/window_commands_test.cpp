@@ -7,6 +7,7 @@
 #include "frame/main_frame.h"
 #include "frame/settings.h"
 #include "grid/grid_ctrl.h"
+#include "menu_entries.h"
 #include "panels/panel.h"
 #include "project/catalogue.h"
 #include "upperview/figure_pane.h"
@@ -75,19 +76,6 @@ struct Station {
 
     QStringList engines;
 };
-
-/// All entries below a menu that do something.
-QList<QAction*> Entries(const QMenu* menu)
-{
-    QList<QAction*> entries;
-    for (QAction* action : menu->actions()) {
-        if (action->menu() != nullptr)
-            entries += Entries(action->menu());
-        else if (!action->isSeparator())
-            entries.append(action);
-    }
-    return entries;
-}
 
 QStringList DataMenuTexts(const CMainFrame& frame)
 {
