@@ -6,13 +6,22 @@
 #include <QPainter>
 #include <QPalette>
 #include <QPixmapCache>
-#include <QSvgRenderer>
+
+#include <algorithm>
 
 namespace sbd {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// The sides that a drawing is there in, in pixels, rising.
+constexpr int kSides[] = {SBD_ICON_SIZES};
+
+QString FileOf(const QString& name, int side)
+{
+    return u":/icons/%1/%2.png"_s.arg(name).arg(side);
+}
 
 QColor InkOf(QIcon::Mode mode)
 {
@@ -29,10 +38,10 @@ QColor InkOf(QIcon::Mode mode)
     return palette.color(QPalette::Active, QPalette::ButtonText);
 }
 
-/// Draws an SVG file with one ink in place of its own colours.
+/// Draws a drawing with one ink in place of its own colours.
 class InkEngine : public QIconEngine {
 public:
-    explicit InkEngine(QString file) : file_(std::move(file)) {}
+    explicit InkEngine(QString name) : name_(std::move(name)) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {
@@ -44,14 +53,14 @@ public:
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override { return Picture(size, InkOf(mode)); }
 
-    [[nodiscard]] QIconEngine* clone() const override { return new InkEngine(file_); }
+    [[nodiscard]] QIconEngine* clone() const override { return new InkEngine(name_); }
     [[nodiscard]] QString key() const override { return u"CommandIcon"_s; }
 
 private:
     /// `size` in pixels of the device.
     [[nodiscard]] QPixmap Picture(const QSize& size, const QColor& ink) const
     {
-        const QString key = u"%1 %2x%3 %4"_s.arg(file_).arg(size.width()).arg(size.height()).arg(ink.rgba(), 0, 16);
+        const QString key = u"%1 %2x%3 %4"_s.arg(name_).arg(size.width()).arg(size.height()).arg(ink.rgba(), 0, 16);
         QPixmap picture;
         if (size.isEmpty() || QPixmapCache::find(key, &picture))
             return picture;
@@ -59,7 +68,7 @@ private:
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
         const int side = std::min(size.width(), size.height());
-        QSvgRenderer(file_).render(&painter, QRectF((size.width() - side) / 2, (size.height() - side) / 2, side, side));
+        painter.drawImage((size.width() - side) / 2, (size.height() - side) / 2, Mask(side));
         painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
         painter.fillRect(picture.rect(), ink);
         painter.end();
@@ -67,15 +76,22 @@ private:
         return picture;
     }
 
-    QString file_;
+    /// The drawing with a side of `side` pixels; between the sides that are there, the next larger one made smaller.
+    [[nodiscard]] QImage Mask(int side) const
+    {
+        const auto* fitting = std::ranges::lower_bound(kSides, side);
+        const QImage mask(FileOf(name_, fitting == std::end(kSides) ? std::end(kSides)[-1] : *fitting));
+        return mask.width() == side ? mask : mask.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    }
+
+    QString name_;
 };
 
 } // namespace
 
 QIcon CommandIcon(const QString& name)
 {
-    const QString file = u":/icons/%1.svg"_s.arg(name);
-    return QFile::exists(file) ? QIcon(new InkEngine(file)) : QIcon();
+    return QFile::exists(FileOf(name, kSides[0])) ? QIcon(new InkEngine(name)) : QIcon();
 }
 
 } // namespace sbd

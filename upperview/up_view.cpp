@@ -4,6 +4,7 @@
 #include "upperview/chk_view.h"
 #include "upperview/figure_pane.h"
 #include "upperview/help_view.h"
+#include "upperview/svg_picture.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -11,7 +12,6 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
-#include <QSvgGenerator>
 
 namespace sbd {
 
@@ -85,10 +85,8 @@ bool CUpView::SavePicture(const QString& file)
         painter.end();
         picture.save(&bytes, "PNG");
     } else if (ending == u"svg"_s) {
-        QSvgGenerator picture;
-        picture.setOutputDevice(&bytes);
-        picture.setSize(size);
-        picture.setViewBox(QRect(QPoint(), size));
+        bytes.open(QBuffer::WriteOnly);
+        CSvgPicture picture(bytes, size, logicalDpiX());
         QPainter painter(&picture);
         PaintPicture(painter);
     } else if (ending == u"pdf"_s) {

@@ -5,9 +5,12 @@
 
 #include <QApplication>
 #include <QImage>
+#include <QPainter>
 #include <QPalette>
 #include <QSet>
 #include <QTest>
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 using namespace sbd;
@@ -93,6 +96,8 @@ private slots:
     void keysOfTheGridAreTextInTheMenu();
     void aTipNamesItsKey();
     void iconsAreDrawnAtEverySizeAndRatio();
+    void iconsAreSharpInMenusAndToolBarsAtEveryScale();
+    void otherSizesAreMadeFromTheNextLargerOne();
     void iconsFollowThePalette();
     void anIconThatIsNotThereIsNull();
     void noTwoIconsLookAlike();
@@ -339,6 +344,50 @@ void CommandsTest::iconsAreDrawnAtEverySizeAndRatio()
             }
         }
     }
+}
+
+void CommandsTest::iconsAreSharpInMenusAndToolBarsAtEveryScale()
+{
+    for (const CommandRow& row : CommandTable()) {
+        if (row.icon.empty())
+            continue;
+        const QString name = Text(row.icon);
+        for (const int size : {16, 24}) {
+            for (const qreal ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.5, 3.0}) {
+                const int side = qRound(size * ratio);
+                const QImage mask(u":/icons/%1/%2.png"_s.arg(name).arg(side));
+                QCOMPARE(mask.size(), QSize(side, side));
+                QImage icon = CommandIcon(name).pixmap(QSize(size, size), ratio).toImage();
+                icon.setDevicePixelRatio(1);
+                QCOMPARE(icon.convertToFormat(QImage::Format_Alpha8), mask.convertToFormat(QImage::Format_Alpha8));
+            }
+        }
+    }
+}
+
+void CommandsTest::otherSizesAreMadeFromTheNextLargerOne()
+{
+    const QIcon icon = CommandIcon(u"save"_s);
+    constexpr int largest = 96;
+    const double ink = InkOf(icon, largest, 1).pixels / double(largest * largest);
+    for (const int size : {1, 7, 17, 50, 71, 200}) {
+        QCOMPARE(icon.pixmap(QSize(size, size), 1.0).size(), QSize(size, size));
+        const double share = InkOf(icon, size, 1).pixels / double(size * size);
+        if (size > 16)
+            QVERIFY2(std::abs(share - ink) < 0.12, qPrintable(u"%1: %2, not %3"_s.arg(size).arg(share).arg(ink)));
+    }
+    QImage wide(90, 40, QImage::Format_ARGB32); // in the middle of what is no square
+    wide.fill(Qt::transparent);
+    QPainter painter(&wide);
+    icon.paint(&painter, wide.rect());
+    painter.end();
+    QImage middle(40, 40, QImage::Format_ARGB32);
+    middle.fill(Qt::transparent);
+    QPainter onMiddle(&middle);
+    icon.paint(&onMiddle, middle.rect());
+    onMiddle.end();
+    QCOMPARE(wide.copy(25, 0, 40, 40), middle);
+    QVERIFY(icon.pixmap(QSize(0, 16), 1.0).isNull());
 }
 
 void CommandsTest::iconsFollowThePalette()
