@@ -1,6 +1,7 @@
 // sbdstation: the input station.
 #include "app/start_options.h"
 #include "app/station.h"
+#include "project/console.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -13,8 +14,13 @@ int main(int argc, char** argv)
 {
     using namespace Qt::StringLiterals;
 
+#ifdef Q_OS_WIN
+    sbd::UseConsoleOfStarter();
+#else
+    // Windows always has a screen, and only there has it its fonts.
     if (sbd::NeedsNoScreen(argc, argv) && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
 #ifdef SIGXFSZ
     std::signal(SIGXFSZ, SIG_IGN); // a limit on file sizes is told as a full disk, it does not end the program
 #endif

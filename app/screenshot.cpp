@@ -11,6 +11,7 @@ using namespace Qt::StringLiterals;
 
 void ShowInSize(CMainFrame& frame, QSize size)
 {
+    frame.setAttribute(Qt::WA_DontShowOnScreen); // a picture, not a window that flashes up
     frame.resize(size);
     frame.show();
     QApplication::processEvents();

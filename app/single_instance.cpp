@@ -14,6 +14,10 @@
 #include <QThread>
 #include <QWidget>
 
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
+
 namespace sbd {
 
 using namespace Qt::StringLiterals;
@@ -21,7 +25,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kLargestRequest = 1 << 20;
-constexpr int kPause = 50; // ms between two tries to reach the first one
+constexpr int kPause = 50; // ms between two tries to be the first one, or to reach it
 
 constexpr const char* kActivationToken = "XDG_ACTIVATION_TOKEN";
 
@@ -52,14 +56,24 @@ std::optional<StartRequest> FromBytes(const QByteArray& line)
 
 CSingleInstance::CSingleInstance(const QString& name, QObject* parent) : QObject(parent), name_(name) {}
 
-CSingleInstance::~CSingleInstance() = default;
+CSingleInstance::~CSingleInstance()
+{
+    delete server_; // ahead of the lock: whoever takes that listens under the same name
+}
 
 QString CSingleInstance::SessionName()
 {
-    // A window on another screen of the same user would not be seen.
     QByteArray session = QDir::homePath().toUtf8();
-    for (const char* variable : {"WAYLAND_DISPLAY", "DISPLAY", "SESSIONNAME"})
+#ifdef Q_OS_WIN
+    // A window of another session of the same user would not be seen. The lock file is among the temporary files.
+    DWORD number = 0;
+    ProcessIdToSessionId(GetCurrentProcessId(), &number);
+    session += '\n' + QByteArray::number(static_cast<qulonglong>(number)) + '\n' + QDir::tempPath().toUtf8();
+#else
+    // A window on another screen of the same user would not be seen.
+    for (const char* variable : {"WAYLAND_DISPLAY", "DISPLAY"})
         session += '\n' + qgetenv(variable);
+#endif
     constexpr int digits = 16; // a socket's path has to be short
     const QByteArray hash = QCryptographicHash::hash(session, QCryptographicHash::Sha256).toHex().first(digits);
     const QString name = u"sbdstation-"_s + QString::fromLatin1(hash);
@@ -76,11 +90,18 @@ CSingleInstance::Role CSingleInstance::Start(const StartRequest& request)
     const QString file = QDir::isAbsolutePath(name_) ? name_ : QDir::temp().filePath(name_);
     lock_ = std::make_unique<QLockFile>(file + u".lock"_s);
     lock_->setStaleLockTime(0); // by the life of the process, not by age
-    if (lock_->tryLock() || lock_->error() != QLockFile::LockFailedError) {
-        Listen();
-        return Role::First;
+    const QDeadlineTimer deadline(patience);
+    while (true) {
+        if (lock_->tryLock() || lock_->error() != QLockFile::LockFailedError) {
+            Listen();
+            return Role::First;
+        }
+        if (HandOver(request, deadline))
+            return Role::Second;
+        if (deadline.hasExpired())
+            return Role::Unanswered;
+        QThread::msleep(kPause); // the first one may still be starting, or be on its way out
     }
-    return HandOver(request) ? Role::Second : Role::Unanswered;
 }
 
 void CSingleInstance::Listen()
@@ -116,26 +137,25 @@ void CSingleInstance::TakeRequest(QLocalSocket* socket)
     emit requested(*request);
 }
 
-bool CSingleInstance::HandOver(const StartRequest& request) const
+bool CSingleInstance::HandOver(const StartRequest& request, const QDeadlineTimer& deadline) const
 {
-    const QDeadlineTimer deadline(patience);
+    const auto left = [&] { return static_cast<int>(deadline.remainingTime()); };
     QLocalSocket socket;
-    while (true) {
-        socket.connectToServer(name_);
-        if (socket.waitForConnected(static_cast<int>(deadline.remainingTime())))
-            break;
-        if (deadline.hasExpired())
-            return false;
-        QThread::msleep(kPause);
-    }
+    socket.connectToServer(name_);
+    if (!socket.waitForConnected(left()))
+        return false;
+#ifdef Q_OS_WIN
+    AllowSetForegroundWindow(ASFW_ANY); // the user has started us, so that it is ours to let a window come to the front
+#endif
     socket.write(ToBytes(request));
-    // The first one may be busy with a run. Once the bytes are with the system, it finds them when it is done.
     while (socket.bytesToWrite() > 0) {
-        if (!socket.waitForBytesWritten(static_cast<int>(deadline.remainingTime())))
+        if (!socket.waitForBytesWritten(left()))
             return false;
     }
-    socket.waitForReadyRead(static_cast<int>(deadline.remainingTime()));
-    return true;
+    // The first one may be busy with a run. Once the bytes are with the system, it finds them when it is done. But one
+    // that hangs up without a word was on its way out.
+    return socket.waitForReadyRead(left()) || socket.bytesAvailable() > 0
+           || socket.state() == QLocalSocket::ConnectedState;
 }
 
 StartRequest RequestOf(const QStringList& projects)

@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class QDeadlineTimer;
 class QLocalServer;
 class QLocalSocket;
 class QLockFile;
@@ -46,7 +47,7 @@ public:
     /// The name for this user and this session: the folder of run-time files, or where there is none, a name alone.
     [[nodiscard]] static QString SessionName();
 
-    /// Milliseconds that a second start waits for the first one, which may still be starting.
+    /// Milliseconds that a second start waits for the first one, which may still be starting or about to end.
     int patience = 5000;
 
 signals:
@@ -55,7 +56,7 @@ signals:
 private:
     void Listen();
     void TakeRequest(QLocalSocket* socket);
-    [[nodiscard]] bool HandOver(const StartRequest& request) const;
+    [[nodiscard]] bool HandOver(const StartRequest& request, const QDeadlineTimer& deadline) const;
 
     QString name_;
     std::unique_ptr<QLockFile> lock_;

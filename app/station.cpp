@@ -7,19 +7,26 @@
 #include "app/single_instance.h"
 #include "app/start_options.h"
 #include "app/version_check.h"
+#include "app/version_record.h"
 #include "document/recovery.h"
 #include "frame/child_frame.h"
 #include "frame/main_frame.h"
 #include "frame/yes_no_box.h"
 #include "panels/panel.h"
+#include "project/console.h"
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QDir>
 #include <QMessageBox>
 #include <QSettings>
 #include <QTemporaryDir>
 
 #include <cstdio>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
 
 namespace sbd {
 
@@ -29,9 +36,7 @@ namespace {
 
 void Print(std::FILE* stream, const QString& text)
 {
-    std::fputs(qUtf8Printable(text), stream);
-    if (!text.endsWith(u'\n'))
-        std::fputs("\n", stream);
+    PrintText(stream, (text.endsWith(u'\n') ? text : text + u'\n').toStdString());
 }
 
 /// Goes where the command line says.
@@ -50,6 +55,7 @@ int RunScreenshot(const StartOptions& options)
 {
     // A picture leaves no trace in the user's profile.
     const QTemporaryDir profile;
+    QSettings::setDefaultFormat(QSettings::IniFormat);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, profile.path());
 
     CMainFrame frame(SilentPrompts([](const QString& text) { Print(stderr, text); }));
@@ -68,6 +74,18 @@ int RunScreenshot(const StartOptions& options)
     return kExitFailed;
 }
 
+/// The folder in which the daily record has always stood; only Windows has one.
+QString WindowsFolder()
+{
+#ifdef Q_OS_WIN
+    wchar_t folder[MAX_PATH] = {};
+    const UINT size = GetWindowsDirectoryW(folder, MAX_PATH);
+    return size < MAX_PATH ? QDir::fromNativeSeparators(QString::fromWCharArray(folder, size)) : QString();
+#else
+    return {};
+#endif
+}
+
 /// The daily question for a newer version, and its result in the menu bar.
 void StartVersionCheck(CMainFrame& frame, const DeploymentSettings& settings)
 {
@@ -75,7 +93,7 @@ void StartVersionCheck(CMainFrame& frame, const DeploymentSettings& settings)
     seams.ask = [&frame](const QString& text) { return AskYesNo(&frame, text); };
     seams.openPage = [](const QUrl& page) { QDesktopServices::openUrl(page); };
     seams.quit = [&frame] { frame.close(); };
-    auto* check = new CVersionCheck(StateFolder(), settings, std::move(seams), &frame);
+    auto* check = new CVersionCheck(VersionRecordFolder(WindowsFolder(), StateFolder()), settings, std::move(seams), &frame);
     frame.SetVersionText(VersionMenuText(kSystemVersion, {}));
     QObject::connect(check, &CVersionCheck::checked, &frame, [&frame](const QString& result) {
         frame.SetVersionText(VersionMenuText(kSystemVersion, result));

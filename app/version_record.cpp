@@ -5,12 +5,15 @@
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
+#include <QTemporaryFile>
 
 namespace sbd {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const auto kRecordName = u"KELD_VERSION.txt"_s;
 
 QByteArray ToBytes(const QString& text)
 {
@@ -69,7 +72,18 @@ std::optional<QString> VersionOnPage(const QByteArray& page)
     return QString::fromLatin1(version);
 }
 
-CVersionRecord::CVersionRecord(const QString& folder) : file_(QDir(folder).filePath(u"KELD_VERSION.txt"_s)) {}
+QString VersionRecordFolder(const QString& systemFolder, const QString& userFolder)
+{
+    if (systemFolder.isEmpty())
+        return userFolder;
+    // A record of another user may stand there and not be ours to write.
+    QFile record(QDir(systemFolder).filePath(kRecordName));
+    QTemporaryFile trial(QDir(systemFolder).filePath(u"KELD_VERSION.XXXXXX"_s));
+    const bool mayWrite = trial.open() && (!record.exists() || record.open(QFile::ReadWrite));
+    return mayWrite ? systemFolder : userFolder;
+}
+
+CVersionRecord::CVersionRecord(const QString& folder) : file_(QDir(folder).filePath(kRecordName)) {}
 
 std::optional<QString> CVersionRecord::Take(QDate today) const
 {

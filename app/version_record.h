@@ -20,6 +20,10 @@ inline constexpr QLatin1StringView kSystemVersion("Ver20110808");
 /// The version named on the server's page: eleven characters from the first "Ver2" on, at most to the end of its line.
 [[nodiscard]] std::optional<QString> VersionOnPage(const QByteArray& page);
 
+/// Where the daily record is kept: the system's folder if the user may write there (ordinary users may not), else the
+/// user's own. An empty system folder stands for none.
+[[nodiscard]] QString VersionRecordFolder(const QString& systemFolder, const QString& userFolder);
+
 /// KELD_VERSION.txt: the day of the last check, the version, the result. CP932.
 class CVersionRecord {
 public:

@@ -11,7 +11,8 @@ if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
 endif()
 
 # Assertions stay in everything but a release.
-set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g")
+set(SBD_OPTIMISATION "-O2 -g" CACHE STRING "Optimisation and debug information of RelWithDebInfo")
+set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "${SBD_OPTIMISATION}")
 
 if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
     find_program(SBD_CCACHE ccache)

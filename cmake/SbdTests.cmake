@@ -4,7 +4,7 @@ if(BUILD_TESTING)
     find_package(GTest REQUIRED)
     include(GoogleTest)
     if(SBD_WITH_QT)
-        find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+        find_package(Qt6 6.4 REQUIRED COMPONENTS Core Test)
     endif()
 endif()
 
@@ -19,10 +19,19 @@ function(sbd_test_surroundings target)
     endif()
 endfunction()
 
+# Takes from a list of files the tests of what only Windows has.
+function(sbd_drop_windows_tests list)
+    if(NOT WIN32)
+        list(FILTER ${list} EXCLUDE REGEX "_windows_test\\.cpp$")
+        set(${list} "${${list}}" PARENT_SCOPE)
+    endif()
+endfunction()
+
 # One GoogleTest program for a Qt-free folder.
 function(sbd_core_tests folder)
     file(GLOB files CONFIGURE_DEPENDS
         "${PROJECT_SOURCE_DIR}/tests/${folder}/*.cpp" "${PROJECT_SOURCE_DIR}/tests/${folder}/*.h")
+    sbd_drop_windows_tests(files)
     set(tests "${files}")
     list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
     if(NOT tests OR NOT TARGET sbd_${folder})
@@ -30,31 +39,56 @@ function(sbd_core_tests folder)
     endif()
     set(target ${folder}_tests)
     sbd_executable(${target} SOURCES ${files} LINKS sbd_${folder} GTest::gmock GTest::gtest_main)
+    sbd_precompiled(${target} HEADERS <gmock/gmock.h> <gtest/gtest.h>)
     sbd_test_surroundings(${target})
     gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST TEST_PREFIX "${folder}."
         PROPERTIES TIMEOUT 300 LABELS core)
 endfunction()
 
+# What test programs with windows have on Windows in place of an environment.
+if(BUILD_TESTING AND SBD_WITH_QT AND WIN32)
+    file(TO_CMAKE_PATH "$ENV{SystemRoot}/Fonts" fonts)
+    if(CMAKE_CROSSCOMPILING)
+        set(fonts Z:/usr/share/fonts/opentype/ipafont-gothic) # Wine has the files of this machine on drive Z
+    endif()
+    set(SBD_TEST_FONTS "${fonts}" CACHE STRING "Folder with Japanese fonts, as a test program names it")
+    mark_as_advanced(SBD_TEST_FONTS)
+    add_library(sbd_windows_surroundings OBJECT "${PROJECT_SOURCE_DIR}/tests/windows/surroundings.cpp")
+    target_compile_definitions(sbd_windows_surroundings PRIVATE SBD_TEST_FONTS="${SBD_TEST_FONTS}")
+    target_link_libraries(sbd_windows_surroundings PRIVATE sbd_flags Qt6::Core)
+endif()
+
 # One Qt Test program for each file of a folder with windows, on the offscreen platform and with a home of its own.
 function(sbd_qt_tests folder)
     set(source_folder "${PROJECT_SOURCE_DIR}/tests/${folder}")
     file(GLOB files CONFIGURE_DEPENDS "${source_folder}/*.cpp" "${source_folder}/*.h")
+    sbd_drop_windows_tests(files)
     set(tests "${files}")
     list(FILTER tests INCLUDE REGEX "_test\\.cpp$")
     list(FILTER files EXCLUDE REGEX "_test\\.cpp$")
     if(NOT tests OR NOT TARGET sbd_${folder})
         return()
     endif()
+    set(first "") # has the precompiled headers of all
     foreach(file IN LISTS tests)
         get_filename_component(name "${file}" NAME_WE)
         set(target ${folder}_${name})
         sbd_executable(${target} QT SOURCES ${file} ${files} LINKS sbd_${folder} Qt6::Widgets Qt6::Test)
+        sbd_precompiled(${target} REUSE "${first}"
+            HEADERS <QApplication> <QDir> <QFile> <QLabel> <QSignalSpy> <QTemporaryDir> <QTest> <QTimer>)
+        if(NOT first)
+            set(first ${target})
+        endif()
         sbd_test_surroundings(${target})
         add_test(NAME ${folder}.${name} COMMAND ${target})
         set(home "${SBD_TEST_HOMES}/${target}")
-        set_tests_properties(${folder}.${name} PROPERTIES
-            TIMEOUT 300 LABELS qt FIXTURES_REQUIRED fresh_homes
-            ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;HOME=${home};XDG_CONFIG_HOME=${home}/config;XDG_DATA_HOME=${home}/data;XDG_CACHE_HOME=${home}/cache;XDG_RUNTIME_DIR=${home}/run;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+        set_tests_properties(${folder}.${name} PROPERTIES TIMEOUT 300 LABELS qt FIXTURES_REQUIRED fresh_homes)
+        if(WIN32)
+            target_link_libraries(${target} PRIVATE $<TARGET_OBJECTS:sbd_windows_surroundings>)
+        else()
+            set_tests_properties(${folder}.${name} PROPERTIES
+                ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;HOME=${home};XDG_CONFIG_HOME=${home}/config;XDG_DATA_HOME=${home}/data;XDG_CACHE_HOME=${home}/cache;XDG_RUNTIME_DIR=${home}/run;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+        endif()
         set_property(GLOBAL APPEND PROPERTY SBD_TEST_HOME_LIST "${home}")
     endforeach()
 endfunction()

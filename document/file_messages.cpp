@@ -14,12 +14,26 @@ struct Wording {
     QStringView remedy;
 };
 
+// Windows gives the same refusal for a file that another program has open.
+#ifdef Q_OS_WIN
+constexpr QStringView kMayNotRead = u"読み取る権限がないか、ほかのプログラムが使用中です。";
+constexpr QStringView kMayNotWrite = u"書き込む権限がないか、読み取り専用か、ほかのプログラムが使用中です。";
+constexpr QStringView kLetWrite =
+    u"ファイルを使用しているプログラムを終了するか、ファイルとフォルダーの読み取り専用を解除するか、"
+    u"「名前を付けて保存」で別の場所に保存してください。";
+#else
+constexpr QStringView kMayNotRead = u"読み取る権限がありません。";
+constexpr QStringView kMayNotWrite = u"書き込む権限がないか、読み取り専用です。";
+constexpr QStringView kLetWrite =
+    u"ファイルとフォルダーの読み取り専用を解除するか、「名前を付けて保存」で別の場所に保存してください。";
+#endif
+
 constexpr Wording kOpenWordings[] = {
     {FileError::NotFound, u"ファイルが見つかりません。",
      u"移動や名前の変更、ネットワークドライブや USB メモリの接続を確認して、もう一度開いてください。"},
     {FileError::IsFolder, u"ファイルではなくフォルダーです。",
      u"フォルダーの中のプロジェクトファイル (*.sbd) を選んでください。"},
-    {FileError::NoPermission, u"読み取る権限がありません。",
+    {FileError::NoPermission, kMayNotRead,
      u"ファイルのアクセス権を確認するか、ファイルの管理者に問い合わせてから、もう一度開いてください。"},
     {FileError::Other, u"読み取り中にエラーが起きました。",
      u"ドライブやネットワークの状態を確認して、もう一度開いてください。"},
@@ -29,8 +43,7 @@ constexpr Wording kSaveWordings[] = {
     {FileError::NotFound, u"保存先のフォルダーが見つかりません。",
      u"ネットワークドライブや USB メモリの接続を確認するか、「名前を付けて保存」で別の場所に保存してください。"},
     {FileError::IsFolder, u"同じ名前のフォルダーがあります。", u"「名前を付けて保存」で別の名前を付けてください。"},
-    {FileError::NoPermission, u"書き込む権限がないか、読み取り専用です。",
-     u"ファイルとフォルダーの読み取り専用を解除するか、「名前を付けて保存」で別の場所に保存してください。"},
+    {FileError::NoPermission, kMayNotWrite, kLetWrite},
     {FileError::DiskFull, u"ディスクの空き容量が足りません。",
      u"不要なファイルを削除して空きを作るか、「名前を付けて保存」で別のドライブに保存してください。"},
     {FileError::Other, u"書き込み中にエラーが起きました。",

@@ -1,11 +1,15 @@
 #include "document/project_lock.h"
 
-#include <QDir>
-#include <QFile>
+#include <QtGlobal>
 
 #ifdef Q_OS_WIN
+#include "document/path.h"
+#include "project/file_access.h"
+
 #include <windows.h>
 #else
+#include <QFile>
+
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -23,15 +27,27 @@ struct CProjectLock::Handle {
 
     explicit Handle(const QString& path)
     {
-        const std::wstring name = QDir::toNativeSeparators(path).toStdWString();
-        // Others may read meanwhile; none may write.
-        file = CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                           FILE_ATTRIBUTE_NORMAL, nullptr);
-        const DWORD error = file == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS;
+        const std::wstring name = SystemPath(ToPath(path));
+        file = Open(name, GENERIC_READ | GENERIC_WRITE);
+        DWORD error = file == INVALID_HANDLE_VALUE ? GetLastError() : ERROR_SUCCESS;
+        // Who may only read takes no lock, which would keep the writers out, but sees theirs.
+        if (error == ERROR_ACCESS_DENIED) {
+            const HANDLE look = Open(name, GENERIC_READ);
+            if (look != INVALID_HANDLE_VALUE)
+                CloseHandle(look);
+            else
+                error = GetLastError();
+        }
         state = error == ERROR_SUCCESS                                              ? State::Free
                 : error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION ? State::Held
                 : error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND    ? State::NotFound
                                                                                     : State::Failed;
+    }
+    /// Others may read meanwhile; none may write.
+    static HANDLE Open(const std::wstring& name, DWORD access)
+    {
+        return CreateFileW(name.c_str(), access, FILE_SHARE_READ, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                           nullptr);
     }
     ~Handle()
     {

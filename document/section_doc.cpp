@@ -106,7 +106,7 @@ FileResult CKELDSectionDoc::SaveDocument(const QString& path, bool* controlBlock
     emit aboutToSave();
     WriteReport report;
     const std::string bytes = WriteProject(data_, &report);
-    FileResult result = ReplaceFile(ToPath(path), bytes);
+    FileResult result = ReplaceFileBytes(ToPath(path), bytes);
     if (!result.Ok())
         return result;
 

@@ -43,6 +43,29 @@ void Prepare(QProcess& process, const EngineStart& start)
     process.setStandardErrorFile(QProcess::nullDevice());
 }
 
+#ifdef Q_OS_WIN
+/// What an engine inherits: a fault ends it, and no window of the system keeps us waiting for somebody to close it. Of
+/// a library that the engine lacks the system still tells, since nobody else would.
+class NoFaultWindow {
+public:
+    NoFaultWindow() { SetErrorMode(before_ | SEM_NOGPFAULTERRORBOX); }
+    ~NoFaultWindow() { SetErrorMode(before_); }
+    NoFaultWindow(const NoFaultWindow&) = delete;
+    NoFaultWindow& operator=(const NoFaultWindow&) = delete;
+
+private:
+    UINT before_ = GetErrorMode();
+};
+#endif
+
+void Start(QProcess& process)
+{
+#ifdef Q_OS_WIN
+    const NoFaultWindow quiet;
+#endif
+    process.start();
+}
+
 } // namespace
 
 QString EngineCommandText(const EngineStart& start)
@@ -57,7 +80,7 @@ bool RunEngineProcess(QWidget* parent, const EngineStart& start)
     Prepare(process, start);
     QEventLoop loop;
     QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
-    process.start();
+    Start(process);
     if (!process.waitForStarted(-1))
         return false;
 

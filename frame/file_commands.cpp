@@ -31,12 +31,17 @@ bool IsProjectName(const QString& path)
     return path.endsWith(kExtension, Qt::CaseInsensitive);
 }
 
-/// One spelling for all paths to a file.
+/// One spelling for all paths to a file. On Windows case does not count.
 QString OnePath(const QString& path)
 {
     const QFileInfo file(path);
     const QString canonical = file.canonicalFilePath(); // empty if there is no such file
-    return canonical.isEmpty() ? file.absoluteFilePath() : canonical;
+    const QString full = canonical.isEmpty() ? file.absoluteFilePath() : canonical;
+#ifdef Q_OS_WIN
+    return full.toCaseFolded();
+#else
+    return full;
+#endif
 }
 
 bool IsUntouched(CChildFrame& child)

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <system_error>
 
 namespace sbd {
 
@@ -34,21 +33,14 @@ FileSource::FileSource(FileHandle file, std::uint64_t size)
 
 std::unique_ptr<FileSource> FileSource::Open(const std::filesystem::path& path)
 {
-    std::error_code error;
-    // Asked ahead of the opening, which would wait for a writer if this were a pipe.
-    if (!std::filesystem::is_regular_file(path, error) || error)
+    // Looked at ahead of the opening, which would wait for a writer if this were a pipe.
+    const FileFacts facts = LookAtFile(path);
+    if (facts.kind != FileFacts::Kind::File)
         return nullptr;
-    const std::uintmax_t size = std::filesystem::file_size(path, error);
-    if (error)
-        return nullptr;
-#ifdef _WIN32
-    FileHandle file(_wfopen(path.c_str(), L"rb"));
-#else
-    FileHandle file(std::fopen(path.c_str(), "rb"));
-#endif
+    FileHandle file = OpenForReading(path);
     if (!file)
         return nullptr;
-    return std::unique_ptr<FileSource>(new FileSource(std::move(file), size));
+    return std::unique_ptr<FileSource>(new FileSource(std::move(file), facts.size));
 }
 
 std::size_t FileSource::Read(std::span<std::byte> into)

@@ -1,9 +1,10 @@
 // Where the bytes of a result file come from: the file, or memory.
 #pragma once
 
+#include "project/file_access.h"
+
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <span>
@@ -35,11 +36,6 @@ public:
     [[nodiscard]] std::size_t Read(std::span<std::byte> into) override;
 
 private:
-    struct CloseFile {
-        void operator()(std::FILE* file) const { std::fclose(file); }
-    };
-    using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
-
     FileSource(FileHandle file, std::uint64_t size);
 
     FileHandle file_;

@@ -1,9 +1,8 @@
 #include "results/result_stamp.h"
 
+#include "project/file_access.h"
 #include "results/byte_source.h"
 #include "results/result_paths.h"
-
-#include <system_error>
 
 namespace sbd {
 
@@ -11,14 +10,10 @@ namespace {
 
 std::optional<FileStamp> StampOfFile(std::filesystem::path file)
 {
-    std::error_code failed;
-    const auto changed = std::filesystem::last_write_time(file, failed);
-    if (failed)
+    const FileFacts facts = LookAtFile(file);
+    if (facts.kind == FileFacts::Kind::NotThere || facts.kind == FileFacts::Kind::Folder)
         return std::nullopt;
-    const std::uintmax_t size = std::filesystem::file_size(file, failed);
-    if (failed) // a folder, or gone in between
-        return std::nullopt;
-    return FileStamp{std::move(file), size, changed};
+    return FileStamp{std::move(file), facts.size, facts.changed};
 }
 
 } // namespace

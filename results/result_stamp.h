@@ -18,7 +18,7 @@ inline constexpr std::array<std::string_view, 6> kResultExtensions{".Z1D", ".Z1F
 struct FileStamp {
     std::filesystem::path file;
     std::uintmax_t size = 0; ///< bytes
-    std::filesystem::file_time_type changed;
+    std::int64_t changed = 0; ///< FileFacts::changed
 
     friend bool operator==(const FileStamp&, const FileStamp&) = default;
 };

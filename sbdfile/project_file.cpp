@@ -1,5 +1,6 @@
 #include "sbdfile/project_file.h"
 
+#include "project/file_access.h"
 #include "project/sbd_data.h"
 #include "sbdfile/file_errors.h"
 #include "sbdfile/grid_names.h"
@@ -15,22 +16,8 @@ namespace sbd {
 
 namespace {
 
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
-
 /// Cells are found by 32-bit places in their column, so that no file may be larger.
 constexpr std::uintmax_t kLargestFile = std::numeric_limits<std::uint32_t>::max();
-
-FileHandle OpenForReading(const std::filesystem::path& path)
-{
-#ifdef _WIN32
-    return FileHandle(_wfopen(path.c_str(), L"rb"));
-#else
-    return FileHandle(std::fopen(path.c_str(), "rb"));
-#endif
-}
 
 } // namespace
 
@@ -66,16 +53,15 @@ FileResult ErrorOfCode(int code)
 
 FileResult ReadFileBytes(const std::filesystem::path& path, std::string& bytes)
 {
-    std::error_code ignored;
-    if (std::filesystem::is_directory(path, ignored))
+    const FileFacts facts = LookAtFile(path);
+    if (facts.kind == FileFacts::Kind::Folder)
         return ErrorOfCode(EISDIR);
     const FileHandle file = OpenForReading(path);
     if (!file)
         return ErrorOfCode(errno);
     bytes.clear();
-    const std::uintmax_t size = std::filesystem::file_size(path, ignored);
-    if (!ignored && size <= kLargestFile)
-        bytes.reserve(static_cast<std::size_t>(size));
+    if (facts.size <= kLargestFile)
+        bytes.reserve(static_cast<std::size_t>(facts.size));
     std::unique_ptr<char[]> buffer = std::make_unique<char[]>(1U << 20);
     while (const std::size_t count = std::fread(buffer.get(), 1, 1U << 20, file.get())) {
         if (bytes.size() + count > kLargestFile)

@@ -32,7 +32,7 @@ struct FileResult {
 
 /// Puts `bytes` in place of a file: afterwards the whole new file stands, or the whole old one. What is not a
 /// regular file (a device, a pipe) is written to directly. A symbolic link stays a link; permissions stay.
-[[nodiscard]] FileResult ReplaceFile(const std::filesystem::path& path, std::string_view bytes);
+[[nodiscard]] FileResult ReplaceFileBytes(const std::filesystem::path& path, std::string_view bytes);
 
 /// Path of the *.abd file beside a project: base path + ".abd".
 [[nodiscard]] std::filesystem::path NamesFileBeside(const std::filesystem::path& project);

@@ -1,28 +1,20 @@
-// ReplaceFile: the whole new file or the whole old one, through power loss, a full disk or a kill.
+// ReplaceFileBytes on Linux: the whole new file or the whole old one, through power loss, a full disk or a kill.
 #include "sbdfile/file_errors.h"
 #include "sbdfile/project_file.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <string>
 #include <system_error>
 
-#ifdef _WIN32
-#define WIN32_LEAN_AND_MEAN
-#include <windows.h>
-#else
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#endif
 
 namespace sbd {
 
 namespace {
-
-#ifndef _WIN32
 
 /// An open file descriptor; closes itself.
 class Descriptor {
@@ -176,43 +168,9 @@ private:
     bool open_;
 };
 
-#endif
-
 } // namespace
 
-#ifdef _WIN32
-
-FileResult ReplaceFile(const std::filesystem::path& path, std::string_view bytes)
-{
-    const std::filesystem::path target = std::filesystem::absolute(path);
-    std::filesystem::path fresh = target;
-    fresh += L"." + std::to_wstring(GetCurrentProcessId()) + L".new";
-    const HANDLE file =
-        CreateFileW(fresh.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE)
-        return ErrorOfSystem(GetLastError());
-    DWORD error = 0;
-    while (error == 0 && !bytes.empty()) {
-        const DWORD wanted = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1U << 24));
-        DWORD count = 0;
-        if (!::WriteFile(file, bytes.data(), wanted, &count, nullptr))
-            error = GetLastError();
-        bytes.remove_prefix(count);
-    }
-    if (error == 0 && !FlushFileBuffers(file))
-        error = GetLastError();
-    CloseHandle(file);
-    if (error == 0 && !MoveFileExW(fresh.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-        error = GetLastError();
-    if (error == 0)
-        return {};
-    DeleteFileW(fresh.c_str());
-    return ErrorOfSystem(error);
-}
-
-#else
-
-FileResult ReplaceFile(const std::filesystem::path& path, std::string_view bytes)
+FileResult ReplaceFileBytes(const std::filesystem::path& path, std::string_view bytes)
 {
     std::error_code error;
     const std::filesystem::path target = BehindLinks(path, error);
@@ -237,7 +195,5 @@ FileResult ReplaceFile(const std::filesystem::path& path, std::string_view bytes
     SweepLeftovers(target.parent_path());
     return {};
 }
-
-#endif
 
 } // namespace sbd

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <system_error>
 
 namespace sbd {
 
@@ -10,7 +11,11 @@ using nlohmann::json;
 
 std::filesystem::path PathOf(const std::string& utf8)
 {
-    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
+    try {
+        return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
+    } catch (const std::system_error&) {
+        return {}; // no text: Windows has no such path
+    }
 }
 
 CommandResult Fail(std::string message)

@@ -134,7 +134,7 @@ CommandResult RunNew(Arguments arguments)
     if (parsed.wrong)
         return WrongUse("new", *parsed.wrong);
     CSbdData data;
-    const FileResult result = ReplaceFile(PathOf(parsed.words[0]), WriteProject(data));
+    const FileResult result = ReplaceFileBytes(PathOf(parsed.words[0]), WriteProject(data));
     return result.Ok() ? CommandResult() : CannotWrite(parsed.words[0], result);
 }
 
@@ -149,7 +149,7 @@ CommandResult RunRewrite(Arguments arguments)
         return CannotRead(parsed.words[0], result);
     WriteReport report;
     const std::string text = WriteProject(data, &report);
-    if (const FileResult result = ReplaceFile(PathOf(parsed.words[1]), text); !result.Ok())
+    if (const FileResult result = ReplaceFileBytes(PathOf(parsed.words[1]), text); !result.Ok())
         return CannotWrite(parsed.words[1], result);
     return {0, {}, report.controlBlockHeldBack ? std::string(kControlBlockMessage) + "\n" : std::string()};
 }

@@ -1,12 +1,10 @@
 // sbdtool: prints what the program knows, and reads and writes projects, without a window.
+#include "project/console.h"
 #include "tools/commands.h"
 
 #include <csignal>
-#include <cstdio>
 
 #ifdef _WIN32
-#include <fcntl.h>
-#include <io.h>
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
@@ -35,16 +33,14 @@ int main(int count, char** values)
     for (int i = 1; i < count; ++i)
 #ifdef _WIN32
         arguments.push_back(Utf8(values[i]));
-    _setmode(_fileno(stdout), _O_BINARY);
-    _setmode(_fileno(stderr), _O_BINARY);
 #else
         arguments.emplace_back(values[i]);
 #endif
     const sbd::CommandResult result = sbd::RunCommandLine(arguments);
-    const std::size_t printed = std::fwrite(result.output.data(), 1, result.output.size(), stdout);
-    std::fwrite(result.error.data(), 1, result.error.size(), stderr);
-    if (printed != result.output.size() || std::fflush(stdout) != 0) {
-        std::fputs("sbdtool: 結果を出力できません。\n", stderr);
+    const bool printed = sbd::PrintText(stdout, result.output);
+    sbd::PrintText(stderr, result.error);
+    if (!printed) {
+        sbd::PrintText(stderr, "sbdtool: 結果を出力できません。\n");
         return 2;
     }
     return result.exitCode;

@@ -2,6 +2,7 @@
 // the analysis.
 #include "document/section_doc.h"
 #include "project/catalogue.h"
+#include "project/console.h"
 #include "project/text.h"
 #include "sbdpage_figures.h"
 #include "upperview/draw_painter.h"
@@ -19,7 +20,6 @@
 #include <QPdfWriter>
 #include <QSaveFile>
 
-#include <cstdio>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -46,13 +46,13 @@ struct Job {
 
 int Fail(const QString& message)
 {
-    std::fputs((u"sbdpage: "_s + message + u'\n').toUtf8().constData(), stderr);
+    PrintText(stderr, (u"sbdpage: "_s + message + u'\n').toStdString());
     return kBadCall;
 }
 
 void Print(const std::string& text)
 {
-    std::fwrite(text.data(), 1, text.size(), stdout);
+    PrintText(stdout, text);
 }
 
 CDrawRecorder Record(const Job& job, PageExtent& extent)
@@ -158,8 +158,7 @@ std::optional<Page> ReadPageFile(const QString& path, int block)
     const std::string name = QFileInfo(path).fileName().toStdString();
     const std::vector<PageFault> faults = CheckPage(name, text, SharedSketches());
     for (const PageFault& fault : faults)
-        std::fputs((path.toStdString() + ":" + std::to_string(fault.line) + ": error: " + fault.message + "\n").c_str(),
-                   stderr);
+        PrintText(stderr, path.toStdString() + ":" + std::to_string(fault.line) + ": error: " + fault.message + "\n");
     if (!faults.empty())
         return std::nullopt;
     return ParsePage(text, block).page;
@@ -205,8 +204,10 @@ void PrintReport()
 
 int main(int count, char** values)
 {
+#ifndef Q_OS_WIN
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
     const QGuiApplication application(count, values);
     if (const std::optional<int> code = RunFigureCommand(QCoreApplication::arguments()))
         return *code;

@@ -2,8 +2,10 @@
 
 #include "document/section_doc.h"
 #include "project/catalogue.h"
+#include "project/console.h"
 #include "upperview/display_look.h"
 #include "upperview/result_diagram.h"
+#include "upperview/svg_picture.h"
 
 #include <QBuffer>
 #include <QCommandLineParser>
@@ -11,10 +13,8 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
-#include <QSvgGenerator>
 
 #include <algorithm>
-#include <cstdio>
 #include <functional>
 
 namespace sbd {
@@ -30,7 +30,7 @@ constexpr int kMostPixels = 20'000; // a side
 
 int Fail(const QString& message, int code = kBadCall)
 {
-    std::fputs((u"sbdpage: "_s + message + u'\n').toUtf8().constData(), stderr);
+    PrintText(stderr, (u"sbdpage: "_s + message + u'\n').toStdString());
     return code;
 }
 
@@ -73,12 +73,8 @@ QByteArray Svg(QSize size, const PaintPane& paint)
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    QSvgGenerator generator;
-    generator.setOutputDevice(&buffer);
-    generator.setResolution(kScreenDpi);
-    generator.setSize(size);
-    generator.setViewBox(QRect(QPoint(), size));
-    QPainter painter(&generator);
+    CSvgPicture picture(buffer, size, kScreenDpi);
+    QPainter painter(&picture);
     paint(painter);
     painter.end();
     return buffer.data();

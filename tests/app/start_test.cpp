@@ -1,15 +1,22 @@
 // The program itself, started as a user's desktop starts it.
 #include "app/version_record.h"
 #include "document/project_lock.h"
+#include "document/recovery.h"
 #include "document/section_doc.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
 #include <QProcess>
+#include <QSettings>
+#include <QStandardPaths>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <memory>
 
 using namespace Qt::StringLiterals;
 using namespace sbd;
@@ -42,13 +49,22 @@ public:
         environment.insert(u"XDG_CONFIG_HOME"_s, Path(u"config"_s));
         environment.insert(u"XDG_STATE_HOME"_s, Path(u"state"_s));
         environment.insert(u"XDG_RUNTIME_DIR"_s, Path(u"run"_s));
+        for (const QString& name : {u"TMP"_s, u"TEMP"_s}) // where Windows has files of the run
+            environment.insert(name, QDir::toNativeSeparators(Path(u"run"_s)));
         return environment;
+    }
+
+    /// What a start has left to say that it is the first one.
+    [[nodiscard]] QString LockFile() const
+    {
+        const QFileInfoList locks = QDir(Path(u"run"_s)).entryInfoList({u"sbdstation-*.lock"_s});
+        return locks.size() == 1 ? locks[0].filePath() : QString();
     }
 
     /// A copy of the program beside a deployment.ini of our own; its path.
     [[nodiscard]] QString DeployedProgram(const QByteArray& settings) const
     {
-        const QString program = Path(u"program/sbdstation"_s);
+        const QString program = Path(u"program/"_s + QFileInfo(QStringLiteral(STATION)).fileName());
         QFile::copy(QStringLiteral(STATION), program);
         QFile ini(Path(u"program/deployment.ini"_s));
         if (ini.open(QFile::WriteOnly))
@@ -80,10 +96,54 @@ bool IsHeld(const QString& project)
     return CProjectLock::Look(project) == CProjectLock::State::Held;
 }
 
+#ifdef Q_OS_WIN
+/// On Windows record and profile of the program are those of the user: they are put aside for a test, and put back.
+class UsersOwn {
+public:
+    UsersOwn()
+    {
+        QStandardPaths::setTestModeEnabled(false);
+        QCoreApplication::setApplicationName(u"sbdstation"_s);
+        Record().rename(Record().fileName() + u".aside"_s);
+        files_ = Profile().value(kFiles);
+    }
+    ~UsersOwn()
+    {
+        Record().remove();
+        QFile(Record().fileName() + u".aside"_s).rename(Record().fileName());
+        if (files_.isValid())
+            Profile().setValue(kFiles, files_);
+        else
+            Profile().remove(kFiles);
+    }
+    UsersOwn(const UsersOwn&) = delete;
+    UsersOwn& operator=(const UsersOwn&) = delete;
+
+    [[nodiscard]] static QFile Record()
+    {
+        const QString folder = VersionRecordFolder(qEnvironmentVariable("SystemRoot"), StateFolder());
+        return QFile(folder + u"/KELD_VERSION.txt"_s);
+    }
+
+private:
+    [[nodiscard]] static QSettings Profile()
+    {
+        return QSettings(QSettings::NativeFormat, QSettings::UserScope, u"KELD"_s, u"KELD section"_s);
+    }
+    static inline const QString kFiles = u"Recent File List/Files"_s;
+    QVariant files_;
+};
+#endif
+
 /// The third line of the record of the day: the result of the version check. Empty as long as there is none.
 QString StoredResult(const Home& home)
 {
+#ifdef Q_OS_WIN
+    (void)home;
+    QFile file(UsersOwn::Record().fileName());
+#else
     QFile file(home.Path(u"state/sbdstation/KELD_VERSION.txt"_s));
+#endif
     if (!file.open(QFile::ReadOnly))
         return {};
     const QList<QByteArray> lines = file.readAll().split('\n');
@@ -117,11 +177,21 @@ class StartTest : public QObject {
     Q_OBJECT
 
 private slots:
+#ifdef Q_OS_WIN
+    void init() { own_ = std::make_unique<UsersOwn>(); }
+    void cleanup() { own_.reset(); }
+#endif
     void aSecondStartHandsItsProjectToTheFirst();
     void aFirstStartThatCrashedDoesNotBlockTheNext();
     void aSecondStartAloneEndsWithoutAWord();
+    void aStartWhileTheFirstOneEndsOpensItsProject();
     void aNewerVersionIsWrittenToTheRecord();
     void withoutAServerNoRequestGoesOut();
+
+#ifdef Q_OS_WIN
+private:
+    std::unique_ptr<UsersOwn> own_;
+#endif
 };
 
 void StartTest::aSecondStartHandsItsProjectToTheFirst()
@@ -157,6 +227,25 @@ void StartTest::aSecondStartAloneEndsWithoutAWord()
     Start second(home);
     QVERIFY(second.waitForFinished(kPatience));
     QCOMPARE(second.exitCode(), 0);
+}
+
+void StartTest::aStartWhileTheFirstOneEndsOpensItsProject()
+{
+    const Home home;
+    const QString project = home.Project(u"plate4"_s);
+    {
+        const Start first(home, {project});
+        QTRY_VERIFY_WITH_TIMEOUT(IsHeld(project), kPatience);
+    }
+    QVERIFY(!home.LockFile().isEmpty());
+    QLockFile ending(home.LockFile()); // we are the first one, which listens no more
+    QVERIFY(ending.tryLock());
+    const Start next(home, {project});
+    QTest::qWait(2000);
+    QCOMPARE(next.state(), QProcess::Running);
+    QVERIFY(!IsHeld(project));
+    ending.unlock();
+    QTRY_VERIFY_WITH_TIMEOUT(IsHeld(project), kPatience);
 }
 
 void StartTest::aNewerVersionIsWrittenToTheRecord()

@@ -147,6 +147,7 @@ private slots:
     void withoutAServerNoRequestGoesOut();
     void withoutAHomePageNothingIsAsked();
     void aRecordThatCannotBeWrittenEndsTheCheck();
+    void theRecordStandsInTheSystemsFolderWhereItMayBeWritten();
     void theMenuShowsVersionAndResult();
 
     void aServerIsAskedPastAllCaches();
@@ -356,6 +357,22 @@ void VersionCheckTest::aRecordThatCannotBeWrittenEndsTheCheck()
     QVERIFY(QDir().mkdir(day.File())); // a folder where the file belongs
     QCOMPARE(day.Check(), QString());
     QCOMPARE(day.requests, 0);
+}
+
+void VersionCheckTest::theRecordStandsInTheSystemsFolderWhereItMayBeWritten()
+{
+    const QTemporaryDir system;
+    const QTemporaryDir user;
+    QCOMPARE(VersionRecordFolder(system.path(), user.path()), system.path());
+    QVERIFY2(QDir(system.path()).isEmpty(), "the trial leaves something behind");
+    QVERIFY(CVersionRecord(system.path()).Write(kNow.date(), {}, {}));
+    QCOMPARE(VersionRecordFolder(system.path(), user.path()), system.path());
+
+    QCOMPARE(VersionRecordFolder({}, user.path()), user.path());
+    QCOMPARE(VersionRecordFolder(system.filePath(u"none"_s), user.path()), user.path());
+    const QTemporaryDir taken;
+    QVERIFY(QDir(taken.path()).mkdir(u"KELD_VERSION.txt"_s)); // somebody else's
+    QCOMPARE(VersionRecordFolder(taken.path(), user.path()), user.path());
 }
 
 void VersionCheckTest::theMenuShowsVersionAndResult()

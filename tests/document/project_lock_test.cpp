@@ -3,9 +3,14 @@
 #include "other_process.h"
 #include "sbdfile/project_file.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
 
 using namespace Qt::StringLiterals;
 using namespace sbd;
@@ -39,6 +44,20 @@ struct Project {
     }
 };
 
+#ifdef Q_OS_WIN
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+/// What another program is told that opens a file.
+DWORD ErrorOfOpening(const std::wstring& name, DWORD access, DWORD sharing)
+{
+    const HANDLE file = CreateFileW(name.c_str(), access, sharing, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return GetLastError();
+    CloseHandle(file);
+    return ERROR_SUCCESS;
+}
+#endif
+
 } // namespace
 
 class ProjectLockTest : public QObject {
@@ -56,11 +75,16 @@ private slots:
     void aSecondProcessCannotTakeAHeldFile();
     void theLockGoesWithAKilledProcess();
     void theLockDoesNotOutliveItsOwnerInAChild();
+    void whileItIsHeldOtherProgramsReadAndDoNotWrite();
+    void aProgramThatKeepsAFileForItselfIsSeen();
+    void whoMayNotWriteTakesNoLockButSeesOne();
+    void aPathOfMoreThan260CharactersIsHeld();
 
     void theMutexStandsAsLongAsOneHolderLives();
     void theMutexIsSeenByAnotherProcess();
     void theMutexGoesWithAKilledProcess();
     void withoutItsFolderTheMutexHindersNobody();
+    void theMutexHasTheNameThatOtherProgramsUse();
 };
 
 void ProjectLockTest::aHeldFileIsSeenAndNotTakenTwice()
@@ -146,7 +170,7 @@ void ProjectLockTest::aReplacedFileIsFreeUntilItIsTakenAgain()
     const Project project;
     CProjectLock lock;
     QVERIFY(lock.Take(project.path));
-    QVERIFY(ReplaceFile(QFile::encodeName(project.path).toStdString(), "TITLE:B\r\n").Ok());
+    QVERIFY(ReplaceFileBytes(QFile::encodeName(project.path).toStdString(), "TITLE:B\r\n").Ok());
     QCOMPARE(CProjectLock::Look(project.path), CProjectLock::State::Free);
     QVERIFY(lock.Take(project.path));
     QCOMPARE(CProjectLock::Look(project.path), CProjectLock::State::Held);
@@ -189,6 +213,74 @@ void ProjectLockTest::theLockDoesNotOutliveItsOwnerInAChild()
     QCOMPARE(CProjectLock::Look(project.path), CProjectLock::State::Free);
 }
 
+void ProjectLockTest::whileItIsHeldOtherProgramsReadAndDoNotWrite()
+{
+#ifdef Q_OS_WIN
+    const Project project;
+    CProjectLock lock;
+    QVERIFY(lock.Take(project.path));
+    const std::wstring name = project.path.toStdWString();
+    QCOMPARE(ErrorOfOpening(name, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE), DWORD{ERROR_SUCCESS});
+    QCOMPARE(ErrorOfOpening(name, GENERIC_WRITE, kShareAll), DWORD{ERROR_SHARING_VIOLATION});
+    QCOMPARE(ErrorOfOpening(name, DELETE, kShareAll), DWORD{ERROR_SHARING_VIOLATION});
+    QVERIFY(!QFile::remove(project.path));
+    QVERIFY(!QFile::rename(project.path, project.folder.filePath(u"away.sbd"_s)));
+    lock.Release();
+    QCOMPARE(ErrorOfOpening(name, GENERIC_WRITE, kShareAll), DWORD{ERROR_SUCCESS});
+#endif
+}
+
+void ProjectLockTest::aProgramThatKeepsAFileForItselfIsSeen()
+{
+#ifdef Q_OS_WIN
+    const Project project;
+    const std::wstring name = project.path.toStdWString();
+    for (const DWORD sharing : {DWORD{0}, DWORD{FILE_SHARE_READ}, DWORD{FILE_SHARE_WRITE}}) {
+        const HANDLE editor =
+            CreateFileW(name.c_str(), GENERIC_READ | GENERIC_WRITE, sharing, nullptr, OPEN_EXISTING, 0, nullptr);
+        QVERIFY(editor != INVALID_HANDLE_VALUE);
+        QCOMPARE(CProjectLock::Look(project.path), CProjectLock::State::Held);
+        CloseHandle(editor);
+    }
+    QCOMPARE(CProjectLock::Look(project.path), CProjectLock::State::Free);
+#endif
+}
+
+void ProjectLockTest::whoMayNotWriteTakesNoLockButSeesOne()
+{
+#ifdef Q_OS_WIN
+    const Project project;
+    const std::wstring name = project.path.toStdWString();
+    QVERIFY(SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_READONLY));
+    if (ErrorOfOpening(name, GENERIC_WRITE, kShareAll) == ERROR_SUCCESS)
+        QSKIP("this user may write everything");
+    CProjectLock lock;
+    QVERIFY(!lock.Take(project.path));
+    QCOMPARE(CProjectLock::Look(project.path), CProjectLock::State::Failed);
+    const HANDLE editor = CreateFileW(name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    QVERIFY(editor != INVALID_HANDLE_VALUE);
+    QCOMPARE(CProjectLock::Look(project.path), CProjectLock::State::Held);
+    CloseHandle(editor);
+    QVERIFY(SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_NORMAL));
+#endif
+}
+
+void ProjectLockTest::aPathOfMoreThan260CharactersIsHeld()
+{
+    const Project project;
+    QString folder = project.folder.path();
+    while (folder.size() < 400)
+        folder += u'/' + QString(80, u'd');
+    QVERIFY(QDir().mkpath(folder));
+    const QString path = folder + u"/橋.sbd"_s;
+    QCOMPARE(CProjectLock::Look(path), CProjectLock::State::NotFound);
+    QVERIFY(QFile::copy(project.path, path));
+    CProjectLock lock;
+    QVERIFY(lock.Take(path));
+    QCOMPARE(CProjectLock::Look(path), CProjectLock::State::Held);
+    QCOMPARE(OtherProcess({u"--hold"_s, path}).Word(), u"refused"_s);
+}
+
 void ProjectLockTest::theMutexStandsAsLongAsOneHolderLives()
 {
     const QTemporaryDir folder;
@@ -223,6 +315,18 @@ void ProjectLockTest::withoutItsFolderTheMutexHindersNobody()
 {
     const QTemporaryDir folder;
     QVERIFY(!CAnalysisMutex(folder.filePath(u"no folder"_s)).Existed());
+}
+
+void ProjectLockTest::theMutexHasTheNameThatOtherProgramsUse()
+{
+#ifdef Q_OS_WIN
+    const HANDLE analysis =
+        CreateMutexA(nullptr, FALSE, "0x48a72353,0x76f4,0x4be7,0x9a,0x77,0x23,0xa0,0x6d,0xa7,0x51,0x81");
+    QVERIFY(analysis != nullptr && GetLastError() != ERROR_ALREADY_EXISTS);
+    QVERIFY(CAnalysisMutex().Existed());
+    CloseHandle(analysis);
+    QVERIFY(!CAnalysisMutex().Existed());
+#endif
 }
 
 int main(int argc, char** argv)

@@ -8,6 +8,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
+
 using namespace Qt::StringLiterals;
 using namespace sbd;
 
@@ -108,6 +112,10 @@ private slots:
     void aReloadTakesTheLockOfTheFileThatStandsThere();
     void aReloadOfAMissingFileLeavesTheDocument();
     void aReloadOfAnUntitledProjectDoesNothing();
+
+    void aPathOfMoreThan260CharactersGoesThroughTheWholeLife();
+    void aFileThatAnotherProgramKeepsForItselfIsAskedFor();
+    void aSaveOverAFileThatAnotherProgramHoldsFails();
 };
 
 void SaveFlowTest::theBasePathEndsBeforeTheLastPointOfTheName_data()
@@ -407,6 +415,7 @@ void SaveFlowTest::aReloadReadsOverThePresentData()
     data.Table(305)->AppendRow({"G9", "L", "R"});
     const std::size_t options = data.RowCount(302);
     data.SetOption(302, options - 1, "not in the file");
+    bench.lock.Release(); // for a run
     // A file that holds one section alone: what it does not name stays, tables are gone.
     Put(path, "[SEC_BOX_WEB]  305\r\nG1 G1L G1R\r\n[END SEC_BOX_WEB]\r\n");
     const QSignalSpy reloaded(&bench.doc, &CKELDSectionDoc::reloaded);
@@ -453,6 +462,85 @@ void SaveFlowTest::aReloadOfAnUntitledProjectDoesNothing()
     QVERIFY(!ReloadDocument(bench.doc, bench.lock));
     QVERIFY(bench.doc.Data().Option(301, 0) == "entered");
     QVERIFY(!bench.lock.IsHeld());
+}
+
+void SaveFlowTest::aPathOfMoreThan260CharactersGoesThroughTheWholeLife()
+{
+    Bench bench;
+    QString folder = bench.folder.path();
+    while (folder.size() < 400)
+        folder += u"/深いフォルダー "_s + QString(60, u'd');
+    QVERIFY(QDir().mkpath(folder + u"/橋_計算結果"_s));
+    const QString path = folder + u"/橋.sbd"_s;
+    const QString second = folder + u"/二号.sbd"_s;
+    QVERIFY(QFile::copy(kExample + u".sbd"_s, path));
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+    QVERIFY(QFile::copy(kExample + u".abd"_s, folder + u"/橋.abd"_s));
+    Put(folder + u"/橋_計算結果/橋.Z1D"_s, "first");
+
+    bench.Open(path);
+    QVERIFY(IsHeldByUs(path));
+    QVERIFY(!bench.doc.Data().gridNames.girderNames.empty());
+    QVERIFY(!bench.doc.HasNewerResults());
+    Put(folder + u"/橋_計算結果/橋.Z1D"_s, "second, longer");
+    QVERIFY(bench.doc.HasNewerResults());
+
+    bench.doc.Data().SetOption(301, 0, "deep");
+    QVERIFY(bench.SaveAs(path).saved);
+    QVERIFY(Bytes(path).startsWith("TITLE:deep\r\n"));
+    QVERIFY(IsHeldByUs(path));
+    QCOMPARE(bench.SaveAs(second).copied, QStringList(folder + u"/二号.abd"_s));
+    QCOMPARE(Bytes(folder + u"/二号.abd"_s), Bytes(kExample + u".abd"_s));
+    QVERIFY(IsHeldByUs(second));
+    QCOMPARE(CProjectLock::Look(path), CProjectLock::State::Free);
+    bench.lock.Release();
+    QVERIFY(ReloadDocument(bench.doc, bench.lock));
+    QVERIFY(bench.lock.IsHeld());
+    bench.Open(path);
+    QCOMPARE(bench.doc.PathName(), path);
+}
+
+void SaveFlowTest::aFileThatAnotherProgramKeepsForItselfIsAskedFor()
+{
+#ifdef Q_OS_WIN
+    // Elsewhere a program that does not ask for our lock is not seen.
+    for (const DWORD sharing : {DWORD{0}, DWORD{FILE_SHARE_READ}}) {
+        Bench bench;
+        const QString path = bench.Copy();
+        HANDLE editor = CreateFileW(path.toStdWString().c_str(), GENERIC_READ | GENERIC_WRITE, sharing, nullptr,
+                                    OPEN_EXISTING, 0, nullptr);
+        QVERIFY(editor != INVALID_HANDLE_VALUE);
+        int asked = 0;
+        const OpenResult result = OnOpenDocument(bench.doc, bench.lock, path, [&](const QString& text) {
+            if (++asked == 2)
+                CloseHandle(editor);
+            return text == HeldProjectQuestion(path);
+        });
+        QVERIFY(result.Ok());
+        QCOMPARE(asked, 2);
+        QVERIFY(bench.lock.IsHeld());
+    }
+#endif
+}
+
+void SaveFlowTest::aSaveOverAFileThatAnotherProgramHoldsFails()
+{
+#ifdef Q_OS_WIN
+    Bench bench;
+    const QString path = bench.Copy();
+    const QString second = bench.Copy(u"second.sbd"_s);
+    const QByteArray before = Bytes(second);
+    bench.Open(path);
+    bench.doc.Data().SetOption(301, 0, "entered");
+    bench.doc.SetModifiedFlag(true);
+    CProjectLock other;
+    QVERIFY(other.Take(second));
+    QVERIFY(!bench.SaveAs(second).saved);
+    QCOMPARE(Bytes(second), before);
+    QCOMPARE(bench.doc.PathName(), path);
+    QVERIFY(bench.doc.IsModified());
+    QVERIFY(IsHeldByUs(path));
+#endif
 }
 
 QTEST_GUILESS_MAIN(SaveFlowTest)

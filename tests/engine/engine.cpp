@@ -1,5 +1,8 @@
 // An engine for tests. It does what stands in the file beside the project, base + ".engine", one verb a line:
-//   args                  writes its arguments to base + ".args", one a line
+//   args                  writes its arguments to base + ".args", one a line, in UTF-8
+//   commandline           writes the text that it was started with to base + ".commandline", in UTF-8 (Windows)
+//   surroundings          writes to base + ".surroundings": its folder, its variable SBD_ENGINE_TEST, its error mode,
+//                         each a line (Windows)
 //   value KEYWORD TEXT    replaces the last word of the line that begins with KEYWORD in the project file
 //   chk TEXT              appends a line to the report (base + "_計算結果" / name + ".CHK"); without TEXT: an empty file
 //   result EXT COUNT      writes COUNT bytes as a result file of that extension
@@ -35,7 +38,7 @@ namespace fs = std::filesystem;
 namespace {
 
 struct Job {
-    std::vector<std::string> arguments;
+    std::vector<fs::path> arguments;
     fs::path project;
     fs::path base;
     fs::path results;
@@ -72,13 +75,64 @@ void SetValue(const Job& job, const std::string& keyword, const std::string& val
     Write(job.project, bytes);
 }
 
+#ifdef _WIN32
+constexpr const wchar_t* kSleep = L"--sleep"; // what the child of `hold` is started with
+
+std::string Utf8(const std::wstring& text)
+{
+    const std::u8string bytes = fs::path(text).u8string();
+    return {bytes.begin(), bytes.end()};
+}
+
+std::vector<fs::path> Arguments(int, char**)
+{
+    int count = 0;
+    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    return {words + 1, words + count};
+}
+
+void WriteCommandLine(const Job& job)
+{
+    Write(WithExtension(job.base, ".commandline"), Utf8(GetCommandLineW()));
+}
+
+void WriteSurroundings(const Job& job)
+{
+    const wchar_t* const variable = _wgetenv(L"SBD_ENGINE_TEST");
+    Write(WithExtension(job.base, ".surroundings"), Utf8(fs::current_path().wstring()) + '\n'
+                                                        + Utf8(variable == nullptr ? L"" : variable) + '\n'
+                                                        + std::to_string(GetErrorMode()) + '\n');
+}
+
+/// The child gets the open file, and sleeps on it.
 void Hold(const Job& job, int ms)
 {
-#ifdef _WIN32
-    (void)job;
-    (void)ms;
-    std::exit(4);
+    SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
+    const HANDLE file = CreateFileW(job.project.c_str(), GENERIC_READ | GENERIC_WRITE, 0, &inheritable, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    wchar_t self[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, self, MAX_PATH);
+    std::wstring line = L"engine " + std::wstring(kSleep) + L' ' + std::to_wstring(ms);
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION child{};
+    if (file == INVALID_HANDLE_VALUE
+        || !CreateProcessW(self, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &child))
+        std::exit(4);
+}
+
+void Crash()
+{
+    RaiseException(EXCEPTION_ACCESS_VIOLATION, EXCEPTION_NONCONTINUABLE, 0, nullptr);
+}
 #else
+std::vector<fs::path> Arguments(int argc, char** argv)
+{
+    return {argv + (argc > 0 ? 1 : 0), argv + argc};
+}
+
+void Hold(const Job& job, int ms)
+{
     const int file = open(job.project.c_str(), O_RDWR);
     if (file < 0 || flock(file, LOCK_EX | LOCK_NB) != 0)
         std::exit(4);
@@ -86,8 +140,14 @@ void Hold(const Job& job, int ms)
         std::this_thread::sleep_for(std::chrono::milliseconds(ms));
         _exit(0);
     }
-#endif
 }
+
+void Crash()
+{
+    std::signal(SIGSEGV, SIG_DFL);
+    std::raise(SIGSEGV);
+}
+#endif
 
 std::string Rubbish(std::size_t count)
 {
@@ -103,8 +163,10 @@ void Do(const Job& job, std::istringstream& line)
     line >> verb;
     if (verb == "args") {
         std::string text;
-        for (const std::string& argument : job.arguments)
-            text += argument + '\n';
+        for (const fs::path& argument : job.arguments) {
+            const std::u8string bytes = argument.u8string();
+            text.append(bytes.begin(), bytes.end()) += '\n';
+        }
         Write(WithExtension(job.base, ".args"), text);
     } else if (verb == "value") {
         std::string keyword;
@@ -121,8 +183,13 @@ void Do(const Job& job, std::istringstream& line)
         line >> extension >> count;
         Write(WithExtension(job.results, '.' + extension), std::string(count, '\0'));
     } else if (verb == "crash") {
-        std::signal(SIGSEGV, SIG_DFL);
-        std::raise(SIGSEGV);
+        Crash();
+#ifdef _WIN32
+    } else if (verb == "commandline") {
+        WriteCommandLine(job);
+    } else if (verb == "surroundings") {
+        WriteSurroundings(job);
+#endif
     } else if (verb == "delete") {
         fs::remove(job.project);
     } else {
@@ -146,9 +213,15 @@ void Do(const Job& job, std::istringstream& line)
 int main(int argc, char** argv)
 {
     Job job;
-    job.arguments.assign(argv + (argc > 0 ? 1 : 0), argv + argc);
+    job.arguments = Arguments(argc, argv);
     if (job.arguments.empty())
         return 2;
+#ifdef _WIN32
+    if (job.arguments.size() == 2 && job.arguments[0] == kSleep) {
+        Sleep(static_cast<DWORD>(std::stoi(job.arguments[1].wstring())));
+        return 0;
+    }
+#endif
     job.project = job.arguments.front();
     job.base = job.project;
     job.base.replace_extension();

@@ -135,7 +135,8 @@ void DocumentLifeTest::runAtOnceShowsWhatTheEngineChanged()
     station.Engine(u"bridge"_s, "args\nvalue RESET_RESULTS NO\nchk ok\n");
     CChildFrame* child = station.Begin(4);
     QVERIFY(child != nullptr);
-    QCOMPARE(Bytes(station.folder.Path(u"bridge.args"_s)), station.Project().toUtf8() + "\nRUN\n");
+    QCOMPARE(Bytes(station.folder.Path(u"bridge.args"_s)),
+             QDir::toNativeSeparators(station.Project()).toUtf8() + "\nRUN\n");
     QCOMPARE(child->Doc().Data().Option(301, 1), std::string_view("NO"));
     QVERIFY(child->Lock().IsHeld());
     QVERIFY(!child->Doc().IsModified());
@@ -419,7 +420,9 @@ void DocumentLifeTest::strangePathsAreOpenedSavedAndRunOrRefused_data()
     QTest::newRow("Japanese") << u"第１橋（上り線） ソ表能"_s << true;
     QTest::newRow("apostrophe") << u"bridge's"_s << true;
     QTest::newRow("points") << u"bridge.v2.final"_s << true;
+#ifndef Q_OS_WIN // where no name has it
     QTest::newRow("quote") << u"5\" bridge"_s << false;
+#endif
     QTest::newRow("no CP932 character") << u"橋😀"_s << false;
     QTest::newRow("Hangul") << u"다리"_s << false;
 }
@@ -442,7 +445,7 @@ void DocumentLifeTest::strangePathsAreOpenedSavedAndRunOrRefused()
     QCOMPARE(QFile::exists(station.folder.Path(name + u".args"_s)), runs);
     QCOMPARE(station.user.warned.size(), runs ? 0 : 1); // refused with the reason
     if (runs)
-        QCOMPARE(Bytes(station.folder.Path(name + u".args"_s)), path.toUtf8() + "\nRUN\n");
+        QCOMPARE(Bytes(station.folder.Path(name + u".args"_s)), QDir::toNativeSeparators(path).toUtf8() + "\nRUN\n");
     QVERIFY(child->Lock().IsHeld());
 }
 

@@ -183,7 +183,6 @@ void JourneyTest::aChangeThatIsTakenBackLeavesTheProjectUnmodified()
 
 void JourneyTest::aSaveThatFailsKeepsWhatWasTyped()
 {
-#ifdef Q_OS_LINUX
     Station station;
     QVERIFY(station.isActive);
     const QString path = station.folder.Example(u"plate4"_s);
@@ -192,7 +191,12 @@ void JourneyTest::aSaveThatFailsKeepsWhatWasTyped()
     ClickInGrid(*child, 1, 2);
     Type(u"TYPED"_s);
     station.user.saveFile = station.folder.Path(u"full.sbd"_s);
+#ifdef Q_OS_LINUX
     QVERIFY(QFile::link(u"/dev/full"_s, station.user.saveFile));
+#else // which has no device that is always full
+    QVERIFY(QFile::copy(path, station.user.saveFile));
+    QVERIFY(QFile::setPermissions(station.user.saveFile, QFile::ReadOwner));
+#endif
 
     Press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(station.user.warned.size(), 1);
@@ -204,9 +208,6 @@ void JourneyTest::aSaveThatFailsKeepsWhatWasTyped()
 
     Press(Qt::Key_S, Qt::ControlModifier); // to its own file it can be saved
     QVERIFY(Bytes(path).startsWith("TITLE:TYPED\r\n"));
-#else
-    QSKIP("needs a device that is always full");
-#endif
 }
 
 void JourneyTest::theKeyboardAloneReachesEveryPane()

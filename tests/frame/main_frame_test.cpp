@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPointer>
 #include <QStatusBar>
 #include <QTest>
 
@@ -86,6 +87,7 @@ private slots:
     void aDataEntryOpensItsBlock();
     void entriesThatNeedAProjectAreOffWithoutOne();
     void f1OpensTheSearchBlock();
+    void ctrlWAndCtrlF4CloseTheProjectInFront();
     void theStatusBarShowsThePathOfTheProjectInFront();
     void theTitleShowsTheProjectAndItsMark();
     void severalProjectsKeepTheirOwnData();
@@ -154,6 +156,19 @@ void MainFrameTest::f1OpensTheSearchBlock()
     QVERIFY(QTest::qWaitForWindowActive(&station.frame));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
     QCOMPARE(child->CurrentBlock(), 999);
+}
+
+void MainFrameTest::ctrlWAndCtrlF4CloseTheProjectInFront()
+{
+    Station station;
+    for (const Qt::Key key : {Qt::Key_W, Qt::Key_F4}) {
+        const QPointer<CChildFrame> child = station.frame.NewProject();
+        station.frame.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&station.frame));
+        QTest::keyClick(QApplication::focusWidget(), key, Qt::ControlModifier);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY2(child.isNull(), qPrintable(QKeySequence(key).toString()));
+    }
 }
 
 void MainFrameTest::theStatusBarShowsThePathOfTheProjectInFront()

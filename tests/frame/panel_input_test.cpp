@@ -1,4 +1,5 @@
 // What comes into the grid of the real window: input methods, screen readers, and bad input.
+#include "document/save_flow.h"
 #include "frame/left_view.h"
 #include "grid/cell_editor.h"
 #include "panel_desk.h"
@@ -305,7 +306,7 @@ void PanelInputTest::aRefusedTextIsToldAtASaveAndStaysInTheEditor()
     const QString before = desk.Option(301, 1);
     Press(Qt::Key_F2);
     EditorLine(desk.Editor())->setText(u"橋♥"_s);
-    QVERIFY(desk.child->Doc().SaveDocument(path).Ok());
+    QVERIFY(OnSaveDocument(desk.child->Doc(), desk.child->Lock(), path).Ok());
     QCOMPARE(desk.told.size(), 1);
     QVERIFY2(desk.told[0].startsWith(u"「♥」"_s) && desk.told[0].contains(u"1 行目「入力データ」"_s)
                  && desk.told[0].contains(u"元の値"_s),

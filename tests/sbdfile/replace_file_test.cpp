@@ -92,7 +92,7 @@ std::string InChild(const std::function<std::string()>& task)
 /// left something behind.
 std::string FailsAndLeaves(const fs::path& path, std::string_view bytes, FileError error, const std::string& old)
 {
-    const FileResult result = ReplaceFile(path, bytes);
+    const FileResult result = ReplaceFileBytes(path, bytes);
     if (result.error != error)
         return "error " + std::to_string(static_cast<int>(result.error)) + ": " + result.detail;
     if (result.detail.empty())
@@ -130,9 +130,9 @@ protected:
 
 TEST_F(ReplaceFileTest, TheNewFileTakesThePlaceOfTheOldOne)
 {
-    EXPECT_TRUE(ReplaceFile(file_, new_).Ok());
+    EXPECT_TRUE(ReplaceFileBytes(file_, new_).Ok());
     EXPECT_TRUE(Bytes(file_) == new_);
-    EXPECT_TRUE(ReplaceFile(file_, "").Ok());
+    EXPECT_TRUE(ReplaceFileBytes(file_, "").Ok());
     EXPECT_EQ(fs::file_size(file_), 0U) << "a shorter file leaves nothing of the longer one";
     EXPECT_THAT(Leftovers(folder_), IsEmpty());
 }
@@ -140,7 +140,7 @@ TEST_F(ReplaceFileTest, TheNewFileTakesThePlaceOfTheOldOne)
 TEST_F(ReplaceFileTest, AFileThatIsNotThereIsMadeWithTheRightsThatOthersGet)
 {
     const mode_t before = ::umask(0027);
-    const FileResult result = ReplaceFile(folder_ / "fresh.sbd", new_);
+    const FileResult result = ReplaceFileBytes(folder_ / "fresh.sbd", new_);
     ::umask(before);
     ASSERT_TRUE(result.Ok()) << result.detail;
     EXPECT_TRUE(Bytes(folder_ / "fresh.sbd") == new_);
@@ -150,7 +150,7 @@ TEST_F(ReplaceFileTest, AFileThatIsNotThereIsMadeWithTheRightsThatOthersGet)
 TEST_F(ReplaceFileTest, AJapaneseNameAndTheLongestNameAreSaved)
 {
     for (const std::string& name : {std::string("県道１２号線.sbd"), std::string(251, 'x') + ".sbd"}) {
-        const FileResult result = ReplaceFile(folder_ / name, new_);
+        const FileResult result = ReplaceFileBytes(folder_ / name, new_);
         EXPECT_TRUE(result.Ok()) << name << ": " << result.detail;
         EXPECT_TRUE(Bytes(folder_ / name) == new_) << name;
     }
@@ -160,7 +160,7 @@ TEST_F(ReplaceFileTest, AFileOfTheCurrentFolderNeedsNoFolderInItsPath)
 {
     const fs::path before = fs::current_path();
     fs::current_path(folder_);
-    const FileResult result = ReplaceFile("bridge.sbd", new_);
+    const FileResult result = ReplaceFileBytes("bridge.sbd", new_);
     fs::current_path(before);
     EXPECT_TRUE(result.Ok()) << result.detail;
     EXPECT_TRUE(Bytes(file_) == new_);
@@ -170,7 +170,7 @@ TEST_F(ReplaceFileTest, RightsAndOwnerStay)
 {
     fs::permissions(file_, fs::perms(0604));
     const bool given = ::chown(file_.c_str(), kNobody, kNobody) == 0; // the administrator alone can
-    ASSERT_TRUE(ReplaceFile(file_, new_).Ok());
+    ASSERT_TRUE(ReplaceFileBytes(file_, new_).Ok());
     struct stat status {};
     ASSERT_EQ(::stat(file_.c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777, 0604U);
@@ -182,7 +182,7 @@ TEST_F(ReplaceFileTest, ASymbolicLinkStaysALinkAndItsTargetIsReplaced)
     const fs::path link = folder_ / "links" / "linked.sbd";
     fs::create_directory(folder_ / "links");
     fs::create_symlink("../bridge.sbd", link);
-    const FileResult result = ReplaceFile(link, new_);
+    const FileResult result = ReplaceFileBytes(link, new_);
     ASSERT_TRUE(result.Ok()) << result.detail;
     EXPECT_TRUE(fs::is_symlink(link));
     EXPECT_FALSE(fs::is_symlink(file_));
@@ -194,7 +194,7 @@ TEST_F(ReplaceFileTest, ALinkToAFileThatIsNotThereMakesThatFile)
 {
     fs::create_symlink("later.sbd", folder_ / "first.sbd");
     fs::create_symlink("first.sbd", folder_ / "second.sbd");
-    const FileResult result = ReplaceFile(folder_ / "second.sbd", new_);
+    const FileResult result = ReplaceFileBytes(folder_ / "second.sbd", new_);
     ASSERT_TRUE(result.Ok()) << result.detail;
     EXPECT_TRUE(fs::is_symlink(folder_ / "second.sbd"));
     EXPECT_TRUE(fs::is_symlink(folder_ / "first.sbd"));
@@ -205,7 +205,7 @@ TEST_F(ReplaceFileTest, LinksInACircleAreAnError)
 {
     fs::create_symlink("b.sbd", folder_ / "a.sbd");
     fs::create_symlink("a.sbd", folder_ / "b.sbd");
-    EXPECT_FALSE(ReplaceFile(folder_ / "a.sbd", new_).Ok());
+    EXPECT_FALSE(ReplaceFileBytes(folder_ / "a.sbd", new_).Ok());
     EXPECT_TRUE(fs::is_symlink(folder_ / "a.sbd"));
     EXPECT_THAT(Leftovers(folder_), IsEmpty());
 }
@@ -213,7 +213,7 @@ TEST_F(ReplaceFileTest, LinksInACircleAreAnError)
 TEST_F(ReplaceFileTest, AnotherNameOfTheSameFileKeepsTheOldText)
 {
     fs::create_hard_link(file_, folder_ / "copy.sbd");
-    ASSERT_TRUE(ReplaceFile(file_, new_).Ok());
+    ASSERT_TRUE(ReplaceFileBytes(file_, new_).Ok());
     EXPECT_TRUE(Bytes(file_) == new_);
     EXPECT_TRUE(Bytes(folder_ / "copy.sbd") == old_) << "written in place, it would be lost with a save that fails";
 }
@@ -221,7 +221,7 @@ TEST_F(ReplaceFileTest, AnotherNameOfTheSameFileKeepsTheOldText)
 TEST_F(ReplaceFileTest, AFolderIsNotReplaced)
 {
     fs::create_directory(folder_ / "folder.sbd");
-    const FileResult result = ReplaceFile(folder_ / "folder.sbd", new_);
+    const FileResult result = ReplaceFileBytes(folder_ / "folder.sbd", new_);
     EXPECT_EQ(result.error, FileError::IsFolder);
     EXPECT_EQ(result.detail, "Is a directory");
     EXPECT_TRUE(fs::is_directory(folder_ / "folder.sbd"));
@@ -229,11 +229,11 @@ TEST_F(ReplaceFileTest, AFolderIsNotReplaced)
 
 TEST_F(ReplaceFileTest, AFolderThatIsNotThereIsToldAsNotFound)
 {
-    const FileResult result = ReplaceFile(folder_ / "missing" / "bridge.sbd", new_);
+    const FileResult result = ReplaceFileBytes(folder_ / "missing" / "bridge.sbd", new_);
     EXPECT_EQ(result.error, FileError::NotFound);
     EXPECT_EQ(result.detail, "No such file or directory");
     EXPECT_FALSE(fs::exists(folder_ / "missing"));
-    EXPECT_EQ(ReplaceFile(file_ / "bridge.sbd", new_).error, FileError::NotFound) << "a file where a folder is named";
+    EXPECT_EQ(ReplaceFileBytes(file_ / "bridge.sbd", new_).error, FileError::NotFound) << "a file where a folder is named";
     EXPECT_TRUE(Bytes(file_) == old_);
 }
 
@@ -241,7 +241,7 @@ TEST_F(ReplaceFileTest, AFullDeviceIsToldAsDiskFull)
 {
     if (!fs::exists("/dev/full"))
         GTEST_SKIP() << "this system has no /dev/full";
-    const FileResult result = ReplaceFile("/dev/full", new_);
+    const FileResult result = ReplaceFileBytes("/dev/full", new_);
     EXPECT_EQ(result.error, FileError::DiskFull);
     EXPECT_EQ(result.detail, "No space left on device");
     EXPECT_TRUE(fs::is_character_file("/dev/full")) << "the device itself must not be replaced";
@@ -249,7 +249,7 @@ TEST_F(ReplaceFileTest, AFullDeviceIsToldAsDiskFull)
 
 TEST_F(ReplaceFileTest, ADeviceIsWrittenToAsItStands)
 {
-    EXPECT_TRUE(ReplaceFile("/dev/null", new_).Ok());
+    EXPECT_TRUE(ReplaceFileBytes("/dev/null", new_).Ok());
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
@@ -273,7 +273,7 @@ TEST_F(ReplaceFileTest, ASinkThatFailsAfterSomeBytesLeavesTheOldFile)
         const struct rlimit limits {
             new_.size(), new_.size()
         };
-        return ::setrlimit(RLIMIT_FSIZE, &limits) == 0 && ReplaceFile(file_, new_).Ok() ? "" : "it fits and fails";
+        return ::setrlimit(RLIMIT_FSIZE, &limits) == 0 && ReplaceFileBytes(file_, new_).Ok() ? "" : "it fits and fails";
     });
     EXPECT_EQ(wrong, "");
     EXPECT_TRUE(Bytes(file_) == new_);
@@ -290,7 +290,7 @@ TEST_F(ReplaceFileTest, AFullDiskLeavesTheOldFileAndTheNextSaveSucceeds)
         if (const std::string failure = FailsAndLeaves(file_, new_, FileError::DiskFull, old_); !failure.empty())
             return failure;
         const std::string fits = old_.substr(0, 10000);
-        if (const FileResult result = ReplaceFile(file_, fits); !result.Ok())
+        if (const FileResult result = ReplaceFileBytes(file_, fits); !result.Ok())
             return "there is room again, but: " + result.detail;
         return Bytes(file_) == fits ? "" : "the file that fits is not there";
     });
@@ -361,7 +361,7 @@ TEST_F(ReplaceFileTest, AGroupMemberWhoSavesLeavesTheFileToTheGroup)
     const std::string wrong = InChild([&]() -> std::string {
         if (::setgroups(1, &group) != 0 || ::setgid(kNobody) != 0 || ::setuid(kNobody) != 0)
             return std::strerror(errno);
-        return ReplaceFile(file_, new_).detail;
+        return ReplaceFileBytes(file_, new_).detail;
     });
     EXPECT_EQ(wrong, "");
     struct stat status {};
@@ -395,7 +395,7 @@ pid_t StartSaving(const fs::path& path)
 {
     const pid_t child = ::fork();
     for (int turn = 1; child == 0; ++turn)
-        if (!ReplaceFile(path, Content(turn)).Ok())
+        if (!ReplaceFileBytes(path, Content(turn)).Ok())
             ::_exit(1);
     return child;
 }
@@ -423,7 +423,7 @@ TEST_F(ReplaceFileTest, AKillAtAnyMomentLeavesAWholeFile)
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937 random(seed);
     const Clock::time_point begin = Clock::now();
-    ASSERT_TRUE(ReplaceFile(file_, Content(0)).Ok());
+    ASSERT_TRUE(ReplaceFileBytes(file_, Content(0)).Ok());
     // On a slow disk no save would end within 10 ms.
     const auto span = std::max<std::chrono::microseconds>(
         10ms, std::chrono::duration_cast<std::chrono::microseconds>(2 * (Clock::now() - begin)));
@@ -452,12 +452,12 @@ TEST_F(ReplaceFileTest, WhatKilledSavesLeftBehindIsRemovedByALaterSave)
         ASSERT_NO_FATAL_FAILURE(Kill(child));
     }
     ASSERT_FALSE(Leftovers(folder_).empty());
-    ASSERT_TRUE(ReplaceFile(file_, new_).Ok());
+    ASSERT_TRUE(ReplaceFileBytes(file_, new_).Ok());
     EXPECT_FALSE(Leftovers(folder_).empty()) << "a fresh one may belong to a save that has just begun";
 
     for (const std::string& name : Leftovers(folder_))
         MakeOld(folder_ / name);
-    ASSERT_TRUE(ReplaceFile(file_, new_).Ok());
+    ASSERT_TRUE(ReplaceFileBytes(file_, new_).Ok());
     EXPECT_THAT(Leftovers(folder_), IsEmpty());
 }
 
@@ -468,10 +468,10 @@ TEST_F(ReplaceFileTest, ANewFileThatALivingProcessHoldsIsNotRemoved)
     MakeOld(held);
     const int descriptor = ::open(held.c_str(), O_RDWR);
     ASSERT_EQ(::flock(descriptor, LOCK_EX), 0);
-    ASSERT_TRUE(ReplaceFile(file_, new_).Ok());
+    ASSERT_TRUE(ReplaceFileBytes(file_, new_).Ok());
     EXPECT_THAT(Leftovers(folder_), ElementsAre(".sbdsave-living"));
     ::close(descriptor);
-    ASSERT_TRUE(ReplaceFile(file_, new_).Ok());
+    ASSERT_TRUE(ReplaceFileBytes(file_, new_).Ok());
     EXPECT_THAT(Leftovers(folder_), IsEmpty());
 }
 
@@ -485,7 +485,7 @@ TEST_F(ReplaceFileTest, SweepingTouchesNothingElse)
     MakeOld(folder_ / ".sbdsave-folder");
     ASSERT_EQ(::mkfifo((folder_ / ".sbdsave-pipe").c_str(), 0600), 0);
     MakeOld(folder_ / ".sbdsave-pipe");
-    ASSERT_TRUE(ReplaceFile(file_, new_).Ok());
+    ASSERT_TRUE(ReplaceFileBytes(file_, new_).Ok());
     for (const char* name : {"sbdsave-a", ".sbdsave", ".other", "bridge.bak"})
         EXPECT_TRUE(fs::exists(folder_ / name)) << name;
     EXPECT_TRUE(fs::exists(folder_ / ".sbdsave-folder"));
@@ -494,7 +494,7 @@ TEST_F(ReplaceFileTest, SweepingTouchesNothingElse)
 TEST_F(ReplaceFileTest, ANameThatIsNoTextOfThisSystemIsSaved)
 {
     const fs::path name = folder_ / "\x8b\xb4.sbd"; // bytes that are no UTF-8
-    const FileResult result = ReplaceFile(name, new_);
+    const FileResult result = ReplaceFileBytes(name, new_);
     EXPECT_TRUE(result.Ok()) << result.detail;
     EXPECT_TRUE(Bytes(name) == new_);
 }

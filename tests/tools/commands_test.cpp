@@ -1,4 +1,5 @@
 #include "tests/tools/tool_runs.h"
+#include "tools/command_support.h"
 
 #ifndef _WIN32
 #include <sys/wait.h>
@@ -195,7 +196,7 @@ TEST_F(Commands, AJapanesePathIsAPathLikeAnother)
     const std::string in = Put("県道 表ポ.sbd", "TITLE:A\n");
     EXPECT_EQ(Printed(Tool({"dump", in})).at("title"), "A");
     EXPECT_EQ(Tool({"rewrite", in, At("写し.sbd")}).exitCode, 0);
-    EXPECT_FALSE(BytesOf(At("写し.sbd")).empty());
+    EXPECT_FALSE(BytesOf(PathOf(At("写し.sbd"))).empty());
 }
 
 // --- new, rewrite, dump, names -----------------------------------------------------------------

@@ -1,0 +1,34 @@
+// Files by paths of any length and any characters: what stands at a path, and its bytes.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace sbd {
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
+
+/// Opens the bytes of a file; null, with errno set, if that cannot be. Other programs may read and write meanwhile.
+[[nodiscard]] FileHandle OpenForReading(const std::filesystem::path& path);
+
+/// What stands at a path, links followed.
+struct FileFacts {
+    enum class Kind { NotThere, File, Folder, Other };
+    Kind kind = Kind::NotThere;
+    std::uintmax_t size = 0;  ///< bytes of a file
+    std::int64_t changed = 0; ///< time of the last change, in the system's own ticks: to be compared, not to be shown
+};
+[[nodiscard]] FileFacts LookAtFile(const std::filesystem::path& path);
+
+#ifdef _WIN32
+/// The absolute path in the form that the system takes at any length; the plain form ends at 260 characters.
+[[nodiscard]] std::wstring SystemPath(const std::filesystem::path& path);
+#endif
+
+} // namespace sbd
