@@ -15,8 +15,10 @@
 #include "upperview/chk_view.h"
 #include "upperview/up_view.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QMenu>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -50,6 +52,7 @@ CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, std::unique_ptr<C
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowIcon(ProgramIcon());
+    LeaveKeysToTheMenus();
     CreatePanes();
     connect(doc_.get(), &CKELDSectionDoc::modifiedChanged, this, &CChildFrame::OnModified);
     connect(doc_.get(), &CKELDSectionDoc::changed, this, [this] { recoveryLacksChanges_ = true; });
@@ -68,6 +71,16 @@ CChildFrame::~CChildFrame()
     panel_.reset();  // before the document and the splitter
     delete widget(); // the views look at the document
     recovery_->Discard();
+}
+
+/// The toolkit puts Ctrl+W on the window's own menu, beside Ctrl+F4 or alone. A key of two commands does neither.
+void CChildFrame::LeaveKeysToTheMenus()
+{
+    const QList<QKeySequence> keys = QKeySequence::keyBindings(QKeySequence::Close);
+    for (QAction* action : systemMenu()->actions()) {
+        if (action->shortcuts() == keys)
+            action->setShortcut(Qt::CTRL | Qt::Key_F4);
+    }
 }
 
 void CChildFrame::CreatePanes()

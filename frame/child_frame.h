@@ -95,6 +95,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void LeaveKeysToTheMenus();
     void CreatePanes();
     void ShowPanel(int block);
     void RemovePanel();

@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # Runs the acceptance cases that this version has to pass: .ci/acceptance-cases.txt.
-#   scripts/acceptance.sh FOLDER SBDTOOL
+#   scripts/acceptance.sh FOLDER SBDTOOL...
 set -euo pipefail
 folder=${1:?the folder of the cases}
-tool=${2:?the program}
+shift
+tool=("$@")
+[[ $# -gt 0 ]] || { echo "which program?" >&2; exit 2; }
 list=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)/.ci/acceptance-cases.txt
 
 failed=0
@@ -16,7 +18,7 @@ while read -r script only; do
         *) echo "unknown word in $list: $script" >&2; exit 2 ;;
     esac
     [[ -z $only ]] || command+=(--only "$only")
-    if output=$("${command[@]}" "$tool" 2>&1 </dev/null) && [[ ${output##*$'\n'} != "0 passed,"* ]]; then
+    if output=$("${command[@]}" "${tool[@]}" 2>&1 </dev/null) && [[ ${output##*$'\n'} != "0 passed,"* ]]; then
         echo "$script ${only:-all}: ${output##*$'\n'}"
     else
         echo "$script ${only:-all}: FAILED"

@@ -1,16 +1,25 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing.
 #   scripts/setup.sh app | dev | ci      what the program, the tests, the whole check need
+#   scripts/setup.sh debian              what packaging/debian needs
+#   scripts/setup.sh windows             what packaging/windows needs, to build and to run under Wine
 set -euo pipefail
 
 packages=(g++ cmake ninja-build ccache
-    qt6-base-dev qt6-svg-dev libgl-dev qt6-qpa-plugins qt6-translations-l10n nlohmann-json3-dev libtomlplusplus-dev
+    qt6-base-dev libgl-dev qt6-qpa-plugins qt6-translations-l10n librsvg2-bin nlohmann-json3-dev libtomlplusplus-dev
     fonts-ipafont-gothic)
 if [[ -n ${WAYLAND_DISPLAY:-} && -z ${DISPLAY:-} ]]; then
     packages+=(qt6-wayland)
 fi
 case ${1:-} in
     app) ;;
+    debian)
+        packages+=(dpkg-dev file lintian appstream desktop-file-utils shared-mime-info libxml2-utils debootstrap)
+        ;;
+    windows)
+        packages+=(g++-mingw-w64-x86-64-posix qt6-base-dev-tools dpkg-dev googletest icoutils unzip nsis locales
+            wine64 xvfb xauth xdotool openbox x11-utils imagemagick python3)
+        ;;
     dev | ci)
         packages+=(libgtest-dev libgmock-dev libbenchmark-dev)
         if [[ $1 == ci ]]; then
@@ -18,7 +27,7 @@ case ${1:-} in
         fi
         ;;
     *)
-        echo "usage: scripts/setup.sh app | dev | ci" >&2
+        echo "usage: scripts/setup.sh app | dev | ci | debian | windows" >&2
         exit 2
         ;;
 esac

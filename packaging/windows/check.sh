@@ -1,0 +1,71 @@
+#!/usr/bin/env bash
+# Runs what packaging/windows/build.sh --tests has built as Windows programs under Wine.
+#   packaging/windows/check.sh [--quick]
+#   packaging/windows/check.sh --targets     names what --quick needs, for build.sh
+# --quick  the tests without Qt, those near the system, the acceptance cases of project files, a short journey: some
+#          minutes. Without it: all tests, all cases, the long journey, and the packages if build/windows-kit/dist is there.
+set -euo pipefail
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+cd "$here/../.."
+source scripts/steps.sh
+build=build/windows
+pictures=build/windows-kit/journey
+quick=
+# Tests of what is near the system: files, locks, processes, the registry, one instance.
+near=(tests/document/*_test.cpp tests/app/*_test.cpp
+    tests/frame/{engine_process_windows,engine_runner,engine_runs,document_life,settings}_test.cpp)
+near=("${near[@]#tests/}")
+near=("${near[@]%.cpp}")
+case ${1:-} in
+    '') ;;
+    --quick) quick=--quick ;;
+    --targets)
+        echo sbdstation sbdtool {project,sbdfile,results,panelmodel,search,page,tools}_tests \
+            test_engine_{HOLM4_W_GIRDER_SECTION,HOLM4_W_CROSS,KELD_Support_Stiff_Diaphragm} "${near[@]//\//_}"
+        exit 0
+        ;;
+    *) sed -n '2,6s/^# \?//p' "${BASH_SOURCE[0]}" >&2; exit 2 ;;
+esac
+export WINEPREFIX=$PWD/build/windows-kit/prefix
+
+# GoogleTest programs as wholes: a start under Wine takes longer than most tests.
+core_tests() {
+    local program output failed=0
+    for program in "$build"/tests/*_tests.exe; do
+        if output=$(timeout 600 "$here/wine.sh" "$program" --gtest_brief=1 --gtest_shuffle 2>&1 </dev/null); then
+            echo "$(basename "$program" .exe): $(grep -a -o '[0-9]* tests\.' <<<"$output" | tail -n 1)"
+        else
+            echo "$(basename "$program" .exe): FAILED"
+            tail -n 60 <<<"$output"
+            failed=1
+        fi
+    done
+    return "$failed"
+}
+
+window_tests() {
+    local only=(-L qt) log=build/windows-kit/tests.log
+    [[ -z $quick ]] || only=(-R "^($(IFS='|'; echo "${near[*]//\//\\.}"))\$")
+    ctest --preset windows "${only[@]}" -j "$(nproc)" >"$log" 2>&1 || { grep -v ' Passed ' "$log"; return 1; }
+    tail -n 3 "$log" | sed '/^$/d'
+}
+
+# The whole set takes a start of the tool for each case.
+cases() {
+    if [[ -n $quick ]]; then
+        python3 ../shared/acceptance/run_project.py "$here/wine.sh" "$build/tools/sbdtool.exe" | tail -n 1
+    else
+        scripts/acceptance.sh ../shared/acceptance "$here/wine.sh" "$build/tools/sbdtool.exe"
+    fi
+}
+
+"$here/wine.sh" cmd /c ver >/dev/null
+step "tests without Qt (Wine)" core_tests
+step "tests with windows (Wine)" window_tests
+[[ ! -d ../shared/acceptance ]] || step "acceptance cases (Wine)" cases
+step "journey on the real window (Wine)" "$here/journey.sh" ${quick:+--quick} "$build" "$pictures"
+if [[ -z $quick && -d build/windows-kit/dist ]]; then
+    step "zip and installer (Wine)" "$here/check-package.sh" build/windows-kit/dist
+fi
+/usr/lib/wine/wineserver --kill 2>/dev/null || true
+summary "steps under Wine"
