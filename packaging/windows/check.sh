@@ -59,7 +59,11 @@ cases() {
     fi
 }
 
-"$here/wine.sh" cmd /c ver >/dev/null
+"$here/wine.sh" cmd /c ver >/dev/null # makes the prefix
+wineserver=/usr/lib/wine/wineserver
+[[ -x $wineserver ]] || wineserver=$(command -v wineserver)
+"$wineserver" --persistent # a start of its own for each program takes seconds
+trap '"$wineserver" --kill 2>/dev/null || true' EXIT
 step "tests without Qt (Wine)" core_tests
 step "tests with windows (Wine)" window_tests
 [[ ! -d ../shared/acceptance ]] || step "acceptance cases (Wine)" cases
@@ -67,5 +71,4 @@ step "journey on the real window (Wine)" "$here/journey.sh" ${quick:+--quick} "$
 if [[ -z $quick && -d build/windows-kit/dist ]]; then
     step "zip and installer (Wine)" "$here/check-package.sh" build/windows-kit/dist
 fi
-/usr/lib/wine/wineserver --kill 2>/dev/null || true
 summary "steps under Wine"

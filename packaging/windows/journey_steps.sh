@@ -487,6 +487,11 @@ stations() {
 }
 no_stations() { [[ -z $(stations) ]]; }
 
+# A key that comes while a window is still being put up can be lost under Wine.
+give_up_question() {
+    ! is_shown '変更の保存' || { to_front '変更の保存'; keys Escape; settle; false; }
+}
+
 close_all() {
     # The sizes of the panes are kept by a command, that of the window by the end.
     keys alt+s
@@ -503,7 +508,7 @@ close_all() {
     wait_active '変更の保存'
     settle
     picture 11-question
-    keys Escape
+    wait_until 10 'the question given up' give_up_question
     wait_active 'KELD section - ?*三径間 鈑桁橋.sbd[*]]'
     keys alt+F4
     wait_active '変更の保存'
