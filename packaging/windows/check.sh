@@ -62,7 +62,9 @@ cases() {
 "$here/wine.sh" cmd /c ver >/dev/null # makes the prefix
 wineserver=/usr/lib/wine/wineserver
 [[ -x $wineserver ]] || wineserver=$(command -v wineserver)
+"$wineserver" --wait
 "$wineserver" --persistent # a start of its own for each program takes seconds
+"$here/wine.sh" cmd /c ver >/dev/null 2>&1 </dev/null # the services start, and hold nobody's pipe
 trap '"$wineserver" --kill 2>/dev/null || true' EXIT
 step "tests without Qt (Wine)" core_tests
 step "tests with windows (Wine)" window_tests
