@@ -76,7 +76,8 @@ bool CRecoveryCopy::Write(const QString& project, std::string_view bytes)
         return false;
     const QByteArray origin = project.toUtf8();
     const std::string_view originBytes(origin.constData(), static_cast<std::size_t>(origin.size()));
-    if (!ReplaceFileBytes(ToPath(Sibling(file_, ".origin"_L1)), originBytes).Ok() || !ReplaceFileBytes(ToPath(file_), bytes).Ok())
+    if (!ReplaceFileBytes(ToPath(Sibling(file_, ".origin"_L1)), originBytes).Ok()
+        || !ReplaceFileBytes(ToPath(file_), bytes).Ok())
         return false;
     written_ = true;
     return true;

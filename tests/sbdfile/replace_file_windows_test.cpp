@@ -300,31 +300,20 @@ TEST_F(ReplaceFileWindowsTest, TheRightsOfTheFileStay)
 
 TEST_F(ReplaceFileWindowsTest, AFileThatIsHeldForAMomentIsReplacedAfterAll)
 {
-    // As virus scanners do: open to be looked at, shared with nobody who would rename it.
-    Held scanner(file_, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
-    std::thread end([&] {
-        std::this_thread::sleep_for(200ms);
-        scanner.LetGo();
-    });
-    const FileResult result = ReplaceFileBytes(file_, new_);
-    end.join();
-    EXPECT_TRUE(result.Ok()) << result.detail;
-    EXPECT_TRUE(Bytes(file_) == new_);
-    EXPECT_THAT(Leftovers(folder_), IsEmpty());
-}
-
-TEST_F(ReplaceFileWindowsTest, AFileThatIsHeldAloneForAMomentIsReplacedAfterAll)
-{
-    Held scanner(file_, GENERIC_READ, kAlone);
-    std::thread end([&] {
-        std::this_thread::sleep_for(200ms);
-        scanner.LetGo();
-    });
-    const FileResult result = ReplaceFileBytes(file_, new_);
-    end.join();
-    EXPECT_TRUE(result.Ok()) << result.detail;
-    EXPECT_TRUE(Bytes(file_) == new_);
-    EXPECT_THAT(Leftovers(folder_), IsEmpty());
+    // As virus scanners do: open to be looked at, shared with nobody who would rename it, or with nobody at all.
+    for (const DWORD sharing : {DWORD{FILE_SHARE_READ | FILE_SHARE_WRITE}, kAlone}) {
+        WriteBytes(file_, old_);
+        Held scanner(file_, GENERIC_READ, sharing);
+        std::thread end([&] {
+            std::this_thread::sleep_for(200ms);
+            scanner.LetGo();
+        });
+        const FileResult result = ReplaceFileBytes(file_, new_);
+        end.join();
+        EXPECT_TRUE(result.Ok()) << "shared " << sharing << ": " << result.detail;
+        EXPECT_TRUE(Bytes(file_) == new_) << "shared " << sharing;
+        EXPECT_THAT(Leftovers(folder_), IsEmpty());
+    }
 }
 
 TEST_F(ReplaceFileWindowsTest, AFileThatIsHeldForGoodStays)
