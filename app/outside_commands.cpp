@@ -13,8 +13,8 @@ void ConnectOutside(CMainFrame& frame, const DeploymentSettings& settings)
     seams.warn = [&frame](const QString& text) { frame.Warn(text); };
     const COutside outside(QApplication::applicationDirPath(), settings, std::move(seams));
     QObject::connect(&frame, &CMainFrame::commandForOutside, &frame, [outside](int command) { outside.Run(command); });
-    frame.SetHomePages({!settings.homePage.isEmpty(), !settings.secondHomePage.isEmpty(),
-                        SecondHomePageText(settings)});
+    frame.SetHomePages(
+        {!settings.homePage.isEmpty(), !settings.secondHomePage.isEmpty(), SecondHomePageText(settings)});
 }
 
 } // namespace sbd

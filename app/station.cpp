@@ -93,7 +93,8 @@ void StartVersionCheck(CMainFrame& frame, const DeploymentSettings& settings)
     seams.ask = [&frame](const QString& text) { return AskYesNo(&frame, text); };
     seams.openPage = [](const QUrl& page) { QDesktopServices::openUrl(page); };
     seams.quit = [&frame] { frame.close(); };
-    auto* check = new CVersionCheck(VersionRecordFolder(WindowsFolder(), StateFolder()), settings, std::move(seams), &frame);
+    auto* check =
+        new CVersionCheck(VersionRecordFolder(WindowsFolder(), StateFolder()), settings, std::move(seams), &frame);
     frame.SetVersionText(VersionMenuText(kSystemVersion, {}));
     QObject::connect(check, &CVersionCheck::checked, &frame, [&frame](const QString& result) {
         frame.SetVersionText(VersionMenuText(kSystemVersion, result));

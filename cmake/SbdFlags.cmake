@@ -18,8 +18,19 @@ if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
     find_program(SBD_CCACHE ccache)
     mark_as_advanced(SBD_CCACHE)
     if(SBD_CCACHE)
-        set(CMAKE_CXX_COMPILER_LAUNCHER "${SBD_CCACHE}")
+        # A clone elsewhere finds what this one compiled: paths below the source folder count as relative ones. What a
+        # precompiled header holds is told by its own contents, so that these and the cache go together.
+        set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}"
+            CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+            "${SBD_CCACHE}")
     endif()
+endif()
+
+# Debug information and __FILE__ name files from the root of the tree, wherever it stands.
+add_compile_options("-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.")
+# ccache takes precompiled headers only with this from g++.
+if(SBD_CCACHE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options(-fpch-preprocess)
 endif()
 
 add_library(sbd_flags INTERFACE)

@@ -8,9 +8,9 @@
 #include "frame/document_steps.h"
 #include "frame/profile.h"
 #include "panels/panel.h"
+#include "sbdfile/writer.h"
 #include "upperview/chk_view.h"
 #include "upperview/up_view.h"
-#include "sbdfile/writer.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -278,13 +278,14 @@ void CFileCommands::KeepRecoveryCopies()
 void CFileCommands::OfferRecoveryCopies()
 {
     for (const RecoveryCopy& copy : FindRecoveryCopies()) {
-        const QString of = copy.project.isEmpty() ? u"(まだ保存していないプロジェクト)"_s
-                                                  : QDir::toNativeSeparators(copy.project);
-        const QString text = u"前回、保存されないまま残った入力内容の回復用コピーがあります。\n\n"_s + of
-                             + u"\nコピーの時刻: "_s + QLocale(QLocale::Japanese).toString(copy.time, u"yyyy/MM/dd HH:mm:ss"_s)
-                             + u"\n\n「開く」を選ぶと、変更のあるプロジェクトとして開きます。元のファイルは、保存するまで変わりません。"
-                               u"\n「破棄する」を選ぶと、コピーを削除します。"
-                               u"\n「あとで」を選ぶと、次に起動したときにもう一度お知らせします。"_s;
+        const QString of =
+            copy.project.isEmpty() ? u"(まだ保存していないプロジェクト)"_s : QDir::toNativeSeparators(copy.project);
+        const QString text =
+            u"前回、保存されないまま残った入力内容の回復用コピーがあります。\n\n"_s + of + u"\nコピーの時刻: "_s
+            + QLocale(QLocale::Japanese).toString(copy.time, u"yyyy/MM/dd HH:mm:ss"_s)
+            + u"\n\n「開く」を選ぶと、変更のあるプロジェクトとして開きます。元のファイルは、保存するまで変わりません。"
+              u"\n「破棄する」を選ぶと、コピーを削除します。"
+              u"\n「あとで」を選ぶと、次に起動したときにもう一度お知らせします。"_s;
         switch (prompts_.askRecovery(area_.window(), text)) {
         case RecoveryAnswer::Open:
             OpenRecoveryCopy(copy);

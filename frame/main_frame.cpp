@@ -26,9 +26,9 @@ namespace {
 
 const auto kGeometryKey = u"Window Size/Frame"_s;
 constexpr QSize kFirstSize{1280, 800};
-constexpr int kMargin = 4;                        // px
-constexpr int kNoticeTime = 30'000;               // ms
-constexpr auto kRecoveryInterval = 3min;          // between copies of what is not saved
+constexpr int kMargin = 4;               // px
+constexpr int kNoticeTime = 30'000;      // ms
+constexpr auto kRecoveryInterval = 3min; // between copies of what is not saved
 
 /// The project files among what is dragged.
 QStringList ProjectFiles(const QMimeData* dragged)

@@ -278,8 +278,8 @@ void CMainFrame::Print(CChildFrame& child, bool preview)
 void CMainFrame::SavePicture(CChildFrame& child)
 {
     const QFileInfo project(child.Doc().PathName().isEmpty() ? child.Doc().Title() : child.Doc().PathName());
-    const QString proposal =
-        project.path() + u'/' + project.completeBaseName() + u'_' + QString::number(child.Doc().CurrentBlock()) + u".png"_s;
+    const QString proposal = project.path() + u'/' + project.completeBaseName() + u'_'
+                             + QString::number(child.Doc().CurrentBlock()) + u".png"_s;
     const QString file = prompts_.savePictureName(this, proposal);
     if (!file.isEmpty() && !child.UpView().SavePicture(file)) {
         Warn(u"図を保存できませんでした。\n"_s + QDir::toNativeSeparators(file)

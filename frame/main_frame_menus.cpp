@@ -143,8 +143,7 @@ void CMainFrame::FillWindowMenu(QMenu& menu)
         CChildFrame* child = children[i];
         const QString path = child->Doc().PathName();
         const QString name = path.isEmpty() ? child->Title() : QDir::toNativeSeparators(path);
-        QAction* entry =
-            menu.addAction(Numbered(i, name), this, [this, child] { area_->setActiveSubWindow(child); });
+        QAction* entry = menu.addAction(Numbered(i, name), this, [this, child] { area_->setActiveSubWindow(child); });
         entry->setCheckable(true);
         entry->setChecked(child == CurrentChild());
         windowEntries_.append(entry);

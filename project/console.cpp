@@ -18,13 +18,14 @@ bool PrintText(std::FILE* stream, std::string_view utf8)
     DWORD mode = 0;
     if (GetConsoleMode(handle, &mode)) {
         const int size = static_cast<int>(utf8.size());
-        std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, nullptr, 0)), L'\0');
+        std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, nullptr, 0)),
+                          L'\0');
         MultiByteToWideChar(CP_UTF8, 0, utf8.data(), size, wide.data(), static_cast<int>(wide.size()));
         constexpr std::size_t most = 8192; // an old console takes no more at once
         for (std::wstring_view left = wide; !left.empty();) {
             DWORD count = 0;
-            if (!WriteConsoleW(handle, left.data(), static_cast<DWORD>(std::min(left.size(), most)), &count, nullptr) ||
-                count == 0)
+            if (!WriteConsoleW(handle, left.data(), static_cast<DWORD>(std::min(left.size(), most)), &count, nullptr)
+                || count == 0)
                 return false;
             left.remove_prefix(count);
         }

@@ -44,8 +44,8 @@ FileFacts LookAtFile(const std::filesystem::path& path)
     else
         facts.kind = FileFacts::Kind::File;
     facts.size = std::uintmax_t{data.nFileSizeHigh} << 32 | data.nFileSizeLow;
-    facts.changed = static_cast<std::int64_t>(std::uint64_t{data.ftLastWriteTime.dwHighDateTime} << 32 |
-                                              data.ftLastWriteTime.dwLowDateTime);
+    facts.changed = static_cast<std::int64_t>(std::uint64_t{data.ftLastWriteTime.dwHighDateTime} << 32
+                                              | data.ftLastWriteTime.dwLowDateTime);
     return facts;
 }
 

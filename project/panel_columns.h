@@ -16,21 +16,21 @@ using WordList = std::vector<std::string>;
 
 /// One grid column of a table panel. Texts in CP932, a line break is "\n".
 struct PanelColumn {
-    int width = 0;              ///< pixels at row width mode 0
+    int width = 0; ///< pixels at row width mode 0
     std::string head;
-    std::string sectionHead;    ///< head when the project's type begins with "断面"; empty: no second set in this block
-    std::string name;           ///< column name in the file; empty where the file's rows have several forms
-    WordList words;             ///< of the data rows; empty: free text
+    std::string sectionHead; ///< head when the project's type begins with "断面"; empty: no second set in this block
+    std::string name;        ///< column name in the file; empty where the file's rows have several forms
+    WordList words;          ///< of the data rows; empty: free text
     int rightAlignedFromRow = 0; ///< grid row from which the cells are right-aligned; 0: never
 };
 
 /// The panel of a table block (640 and 670 included, not 311, 324, 325, 501, 702).
 struct PanelTable {
     int block = 0;
-    int headHeight = 30;        ///< pixels
-    int automaticRows = 1;      ///< rows at the top that are no data rows
-    int usable = 3;             ///< columns usable in an automatic row, column 0 counted
-    WordList fixedTexts;        ///< of row 1, from column 3 on
+    int headHeight = 30;   ///< pixels
+    int automaticRows = 1; ///< rows at the top that are no data rows
+    int usable = 3;        ///< columns usable in an automatic row, column 0 counted
+    WordList fixedTexts;   ///< of row 1, from column 3 on
     bool hasSectionHeads = false;
     std::vector<PanelColumn> columns; ///< column 0 is the row number
 };
@@ -44,9 +44,9 @@ struct PanelTable {
 struct OptionPanel {
     int block = 0;
     std::array<std::string, 3> heads;
-    int labelWidth = 0;         ///< base 1, pixels
-    int valueWidth = 0;         ///< base 2, pixels
-    int lowerLimit = 0;         ///< least row width mode for the value column
+    int labelWidth = 0;          ///< base 1, pixels
+    int valueWidth = 0;          ///< base 2, pixels
+    int lowerLimit = 0;          ///< least row width mode for the value column
     std::vector<WordList> words; ///< one a row of the block; empty: free text
 };
 
@@ -61,7 +61,7 @@ struct RecordPanel {
     std::vector<std::string> heads;
     std::vector<std::string> sectionHeads; ///< empty: no second set
     std::vector<int> widths;
-    std::vector<WordList> words;           ///< by column, of the data rows
+    std::vector<WordList> words; ///< by column, of the data rows
 };
 [[nodiscard]] std::span<const RecordPanel> RecordPanels();
 [[nodiscard]] const RecordPanel* FindRecordPanel(int block);

@@ -187,9 +187,9 @@ void CSbdData::Shrink()
 
 bool CSbdData::SameProject(const CSbdData& other) const
 {
-    return tables_ == other.tables_ && options_ == other.options_ && names501_ == other.names501_ &&
-           names702_ == other.names702_ && hGirder == other.hGirder && crossRibs == other.crossRibs &&
-           lRibs == other.lRibs && versionWord == other.versionWord && unknownLines == other.unknownLines;
+    return tables_ == other.tables_ && options_ == other.options_ && names501_ == other.names501_
+           && names702_ == other.names702_ && hGirder == other.hGirder && crossRibs == other.crossRibs
+           && lRibs == other.lRibs && versionWord == other.versionWord && unknownLines == other.unknownLines;
 }
 
 } // namespace sbd

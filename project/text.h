@@ -24,8 +24,8 @@ namespace sbd {
 /// Bytes of the character at `pos` (1 or 2); a lead byte without a trail byte is a character of its own.
 [[nodiscard]] constexpr std::size_t CharacterLength(std::string_view text, std::size_t pos)
 {
-    return IsLeadByte(static_cast<unsigned char>(text[pos])) && pos + 1 < text.size() &&
-                   IsTrailByte(static_cast<unsigned char>(text[pos + 1]))
+    return IsLeadByte(static_cast<unsigned char>(text[pos])) && pos + 1 < text.size()
+                   && IsTrailByte(static_cast<unsigned char>(text[pos + 1]))
                ? 2
                : 1;
 }

@@ -38,11 +38,7 @@ public:
         return replaced ? 0 : size;
     }
 #else
-    PlatformConverter()
-        : decoder_(iconv_open("UTF-32LE", "CP932"))
-        , encoder_(iconv_open("CP932", "UTF-32LE"))
-    {
-    }
+    PlatformConverter() : decoder_(iconv_open("UTF-32LE", "CP932")), encoder_(iconv_open("CP932", "UTF-32LE")) {}
     ~PlatformConverter()
     {
         iconv_close(decoder_);
@@ -121,8 +117,8 @@ private:
         if (backSize == 1)
             encode[character] = static_cast<unsigned char>(back[0]);
         else if (backSize == 2)
-            encode[character] = static_cast<std::uint16_t>(static_cast<unsigned char>(back[0]) << 8 |
-                                                           static_cast<unsigned char>(back[1]));
+            encode[character] = static_cast<std::uint16_t>(static_cast<unsigned char>(back[0]) << 8
+                                                           | static_cast<unsigned char>(back[1]));
     }
 };
 

@@ -17,7 +17,7 @@ inline constexpr std::array<std::string_view, 6> kResultExtensions{".Z1D", ".Z1F
 /// One file as it stood on the disk.
 struct FileStamp {
     std::filesystem::path file;
-    std::uintmax_t size = 0; ///< bytes
+    std::uintmax_t size = 0;  ///< bytes
     std::int64_t changed = 0; ///< FileFacts::changed
 
     friend bool operator==(const FileStamp&, const FileStamp&) = default;

@@ -96,11 +96,7 @@ struct NameListsOfFile {
 /// Takes the names of one keyword; places that the file does not give a name keep what they had.
 class NameListReader {
 public:
-    NameListReader(NameList& list, std::size_t size)
-        : list_(list)
-    {
-        list_.Resize(size);
-    }
+    NameListReader(NameList& list, std::size_t size) : list_(list) { list_.Resize(size); }
 
     [[nodiscard]] bool Full() const { return taken_ == list_.size; }
 

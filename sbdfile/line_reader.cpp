@@ -29,8 +29,8 @@ constexpr char kLeadOfPunctuation = '\x81'; // lead byte of all three double-byt
 bool BecomesBlanks(std::string_view text, std::size_t pos)
 {
     constexpr std::string_view trails = "\x40\x41\x43"; // full-width blank, ideographic comma, full-width comma
-    return text[pos] == kLeadOfPunctuation && pos + 1 < text.size() &&
-           trails.find(text[pos + 1]) != std::string_view::npos;
+    return text[pos] == kLeadOfPunctuation && pos + 1 < text.size()
+           && trails.find(text[pos + 1]) != std::string_view::npos;
 }
 
 } // namespace
@@ -44,8 +44,8 @@ std::string_view LineCleaner::Clean(std::string_view line)
 
 std::string_view LineCleaner::CleanRow(std::string_view line)
 {
-    if (line.find(',') == std::string_view::npos && line.find('\t') == std::string_view::npos &&
-        line.find(kLeadOfPunctuation) == std::string_view::npos)
+    if (line.find(',') == std::string_view::npos && line.find('\t') == std::string_view::npos
+        && line.find(kLeadOfPunctuation) == std::string_view::npos)
         return Trim(line);
     return Trim(Replace(line, true));
 }

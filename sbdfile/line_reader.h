@@ -11,10 +11,7 @@ namespace sbd {
 /// the last LF is a line as well.
 class LineReader {
 public:
-    explicit LineReader(std::string_view bytes)
-        : rest_(bytes)
-    {
-    }
+    explicit LineReader(std::string_view bytes) : rest_(bytes) {}
 
     /// False behind the last line.
     [[nodiscard]] bool Next(std::string_view& line);

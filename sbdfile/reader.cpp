@@ -209,8 +209,9 @@ private:
     {
         for (const HeadRow& head : heads)
             table.AppendRow({head.word, head.value});
-        if (control &&
-            std::ranges::none_of(control->words, [&](const std::string& word) { return firstWord.starts_with(word); }))
+        if (control && std::ranges::none_of(control->words, [&](const std::string& word) {
+                return firstWord.starts_with(word);
+            }))
             table.AppendRow({control->cells.begin(), control->cells.end()});
     }
 
@@ -256,8 +257,8 @@ private:
         const std::size_t row = table.RowCount() - 1;
         const auto cell = [&](std::size_t column) { return table.columns[column][row]; };
         static const std::vector<std::string> sides = {"内面"_cp932, "外面"_cp932, "中心"_cp932};
-        if (row == 0 || !cell(10).empty() || cell(7).empty() || cell(9).empty() ||
-            std::ranges::find(sides, cell(8)) == sides.end())
+        if (row == 0 || !cell(10).empty() || cell(7).empty() || cell(9).empty()
+            || std::ranges::find(sides, cell(8)) == sides.end())
             return;
         for (std::size_t column = 10; column > 7; --column)
             table.columns[column].Set(row, cell(column - 1));

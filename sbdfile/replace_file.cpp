@@ -4,12 +4,11 @@
 
 #include <cerrno>
 #include <chrono>
-#include <string>
-#include <system_error>
-
 #include <fcntl.h>
+#include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace sbd {
@@ -19,10 +18,7 @@ namespace {
 /// An open file descriptor; closes itself.
 class Descriptor {
 public:
-    explicit Descriptor(int number)
-        : number_(number)
-    {
-    }
+    explicit Descriptor(int number) : number_(number) {}
     ~Descriptor()
     {
         if (number_ >= 0)

@@ -2,11 +2,10 @@
 // for no password; this turns the address "any" of a bind into the loopback address, so that only this machine,
 // and whoever has an ssh login on it, reaches the window. docs/decisions/0004-vnc-on-loopback.md
 #include <arpa/inet.h>
+#include <cstring>
 #include <dlfcn.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
-
-#include <cstring>
 
 extern "C" int bind(int socket, const sockaddr* address, socklen_t length) noexcept
 {

@@ -21,7 +21,7 @@ case ${1:-} in
             wine64 xvfb xauth xdotool openbox x11-utils imagemagick python3)
         ;;
     dev | ci)
-        packages+=(libgtest-dev libgmock-dev libbenchmark-dev)
+        packages+=(libgtest-dev libgmock-dev libbenchmark-dev clang-format-14)
         if [[ $1 == ci ]]; then
             packages+=(clang-14 libclang-rt-14-dev python3)
         fi

@@ -331,10 +331,9 @@ constexpr Command kCommands[] = {
      "Reads the six result files of the frame analysis and prints what they hold, as JSON. --again reads those of OTHER\n"
      "into the same records afterwards.",
      RunResults},
-    {"result-paths", "result-paths PROJECTPATH", "Prints where the result files of a project path are looked for, as JSON.",
-     RunResultPaths},
-    {"result-table",
-     "result-table PROJECT --kind K --load L --girder G --station S [--off C]... [--exclude N]...",
+    {"result-paths", "result-paths PROJECTPATH",
+     "Prints where the result files of a project path are looked for, as JSON.", RunResultPaths},
+    {"result-table", "result-table PROJECT --kind K --load L --girder G --station S [--off C]... [--exclude N]...",
      "Prints the table of analysis results for a selection, as JSON. K is 変位, 断面力 or 反力, L a load case as the\n"
      "results name it, G a girder, すべて or なし, S the beginning of names, すべて or なし. --off leaves a component's\n"
      "columns out, --exclude a name.",

@@ -133,9 +133,9 @@ json DumpNames(const CSbdData& data)
                    {"lines", TextList(names.lineNames)},
                    {"girderWidth", names.girderNameWidth},
                    {"swayWidth", names.swayNameWidth}};
-    const bool whole = std::ranges::all_of(names.girderNames, IsWholeText) &&
-                       std::ranges::all_of(names.swayNames, IsWholeText) &&
-                       std::ranges::all_of(names.lineNames, IsWholeText);
+    const bool whole = std::ranges::all_of(names.girderNames, IsWholeText)
+                       && std::ranges::all_of(names.swayNames, IsWholeText)
+                       && std::ranges::all_of(names.lineNames, IsWholeText);
     if (!whole)
         result["bytes"] = {{"girders", HexList(names.girderNames)},
                            {"sways", HexList(names.swayNames)},

@@ -110,8 +110,8 @@ json JsonList(const List& list, ToJson toJson)
 bool StaysOutOfFile(const Difference& difference, const CSbdData& data)
 {
     const SectionLayout* layout = FindSectionLayout(difference.block);
-    return difference.kind == DifferenceKind::RowAdded && layout &&
-           data.RowCount(difference.block) < static_cast<std::size_t>(layout->leastRows);
+    return difference.kind == DifferenceKind::RowAdded && layout
+           && data.RowCount(difference.block) < static_cast<std::size_t>(layout->leastRows);
 }
 
 } // namespace
@@ -195,8 +195,8 @@ std::string CheckText(const CheckReport& report)
 {
     std::string text = report.ownForm
                            ? "このファイルは本システムの書式どおりです。読み込んで保存しても1バイトも変わりません。\n"
-                           : "このファイルは本システムの書式と異なります。読み込んで保存すると " +
-                                 std::to_string(report.firstOtherLine) + "行目から変わります。\n";
+                           : "このファイルは本システムの書式と異なります。読み込んで保存すると "
+                                 + std::to_string(report.firstOtherLine) + "行目から変わります。\n";
     if (report.controlBlockHeldBack)
         text += "301に「<?>」があるので、保存すると題名と301が書かれません。値を入力してください。\n";
     AppendList(text, "読み込むと失われる行", report.lost, NoteText);

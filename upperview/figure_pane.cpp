@@ -51,7 +51,8 @@ void CFigurePane::Paint(QPainter& painter)
 {
     const FigureScreen screen = FigureScreenOf(*this);
     if (ShowsResult()) {
-        DrawResultPage(painter, screen, doc_->Results(), ResultSessionOf(*doc_).selection, LookOf(doc_->display), view_);
+        DrawResultPage(painter, screen, doc_->Results(), ResultSessionOf(*doc_).selection, LookOf(doc_->display),
+                       view_);
         return;
     }
     const int block = doc_->HelpBlock() >= 0 ? doc_->HelpBlock() : doc_->CurrentBlock();

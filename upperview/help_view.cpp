@@ -48,8 +48,7 @@ CHelpView::CHelpView(CKELDSectionDoc* doc, QWidget* parent)
 
 int CHelpView::LinkAt(QPointF place) const
 {
-    const QPointF onPage =
-        (place + QPointF(horizontalScrollBar()->value(), verticalScrollBar()->value())) / Scale();
+    const QPointF onPage = (place + QPointF(horizontalScrollBar()->value(), verticalScrollBar()->value())) / Scale();
     for (std::size_t i = 0; i < linkRects.size(); ++i) {
         if (linkRects[i].contains(onPage))
             return static_cast<int>(i);

@@ -99,8 +99,8 @@ bool CUpView::SavePicture(const QString& file)
         PaintPicture(painter);
     }
     QSaveFile target(file);
-    return !bytes.data().isEmpty() && target.open(QFile::WriteOnly)
-           && target.write(bytes.data()) == bytes.data().size() && target.commit();
+    return !bytes.data().isEmpty() && target.open(QFile::WriteOnly) && target.write(bytes.data()) == bytes.data().size()
+           && target.commit();
 }
 
 void CUpView::Refresh()

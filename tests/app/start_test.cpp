@@ -178,8 +178,14 @@ class StartTest : public QObject {
 
 private slots:
 #ifdef Q_OS_WIN
-    void init() { own_ = std::make_unique<UsersOwn>(); }
-    void cleanup() { own_.reset(); }
+    void init()
+    {
+        own_ = std::make_unique<UsersOwn>();
+    }
+    void cleanup()
+    {
+        own_.reset();
+    }
 #endif
     void aSecondStartHandsItsProjectToTheFirst();
     void aFirstStartThatCrashedDoesNotBlockTheNext();

@@ -22,7 +22,7 @@ struct Answers {
     RecoveryAnswer recovery = RecoveryAnswer::Later;
     QString engines; ///< folder of the engines
 
-    QString proposal; ///< name the save dialog began with
+    QString proposal;    ///< name the save dialog began with
     QStringList filters; ///< of the dialog for a new project's file
     QStringList asked;
     QStringList warned;

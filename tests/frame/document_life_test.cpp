@@ -151,9 +151,8 @@ void DocumentLifeTest::runAtOnceOnAnOldProjectAsksAndKeepsIt()
     station.user.yes = {false};
     CChildFrame* child = station.Begin(4);
     QVERIFY(child != nullptr);
-    QCOMPARE(station.user.asked,
-             QStringList(QDir::toNativeSeparators(station.Project())
-                         + u"\n古い自動設計結果があります,廃棄しますか？"_s));
+    QCOMPARE(station.user.asked, QStringList(QDir::toNativeSeparators(station.Project())
+                                             + u"\n古い自動設計結果があります,廃棄しますか？"_s));
     QCOMPARE(Bytes(station.Project()), before);
     QVERIFY(child->Doc().Data().RowCount(313) > CSbdData().RowCount(313)); // the file's, read behind the run
 }
@@ -205,11 +204,10 @@ void DocumentLifeTest::aHeldProjectIsAskedFor()
     QVERIFY(other.Take(path));
     QVERIFY(station.frame.OpenProject(path) == nullptr);
     QCOMPARE(station.user.asked.size(), 1);
-    QCOMPARE(station.user.asked[0],
-             QDir::toNativeSeparators(path)
-                 + u"\n\nは他のプログラムで使用され，KELD sectionを継続しますか？"
-                   u"\n\nはい　　=　ほかのプログラムは終了しましたので，継続します．"
-                   u"\n\nいいえ　=　ファイルを開きません！\n"_s);
+    QCOMPARE(station.user.asked[0], QDir::toNativeSeparators(path)
+                                        + u"\n\nは他のプログラムで使用され，KELD sectionを継続しますか？"
+                                          u"\n\nはい　　=　ほかのプログラムは終了しましたので，継続します．"
+                                          u"\n\nいいえ　=　ファイルを開きません！\n"_s);
     QVERIFY(station.user.warned.isEmpty());
     other.Release();
     QVERIFY(station.frame.OpenProject(path) != nullptr);
@@ -293,13 +291,14 @@ void DocumentLifeTest::theRunsStandInTheirOrderInTheMenu()
                 texts.append(action->text());
         }
     }
-    QCOMPARE(texts,
-             QStringList(
-                 {u"1.実行　　　　　　　　　　　（主桁・横桁・骨組などすべての計算を行います．主桁結果を画面表示）"_s,
-                  u"2.データをチェック"_s,
-                  u"3.計算結果出力　　　　　　　（主桁・横桁・骨組などすべての計算を行い，その後出力画面を表示)"_s,
-                  u"4.横桁･対傾構結果表示; 選択出力 　　　　　　　　 (正しく表示には 1. 実行してから行ってください)"_s,
-                  u"5.支点補剛材・ダイヤフラム結果表示; 選択出力　　(正しく表示には 1. 実行してから行ってください)"_s}));
+    QCOMPARE(
+        texts,
+        QStringList(
+            {u"1.実行　　　　　　　　　　　（主桁・横桁・骨組などすべての計算を行います．主桁結果を画面表示）"_s,
+             u"2.データをチェック"_s,
+             u"3.計算結果出力　　　　　　　（主桁・横桁・骨組などすべての計算を行い，その後出力画面を表示)"_s,
+             u"4.横桁･対傾構結果表示; 選択出力 　　　　　　　　 (正しく表示には 1. 実行してから行ってください)"_s,
+             u"5.支点補剛材・ダイヤフラム結果表示; 選択出力　　(正しく表示には 1. 実行してから行ってください)"_s}));
 }
 
 void DocumentLifeTest::aRunBringsTheChangesBack()

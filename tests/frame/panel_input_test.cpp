@@ -161,7 +161,7 @@ void PanelInputTest::aScreenReaderFindsNamesOfGridHeadsAndCells()
     const QList<QAccessibleInterface*> heads = table->cellAt(1, 5)->tableCellInterface()->columnHeaderCells();
     QCOMPARE(heads.size(), 1);
     QCOMPARE(heads[0]->text(QAccessible::Name), u"幅 (mm)"_s); // without its line break
-    for (QAccessibleInterface* head : heads) // made for the caller, owned by nobody
+    for (QAccessibleInterface* head : heads)                   // made for the caller, owned by nobody
         QAccessible::deleteAccessibleInterface(QAccessible::registerAccessibleInterface(head));
     QVERIFY(table->cellAt(0, 4)->text(QAccessible::Description).contains(u"入力不可"_s));
 

@@ -54,10 +54,7 @@ struct Station {
         child = frame->OpenProject(folder.Example(u"plate4"_s));
         QApplication::processEvents();
     }
-    [[nodiscard]] QAction* Action(int command) const
-    {
-        return frame->Actions().Of(command);
-    }
+    [[nodiscard]] QAction* Action(int command) const { return frame->Actions().Of(command); }
     /// Gives a command as the menu and the tool bar do.
     void Give(int command) const
     {
@@ -204,9 +201,9 @@ void WindowCommandsTest::theToolBarStandsInItsOrder()
 {
     const Station station;
     QList<QAction*> wanted;
-    for (const int command :
-         {57600, 57601, 57603, 0, 57643, 57635, 57634, 57637, 0,     57607, 57609, 0,     33037, 0,     33150, 33153, 33154,
-          33033, 33035, 0,     32990, 39255, 0,     32989, 32996, 32995, 32994, 32991, 32992, 32993, 32997, 32998, 32999, 33000})
+    for (const int command : {57600, 57601, 57603, 0,     57643, 57635, 57634, 57637, 0,     57607, 57609, 0,
+                              33037, 0,     33150, 33153, 33154, 33033, 33035, 0,     32990, 39255, 0,     32989,
+                              32996, 32995, 32994, 32991, 32992, 32993, 32997, 32998, 32999, 33000})
         wanted.append(command == 0 ? nullptr : station.Action(command));
     QList<QAction*> there;
     for (QAction* action : station.frame->findChild<QToolBar*>()->actions()) {

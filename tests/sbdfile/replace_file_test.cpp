@@ -233,7 +233,8 @@ TEST_F(ReplaceFileTest, AFolderThatIsNotThereIsToldAsNotFound)
     EXPECT_EQ(result.error, FileError::NotFound);
     EXPECT_EQ(result.detail, "No such file or directory");
     EXPECT_FALSE(fs::exists(folder_ / "missing"));
-    EXPECT_EQ(ReplaceFileBytes(file_ / "bridge.sbd", new_).error, FileError::NotFound) << "a file where a folder is named";
+    EXPECT_EQ(ReplaceFileBytes(file_ / "bridge.sbd", new_).error, FileError::NotFound)
+        << "a file where a folder is named";
     EXPECT_TRUE(Bytes(file_) == old_);
 }
 

@@ -6,9 +6,8 @@
 #include <QSettings>
 #include <QStandardPaths>
 
-#include <windows.h>
-
 #include <array>
+#include <windows.h>
 
 namespace {
 
