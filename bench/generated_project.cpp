@@ -1,8 +1,8 @@
 #include "bench/generated_project.h"
 
+#include "project/block_rules.h"
 #include "project/text.h"
 #include "sbdfile/layout.h"
-#include "sbdfile/reader_rules.h"
 #include "sbdfile/writer.h"
 
 #include <cstdint>

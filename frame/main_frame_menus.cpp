@@ -73,17 +73,15 @@ void CMainFrame::FillDataMenu(QMenu& menu)
 {
     for (const DataMenuPart& part : DataMenuParts()) {
         QMenu* entries = &menu;
-        if (!part.title.empty()) {
+        if (part.group != 0) {
             entries = menu.addMenu(QString());
-            dataEntries_.push_back({entries->menuAction(), part.ranges.front().first / 10 * 10, part.title, true});
+            dataEntries_.push_back({entries->menuAction(), part.group, part.title, true});
         } else if (!menu.isEmpty()) {
             menu.addSeparator();
         }
-        for (const auto& [first, last] : part.ranges) {
-            for (int block = first; block <= last; ++block)
-                AddDataEntry(*entries, block);
-        }
-        if (part.title.empty())
+        for (const int block : part.blocks)
+            AddDataEntry(*entries, block);
+        if (part.group == 0)
             menu.addSeparator();
     }
     TitleDataMenu();

@@ -1,7 +1,7 @@
 #include "panelmodel/links.h"
 
+#include "project/block_rules.h"
 #include "project/sbd_data.h"
-#include "project/text.h"
 
 #include <algorithm>
 #include <array>
@@ -10,46 +10,6 @@
 namespace sbd {
 
 namespace {
-
-using namespace literals;
-
-/// A row (from 1) of an option block.
-struct OptionPlace {
-    int block;
-    int row;
-};
-
-/// Rows of option blocks that hold one value: whichever is written last counts.
-constexpr std::array<std::array<OptionPlace, 4>, 11> kSharedOptions{{
-    {{{301, 30}, {521, 3}}},
-    {{{301, 31}, {521, 4}}},
-    {{{301, 17}, {521, 5}, {721, 10}, {701, 17}}},
-    {{{301, 29}, {721, 3}}},
-    {{{302, 35}, {521, 34}}},
-    {{{303, 31}, {521, 35}}},
-    {{{401, 12}, {701, 10}, {721, 5}}},
-    {{{401, 13}, {701, 11}, {721, 6}}},
-    {{{401, 14}, {701, 12}, {721, 7}}},
-    {{{401, 15}, {701, 13}, {721, 8}}},
-    {{{401, 16}, {701, 14}, {721, 9}}},
-}};
-
-/// A row (from 1) of block 301 and the blocks whose automatic row shows its value.
-struct AutomaticLink {
-    int optionRow;
-    std::array<int, 4> blocks;
-};
-
-constexpr std::array<AutomaticLink, 8> kAutomaticLinks{{
-    {9, {331, 332}},
-    {10, {341, 342, 343, 344}},
-    {11, {315}},
-    {12, {313}},
-    {13, {327}},
-    {14, {328}},
-    {18, {324}},
-    {19, {325, 326}},
-}};
 
 void SetOptionAt(CSbdData& data, OptionPlace place, std::string_view value, std::vector<ChangedRow>& changed)
 {
@@ -62,7 +22,7 @@ void SetOptionAt(CSbdData& data, OptionPlace place, std::string_view value, std:
 
 void ShareOptions(CSbdData& data, int block, std::vector<ChangedRow>& changed)
 {
-    for (const std::array<OptionPlace, 4>& places : kSharedOptions) {
+    for (const SharedOption& places : SharedOptions()) {
         const auto source = std::ranges::find(places, block, &OptionPlace::block);
         if (source == places.end())
             continue;
@@ -94,7 +54,7 @@ void SetAutomaticRow(CSbdData& data, int block, std::string_view value, std::vec
         SetTableCell(data, block, 0, 1, value, changed);
         return;
     }
-    table->AppendRow({"自動計算(YES_NO)"_cp932, value});
+    table->AppendRow({AutomaticWordOf(block), value});
     changed.push_back({block, -1});
 }
 
@@ -111,9 +71,7 @@ void AddHeightRows(CSbdData& data, std::vector<ChangedRow>& changed)
     TableBlock& table = *data.Table(511);
     if (table.RowCount() > 0)
         return;
-    table.AppendRow({"自動計算(YES_NO)"_cp932, "YES"});
-    table.AppendRow({"上FLG厚を主桁高に含むか"_cp932, "YES"});
-    table.AppendRow({"下FLG厚を主桁高に含むか"_cp932, "YES"});
+    AppendHeadRows(511, table);
     changed.push_back({511, -1});
 }
 
@@ -122,11 +80,10 @@ void LinkFlanges(CSbdData& data, int block, std::vector<ChangedRow>& changed)
     if (block != 311 && block != 721)
         return;
     AddHeightRows(data, changed);
-    static const std::string notIncluded = "桁高に含まない"_cp932;
     for (int row = 1; row <= 2; ++row) {
         const std::size_t index = static_cast<std::size_t>(row) - 1;
         const std::string value = block == 721 ? std::string(data.Option(721, index))
-                                               : (data.hGirder.types[index] == notIncluded ? "NO" : "YES");
+                                               : (data.hGirder.types[index] == OutsideOfHeight() ? "NO" : "YES");
         SetFlangeInHeight(data, row, value, changed);
     }
 }
@@ -146,20 +103,12 @@ void LinkFromTable(CSbdData& data, int block, std::vector<ChangedRow>& changed)
 
 } // namespace
 
-int AutomaticOptionRow(int block)
-{
-    for (const AutomaticLink& link : kAutomaticLinks)
-        if (block != 0 && std::ranges::find(link.blocks, block) != link.blocks.end())
-            return link.optionRow;
-    return 0;
-}
-
 std::vector<ChangedRow> LinkAutomaticValue(CSbdData& data, int optionRow, std::string_view value)
 {
     std::vector<ChangedRow> changed;
     const std::string copy(value); // it may be a view of a cell that is set here
     SetOptionAt(data, {301, optionRow}, copy, changed);
-    for (const AutomaticLink& link : kAutomaticLinks)
+    for (const AutomaticLink& link : AutomaticLinks())
         if (link.optionRow == optionRow)
             for (const int block : link.blocks)
                 SetAutomaticRow(data, block, copy, changed);
@@ -175,7 +124,7 @@ std::vector<ChangedRow> ApplyLinks(CSbdData& data, int block)
         LinkFromTable(data, block, changed);
         return changed;
     }
-    for (const AutomaticLink& link : kAutomaticLinks) {
+    for (const AutomaticLink& link : AutomaticLinks()) {
         const std::vector<ChangedRow> linked =
             LinkAutomaticValue(data, link.optionRow, data.Option(301, static_cast<std::size_t>(link.optionRow) - 1));
         changed.insert(changed.end(), linked.begin(), linked.end());

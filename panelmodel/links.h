@@ -11,7 +11,4 @@ namespace sbd {
 /// Sets row `optionRow` (from 1) of block 301 and the automatic rows of the table blocks that go with it.
 [[nodiscard]] std::vector<ChangedRow> LinkAutomaticValue(CSbdData& data, int optionRow, std::string_view value);
 
-/// The row (from 1) of block 301 that a table block's automatic row, or that of 324 or 325, goes with; 0 if none.
-[[nodiscard]] int AutomaticOptionRow(int block);
-
 } // namespace sbd

@@ -1,6 +1,7 @@
 #include "panelmodel/rib_panel.h"
 
 #include "panelmodel/links.h"
+#include "project/block_rules.h"
 #include "project/text.h"
 
 #include <algorithm>

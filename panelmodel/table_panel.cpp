@@ -2,6 +2,7 @@
 
 #include "panelmodel/links.h"
 #include "panelmodel/project_type.h"
+#include "project/block_rules.h"
 #include "project/text.h"
 
 #include <algorithm>
@@ -26,55 +27,23 @@ const WordList& YesNo()
     return words;
 }
 
-/// Rows at the top whose first cell is a word that the reader knows the row by; some blocks have more of them than
-/// automatic rows.
-int WordRows(const PanelTable& panel)
-{
-    switch (panel.block) {
-    case 511:
-    case 611:
-    case 644:
-    case 672:
-    case 674:
-        return 3;
-    case 643:
-        return 2;
-    default:
-        return panel.automaticRows;
-    }
-}
-
-/// A first row with a form of its own in the file. `value`: what stands in its first cell if nothing was typed there;
-/// without it the row below would become the first one.
-struct FirstRow {
-    int block;
-    std::string_view value;
-};
-constexpr FirstRow kFirstRows[] = {{402, {}}, {403, {}}, {412, "YES"}};
-
-const FirstRow* FindFirstRow(int block)
-{
-    const FirstRow* const row = std::ranges::find(kFirstRows, block, &FirstRow::block);
-    return row == std::end(kFirstRows) ? nullptr : row;
-}
-
 /// Rows at the top that stay where they are.
-int FixedRows(const PanelTable& panel)
+int FixedRows(int block)
 {
-    return FindFirstRow(panel.block) ? 1 : WordRows(panel);
+    return FindOwnFirstRow(block) ? 1 : WordRowsOf(block);
 }
 
 std::string ControlValue(int block, const CSbdData& data)
 {
     if (const int optionRow = AutomaticOptionRow(block))
         return std::string(data.Option(301, static_cast<std::size_t>(optionRow) - 1));
-    return block == 651 ? "YES-1" : "YES";
+    return std::string(AutomaticValueOf(block));
 }
 
 } // namespace
 
 CTablePanelModel::CTablePanelModel(CSbdData& data, int block, const PanelSettings& settings)
-    : CRowPanelModel(data, block, settings, 0, FixedRows(*FindPanelTable(block)))
+    : CRowPanelModel(data, block, settings, 0, FixedRows(block))
     , panel_(*FindPanelTable(block))
     , cells_(*data.Table(block))
 {
@@ -95,12 +64,10 @@ bool CTablePanelModel::AddAutomaticRows()
 {
     if (panel_.automaticRows == 0 || cells_.RowCount() > 0)
         return false;
-    if (Block() == 321 || Block() == 322) {
-        cells_.AppendRow({Block() == 321 ? "最大継手長"_cp932 : "最大断面長"_cp932, "12"});
-        cells_.AppendRow({"入力方法"_cp932, "横桁と垂直補剛材より"_cp932});
-        return true;
-    }
-    cells_.AppendRow({"自動計算(YES_NO)"_cp932, ControlValue(Block(), Data())});
+    if (panel_.automaticRows > 1)
+        AppendHeadRows(Block(), cells_);
+    else
+        cells_.AppendRow({AutomaticWordOf(Block()), ControlValue(Block(), Data())});
     return true;
 }
 
@@ -167,7 +134,7 @@ bool CTablePanelModel::DoIsEditable(int row, int column) const
     if (static_cast<std::size_t>(column) > cells_.columns.size())
         return false; // a column that the block does not store
     // The word at the head of an automatic row is what makes it one.
-    return column != kWordColumn || row > WordRows(panel_) || Cell(row, column).empty();
+    return column != kWordColumn || row > WordRowsOf(Block()) || Cell(row, column).empty();
 }
 
 CellColor CTablePanelModel::TextColor(int row, int column) const
@@ -199,7 +166,7 @@ CellEffect CTablePanelModel::DoSetCell(int row, int column, std::string_view tex
     const int entry = EntryOf(row);
     cells_.columns[static_cast<std::size_t>(column) - 1].Set(static_cast<std::size_t>(entry), text);
     Touch(entry);
-    const FirstRow* const first = FindFirstRow(Block());
+    const OwnFirstRow* const first = FindOwnFirstRow(Block());
     if (!first || first->value.empty() || row == 1 || !Cell(1, kWordColumn).empty())
         return CellEffect::Cell;
     cells_.columns.front().Set(0, first->value);

@@ -185,7 +185,9 @@ public:
             if (!ShowGroup(facts_, view_, group.block))
                 continue;
             rows_.push_back({0, group.block, true, false, TitleIn(view_.language, GroupTitle(facts_, group))});
-            AddItems(1, group.items);
+            for (const int block : BlocksOfGroup(&CatalogueRow::tree, group.block))
+                if (ShowBlock(facts_, view_, block))
+                    AddItem(1, block);
         }
         if (IsWholeBridge(facts_))
             AddItems(0, kItemsBelow);
@@ -283,15 +285,19 @@ std::vector<TreeRow> TreeRows(const CSbdData& data, const TreeView& view)
 
 bool HasInputInForce(const CSbdData& data, int block)
 {
-    const auto found =
-        std::ranges::find_if(MarkRanges(), [=](const MarkRange& range) { return Holds(range.blocks, block); });
-    if (found == MarkRanges().end())
-        return false;
-    if (found->rule == MarkRule::Always)
-        return true;
     const int canonical = CanonicalBlock(block);
-    return MarkRows(data, canonical) > found->rows
-           && (found->rule == MarkRule::MoreRows || ControlValue(data, canonical) == "NO");
+    const CatalogueRow* row = FindBlock(canonical);
+    switch (row != nullptr ? row->mark.rule : MarkRule::Never) {
+    case MarkRule::Never:
+        return false;
+    case MarkRule::Always:
+        return true;
+    case MarkRule::MoreRows:
+        return MarkRows(data, canonical) > row->mark.rows;
+    case MarkRule::MoreRowsAndNoAutomatic:
+        return MarkRows(data, canonical) > row->mark.rows && ControlValue(data, canonical) == "NO";
+    }
+    return false;
 }
 
 std::string TreeKey(const CSbdData& data)

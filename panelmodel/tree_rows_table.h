@@ -15,8 +15,8 @@ using BlockRanges = std::vector<BlockRange>;
 struct TreeGroup {
     int block;
     std::string_view title; ///< UTF-8; empty: by the project's type
-    BlockRanges items;      ///< in the order of the tree
 };
+/// In the order of the tree. What stands in them is told by the rows of the catalogue.
 [[nodiscard]] const std::vector<TreeGroup>& TreeGroups();
 
 /// What the tree shows of a project by the beginning of its type.
@@ -38,20 +38,5 @@ struct FilteredItems {
     BlockRanges items;
 };
 [[nodiscard]] const std::vector<FilteredItems>& FilteredItemTable();
-
-/// When a block counts as filled.
-enum class MarkRule {
-    Always,
-    MoreRows,               ///< more rows than the rule's number
-    MoreRowsAndNoAutomatic, ///< and the control row says "NO"
-};
-
-struct MarkRange {
-    MarkRule rule;
-    std::size_t rows;
-    BlockRanges blocks;
-};
-/// Numbers as the tree shows them, aliases included. What stands in no row is never bold.
-[[nodiscard]] const std::vector<MarkRange>& MarkRanges();
 
 } // namespace sbd

@@ -13,6 +13,14 @@ constexpr std::pair<int, int> kAliases[] = {
     {406, 713}, {567, 482}, {584, 483}, {712, 405}, {714, 514}, {722, 702}, {727, 707}, {732, 405}, {733, 713},
 };
 
+/// A block that stands among the numbers of a foreign group, behind one of them.
+struct Guest {
+    int block;
+    int group;
+    int behind;
+};
+constexpr Guest kGuests[] = {{671, 640, 642}};
+
 /// Numbers from..to of a group whose blocks share a panel class.
 struct PanelRange {
     int from;
@@ -69,18 +77,39 @@ std::span<const std::pair<int, int>> Commands()
     return commands;
 }
 
-int BlockOfCommand(int command)
+std::vector<int> BlocksOfGroup(BlockGroups CatalogueRow::*where, int group)
 {
-    for (const auto& [id, block] : Commands())
-        if (id == command)
-            return block;
-    return 0;
+    std::vector<int> blocks;
+    for (const CatalogueRow& row : Catalogue())
+        if (std::ranges::count(row.*where, group) > 0)
+            blocks.push_back(row.block);
+    for (const Guest& guest : kGuests) {
+        const auto from = std::ranges::find(blocks, guest.block);
+        if (guest.group != group || from == blocks.end())
+            continue;
+        blocks.erase(from);
+        blocks.insert(std::ranges::upper_bound(blocks, guest.behind), guest.block);
+    }
+    return blocks;
 }
 
-int CommandOfBlock(int block)
+std::span<const int> SectionOrder()
 {
-    const CatalogueRow* row = FindBlock(block);
-    return row && row->commandOpens ? row->command : 0;
+    static const std::vector<int> order = [] {
+        std::vector<const CatalogueRow*> rows;
+        for (const CatalogueRow& row : Catalogue())
+            if (row.kind != BlockKind::None)
+                rows.push_back(&row);
+        const auto place = [](const CatalogueRow* row) { return row->fileBehind ? row->fileBehind : row->block; };
+        std::ranges::stable_sort(rows, [&](const CatalogueRow* a, const CatalogueRow* b) {
+            return std::pair(place(a), a->fileBehind != 0) < std::pair(place(b), b->fileBehind != 0);
+        });
+        std::vector<int> blocks;
+        for (const CatalogueRow* row : rows)
+            blocks.push_back(row->block);
+        return blocks;
+    }();
+    return order;
 }
 
 std::span<const std::pair<int, int>> Aliases()

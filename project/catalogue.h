@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace sbd {
 
@@ -16,6 +17,21 @@ enum class BlockKind {
     OwnTable, ///< rows with a reader of the block's own
 };
 
+/// When a block counts as filled, and its title in the tree is bold.
+enum class MarkRule {
+    Never,
+    Always,
+    MoreRows,               ///< more rows than the rule's number
+    MoreRowsAndNoAutomatic, ///< and the control row says "NO"
+};
+struct BlockMark {
+    MarkRule rule;
+    std::size_t rows;
+};
+
+/// Heads of the groups, of the tree or the menu, in which a block stands; 0: no further one.
+using BlockGroups = std::array<int, 3>;
+
 /// One row of the catalogue. Texts are UTF-8; those that go into files are ASCII.
 struct CatalogueRow {
     int block;                                ///< 253 to 999
@@ -25,23 +41,29 @@ struct CatalogueRow {
     std::array<std::string_view, 4> prefixes; ///< header prefixes the reader accepts, in order of their test
     BlockKind kind;
     int columns;              ///< column vectors of a table block; 0: none
-    std::string_view panel;   ///< class of the panel
-    bool commandOpens = true; ///< the command stands in the command table (six stand in the menu alone)
+    BlockGroups tree;         ///< what stands in no group is an item of its own, or in no tree
+    BlockGroups menu;         ///< of the data menu; likewise
+    BlockMark mark;           ///< of the canonical block: an alias has none of its own
+    bool commandOpens = true; ///< the command stands in the command table (some stand in the menu alone)
+    int fileBehind = 0;       ///< the block behind whose section its own stands in the file; 0: by its number
 };
 
-/// All 241 rows in order of number.
+/// All rows in order of number.
 [[nodiscard]] std::span<const CatalogueRow> Catalogue();
 
 /// The row of a number (no alias step); null if there is none.
 [[nodiscard]] const CatalogueRow* FindBlock(int block);
 
-/// The 235 pairs of command and block, in order of block.
+/// The pairs of command and block, in order of block.
 [[nodiscard]] std::span<const std::pair<int, int>> Commands();
-/// Block of a menu command, or 0; command of a block, or 0.
-[[nodiscard]] int BlockOfCommand(int command);
-[[nodiscard]] int CommandOfBlock(int block);
 
-/// The nine aliases: number shown, canonical block.
+/// The numbers of a group of the tree or of the data menu, in their order there.
+[[nodiscard]] std::vector<int> BlocksOfGroup(BlockGroups CatalogueRow::*where, int group);
+
+/// The blocks that have a section in the file, in the order of writing.
+[[nodiscard]] std::span<const int> SectionOrder();
+
+/// The aliases: number shown, canonical block.
 [[nodiscard]] std::span<const std::pair<int, int>> Aliases();
 /// The block whose data and panel a number shows.
 [[nodiscard]] int CanonicalBlock(int block);

@@ -1,11 +1,11 @@
 #include "sbdfile/compare.h"
 
+#include "project/block_rules.h"
 #include "project/catalogue.h"
 #include "project/option_rows.h"
 #include "project/panel_columns.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
-#include "sbdfile/reader_rules.h"
 
 #include <algorithm>
 #include <charconv>

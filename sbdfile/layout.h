@@ -43,12 +43,9 @@ struct SectionLayout {
     std::string end;
 };
 
-/// The 201 sections of table blocks in the order of the file.
+/// The sections of table blocks.
 [[nodiscard]] std::span<const SectionLayout> SectionLayouts();
 /// The layout of a table block; null if it has none.
 [[nodiscard]] const SectionLayout* FindSectionLayout(int block);
-
-/// The 220 sections of the file, option blocks included, in the order of writing.
-[[nodiscard]] std::span<const int> SectionOrder();
 
 } // namespace sbd

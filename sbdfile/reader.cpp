@@ -1,12 +1,12 @@
 #include "sbdfile/reader.h"
 
+#include "project/block_rules.h"
 #include "project/catalogue.h"
 #include "project/option_rows.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
 #include "sbdfile/line_reader.h"
 #include "sbdfile/reader_records.h"
-#include "sbdfile/reader_rules.h"
 #include "sbdfile/repairs.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "sbdfile/reader_records.h"
 
+#include "project/block_rules.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
 #include "sbdfile/line_reader.h"
-#include "sbdfile/reader_rules.h"
 
 #include <algorithm>
 #include <functional>
@@ -155,14 +155,21 @@ void ReadUnusedLines(LineReader& lines, CSbdData& data)
 
 namespace {
 
-/// The list that a line starts; -1: none. Inside a list the heading must have its number, as a name may be spelled so.
+bool IsWholeNumber(std::string_view word)
+{
+    if (word.starts_with('-') || word.starts_with('+'))
+        word.remove_prefix(1);
+    return !word.empty() && word.front() >= '0' && word.front() <= '9';
+}
+
+/// The list that a line starts; -1: none. A heading's first word may be longer than the heading word ("主桁名 2 G1 G2").
+/// Inside a list that is not full it is the word alone, with its number, as a name may be spelled so.
 int HeadingOf(std::span<const std::string> headings, Words words, bool insideList)
 {
-    const auto found = std::ranges::find(headings, words.front());
-    if (found == headings.end())
-        return -1;
-    const std::string_view count = WordAt(words, 1);
-    if (insideList && (count.empty() || count[0] < '0' || count[0] > '9'))
+    const auto found = std::ranges::find_if(headings, [&](const std::string& heading) {
+        return insideList ? words.front() == heading : words.front().starts_with(heading);
+    });
+    if (found == headings.end() || (insideList && !IsWholeNumber(WordAt(words, 1))))
         return -1;
     return static_cast<int>(found - headings.begin());
 }

@@ -1,5 +1,6 @@
 #include "sbdfile/repairs.h"
 
+#include "project/block_rules.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
 
@@ -14,53 +15,15 @@ namespace {
 
 using namespace literals;
 
-/// A row of an option block, from 0.
-struct OptionPlace {
-    int block;
-    std::size_t row;
-};
-
-/// Values that one block copies to another: source, target.
-struct Link {
-    OptionPlace from;
-    OptionPlace to;
-};
-
-constexpr Link kLinks[] = {
-    {{301, 29}, {521, 2}},  {{301, 30}, {521, 3}}, {{301, 16}, {521, 4}},  {{301, 16}, {721, 9}},
-    {{301, 16}, {701, 16}}, {{301, 28}, {721, 2}}, {{302, 34}, {521, 33}}, {{303, 30}, {521, 34}},
-};
-
-/// The scallops and welds of 701, which rule those of 401 and 721.
-constexpr Link kScallopLinks[] = {
-    {{701, 9}, {401, 11}},  {{701, 10}, {401, 12}}, {{701, 11}, {401, 13}}, {{701, 12}, {401, 14}},
-    {{701, 13}, {401, 15}}, {{701, 9}, {721, 4}},   {{701, 10}, {721, 5}},  {{701, 11}, {721, 6}},
-    {{701, 12}, {721, 7}},  {{701, 13}, {721, 8}},
-};
-
-/// Control rows that follow a switch of block 301.
-struct ControlLink {
-    std::size_t row; ///< of block 301
-    int block;
-};
-
-constexpr ControlLink kControlLinks[] = {
-    {18, 326}, {11, 313}, {10, 315}, {12, 327}, {13, 328}, {8, 331}, {8, 332}, {9, 341}, {9, 342}, {9, 343}, {9, 344},
-};
-
-/// Blocks of one splice, whose control rows are tied together.
-constexpr std::array<std::array<int, 4>, 3> kTiedBlocks = {
-    {{557, 558, 559, 560}, {657, 658, 659, 660}, {677, 678, 679, 680}}};
-
-void CopyValues(std::span<const Link> links, CSbdData& data)
+/// The rows of option blocks that hold one value take that of the first of them.
+void ShareOptions(CSbdData& data)
 {
-    for (const Link& link : links)
-        data.SetOption(link.to.block, link.to.row, std::string(data.Option(link.from.block, link.from.row)));
-}
-
-std::string ControlWord()
-{
-    return "自動計算(YES_NO)"_cp932;
+    for (const SharedOption& places : SharedOptions()) {
+        const std::string value(data.Option(places[0].block, static_cast<std::size_t>(places[0].row) - 1));
+        for (const OptionPlace& place : places)
+            if (place.block != 0)
+                data.SetOption(place.block, static_cast<std::size_t>(place.row) - 1, value);
+    }
 }
 
 void ReadStringerNames(CSbdData& data)
@@ -77,7 +40,7 @@ void AddHandHoleTypes(TableBlock& table)
     if (table.RowCount() > 1)
         return;
     if (table.RowCount() == 0)
-        table.AppendRow({ControlWord(), "YES"});
+        table.AppendRow({AutomaticWordOf(409), AutomaticValueOf(409)});
     table.AppendRow({"TYPE_H_A", "6", "19", "16", "9", "300", "340", "240 150 180 SS400 SUS304"});
     table.AppendRow({"TYPE_H_B", "6", "19", "16", "9", "430", "250", "630 270 300 120 330 150 390 210 SS400 SUS304"});
 }
@@ -86,14 +49,10 @@ void AddHandHoleTypes(TableBlock& table)
 void SetFlangeRows(CSbdData& data)
 {
     TableBlock& table = *data.Table(511);
-    if (table.RowCount() == 0) {
-        table.AppendRow({ControlWord(), "YES"});
-        table.AppendRow({"上FLG厚を主桁高に含むか"_cp932, "YES"});
-        table.AppendRow({"下FLG厚を主桁高に含むか"_cp932, "YES"});
-    }
-    const std::string outside = "桁高に含まない"_cp932;
+    if (table.RowCount() == 0)
+        AppendHeadRows(511, table);
     for (std::size_t flange = 0; flange < 2; ++flange) {
-        const std::string_view value = data.hGirder.types[flange] == outside ? "NO" : "YES";
+        const std::string_view value = data.hGirder.types[flange] == OutsideOfHeight() ? "NO" : "YES";
         if (flange + 1 < table.RowCount())
             table.columns[1].Set(flange + 1, value);
         data.SetOption(721, flange, value);
@@ -135,16 +94,29 @@ void TakeBehindValue(TableBlock& table, std::span<const std::string> words)
     table.columns[last].Set(0, TrimLeft(rest));
 }
 
-void SetControlValue(TableBlock& table, std::string_view value)
+void SetControlValue(int block, TableBlock& table, std::string_view value)
 {
     if (table.RowCount() == 0) {
-        table.AppendRow({ControlWord(), value});
+        table.AppendRow({AutomaticWordOf(block), value});
         return;
     }
+    // What holds commas alone is no word in the file: the row's next cell would take its place at the next load.
+    const std::vector<std::string> words = WordsOfLine(value);
+    if (words.empty())
+        return;
     // A value of several words ("YES, 3") comes from the file as several cells. They are this value's own words and go.
-    if (const std::vector<std::string> words = WordsOfLine(value); words.size() > 1)
+    if (words.size() > 1)
         TakeBehindValue(table, std::span(words).subspan(1));
     table.columns[1].Set(0, value);
+}
+
+/// The automatic rows that follow a switch of block 301.
+void LinkAutomaticRows(CSbdData& data)
+{
+    for (const AutomaticLink& link : AutomaticLinks())
+        for (const int block : link.blocks)
+            if (TableBlock* table = data.Table(block))
+                SetControlValue(block, *table, data.Option(301, static_cast<std::size_t>(link.optionRow) - 1));
 }
 
 void TieSplices(const std::array<int, 4>& blocks, CSbdData& data)
@@ -159,7 +131,7 @@ void TieSplices(const std::array<int, 4>& blocks, CSbdData& data)
     for (const int block : blocks) {
         TableBlock& table = *data.Table(block);
         if (table.RowCount() == 0)
-            table.AppendRow({ControlWord(), "YES"});
+            table.AppendRow({AutomaticWordOf(block), AutomaticValueOf(block)});
         else
             table.columns[1].Set(0, "YES");
     }
@@ -193,12 +165,10 @@ void RepairAfterRead(CSbdData& data)
     RefreshSwayNames(data);
     ReadStringerNames(data);
     AddHandHoleTypes(*data.Table(409));
-    CopyValues(kLinks, data);
+    ShareOptions(data);
     SetFlangeRows(data);
-    CopyValues(kScallopLinks, data);
-    for (const ControlLink& link : kControlLinks)
-        SetControlValue(*data.Table(link.block), data.Option(301, link.row));
-    for (const std::array<int, 4>& blocks : kTiedBlocks)
+    LinkAutomaticRows(data);
+    for (const std::array<int, 4>& blocks : TiedBlocks())
         TieSplices(blocks, data);
 }
 

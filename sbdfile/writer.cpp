@@ -1,5 +1,6 @@
 #include "sbdfile/writer.h"
 
+#include "project/catalogue.h"
 #include "project/option_rows.h"
 #include "project/sbd_data.h"
 #include "project/text.h"

@@ -1,8 +1,8 @@
 #include "sbdfile/writer_records.h"
 
+#include "project/block_rules.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
-#include "sbdfile/reader_rules.h"
 
 #include <algorithm>
 #include <array>

@@ -64,7 +64,7 @@ json CatalogueEntry(const CatalogueRow& row)
             {"prefixes", prefixes},
             {"kind", KindName(row.kind)},
             {"columns", row.columns > 0 ? json(row.columns) : json()},
-            {"panel", row.panel}};
+            {"panel", PanelOfBlock(row.block)}};
 }
 
 json OptionRowEntry(const OptionBlock& block, std::size_t row)

@@ -1,9 +1,9 @@
 // Files that are no project, or were one. None is refused, none takes long, and each is at rest after a few turns of
 // loading and saving: what is written reads back the same.
+#include "project/block_rules.h"
 #include "project/catalogue.h"
 #include "project/option_rows.h"
 #include "sbdfile/layout.h"
-#include "sbdfile/reader_rules.h"
 #include "tests/sbdfile/sections.h"
 #include "tests/seed.h"
 

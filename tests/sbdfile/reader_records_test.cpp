@@ -211,6 +211,30 @@ TEST(ReadNames, AHeadingWithANumberStartsItsListInsideAnUnfilledOne)
     EXPECT_EQ(data.Names(501)->autoValue, "NO");
 }
 
+TEST(ReadNames, AHeadingWithANegativeNumberStartsItsListInsideAnUnfilledOneAndEmptiesIt)
+{
+    const CSbdData data = ReadOnly("[CBD_GRID]\n ライン 1 L1\n 主桁 9 G1\n ライン -5 L2\n G2\n[END]\n");
+    EXPECT_THAT(List(data, 501, 0), ElementsAre("G1"));
+    EXPECT_THAT(List(data, 501, 2), IsEmpty());
+}
+
+TEST(ReadNames, OutsideAListTheHeadingMayBeTheBeginningOfALongerWord)
+{
+    const CSbdData data = ReadOnly("[CBD_GRID]\n 主桁名 2 G1 G2\n 横桁(対傾構)名 2 S1 S2\n ライン(縦) 1 L1\n[END]\n"
+                                   "[2BD_GRID]\n 支承線名 1 S1\n 箱桁(左) 1 B1\n[END]\n");
+    EXPECT_THAT(List(data, 501, 0), ElementsAre("G1", "G2"));
+    EXPECT_THAT(List(data, 501, 1), ElementsAre("S1", "S2"));
+    EXPECT_THAT(List(data, 501, 2), ElementsAre("L1"));
+    EXPECT_THAT(List(data, 702, 2), ElementsAre("S1"));
+    EXPECT_THAT(List(data, 702, 3), ElementsAre("B1"));
+}
+
+TEST(ReadNames, InsideAnUnfilledListALongerWordThanTheHeadingIsAName)
+{
+    const CSbdData data = ReadOnly("[CBD_GRID]\n 主桁 4 G1\n ライン名 2\n L1\n[END]\n");
+    EXPECT_THAT(List(data, 501, 0), ElementsAre("G1", "ライン名", "2", "L1"));
+}
+
 TEST(ReadNames, AHeadingWordWithoutANumberIsANameInsideAList)
 {
     const CSbdData data = ReadOnly("[CBD_GRID]\n 主桁 6 G1\n ライン\n 主桁 x1\n 横桁(対傾構)A 1\n[END]\n");

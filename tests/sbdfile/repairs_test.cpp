@@ -249,6 +249,20 @@ TEST(RepairControlRows, ASwitchOfSeveralWordsIsStableOverLoadAndSave)
     EXPECT_EQ(FirstDifference(saved, WriteProject(again)), "");
 }
 
+TEST(RepairControlRows, ASwitchOfCommasAloneGoesNowhere)
+{
+    CSbdData data = Load("[SEC_CONTROL]\n AUTOMATIC_H_STIFF x ,,\n[END]\n"
+                         "[SEC_H_STIFF]\n 自動計算 Y 0 自動計算 Y 0 5\n G1 G2\n[END]\n");
+    EXPECT_EQ(TableText(data, 315)[0], "自動計算|Y|0|自動計算|Y|0|5");
+    std::string saved = WriteProject(data);
+    for (int turn = 0; turn < 3; ++turn) {
+        CSbdData again = LoadBytes(saved);
+        const std::string next = WriteProject(again);
+        EXPECT_EQ(FirstDifference(saved, next), "") << "a word of the row is gone in turn " << turn;
+        saved = next;
+    }
+}
+
 // --- tied blocks -------------------------------------------------------------------------------
 
 TEST(RepairTiedBlocks, TheLetterInOneOfFourSetsAllFour)
