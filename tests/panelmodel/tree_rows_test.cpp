@@ -2,6 +2,7 @@
 #include "project/catalogue.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
+#include "tests/expected_totals.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -87,7 +88,7 @@ TreeView Automatic()
 TEST(TreeRows, AWholeBridgeHasEveryGroupBetweenItsOwnItems)
 {
     const std::vector<TreeRow> rows = TreeRows(CSbdData());
-    EXPECT_EQ(rows.size(), 259u);
+    EXPECT_EQ(rows.size(), expected::kTreeRows);
     EXPECT_THAT(TopLevel(rows), ElementsAre(999, 253, 254, 255, 256, 259, 290, 300, 400, 500, 520, 570, 600, 640, 670,
                                             700, 801, 481, 482, 483, 484, 485, 486, 999));
 }

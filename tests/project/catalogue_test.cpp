@@ -29,28 +29,14 @@ std::string LowerCase(std::string_view text)
     return lower;
 }
 
-int CountOf(BlockKind kind)
-{
-    return static_cast<int>(std::ranges::count(Catalogue(), kind, &CatalogueRow::kind));
-}
-
 } // namespace
 
-TEST(Catalogue, Has241RowsInOrderOfNumber)
+TEST(Catalogue, ItsRowsStandInOrderOfNumber)
 {
-    EXPECT_EQ(Catalogue().size(), 241U);
     EXPECT_EQ(Catalogue().front().block, 253);
     EXPECT_EQ(Catalogue().back().block, 999);
     EXPECT_EQ(std::ranges::adjacent_find(Catalogue(), std::ranges::greater_equal(), &CatalogueRow::block),
               Catalogue().end());
-}
-
-TEST(Catalogue, Has220BlocksWithASection)
-{
-    EXPECT_EQ(CountOf(BlockKind::Option), 19);
-    EXPECT_EQ(CountOf(BlockKind::Table), 181);
-    EXPECT_EQ(CountOf(BlockKind::OwnTable), 20);
-    EXPECT_EQ(CountOf(BlockKind::None), 21);
 }
 
 TEST(Catalogue, ABlockHasATagAndPrefixesExactlyIfItHasASection)
@@ -83,7 +69,6 @@ TEST(Catalogue, TagsAreUnique)
         if (!row.tag.empty()) {
             EXPECT_TRUE(tags.insert(row.tag).second) << row.block;
         }
-    EXPECT_EQ(tags.size(), 220U);
 }
 
 TEST(Catalogue, TheFirstPrefixIsTheBeginningOfTheHeader)
@@ -188,7 +173,7 @@ TEST(Catalogue, NoTextHasAnythingButItsOwnBytesInItsFileWords)
 
 // --- commands ----------------------------------------------------------------------------------
 
-TEST(CatalogueCommands, Are235PairsUniqueBothWays)
+TEST(CatalogueCommands, ArePairsUniqueBothWays)
 {
     std::set<int> commands;
     std::set<int> blocks;
@@ -197,7 +182,6 @@ TEST(CatalogueCommands, Are235PairsUniqueBothWays)
         EXPECT_TRUE(blocks.insert(block).second) << block;
         EXPECT_TRUE(command > 0 && command < 0x10000) << command;
     }
-    EXPECT_EQ(commands.size(), 235U);
 }
 
 TEST(CatalogueCommands, OfBlocks292And293AreCrossed)

@@ -9,16 +9,15 @@
 
 namespace sbd {
 
-TEST(PageTitles, ThereAre216WithANumberEach)
+TEST(PageTitles, EachBeginsWithTheNumberOfABlock)
 {
-    EXPECT_EQ(PageTitles().size(), 216U);
     std::set<int> blocks;
     for (const PageTitle& title : PageTitles()) {
         EXPECT_TRUE(title.title.starts_with(std::to_string(title.block))) << title.title;
         EXPECT_NE(FindBlock(title.block), nullptr) << title.title;
         blocks.insert(title.block);
     }
-    EXPECT_EQ(blocks.size(), 216U) << "two titles have the same number";
+    EXPECT_EQ(blocks.size(), PageTitles().size()) << "two titles have the same number";
 }
 
 TEST(PageTitles, TheyStandInOrderOfTheBlockWhosePageTheyHead)

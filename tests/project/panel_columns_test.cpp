@@ -69,13 +69,12 @@ std::vector<std::pair<std::string, WordList>> AllWordLists()
 
 } // namespace
 
-TEST(PanelColumns, ThereAre198TablePanelsInOrderOfNumber)
+TEST(PanelColumns, TheTablePanelsStandInOrderOfNumber)
 {
-    EXPECT_EQ(PanelTables().size(), 198U);
     EXPECT_TRUE(RisesStrictly(BlocksOf(PanelTables())));
 }
 
-TEST(PanelColumns, ThereAre17OptionPanelsInOrderOfNumber)
+TEST(PanelColumns, TheOptionPanelsAreTheseInOrderOfNumber)
 {
     EXPECT_THAT(BlocksOf(OptionPanels()),
                 ElementsAre(301, 302, 303, 308, 309, 310, 401, 421, 521, 522, 531, 541, 571, 601, 701, 721, 801));
@@ -187,16 +186,13 @@ TEST(PanelColumns, TheLockedPartOfAnAutomaticRowFitsIntoThePanel)
 
 TEST(PanelColumns, TheColumnsOfABlockAreAllNamedOrNone)
 {
-    int named = 0;
     for (const PanelTable& panel : PanelTables()) {
         const auto count = std::count_if(panel.columns.begin() + 1, panel.columns.end(),
                                          [](const PanelColumn& column) { return !column.name.empty(); });
         if (count > 0) {
             EXPECT_EQ(static_cast<std::size_t>(count) + 1, panel.columns.size()) << panel.block;
-            ++named;
         }
     }
-    EXPECT_EQ(named, 136);
 }
 
 TEST(PanelColumns, ASecondSetOfHeadsCoversEveryColumn)

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 #include <vector>
@@ -68,8 +69,10 @@ TEST(SectionOrder, IsThatOfTheFile)
     std::vector<int> expected;
     for (const Place& place : kOrder)
         expected.push_back(place.block);
-    EXPECT_EQ(expected.size(), 220U);
-    EXPECT_EQ(std::vector<int>(SectionOrder().begin(), SectionOrder().end()), expected);
+    std::vector<int> order; // a block that is newer than this list stands by its number
+    std::ranges::copy_if(SectionOrder(), std::back_inserter(order),
+                         [&](int block) { return std::ranges::count(expected, block) > 0; });
+    EXPECT_EQ(order, expected);
 }
 
 TEST(SectionOrder, HoldsEveryBlockWithASectionOnce)
@@ -88,30 +91,29 @@ TEST(SectionOrder, TheForcesStandBehind359AndAheadOf401)
                 ElementsAre(359, 259, 291, 292, 293, 294, 295, 296, 391, 392, 393, 394, 395, 396, 401));
 }
 
-TEST(SectionLayouts, Are201OneForEachTableBlock)
+TEST(SectionLayouts, AreOneForEachTableBlock)
 {
-    EXPECT_EQ(SectionLayouts().size(), 201U);
+    std::size_t tables = 0;
     for (const CatalogueRow& row : Catalogue()) {
         const bool table = row.kind == BlockKind::Table || row.kind == BlockKind::OwnTable;
         const SectionLayout* layout = FindSectionLayout(row.block);
-        ASSERT_EQ(layout != nullptr, table) << row.block;
+        tables += table ? 1 : 0;
+        ASSERT_EQ(layout != nullptr, table) << row.block << (table ? " has no layout in the file" : " is no table");
         EXPECT_TRUE(!layout || layout->block == row.block) << row.block;
     }
+    EXPECT_EQ(SectionLayouts().size(), tables);
     EXPECT_EQ(FindSectionLayout(300), nullptr);
     EXPECT_EQ(FindSectionLayout(301), nullptr);
 }
 
 TEST(SectionLayouts, EachIsWrittenFromItsLeastNumberOfRowsOn)
 {
-    int layouts = 0;
     for (const Place& place : kOrder) {
         const SectionLayout* layout = FindSectionLayout(place.block);
         if (!layout)
             continue;
-        ++layouts;
         EXPECT_EQ(layout->leastRows, place.leastRows) << place.block;
     }
-    EXPECT_EQ(layouts, 201);
 }
 
 TEST(SectionLayouts, HeaderBeginsWithTheTagAndEndLineWithItsMark)

@@ -1,3 +1,4 @@
+#include "tests/expected_totals.h"
 #include "tests/tools/tool_runs.h"
 #include "tools/command_support.h"
 
@@ -280,7 +281,7 @@ TEST_F(Commands, DumpPrintsTheWholeDocument)
     const json dump = Printed(Tool({"dump", in}));
     EXPECT_EQ(dump.at("title"), "県道");
     EXPECT_EQ(dump.at("version_word"), "NEW_VERSION_20051205");
-    EXPECT_EQ(dump.at("options").size(), 19U);
+    EXPECT_EQ(dump.at("options").size(), expected::kOptionBlocks);
     EXPECT_EQ(dump.at("options").at("301").at(0), "県道");
     EXPECT_EQ(dump.at("tables").at("305"), json::array({json({"G1", "G1L", "", "", ""})}));
     EXPECT_FALSE(dump.at("tables").contains("304")) << "only blocks with rows";
@@ -347,12 +348,12 @@ TEST_F(Commands, NamesOfAMissingFileAreNoError)
 
 TEST_F(Commands, ListingsPrintTheirTables)
 {
-    EXPECT_EQ(Printed(Tool({"catalogue"})).at("blocks").size(), 241U);
-    EXPECT_EQ(Printed(Tool({"options"})).at("blocks").size(), 19U);
+    EXPECT_EQ(Printed(Tool({"catalogue"})).at("blocks").size(), expected::kCatalogueRows);
+    EXPECT_EQ(Printed(Tool({"options"})).at("blocks").size(), expected::kOptionBlocks);
     EXPECT_EQ(Printed(Tool({"options", "301"})).at("blocks").size(), 1U);
     EXPECT_EQ(Printed(Tool({"columns", "313"})).at("blocks").at(0).at("block"), 313);
     EXPECT_EQ(Printed(Tool({"columns", "406"})).at("blocks").at(0).at("block"), 713) << "an alias";
-    EXPECT_EQ(Printed(Tool({"pages"})).at("pages").size(), 216U);
+    EXPECT_EQ(Printed(Tool({"pages"})).at("pages").size(), expected::kPageTitles);
 }
 
 TEST_F(Commands, AListingOfABlockWithoutAnEntryIsRefused)

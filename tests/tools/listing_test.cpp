@@ -1,3 +1,4 @@
+#include "tests/expected_totals.h"
 #include "tools/listing.h"
 
 #include <gtest/gtest.h>
@@ -9,8 +10,8 @@ using nlohmann::json;
 TEST(Listing, TheCatalogueNamesBlocksCommandsAliasesAndPanels)
 {
     const json listing = CatalogueListing();
-    EXPECT_EQ(listing.at("blocks").size(), 241U);
-    EXPECT_EQ(listing.at("commands").size(), 235U);
+    EXPECT_EQ(listing.at("blocks").size(), expected::kCatalogueRows);
+    EXPECT_EQ(listing.at("commands").size(), expected::kCommandPairs);
     EXPECT_EQ(listing.at("aliases").at(0), json::array({406, 713}));
     EXPECT_EQ(listing.at("panels").at("614"), "CDown_DATA_600") << "a number that is no block";
     EXPECT_EQ(listing.at("blocks").at(0).at("tag"), nullptr);
@@ -48,7 +49,7 @@ TEST(Listing, ANumberWithoutAnEntryListsNothing)
 TEST(Listing, PagesAreListedWithTheirNumber)
 {
     const json listing = PagesListing();
-    EXPECT_EQ(listing.at("pages").size(), 216U);
+    EXPECT_EQ(listing.at("pages").size(), expected::kPageTitles);
     EXPECT_EQ(listing.at("pages").at(0).at("block"), 259);
 }
 
