@@ -1,10 +1,11 @@
 #include "project/console.h"
 
+#include <memory>
+
 #ifdef _WIN32
 #include <algorithm>
 #include <fcntl.h>
 #include <io.h>
-#include <string>
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 #endif
@@ -31,10 +32,30 @@ bool PrintText(std::FILE* stream, std::string_view utf8)
         }
         return true;
     }
+#endif
+    return PrintBytes(stream, utf8);
+}
+
+bool PrintBytes(std::FILE* stream, std::string_view bytes)
+{
+#ifdef _WIN32
     std::fflush(stream);
     _setmode(_fileno(stream), _O_BINARY);
 #endif
-    return std::fwrite(utf8.data(), 1, utf8.size(), stream) == utf8.size() && std::fflush(stream) == 0;
+    return std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size() && std::fflush(stream) == 0;
+}
+
+bool ReadAll(std::FILE* stream, std::string& bytes)
+{
+#ifdef _WIN32
+    _setmode(_fileno(stream), _O_BINARY);
+#endif
+    constexpr std::size_t most = 1U << 20;
+    const std::unique_ptr<char[]> buffer = std::make_unique<char[]>(most);
+    bytes.clear();
+    while (const std::size_t count = std::fread(buffer.get(), 1, most, stream))
+        bytes.append(buffer.get(), count);
+    return std::ferror(stream) == 0;
 }
 
 void UseConsoleOfStarter()

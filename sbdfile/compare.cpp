@@ -173,9 +173,11 @@ private:
         for (; from < fromEnd && to < toEnd; ++from, ++to)
             CompareRow(from, to);
         for (; from < fromEnd; ++from)
-            found_.push_back({DifferenceKind::RowRemoved, block_, GridRow(from), 0, {}, Joined(before_[from]), {}});
+            found_.push_back(
+                {DifferenceKind::RowRemoved, block_, GridRow(from), 0, {}, Joined(before_[from]), {}, before_[from]});
         for (; to < toEnd; ++to)
-            found_.push_back({DifferenceKind::RowAdded, block_, GridRow(to), 0, {}, {}, Joined(after_[to])});
+            found_.push_back(
+                {DifferenceKind::RowAdded, block_, GridRow(to), 0, {}, {}, Joined(after_[to]), after_[to]});
     }
 
     void CompareRow(std::size_t from, std::size_t to)
@@ -278,6 +280,7 @@ void CompareUnknown(const CSbdData& before, const CSbdData& after, std::vector<D
     for (std::size_t i = first; i < found.size(); ++i) {
         found[i].kind = DifferenceKind::UnknownLine;
         found[i].column = 0;
+        found[i].cells.clear();
     }
 }
 

@@ -25,6 +25,7 @@ struct Difference {
     std::string place; ///< row's label or column's name, as far as there is one
     std::string before;
     std::string after;
+    std::vector<std::string> cells = {}; ///< of a row that was added or removed
 };
 
 /// From `before` to `after`. Rows are matched, so that one row put in is one difference and not a hundred.

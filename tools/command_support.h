@@ -23,4 +23,10 @@ namespace sbd {
 /// Exit code 2 with `why` and how the command is used.
 [[nodiscard]] CommandResult WrongUse(std::string_view command, const std::string& why);
 
+/// True where the user's language is Japanese: by LC_ALL, LC_MESSAGES and LANG, on Windows by the system's own too.
+[[nodiscard]] bool SpeaksJapanese();
+
+/// The text with each control character but the line end by its number, \\u001b: a terminal does what it is told by them.
+[[nodiscard]] std::string WithoutControls(std::string_view utf8);
+
 } // namespace sbd

@@ -1,381 +1,162 @@
 #include "tools/commands.h"
 
-#include "panelmodel/panel_model.h"
-#include "panelmodel/tree_rows.h"
-#include "project/sbd_data.h"
-#include "project/text.h"
-#include "sbdfile/compare.h"
-#include "sbdfile/grid_names.h"
-#include "sbdfile/project_file.h"
-#include "sbdfile/writer.h"
 #include "tools/command_support.h"
-#include "tools/dump.h"
-#include "tools/listing.h"
-#include "tools/report.h"
+#include "tools/listing_commands.h"
+#include "tools/project_commands.h"
 #include "tools/result_commands.h"
 #include "tools/result_figure_commands.h"
 #include "tools/result_panel_commands.h"
 #include "tools/search_command.h"
-#include "tools/views.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <charconv>
-#include <optional>
+#include <array>
 
 namespace sbd {
 
 namespace {
 
-using nlohmann::json;
 using Arguments = std::span<const std::string>;
-using std::filesystem::path;
 
-std::string_view ErrorWords(FileError error)
-{
-    switch (error) {
-    case FileError::NotFound:
-        return "ファイルまたはフォルダがありません";
-    case FileError::IsFolder:
-        return "フォルダです。ファイルを指定してください";
-    case FileError::NoPermission:
-        return "アクセスする権限がありません";
-    case FileError::DiskFull:
-        return "ディスクの空きまたはファイルの大きさの上限が足りません";
-    case FileError::None:
-    case FileError::Other:
-        break;
-    }
-    return "入出力エラーです";
-}
-
-CommandResult CannotRead(const std::string& file, const FileResult& result)
-{
-    return Fail("sbdtool: 読み込めません: " + file + ": " + std::string(ErrorWords(result.error)) + " (" + result.detail
-                + ")");
-}
-
-CommandResult CannotWrite(const std::string& file, const FileResult& result)
-{
-    return Fail("sbdtool: 書き込めません: " + file + ": " + std::string(ErrorWords(result.error)) + " (" + result.detail
-                + ")。元のファイルはそのまま残っています。");
-}
-
-/// Arguments of a command: plain words, and options with or without a value.
-struct ParsedArguments {
-    std::vector<std::string> words;
-    std::optional<std::string> names;
-    std::optional<std::string> mode;
-    std::vector<std::string> checks;
-    std::string language;
-    bool plain = false;
-    bool noNames = false;
-    bool asJson = false;
-    std::optional<std::string> wrong; ///< what could not be understood
-};
-
-struct AllowedOptions {
-    bool names = false;
-    bool asJson = false;
-    bool plain = false;
-    bool tree = false;
-};
-
-ParsedArguments Parse(Arguments arguments, AllowedOptions allowed, std::size_t words)
-{
-    ParsedArguments parsed;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::string& argument = arguments[i];
-        if (allowed.names && argument == "--names" && i + 1 < arguments.size())
-            parsed.names = arguments[++i];
-        else if (allowed.names && argument == "--no-names")
-            parsed.noNames = true;
-        else if (allowed.plain && argument == "--plain")
-            parsed.plain = true;
-        else if (allowed.tree && argument == "--mode" && i + 1 < arguments.size())
-            parsed.mode = arguments[++i];
-        else if (allowed.tree && argument == "--check" && i + 1 < arguments.size())
-            parsed.checks.push_back(arguments[++i]);
-        else if (allowed.tree && argument == "--language" && i + 1 < arguments.size())
-            parsed.language = arguments[++i];
-        else if (allowed.asJson && argument == "--json")
-            parsed.asJson = true;
-        else if (argument.starts_with("--"))
-            parsed.wrong = "知らないオプションです: " + argument;
-        else
-            parsed.words.push_back(argument);
-    }
-    if (!parsed.wrong && parsed.words.size() != words)
-        parsed.wrong = "引数の数が違います";
-    if (!parsed.wrong && parsed.names && parsed.noNames)
-        parsed.wrong = "--names と --no-names は同時に指定できません";
-    return parsed;
-}
-
-std::optional<path> NamesFor(const ParsedArguments& parsed, const path& project)
-{
-    if (parsed.noNames)
-        return std::nullopt;
-    return parsed.names ? PathOf(*parsed.names) : NamesFileBeside(project);
-}
-
-/// A word that is a number as a whole.
-std::optional<int> WholeNumber(const std::string& word)
-{
-    int number = 0;
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
-    return error == std::errc() && end == word.data() + word.size() ? std::optional<int>(number) : std::nullopt;
-}
-
-CommandResult RunNew(Arguments arguments)
-{
-    const ParsedArguments parsed = Parse(arguments, {}, 1);
-    if (parsed.wrong)
-        return WrongUse("new", *parsed.wrong);
-    CSbdData data;
-    const FileResult result = ReplaceFileBytes(PathOf(parsed.words[0]), WriteProject(data));
-    return result.Ok() ? CommandResult() : CannotWrite(parsed.words[0], result);
-}
-
-CommandResult RunRewrite(Arguments arguments)
-{
-    const ParsedArguments parsed = Parse(arguments, {.names = true}, 2);
-    if (parsed.wrong)
-        return WrongUse("rewrite", *parsed.wrong);
-    CSbdData data;
-    const path in = PathOf(parsed.words[0]);
-    if (const FileResult result = LoadProject(in, NamesFor(parsed, in), data); !result.Ok())
-        return CannotRead(parsed.words[0], result);
-    WriteReport report;
-    const std::string text = WriteProject(data, &report);
-    if (const FileResult result = ReplaceFileBytes(PathOf(parsed.words[1]), text); !result.Ok())
-        return CannotWrite(parsed.words[1], result);
-    return {0, {}, report.controlBlockHeldBack ? std::string(kControlBlockMessage) + "\n" : std::string()};
-}
-
-CommandResult RunDump(Arguments arguments)
-{
-    const ParsedArguments parsed = Parse(arguments, {.names = true}, 1);
-    if (parsed.wrong)
-        return WrongUse("dump", *parsed.wrong);
-    CSbdData data;
-    const path in = PathOf(parsed.words[0]);
-    if (const FileResult result = LoadProject(in, NamesFor(parsed, in), data); !result.Ok())
-        return CannotRead(parsed.words[0], result);
-    return Print(DumpProject(data));
-}
-
-CommandResult RunNames(Arguments arguments)
-{
-    const ParsedArguments parsed = Parse(arguments, {}, 1);
-    if (parsed.wrong)
-        return WrongUse("names", *parsed.wrong);
-    CSbdData data;
-    ReadGridNames(PathOf(parsed.words[0]), data);
-    return Print(DumpNames(data));
-}
-
-CommandResult RunCatalogue(Arguments arguments)
-{
-    const ParsedArguments parsed = Parse(arguments, {}, 0);
-    return parsed.wrong ? WrongUse("catalogue", *parsed.wrong) : Print(CatalogueListing());
-}
-
-CommandResult RunPages(Arguments arguments)
-{
-    const ParsedArguments parsed = Parse(arguments, {}, 0);
-    return parsed.wrong ? WrongUse("pages", *parsed.wrong) : Print(PagesListing());
-}
-
-/// A listing of all blocks, or of one.
-CommandResult RunListing(std::string_view command, Arguments arguments, json (*all)(), std::optional<json> (*one)(int))
-{
-    const ParsedArguments parsed = Parse(arguments, {}, arguments.empty() ? 0 : 1);
-    if (parsed.wrong)
-        return WrongUse(command, *parsed.wrong);
-    if (parsed.words.empty())
-        return Print(all());
-    const std::string& word = parsed.words[0];
-    const std::optional<int> block = WholeNumber(word);
-    if (!block)
-        return WrongUse(command, "ブロック番号ではありません: " + word);
-    const std::optional<json> listing = one(*block);
-    return listing ? Print(*listing) : Fail("sbdtool: " + std::string(command) + " に項目のないブロックです: " + word);
-}
-
-CommandResult RunOptions(Arguments arguments)
-{
-    return RunListing("options", arguments, OptionsListing, OptionsListing);
-}
-
-CommandResult RunColumns(Arguments arguments)
-{
-    return RunListing("columns", arguments, ColumnsListing, ColumnsListing);
-}
-
-CommandResult RunTree(Arguments arguments)
-{
-    const ParsedArguments parsed = Parse(arguments, {.tree = true}, 1);
-    if (parsed.wrong)
-        return WrongUse("tree", *parsed.wrong);
-    TreeView view;
-    view.language = TitleLanguageOf(parsed.language);
-    if (parsed.mode) {
-        const std::optional<TreeMode> mode = TreeModeOf(WholeNumber(*parsed.mode).value_or(0));
-        if (!mode)
-            return WrongUse("tree", "表示方法のコマンドではありません: " + *parsed.mode);
-        view.mode = *mode;
-    }
-    for (const std::string& check : parsed.checks) {
-        const std::optional<TreeFilter> filter = TreeFilterOf(WholeNumber(check).value_or(0));
-        if (!filter)
-            return WrongUse("tree", "表示しない項目のコマンドではありません: " + check);
-        view.filters.insert(*filter);
-    }
-    CSbdData data;
-    const path in = PathOf(parsed.words[0]);
-    if (const FileResult result = LoadProject(in, NamesFileBeside(in), data); !result.Ok())
-        return CannotRead(parsed.words[0], result);
-    return Print(TreeListing(data, view));
-}
-
-CommandResult RunPanel(Arguments arguments)
-{
-    const ParsedArguments parsed = Parse(arguments, {.names = true, .plain = true}, 2);
-    if (parsed.wrong)
-        return WrongUse("panel", *parsed.wrong);
-    const std::optional<int> block = WholeNumber(parsed.words[1]);
-    if (!block)
-        return WrongUse("panel", "ブロック番号ではありません: " + parsed.words[1]);
-    CSbdData data;
-    const std::optional<path> names = parsed.names ? std::optional<path>(PathOf(*parsed.names)) : std::nullopt;
-    if (const FileResult result = LoadProject(PathOf(parsed.words[0]), names, data); !result.Ok())
-        return CannotRead(parsed.words[0], result);
-    const std::unique_ptr<CPanelModel> panel = MakePanelModel(data, *block, {.wordLists = !parsed.plain});
-    return panel ? Print(PanelListing(*panel)) : Fail("sbdtool: 入力パネルのない番号です: " + parsed.words[1]);
-}
-
-CommandResult RunCheck(Arguments arguments)
-{
-    const ParsedArguments parsed = Parse(arguments, {.names = true, .asJson = true}, 1);
-    if (parsed.wrong)
-        return WrongUse("check", *parsed.wrong);
-    const path in = PathOf(parsed.words[0]);
-    std::string bytes;
-    if (const FileResult result = ReadFileBytes(in, bytes); !result.Ok())
-        return CannotRead(parsed.words[0], result);
-    CSbdData names;
-    if (const std::optional<path> file = NamesFor(parsed, in))
-        ReadGridNames(*file, names);
-    const CheckReport report = CheckProject(bytes, names);
-    CommandResult result = parsed.asJson ? Print(CheckJson(report)) : CommandResult{0, CheckText(report), {}};
-    result.exitCode = report.ownForm && report.unstable.empty() ? 0 : 1;
-    return result;
-}
-
-CommandResult RunDiff(Arguments arguments)
-{
-    const ParsedArguments parsed = Parse(arguments, {.asJson = true}, 2);
-    if (parsed.wrong)
-        return WrongUse("diff", *parsed.wrong);
-    CSbdData sides[2];
-    for (std::size_t i = 0; i < 2; ++i) {
-        const path in = PathOf(parsed.words[i]);
-        if (const FileResult result = LoadProject(in, NamesFileBeside(in), sides[i]); !result.Ok())
-            return CannotRead(parsed.words[i], result);
-    }
-    const std::vector<Difference> differences = CompareProjects(sides[0], sides[1]);
-    CommandResult result;
-    if (parsed.asJson) {
-        json list = json::array();
-        for (const Difference& difference : differences)
-            list.push_back(DifferenceJson(difference));
-        result = Print({{"differences", std::move(list)}});
-    } else if (differences.empty()) {
-        result.output = "違いはありません。\n";
-    } else {
-        for (const Difference& difference : differences)
-            result.output += DifferenceText(difference) + "\n";
-    }
-    result.exitCode = differences.empty() ? 0 : 1;
-    return result;
-}
-
+// Laid out by hand: one line a line of the help.
+// clang-format off
 constexpr Command kCommands[] = {
-    {"new", "new OUT", "Writes a project that was never loaded: all option values at their defaults, no tables.",
+    {"new", "new OUT",
+     "Writes a project that was never loaded: all option values at their defaults, no tables.",
+     "一度も読み込んでいないプロジェクトを書き出します。項目の値はすべて初期値で、表は空です。",
      RunNew},
     {"rewrite", "rewrite IN OUT [--names F | --no-names]",
-     "Loads IN, with the repairs of a load, and saves it as OUT. The names of the bridge come from F, else from the "
-     "*.abd\n"
-     "file beside IN, if there is one. OUT is put in place whole or not at all.",
+     "Loads IN, with the repairs of a load, and saves it as OUT. The names of the bridge come from F, else from the *.abd\n"
+     "file beside IN, if there is one. OUT is put in place whole or not at all. - is standard input or output.",
+     "IN を補正して読み込み、OUT として保存します。橋の名称は F から、なければ IN と同じ場所の *.abd ファイルから読みます。\n"
+     "OUT は全体が置き換わるか、元のまま残るかのどちらかです。「-」は標準入力・標準出力です。",
      RunRewrite},
-    {"dump", "dump IN [--names F | --no-names]", "Loads IN likewise and prints the whole document as JSON.", RunDump},
-    {"names", "names F.abd", "Prints the names that a file of the frame analysis gives, as JSON.", RunNames},
-    {"catalogue", "catalogue", "Prints the block catalogue as JSON: blocks, commands, aliases, panels.", RunCatalogue},
-    {"options", "options [BLOCK]", "Prints the rows of the option blocks as JSON, with word lists.", RunOptions},
-    {"columns", "columns [BLOCK]", "Prints the columns of the table panels as JSON: heads, widths, word lists.",
+    {"dump", "dump IN [--names F | --no-names]",
+     "Loads IN likewise and prints the whole document as JSON.",
+     "IN を同様に読み込み、文書全体を JSON で出力します。",
+     RunDump},
+    {"names", "names F.abd",
+     "Prints the names that a file of the frame analysis gives, as JSON.",
+     "骨組解析のファイルにある名称を JSON で出力します。",
+     RunNames},
+    {"catalogue", "catalogue",
+     "Prints the block catalogue as JSON: blocks, commands, aliases, panels.",
+     "ブロックの一覧を JSON で出力します(ブロック、コマンド、共用番号、パネル)。",
+     RunCatalogue},
+    {"options", "options [BLOCK]",
+     "Prints the rows of the option blocks as JSON, with word lists.",
+     "項目ブロックの行と選択肢を JSON で出力します。",
+     RunOptions},
+    {"columns", "columns [BLOCK]",
+     "Prints the columns of the table panels as JSON: heads, widths, word lists.",
+     "表パネルの列(見出し、幅、選択肢)を JSON で出力します。",
      RunColumns},
-    {"pages", "pages", "Prints the title lines of the help pages as JSON.", RunPages},
+    {"pages", "pages",
+     "Prints the title lines of the help pages as JSON.",
+     "説明ページの題名を JSON で出力します。",
+     RunPages},
     {"tree", "tree PROJECT [--mode C] [--check C]... [--language W]",
-     "Prints what the block tree shows for a project, as JSON. C is a mode (33026, 33007, 33006) or a filter command, "
-     "W the\n"
+     "Prints what the block tree shows for a project, as JSON. C is a mode (33026, 33007, 33006) or a filter command, W the\n"
      "language word of the profile.",
+     "プロジェクトのブロックツリーを JSON で出力します。C は表示方法(33026、33007、33006)または表示しない項目のコマンド番号、\n"
+     "W は設定の言語の語です。",
      RunTree},
     {"panel", "panel PROJECT BLOCK [--names F.abd] [--plain]",
-     "Prints the panel of a block as it is set up, as JSON: columns, rows, texts, word lists, locks, colours. The "
-     "names come\n"
+     "Prints the panel of a block as it is set up, as JSON: columns, rows, texts, word lists, locks, colours. The names come\n"
      "from F alone. --plain: without word lists.",
+     "ブロックのパネルを JSON で出力します(列、行、文字、選択肢、固定、色)。名称は F だけから読みます。\n"
+     "--plain: 選択肢を付けません。",
      RunPanel},
     {"results", "results PROJECT [--again OTHER]",
      "Reads the six result files of the frame analysis and prints what they hold, as JSON. --again reads those of OTHER\n"
      "into the same records afterwards.",
+     "骨組解析の結果ファイル 6 個を読み、内容を JSON で出力します。--again: 続けて OTHER の結果を同じ記録に読み込みます。",
      RunResults},
     {"result-paths", "result-paths PROJECTPATH",
-     "Prints where the result files of a project path are looked for, as JSON.", RunResultPaths},
+     "Prints where the result files of a project path are looked for, as JSON.",
+     "結果ファイルを探す場所を JSON で出力します。",
+     RunResultPaths},
     {"result-table", "result-table PROJECT --kind K --load L --girder G --station S [--off C]... [--exclude N]...",
      "Prints the table of analysis results for a selection, as JSON. K is 変位, 断面力 or 反力, L a load case as the\n"
      "results name it, G a girder, すべて or なし, S the beginning of names, すべて or なし. --off leaves a component's\n"
      "columns out, --exclude a name.",
+     "選択した解析結果の表を JSON で出力します。K は 変位・断面力・反力、L は結果にある荷重名、G は主桁・すべて・なし、\n"
+     "S は名称の始まり・すべて・なしです。--off: その成分の列を除きます。--exclude: その名称を除きます。",
      RunResultTable},
     {"result-choices", "result-choices PROJECT (--kind K | --first-use)",
      "Prints what the panel of the table offers for a kind of result, or what it shows at its first use, as JSON.",
+     "結果の種類ごとに表のパネルで選べるもの、または最初に表示するものを JSON で出力します。",
      RunResultChoices},
     {"result-diagram", "result-diagram PROJECT --kind K --load L --girder G --item C [--width W --height H]",
-     "Prints the diagram of a component along a girder, as JSON, with its pixels in a pane of W x H. 変位 with the "
-     "girder\n"
+     "Prints the diagram of a component along a girder, as JSON, with its pixels in a pane of W x H. 変位 with the girder\n"
      "すべて: the deformed frame.",
+     "主桁に沿った成分の図を JSON で出力します。W x H の枠での画素も付きます。変位で主桁が すべて: 骨組の変形図。",
      RunResultDiagram},
     {"projection", "projection PROJECT --width W --height H [--overlay]",
-     "Prints the figure of the model in a pane of W x H pixels from its four sides, as JSON. --overlay: with bracing, "
-     "cross\n"
+     "Prints the figure of the model in a pane of W x H pixels from its four sides, as JSON. --overlay: with bracing, cross\n"
      "beams, supports and names.",
+     "W x H 画素の枠での骨組モデル図を 4 方向から JSON で出力します。--overlay: 横構、横桁、支点、名称も含めます。",
      RunProjection},
-    {"check", "check IN [--names F | --no-names] [--json]",
-     "Says whether IN stands in the writer's own form, and lists by block, row and column what a load and a save "
-     "would\n"
-     "change: lines that are passed over, values that are repaired, rows whose empty inner cell will shift, option "
-     "values\n"
-     "that an empty text will lose. Exit code 1 if the file would change.",
+    {"check", "check IN... [--names F | --no-names] [--json]",
+     "Says whether IN stands in the writer's own form, and lists by block, row and column what a load and a save would\n"
+     "change: lines that are passed over, values that are repaired, rows whose empty inner cell will shift, option values\n"
+     "that an empty text will lose. Exit code 1 if a file would change.",
+     "IN が本システムの書式どおりかを調べ、読み込んで保存すると変わるものをブロック・行・列で示します。読まれない行、補正される値、\n"
+     "空欄のためにずれる行、空の値のために失われる項目の値です。変わるファイルがあれば終了コードは 1 です。",
      RunCheck},
-    {"diff", "diff A B [--json]",
-     "Lists what differs between two projects, by block, row and column. Exit code 1 if anything does.", RunDiff},
+    {"diff", "diff A B [--names F | --no-names] [--json]",
+     "Lists what differs between two projects, by block, row and column. Exit code 1 if anything does.",
+     "二つのプロジェクトの違いをブロック・行・列で示します。違いがあれば終了コードは 1 です。",
+     RunDiff},
     {"search", "search WORD... [--any] [--topics] [--items] | search --qa",
-     "Prints what the search panel finds for the words, as JSON: help topics, questions and input items with the cell "
-     "that\n"
-     "each leads to. --any: one of the words is enough. --topics, --items: only there. --qa: all questions with their "
-     "answers.",
+     "Prints what the search panel finds for the words, as JSON: help topics, questions and input items with the cell that\n"
+     "each leads to. --any: one of the words is enough. --topics, --items: only there. --qa: all questions with their answers.",
+     "検索パネルが言葉から見つけるもの(説明、質問、入力項目とそのセル)を JSON で出力します。--any: 言葉のどれか一つでよい。\n"
+     "--topics、--items: そこだけを探します。--qa: すべての質問と回答。",
      RunSearch},
 };
+// clang-format on
 
 std::string Help()
 {
-    std::string text = "sbdtool COMMAND ...\n\nReads, writes and prints bridge projects (*.sbd). Output is UTF-8. Exit "
-                       "code 0: done, 1: done and\n"
-                       "something differs, 2: could not be done.\n\n";
+    std::string text =
+        SpeaksJapanese()
+            ? "sbdtool コマンド ...\n\n橋のプロジェクト(*.sbd)を読み、書き、表示します。出力は UTF-8 です。\n"
+              "終了コード 0: 終わりました、1: 終わり、違いがありました、2: できませんでした。\n\n"
+            : "sbdtool COMMAND ...\n\nReads, writes and prints bridge projects (*.sbd). Output is UTF-8.\n"
+              "Exit code 0: done, 1: done and something differs, 2: could not be done.\n\n";
     for (const Command& command : kCommands)
         text += "  " + std::string(command.usage) + "\n";
-    return text + "\nsbdtool COMMAND --help tells more of a command.\n";
+    return text
+           + (SpeaksJapanese() ? "\nsbdtool help コマンド: そのコマンドの説明。sbdtool --version: 版。\n"
+                               : "\nsbdtool help COMMAND tells more of a command, sbdtool --version the version.\n");
+}
+
+CommandResult HelpOf(const Command& command)
+{
+    const std::string_view help = SpeaksJapanese() ? command.japaneseHelp : command.help;
+    return {0, "sbdtool " + std::string(command.usage) + "\n\n" + std::string(help) + "\n", {}};
+}
+
+bool IsHelp(const std::string& word)
+{
+    return word == "--help" || word == "-h";
+}
+
+CommandResult Run(const std::vector<std::string>& arguments)
+{
+    if (arguments.empty())
+        return Fail("sbdtool: コマンドがありません。\n" + Help());
+    const bool asked = arguments[0] == "help" && arguments.size() > 1;
+    const std::string& name = arguments[asked ? 1 : 0];
+    if (IsHelp(name) || name == "help")
+        return {0, Help(), {}};
+    if (name == "--version")
+        return {0, "sbdtool " SBD_VERSION "\n", {}};
+    const auto command = std::ranges::find(kCommands, name, &Command::name);
+    if (command == std::end(kCommands))
+        return Fail("sbdtool: 知らないコマンドです: " + name + "\n" + Help());
+    const Arguments rest = Arguments(arguments).subspan(1);
+    return asked || std::ranges::any_of(rest, IsHelp) ? HelpOf(*command) : command->run(rest);
 }
 
 } // namespace
@@ -387,17 +168,10 @@ std::span<const Command> ToolCommands()
 
 CommandResult RunCommandLine(const std::vector<std::string>& arguments)
 {
-    if (arguments.empty())
-        return Fail("sbdtool: コマンドがありません。\n" + Help());
-    if (arguments[0] == "--help" || arguments[0] == "help")
-        return {0, Help(), {}};
-    const auto command = std::ranges::find(kCommands, arguments[0], &Command::name);
-    if (command == std::end(kCommands))
-        return Fail("sbdtool: 知らないコマンドです: " + arguments[0] + "\n" + Help());
-    const Arguments rest = Arguments(arguments).subspan(1);
-    if (std::ranges::find(rest, "--help") != rest.end())
-        return {0, "sbdtool " + std::string(command->usage) + "\n\n" + std::string(command->help) + "\n", {}};
-    return command->run(rest);
+    CommandResult result = Run(arguments);
+    result.output = WithoutControls(result.output);
+    result.error = WithoutControls(result.error);
+    return result;
 }
 
 } // namespace sbd

@@ -8,18 +8,21 @@
 
 namespace sbd {
 
-/// What a command gives: the exit code and both outputs, UTF-8.
+/// What a command gives: the exit code and both outputs, UTF-8. No control character but the line end stands in them:
+/// those of a file are shown by their number.
 struct CommandResult {
     int exitCode = 0; ///< 0 done; 1 done, and something differs; 2 could not be done
     std::string output;
     std::string error;
+    std::string bytes = {}; ///< of a project that goes to the standard output
 };
 
 /// One command, with what --help tells of it.
 struct Command {
     std::string_view name;
     std::string_view usage;
-    std::string_view help;
+    std::string_view help;         ///< English
+    std::string_view japaneseHelp; ///< shown where the user's language is Japanese
     CommandResult (*run)(std::span<const std::string> arguments);
 };
 

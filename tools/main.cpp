@@ -37,7 +37,8 @@ int main(int count, char** values)
         arguments.emplace_back(values[i]);
 #endif
     const sbd::CommandResult result = sbd::RunCommandLine(arguments);
-    const bool printed = sbd::PrintText(stdout, result.output);
+    const bool printed =
+        result.bytes.empty() ? sbd::PrintText(stdout, result.output) : sbd::PrintBytes(stdout, result.bytes);
     sbd::PrintText(stderr, result.error);
     if (!printed) {
         sbd::PrintText(stderr, "sbdtool: 結果を出力できません。\n");

@@ -135,13 +135,16 @@ std::string DifferenceText(const Difference& difference)
 
 json DifferenceJson(const Difference& difference)
 {
-    return {{"kind", KindWord(difference.kind)},
-            {"block", difference.block},
-            {"row", difference.row},
-            {"column", difference.column},
-            {"place", FromCp932(difference.place)},
-            {"before", FromCp932(difference.before)},
-            {"after", FromCp932(difference.after)}};
+    json object = {{"kind", KindWord(difference.kind)},
+                   {"block", difference.block},
+                   {"row", difference.row},
+                   {"column", difference.column},
+                   {"place", FromCp932(difference.place)},
+                   {"before", FromCp932(difference.before)},
+                   {"after", FromCp932(difference.after)}};
+    if (!difference.cells.empty())
+        object["cells"] = JsonList(difference.cells, [](const std::string& cell) { return FromCp932(cell); });
+    return object;
 }
 
 std::string NoteText(const ReadNote& note)

@@ -1,8 +1,8 @@
-#include "tests/expected_totals.h"
 #include "project/catalogue.h"
 #include "project/option_rows.h"
 #include "project/page_titles.h"
 #include "project/panel_columns.h"
+#include "tests/expected_totals.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,8 @@ TEST(ExpectedTotals, AreThoseOfTheTables)
     std::size_t optionRows = 0;
     for (const OptionBlock& block : OptionBlocks())
         optionRows += block.rows.size();
-    const auto named = std::ranges::count_if(PanelTables(), [](const PanelTable& p) { return !p.columns[1].name.empty(); });
+    const auto named =
+        std::ranges::count_if(PanelTables(), [](const PanelTable& p) { return !p.columns[1].name.empty(); });
     EXPECT_EQ(Catalogue().size(), expected::kCatalogueRows);
     EXPECT_EQ(Commands().size(), expected::kCommandPairs);
     EXPECT_EQ(ofKind(BlockKind::Option), expected::kOptionBlocks);

@@ -111,6 +111,22 @@ TEST_F(CheckCommand, OfTheExamplesFindsNothing)
 
 // --- diff --------------------------------------------------------------------------------------
 
+TEST_F(CheckCommand, OfSeveralFilesNamesEachAndGivesTheWorstExitCode)
+{
+    const std::string sound = At("sound.sbd");
+    ASSERT_EQ(Tool({"rewrite", Put("a.sbd", "TITLE:A\n"), sound}).exitCode, 0);
+    const std::string in = Put("in.sbd", "stray\n");
+    const CommandResult result = Tool({"check", sound, in});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_THAT(result.output, StartsWith(sound + ":\n"));
+    EXPECT_THAT(result.output, HasSubstr("\n" + in + ":\n"));
+    const json report = json::parse(Tool({"check", sound, in, "--json"}).output);
+    EXPECT_EQ(report.at("files").at(0).at("file"), sound);
+    EXPECT_EQ(report.at("files").at(0).at("ownForm"), true);
+    EXPECT_EQ(report.at("files").at(1).at("lost").size(), 1U);
+    ExpectRefused(Tool({"check", sound, At("missing.sbd")}), "読み込めません: " + At("missing.sbd"));
+}
+
 TEST_F(DiffCommand, OfTheSameProjectSaysSo)
 {
     const std::string a = Put("a.sbd", "TITLE:A\n");
@@ -153,6 +169,30 @@ TEST_F(DiffCommand, TheOtherWayRoundTellsTheRowThatIsGone)
     const std::string a = Put("a.sbd", "[SEC_GROUP]\n G1 G2\n G3 G4\n[END]\n");
     const std::string b = Put("b.sbd", "[SEC_GROUP]\n G3 G4\n[END]\n");
     EXPECT_EQ(Tool({"diff", a, b}).output, "323 主桁GROUP 1行目: 行がなくなる 「G1 G2」\n");
+}
+
+TEST_F(DiffCommand, AddedAndRemovedRowsComeAsListsOfTheirCells)
+{
+    const std::string a = Put("a.sbd", "[SEC_RADIUS]\n 自動 YES\n[END]\n");
+    const std::string b = Put("b.sbd", "[SEC_RADIUS]\n 自動 YES\n G1 G2 C1 C2 100\n[END]\n");
+    const json added = json::parse(Tool({"diff", a, b, "--json"}).output).at("differences").at(0);
+    EXPECT_EQ(added.at("kind"), "rowAdded");
+    EXPECT_EQ(added.at("cells"), json({"G1", "G2", "C1", "C2", "100"}));
+    const json removed = json::parse(Tool({"diff", b, a, "--json"}).output).at("differences").at(0);
+    EXPECT_EQ(removed.at("cells"), json({"G1", "G2", "C1", "C2", "100"}));
+}
+
+TEST_F(DiffCommand, TakesTheNamesOfBothSidesFromOneFileOrNone)
+{
+    const std::string a = Put("a.sbd", "");
+    Put("a.abd", "[GRID_GRID]\nSWAY_NAME = 1 S1\n[END]\n");
+    const std::string b = Put("b.sbd", "");
+    for (const std::vector<std::string>& names : {std::vector<std::string>{"--no-names"}, {"--names", At("a.abd")}}) {
+        std::vector<std::string> line = {"diff", a, b};
+        line.insert(line.end(), names.begin(), names.end());
+        EXPECT_EQ(Tool(line).exitCode, 0) << Tool(line).output << Tool(line).error;
+    }
+    ExpectRefused(Tool({"diff", a, b, "--names"}), "値がありません: --names");
 }
 
 } // namespace sbd

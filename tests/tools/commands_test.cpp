@@ -92,7 +92,6 @@ TEST_F(Commands, AWrongNumberOfArgumentsIsRefusedWithTheUsage)
                                                          {"columns", "313", "314"},
                                                          {"pages", "a"},
                                                          {"check"},
-                                                         {"check", "a", "b"},
                                                          {"diff"},
                                                          {"diff", "a"},
                                                          {"diff", "a", "b", "c"},
@@ -114,8 +113,63 @@ TEST_F(Commands, EveryCommandRefusesAnUnknownOption)
         ExpectRefused(Tool({name, "--nonsense"}), std::string(kUnknownOption) + ": --nonsense");
     ExpectRefused(Tool({"dump", "a.sbd", "--json"}), kUnknownOption);
     ExpectRefused(Tool({"new", "a.sbd", "--names", "b"}), kUnknownOption);
-    ExpectRefused(Tool({"dump", "a.sbd", "--names"}), kUnknownOption);
     EXPECT_THAT(Files(), IsEmpty());
+}
+
+TEST_F(Commands, AnOptionWithoutItsValueSaysSo)
+{
+    ExpectRefused(Tool({"dump", "a.sbd", "--names"}), "値がありません: --names");
+    ExpectRefused(Tool({"tree", "a.sbd", "--mode"}), "値がありません: --mode");
+    ExpectRefused(Tool({"result-table", "a.sbd", "--kind"}), "値がありません: --kind");
+}
+
+TEST_F(Commands, HelpHasItsShortFormAndTellsOneCommandInEitherOrder)
+{
+    EXPECT_EQ(Tool({"-h"}).output, Tool({"--help"}).output);
+    EXPECT_EQ(Tool({"help", "check"}).output, Tool({"check", "-h"}).output);
+    EXPECT_THAT(Tool({"help", "check"}).output, StartsWith("sbdtool check IN..."));
+    ExpectRefused(Tool({"help", "frobnicate"}), "知らないコマンドです: frobnicate");
+}
+
+TEST_F(Commands, VersionIsOneLine)
+{
+    const CommandResult version = Tool({"--version"});
+    EXPECT_EQ(version.exitCode, 0);
+    EXPECT_THAT(version.output, testing::MatchesRegex("sbdtool [0-9]+[.][0-9]+[.][0-9]+\n"));
+}
+
+#ifndef _WIN32
+TEST_F(Commands, HelpIsJapaneseWhereTheLocaleIs)
+{
+    const char* before = std::getenv("LC_ALL");
+    const std::string kept = before != nullptr ? before : "";
+    setenv("LC_ALL", "ja_JP.UTF-8", 1);
+    const std::string japanese = Tool({"help", "new"}).output;
+    const std::string all = Tool({"--help"}).output;
+    setenv("LC_ALL", "C", 1);
+    const std::string english = Tool({"help", "new"}).output;
+    before != nullptr ? setenv("LC_ALL", kept.c_str(), 1) : unsetenv("LC_ALL");
+    EXPECT_THAT(japanese, HasSubstr("プロジェクトを書き出します"));
+    EXPECT_THAT(all, HasSubstr("終了コード"));
+    EXPECT_THAT(english, HasSubstr("Writes a project"));
+}
+#endif
+
+TEST_F(Commands, ControlBytesOfAFileReachNoTerminal)
+{
+    const std::string evil = "\x1b]0;owned\x07\x7f\x9b";
+    const std::string a =
+        PutBytes("a.sbd", "[SEC_RADIUS]\r\n \x8e\xa9\x93\xae YES\r\n G1 " + evil + "\r\n[END]\r\n" + evil);
+    const std::string b = PutBytes("b.sbd", "[SEC_RADIUS]\r\n \x8e\xa9\x93\xae YES\r\n G1 G2\r\n[END]\r\n");
+    for (const CommandResult& result : {Tool({"check", a}), Tool({"check", a, "--json"}), Tool({"diff", a, b}),
+                                        Tool({"dump", a}), Tool({"dump", "\x1b[2J"}), Tool({"\x1b[2J"})}) {
+        for (const std::string& text : {result.output, result.error}) {
+            const auto control =
+                std::ranges::find_if(text, [](char c) { return (c >= 0 && c < ' ' && c != '\n') || c == '\x7f'; });
+            EXPECT_EQ(control, text.end()) << text;
+            EXPECT_THAT(text, testing::Not(HasSubstr("\xc2\x9b"))) << "CSI in one character";
+        }
+    }
 }
 
 TEST_F(Commands, NamesAndNoNamesExcludeEachOther)
@@ -396,6 +450,23 @@ TEST_F(Commands, TheProgramGivesExitCodeAndOutput)
     EXPECT_EQ(RunProgram("", "/dev/null"), 2);
     EXPECT_EQ(RunProgram("diff '" + Put("a.sbd", "TITLE:A\n") + "' '" + Put("b.sbd", "TITLE:B\n") + "'", "/dev/null"),
               1);
+}
+
+TEST_F(Commands, AStrokeStandsForTheStandardInputAndOutput)
+{
+    const std::string in = Put("in.sbd", "TITLE:A\n[SEC_RADIUS]\n 自動 YES\n G1 G2\n[END]\n");
+    const std::string rewritten = At("rewritten.sbd");
+    ASSERT_EQ(Tool({"rewrite", in, rewritten}).exitCode, 0);
+    EXPECT_EQ(RunProgram("rewrite - - < '" + in + "'", "'" + At("out.sbd") + "'"), 0);
+    EXPECT_EQ(BytesOf(At("out.sbd")), BytesOf(rewritten));
+    EXPECT_EQ(RunProgram("dump - < '" + in + "'", "'" + At("dump.json") + "'"), 0);
+    EXPECT_EQ(BytesOf(At("dump.json")), Tool({"dump", in}).output);
+    EXPECT_EQ(RunProgram("check - < '" + rewritten + "'", "/dev/null"), 0);
+    EXPECT_EQ(RunProgram("diff - '" + rewritten + "' < '" + in + "'", "/dev/null"), 0);
+    EXPECT_EQ(RunProgram("new -", "'" + At("new.sbd") + "'"), 0);
+    ASSERT_EQ(Tool({"new", At("new2.sbd")}).exitCode, 0);
+    EXPECT_EQ(BytesOf(At("new.sbd")), BytesOf(At("new2.sbd")));
+    EXPECT_EQ(RunProgram("diff - - < '" + in + "'", "/dev/null"), 2);
 }
 
 TEST_F(Commands, AnOutputThatIsFullIsAnError)
