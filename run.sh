@@ -3,19 +3,81 @@
 #   ./run.sh [project.sbd]                          opens a project, by default the plate girder example
 #   ./run.sh --screenshot out.png [project.sbd]     draws the window into a picture, without a screen
 # Without a screen (no DISPLAY, no WAYLAND_DISPLAY) the window is served by VNC on 127.0.0.1, port SBD_VNC_PORT or 5900.
+# What apt, cmake and the compiler say stands in build/run.log.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 build=$root/build/release
+log=$root/build/run.log
+mkdir -p "$root/build"
+: >"$log"
 
-"$root/scripts/setup.sh" app
-if [[ ! -f $build/build.ninja ]]; then
-    (cd "$root" && cmake --preset release)
-fi
+# Where nobody sees a terminal, a line is written for each tenth; on a terminal one line counts up.
+[[ -t 2 ]] && terminal=yes || terminal=no
 
-# build TARGET...: quiet where there is nothing to do.
-build() {
-    ninja -C "$build" "$@" | sed -e '/ no work to do\.$/d' -e '/Entering directory/d' -e '/Re-checking globbed/d'
+# quietly WHAT COMMAND...: the command's words go to the log. Its failure is told with the end of the log.
+quietly() {
+    local what=$1
+    shift
+    if ! "$@" >>"$log" 2>&1 </dev/null; then
+        [[ $terminal == no ]] || printf '\r\033[K' >&2
+        {
+            echo "$what failed. The end of $log:"
+            tail -n 20 "$log" | sed 's/^/    /'
+        } >&2
+        exit 1
+    fi
 }
+
+# Reads ninja's lines "[done/all] ..." and tells how far it is; all else is in the log.
+progress() {
+    local line built all tenth=-1 began=$SECONDS left told=no
+    while IFS= read -r line; do
+        echo "$line" >>"$log"
+        [[ $line =~ ^\[([1-9][0-9]*)/([0-9]+)\] ]] || continue
+        built=${BASH_REMATCH[1]} all=${BASH_REMATCH[2]}
+        if [[ $told == no ]] && ((all > 20)); then
+            echo "Building the program, $all steps. The first time takes some minutes, later ones seconds." >&2
+        fi
+        told=yes
+        left=$(((SECONDS - began) * (all - built) / built))
+        if [[ $terminal == yes ]]; then
+            printf '\r\033[K    %d of %d files, about %s left' "$built" "$all" "$(duration "$left")" >&2
+        elif ((built * 10 / all > tenth)); then
+            tenth=$((built * 10 / all))
+            echo "    $built of $all files, about $(duration "$left") left" >&2
+        fi
+    done
+    [[ $terminal == no ]] || printf '\r\033[K' >&2
+}
+
+duration() {
+    if (($1 < 100)); then echo "$1 s"; else echo "$((($1 + 30) / 60)) min"; fi
+}
+
+# build TARGET...: says nothing where there is nothing to do.
+build() {
+    set +o pipefail
+    NINJA_STATUS='[%f/%t] ' ninja -C "$build" "$@" 2>&1 </dev/null | progress
+    local code=${PIPESTATUS[0]}
+    set -o pipefail
+    if ((code != 0)); then
+        {
+            echo "Building failed. The end of $log:"
+            tail -n 40 "$log" | sed 's/^/    /'
+        } >&2
+        exit 1
+    fi
+}
+
+missing=$("$root/scripts/setup.sh" app --missing)
+if [[ -n $missing ]]; then
+    echo "Installing $(wc -w <<<"$missing") Debian packages; that takes a minute or two." >&2
+    quietly "Installing packages" "$root/scripts/setup.sh" app
+fi
+if [[ ! -f $build/build.ninja ]]; then
+    echo "Setting up the build." >&2
+    quietly "Setting up the build" cmake -S "$root" --preset release
+fi
 build sbdstation
 
 arguments=("$@")

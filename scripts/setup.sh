@@ -3,6 +3,7 @@
 #   scripts/setup.sh app | dev | ci      what the program, the tests, the whole check need
 #   scripts/setup.sh debian              what packaging/debian needs
 #   scripts/setup.sh windows             what packaging/windows needs, to build and to run under Wine
+#   ... --missing                        installs nothing, prints what is missing
 set -euo pipefail
 
 packages=(g++ cmake ninja-build ccache
@@ -45,6 +46,10 @@ for package in "${packages[@]}"; do
     fi
 done
 [[ ${#missing[@]} -gt 0 ]] || exit 0
+if [[ ${2:-} == --missing ]]; then
+    echo "${missing[*]}"
+    exit 0
+fi
 
 as_root=()
 if [[ $(id -u) -ne 0 ]]; then
