@@ -18,6 +18,7 @@ test_preset() {
 mkdir -p build
 step "packages" scripts/setup.sh dev
 step "includes follow the arrows" scripts/check-includes.sh
+step "no value follows the locale" scripts/check-locale.sh
 step "sources are laid out alike" scripts/check-format.sh
 step "build with windows (dev)" build_preset dev
 step "tests (dev)" test_preset dev

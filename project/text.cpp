@@ -133,8 +133,8 @@ std::string Cp932(std::string_view utf8)
 {
     Cp932Result result = ToCp932(utf8);
     if (result.refused) {
-        std::fprintf(stderr, "A literal of the program has a character that CP932 has not: %.*s\n",
-                     static_cast<int>(utf8.size()), utf8.data());
+        const std::string words = "A literal of the program has a character that CP932 has not: ";
+        std::fputs((words + std::string(utf8) + "\n").c_str(), stderr);
         std::abort();
     }
     return std::move(result.bytes);

@@ -17,8 +17,10 @@ using nlohmann::json;
 
 std::string ColorText(std::uint32_t color)
 {
-    char text[8];
-    std::snprintf(text, sizeof text, "#%06x", static_cast<unsigned>(color & 0xFFFFFF));
+    constexpr std::string_view digits = "0123456789abcdef";
+    std::string text = "#";
+    for (int shift = 20; shift >= 0; shift -= 4)
+        text += digits[(color >> shift) & 0xFU];
     return text;
 }
 
