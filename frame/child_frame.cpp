@@ -8,6 +8,7 @@
 #include "frame/left_view.h"
 #include "frame/program_icon.h"
 #include "frame/settings.h"
+#include "grid/grid_ctrl.h"
 #include "panels/panel.h"
 #include "panels/search_panel.h"
 #include "project/catalogue.h"
@@ -55,6 +56,10 @@ CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, std::unique_ptr<C
     LeaveKeysToTheMenus();
     CreatePanes();
     connect(doc_.get(), &CKELDSectionDoc::modifiedChanged, this, &CChildFrame::OnModified);
+    connect(doc_.get(), &CKELDSectionDoc::helpCellChanged, this, [this] {
+        if (doc_->HelpBlock() >= 0) // the user goes on in the panel
+            ShowOwnPage();
+    });
     connect(doc_.get(), &CKELDSectionDoc::changed, this, [this] { recoveryLacksChanges_ = true; });
     connect(doc_.get(), &CKELDSectionDoc::pathChanged, this, [this] { SetTitle(doc_->Title()); });
     connect(tree_, &CLeftView::blockChosen, this, &CChildFrame::SwitchToBlock);
@@ -112,8 +117,10 @@ void CChildFrame::CreatePanes()
 bool CChildFrame::SwitchToBlock(int number)
 {
     const int block = CanonicalBlock(number);
-    if (block == currentBlock_)
+    if (block == currentBlock_) {
+        ShowOwnPage();
         return true;
+    }
     if (block < 252 || block > 999)
         return false;
     if (panel_ != nullptr && !panel_->MayClose()) {
@@ -128,11 +135,21 @@ bool CChildFrame::SwitchToBlock(int number)
     return true;
 }
 
+/// The page of the block on show, where another one (the notes) has taken its place.
+void CChildFrame::ShowOwnPage()
+{
+    if (doc_->CurrentBlock() == currentBlock_ || PanelOfBlock(currentBlock_).empty())
+        return;
+    doc_->SetCurrentBlock(currentBlock_);
+    upView_->Refresh();
+}
+
 void CChildFrame::ShowPanel(int block)
 {
     const bool panelHadFocus = panelPane_->isAncestorOf(QApplication::focusWidget());
     RemovePanel();
     doc_->SetCurrentBlock(block);
+    doc_->SetHelpCell(-1, 0, 0); // panels without a cell of their own leave it so
     panel_ = CreatePanel(doc_.get(), block, panelPane_);
     if (auto* search = qobject_cast<CDown999*>(panel_.get()))
         connect(search, &CDown999::jumpRequested, this, &CChildFrame::JumpTo);
@@ -198,12 +215,41 @@ void CChildFrame::FocusPanel()
         panel_->setFocus(Qt::OtherFocusReason);
 }
 
-void CChildFrame::FocusOtherPane()
+/// Where the keyboard can be, in their order.
+QList<QWidget*> CChildFrame::Places() const
 {
-    if (tree_->hasFocus())
+    QList<QWidget*> places{tree_};
+    if (panel_ != nullptr && panel_->Grid()->isVisible()) {
+        places << panel_->Grid();
+        const auto isBeside = [this](const QWidget* widget) {
+            return (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible() && widget->isEnabled()
+                   && widget != panel_->Grid() && !panel_->Grid()->isAncestorOf(widget);
+        };
+        const QList<QWidget*> inPanel = panel_->findChildren<QWidget*>();
+        if (const auto beside = std::ranges::find_if(inPanel, isBeside); beside != inPanel.end())
+            places << *beside;
+    }
+    places << upView_->currentWidget();
+    return places;
+}
+
+void CChildFrame::FocusOtherPane(bool forward)
+{
+    const QWidget* focus = QApplication::focusWidget();
+    const QList<QWidget*> places = Places();
+    const auto holds = [focus](const QWidget* place) { return place == focus || place->isAncestorOf(focus); };
+    const QWidget* grid = panel_ == nullptr ? nullptr : panel_->Grid();
+    auto at = std::ranges::find_if(places, holds);
+    if (at == places.end() && panel_ != nullptr && panel_->isAncestorOf(focus)) // another one beside the grid
+        at = std::ranges::find_if(places,
+                                  [&](const QWidget* place) { return place != grid && panel_->isAncestorOf(place); });
+    const qsizetype step = forward ? 1 : places.size() - 1;
+    const qsizetype next = at == places.end() ? 0 : ((at - places.begin()) + step) % places.size();
+    window()->setAttribute(Qt::WA_KeyboardFocusChange); // as Tab does: styles show where the keyboard is
+    if (grid != nullptr && places[next] == grid)
         FocusPanel();
     else
-        tree_->setFocus(Qt::OtherFocusReason);
+        places[next]->setFocus(Qt::TabFocusReason);
 }
 
 void CChildFrame::SetTitle(const QString& title)
@@ -212,15 +258,22 @@ void CChildFrame::SetTitle(const QString& title)
     ShowTitle();
 }
 
+QString CChildFrame::NameWithoutPath() const
+{
+    return title_.isEmpty() ? doc_->Title() : title_;
+}
+
 void CChildFrame::ShowTitle()
 {
     setWindowTitle(title_ + u"[*]"_s);
     setWindowModified(doc_->IsModified());
+    emit titleShown();
 }
 
 void CChildFrame::OnModified(bool modified)
 {
     setWindowModified(modified);
+    emit titleShown();
     recoveryLacksChanges_ = modified;
     if (!modified)
         recovery_->Discard();
@@ -235,6 +288,7 @@ bool CChildFrame::KeepRecoveryCopy()
 
 void CChildFrame::OnTreePressed(const QString& text)
 {
+    ShowOwnPage(); // a click on the item that is selected already
     if (!NamesARun(text))
         return;
     doc_->runOnShow = false;
@@ -243,6 +297,7 @@ void CChildFrame::OnTreePressed(const QString& text)
 
 void CChildFrame::OnTreeActivated(const QString& text)
 {
+    ShowOwnPage();
     doc_->runOnShow = NamesARun(text);
     if (!doc_->runOnShow)
         return;
@@ -252,7 +307,7 @@ void CChildFrame::OnTreeActivated(const QString& text)
 
 PaneSizes CChildFrame::Panes() const
 {
-    return {tree_->viewport()->width(), upView_->height(), panelPane_->height()};
+    return {tree_->width(), upView_->height(), panelPane_->height()}; // the tree with its scroll bar
 }
 
 PaneSizes CChildFrame::ComputedPanes() const

@@ -70,12 +70,14 @@ public:
     [[nodiscard]] PaneSizes ComputedPanes() const;
     void SetPanes(const PaneSizes& panes);
 
-    /// Moves the cursor between tree and panel.
-    void FocusOtherPane();
+    /// Moves the cursor on, or back: tree, panel, what the panel has beside its grid, the pane above, and round again.
+    void FocusOtherPane(bool forward = true);
 
     /// Makes a text the project's title until it gets another path.
     void SetTitle(const QString& title);
     [[nodiscard]] QString Title() const { return title_; }
+    /// What a project without a path is called where its title has been lost (by a save that was given up) too.
+    [[nodiscard]] QString NameWithoutPath() const;
 
     /// Keeps a recovery copy of the project as it stands in memory, if it has unsaved changes that the last one lacks.
     /// An open editor is left alone. False if changes are without a copy.
@@ -87,6 +89,8 @@ public:
 signals:
     /// Another block is on show.
     void blockShown();
+    /// The title or its mark is another one.
+    void titleShown();
     /// The page of a report asks for its run.
     void runIsDue(const sbd::WantedRun& run);
 
@@ -101,6 +105,8 @@ private:
     void RemovePanel();
     void ShowTitle();
     void OnModified(bool modified);
+    void ShowOwnPage();
+    [[nodiscard]] QList<QWidget*> Places() const;
     void OnTreePressed(const QString& text);
     void OnTreeActivated(const QString& text);
 

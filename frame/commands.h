@@ -60,6 +60,7 @@ inline constexpr int kNextWindow = 31002;
 inline constexpr int kPreviousWindow = 31003;
 inline constexpr int kTabbedWindows = 31004;
 inline constexpr int kSavePicture = 31005;
+inline constexpr int kPaneBefore = 31006;
 /// The version at the end of the menu bar.
 inline constexpr int kVersionEntry = 33002;
 

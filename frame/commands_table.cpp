@@ -98,7 +98,8 @@ constexpr CommandRow kRows[] = {
     {32966, "初期設定に戻る", "", "", ""},
 
     // Windows
-    {kOtherPane, "ツリーと入力欄の切り替え(&F)", "F6", "", ""},
+    {kOtherPane, "次の区画へ移動(&F)", "F6", "ツリー、入力欄、選択欄、説明の順に移動", ""},
+    {kPaneBefore, "前の区画へ移動(&E)", "Shift+F6", "", ""},
     {kNextWindow, "次のウィンドウ(&N)", "Ctrl+F6", "", ""},
     {kPreviousWindow, "前のウィンドウ(&P)", "Ctrl+Shift+F6", "", ""},
     {57650, "重ねて表示(&C)", "", "", ""},
@@ -132,7 +133,7 @@ constexpr MenuItem kData[] = {MenuFill::DataEntries};
 constexpr MenuItem kRun[] = {39255, 39254, 39256, 33028, 33029};
 constexpr MenuItem kSettings[] = {32764, 32763, 32762, kSeparator, 32769, kSeparator, 32770, 32771, 32965, kSeparator,
                                   32966};
-constexpr MenuItem kWindow[] = {kOtherPane, kSeparator, kNextWindow, kPreviousWindow, 57650, 57651, kSeparator,
+constexpr MenuItem kWindow[] = {kOtherPane, kPaneBefore, kSeparator, kNextWindow, kPreviousWindow, 57650, 57651, kSeparator,
                                 kTabbedWindows, kSeparator, MenuFill::Windows};
 constexpr MenuItem kHelp[] = {49990, kSeparator, 33168, 33169, 33175, 33171, 33173, 33174, kSeparator, 32766, 32767,
                               kSeparator, 57664};

@@ -1,6 +1,7 @@
 #include "frame/file_commands.h"
 
 #include "document/file_messages.h"
+#include "document/file_name.h"
 #include "document/project_lock.h"
 #include "document/save_flow.h"
 #include "document/section_doc.h"
@@ -148,6 +149,8 @@ std::unique_ptr<CChildFrame> CFileCommands::MakeChild(std::unique_ptr<CKELDSecti
 
 CChildFrame* CFileCommands::Show(std::unique_ptr<CChildFrame> child)
 {
+    if (child->Doc().PathName().isEmpty())
+        child->SetTitle(FreeTitle(child->Doc().Title()));
     CChildFrame* shown = child.release(); // the area's from here on
     area_.addSubWindow(shown);
     shown->showMaximized();
@@ -173,6 +176,20 @@ void CFileCommands::RunFromPage(CChildFrame& child, const WantedRun& run)
     runner_.RunFromPage(run.run, run.question, ProjectOf(child));
     if (frame)
         frame->UpView().Chk().RunEnded();
+}
+
+/// The title, with a number where a window has it already.
+QString CFileCommands::FreeTitle(const QString& title) const
+{
+    QStringList taken;
+    for (QMdiSubWindow* window : area_.subWindowList()) {
+        if (auto* child = qobject_cast<CChildFrame*>(window))
+            taken.append(child->Title());
+    }
+    QString free = title;
+    for (int number = 2; taken.contains(free); ++number)
+        free = u"%1 %2"_s.arg(title).arg(number);
+    return free;
 }
 
 CChildFrame* CFileCommands::FindOpen(const QString& path) const
@@ -224,7 +241,8 @@ bool CFileCommands::SaveAs(CChildFrame& child)
 QString CFileCommands::AskSaveName(CChildFrame& child)
 {
     const QString own = child.Doc().PathName();
-    const QString proposal = own.isEmpty() ? Folder() + u'/' + child.Doc().Title() + kExtension : own;
+    const QString proposal =
+        own.isEmpty() ? QDir(Folder()).filePath(SafeFileName(child.NameWithoutPath()) + kExtension) : own;
     QString path = prompts_.saveFileName(area_.window(), proposal);
     if (path.isEmpty())
         return {};

@@ -66,6 +66,7 @@ private:
     [[nodiscard]] RunProject ProjectOf(CChildFrame& child);
     [[nodiscard]] CChildFrame* FindOpen(const QString& path) const;
     [[nodiscard]] QString Folder() const;
+    [[nodiscard]] QString FreeTitle(const QString& title) const;
     [[nodiscard]] QString AskSaveName(CChildFrame& child);
     bool SaveTo(CChildFrame& child, const QString& path);
     bool Wrap(CChildFrame& child, const std::function<bool()>& save);

@@ -11,6 +11,8 @@
 #include <QStyledItemDelegate>
 #include <QTreeWidgetItemIterator>
 
+#include <algorithm>
+
 namespace sbd {
 
 using namespace Qt::StringLiterals;
@@ -164,6 +166,46 @@ bool CLeftView::SelectBlock(int number)
 int CLeftView::SelectedNumber() const
 {
     return NumberOf(currentItem());
+}
+
+void CLeftView::keyboardSearch(const QString& typed)
+{
+    constexpr qint64 pause = 1500; // ms; a number is read off a drawing
+    const bool isNumber = std::ranges::all_of(typed, [](QChar c) { return c >= u'0' && c <= u'9'; });
+    if (!isNumber || typed.isEmpty()) {
+        digits_.clear();
+        QTreeWidget::keyboardSearch(typed);
+        return;
+    }
+    if (!sinceDigit_.isValid() || sinceDigit_.elapsed() > pause || digits_.size() >= 3)
+        digits_.clear();
+    sinceDigit_.start();
+    digits_ += typed;
+    QTreeWidgetItem* item = FindTyped(digits_);
+    if (item == nullptr)
+        return;
+    if (item->parent() != nullptr)
+        item->parent()->setExpanded(true);
+    setCurrentItem(item);
+    scrollToItem(item);
+}
+
+/// The block of a whole number; of its first digits the first block, or else the group.
+QTreeWidgetItem* CLeftView::FindTyped(const QString& digits)
+{
+    const int own = currentItem() == nullptr ? 0 : NumberOf(currentItem()->parent());
+    if (QTreeWidgetItem* whole = FindItem(digits.toInt(), own))
+        return whole;
+    QTreeWidgetItem* group = nullptr;
+    for (QTreeWidgetItemIterator it(this); *it != nullptr; ++it) {
+        if (!QString::number(NumberOf(*it)).startsWith(digits))
+            continue;
+        if (!IsGroup(*it))
+            return *it;
+        if (group == nullptr)
+            group = *it;
+    }
+    return group;
 }
 
 void CLeftView::MarkContent()

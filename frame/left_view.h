@@ -3,6 +3,7 @@
 
 #include "panelmodel/tree_rows.h"
 
+#include <QElapsedTimer>
 #include <QTreeWidget>
 
 namespace sbd {
@@ -31,6 +32,9 @@ public:
     /// Number of the selected item; 0 if none.
     [[nodiscard]] int SelectedNumber() const;
 
+    /// Goes to the block whose number is typed, whether its group is open or not; other keys search what is in view.
+    void keyboardSearch(const QString& typed) override;
+
 signals:
     /// The user has come to an item; a group head stands for the first block below it.
     void blockChosen(int block);
@@ -55,11 +59,14 @@ private:
     void OnDocumentChanged(const BlockChange& change);
     void Fill();
     [[nodiscard]] QTreeWidgetItem* FindItem(int number, int group);
+    [[nodiscard]] QTreeWidgetItem* FindTyped(const QString& digits);
 
     CKELDSectionDoc* doc_;
     TreeView view_;
     std::string key_; // of the project, when the tree was built
     bool rebuilding_ = false;
+    QString digits_; // typed so far
+    QElapsedTimer sinceDigit_;
 };
 
 } // namespace sbd

@@ -169,10 +169,14 @@ void CMainFrame::OnChildActivated()
     if (child != nullptr) {
         const CKELDSectionDoc* doc = &child->Doc();
         docConnections_ = {connect(doc, &CKELDSectionDoc::pathChanged, this, &CMainFrame::UpdateStatus),
-                           connect(doc, &CKELDSectionDoc::helpCellChanged, this, &CMainFrame::UpdateStatus)};
+                           connect(doc, &CKELDSectionDoc::helpCellChanged, this, &CMainFrame::UpdateStatus),
+                           connect(child, &CChildFrame::titleShown, this, &CMainFrame::ShowTitle),
+                           connect(child, &QMdiSubWindow::windowStateChanged, this, &CMainFrame::ShowTitle),
+                           connect(child, &CChildFrame::titleShown, this, &CMainFrame::UpdateStatus)};
     }
     UpdateCommands();
     UpdateStatus();
+    ShowTitle();
 }
 
 void CMainFrame::UpdateStatus()
@@ -184,7 +188,7 @@ void CMainFrame::UpdateStatus()
         return;
     }
     const CKELDSectionDoc& doc = child->Doc();
-    const QString path = doc.PathName().isEmpty() ? doc.Title() : QDir::toNativeSeparators(doc.PathName());
+    const QString path = doc.PathName().isEmpty() ? child->NameWithoutPath() : QDir::toNativeSeparators(doc.PathName());
     pathLabel_->setText(path);
     pathLabel_->setToolTip(path);
     const bool inCell = doc.HelpBlock() >= 0 && doc.HelpRow() > 0;

@@ -115,6 +115,7 @@ private:
     void ChangeCells(const std::function<void(CChildFrame& child)>& change);
     void SetTreeView();
     void SetTabbed(bool tabbed);
+    void ShowTitle();
     void Print(CChildFrame& child, bool preview);
     void SavePicture(CChildFrame& child);
     void ShowAbout();

@@ -1,4 +1,5 @@
 // What the commands of the top window do.
+#include "document/file_name.h"
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
 #include "frame/command_actions.h"
@@ -6,6 +7,7 @@
 #include "frame/main_frame.h"
 #include "frame/settings.h"
 #include "panels/panel.h"
+#include "panels/print_name.h"
 #include "panels/search_panel.h"
 #include "project/catalogue.h"
 #include "upperview/up_view.h"
@@ -25,12 +27,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const auto kTitle = u"KELD section"_s;
+
 constexpr int kNotesBlock = 100;
 constexpr int kSearchBlock = 999;
 
 /// The commands of the model figure.
 constexpr int kFirstViewCommand = 32991;
 constexpr int kLastViewCommand = 33000;
+
+/// "plate4_313": the project and the block whose page is on show, as the name of a print or a picture.
+QString PageName(CChildFrame& child)
+{
+    const CKELDSectionDoc& doc = child.Doc();
+    const QString project =
+        doc.PathName().isEmpty() ? child.NameWithoutPath() : QFileInfo(doc.PathName()).completeBaseName();
+    return project + u'_' + QString::number(doc.HelpBlock() >= 0 ? doc.HelpBlock() : doc.CurrentBlock());
+}
 
 } // namespace
 
@@ -240,7 +253,8 @@ void CMainFrame::AddSettingsHandlers()
 
 void CMainFrame::AddWindowHandlers()
 {
-    OnChild(kOtherPane, [](CChildFrame& child) { child.FocusOtherPane(); });
+    OnChild(kOtherPane, [](CChildFrame& child) { child.FocusOtherPane(true); });
+    OnChild(kPaneBefore, [](CChildFrame& child) { child.FocusOtherPane(false); });
     OnChild(kNextWindow, [this](CChildFrame&) { area_->activateNextSubWindow(); });
     OnChild(kPreviousWindow, [this](CChildFrame&) { area_->activatePreviousSubWindow(); });
     OnChild(57650, [this](CChildFrame&) { area_->cascadeSubWindows(); });
@@ -260,6 +274,19 @@ void CMainFrame::SetTabbed(bool tabbed)
     area_->setDocumentMode(tabbed);
     area_->setTabsClosable(tabbed);
     area_->setTabsMovable(tabbed);
+    if (CChildFrame* child = CurrentChild(); child != nullptr && !tabbed)
+        child->showMaximized(); // as it was ahead of the tabs
+    ShowTitle();
+}
+
+/// A window that fills the area puts its title into this one's by itself, a tab does not, and behind a change from one to
+/// the other neither is right.
+void CMainFrame::ShowTitle()
+{
+    CChildFrame* child = CurrentChild();
+    const bool fills = child != nullptr && (area_->viewMode() == QMdiArea::TabbedView || child->isMaximized());
+    setWindowTitle(fills ? u"%1 - [%2]"_s.arg(kTitle, child->windowTitle()) : kTitle);
+    setWindowModified(fills && child->isWindowModified());
 }
 
 void CMainFrame::Print(CChildFrame& child, bool preview)
@@ -267,7 +294,7 @@ void CMainFrame::Print(CChildFrame& child, bool preview)
     const QScopedValueRollback printing(printing_, true);
     UpdateCommands();
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(child.Title());
+    NamePrint(printer, ProposedFile(child.Doc(), PageName(child), u".pdf"_s));
     const auto paint = [&child](QPrinter& on) { child.UpView().Print(on); };
     if (preview)
         prompts_.previewPrint(this, printer, paint);
@@ -277,10 +304,7 @@ void CMainFrame::Print(CChildFrame& child, bool preview)
 
 void CMainFrame::SavePicture(CChildFrame& child)
 {
-    const QFileInfo project(child.Doc().PathName().isEmpty() ? child.Doc().Title() : child.Doc().PathName());
-    const QString proposal = project.path() + u'/' + project.completeBaseName() + u'_'
-                             + QString::number(child.Doc().CurrentBlock()) + u".png"_s;
-    const QString file = prompts_.savePictureName(this, proposal);
+    const QString file = prompts_.savePictureName(this, ProposedFile(child.Doc(), PageName(child), u".png"_s));
     if (!file.isEmpty() && !child.UpView().SavePicture(file)) {
         Warn(u"図を保存できませんでした。\n"_s + QDir::toNativeSeparators(file)
              + u"\n\nプロジェクトには影響ありません。\n\n保存先と、拡張子 (.png .svg .pdf) を確かめてください。"_s);
@@ -290,8 +314,9 @@ void CMainFrame::SavePicture(CChildFrame& child)
 void CMainFrame::ShowAbout()
 {
     QMessageBox::about(this, u"バージョン情報"_s,
-                       u"KELD section\n鋼橋上部工 自動設計システム 入力ステーション\n\nバージョン %1"_s.arg(
-                           QApplication::applicationVersion()));
+                       u"KELD section\n鋼橋上部工 自動設計システム 入力ステーション\n\n"
+                       u"システムの版: %1\nこのプログラムの版: %2"_s.arg(actions_->Of(kVersionEntry)->text(),
+                                                                         QApplication::applicationVersion()));
 }
 
 } // namespace sbd

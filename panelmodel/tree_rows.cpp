@@ -23,7 +23,8 @@ bool Holds(const BlockRanges& ranges, int block)
 /// Items of their own above and below the groups, for whole bridges only.
 const BlockRanges kItemsAbove = {{999, 999}, {253, 256}, {259, 259}};
 const BlockRanges kItemsBelow = {{801, 801}, {481, 486}};
-constexpr int kLastItem = 999; // in every project
+constexpr int kLastItem = 999;                          // in every project
+constexpr std::string_view kSearchTag = "[SEARCH_Q&A]"; // in English, where its title would be a number alone
 
 // --- what kind of project it is ------------------------------------------------------------------
 
@@ -206,8 +207,10 @@ private:
 
     void AddItem(int level, int block)
     {
-        rows_.push_back(
-            {level, block, false, HasInputInForce(data_, block), TitleIn(view_.language, ItemTitle(facts_, block))});
+        std::string title = TitleIn(view_.language, ItemTitle(facts_, block));
+        if (block == kLastItem && view_.language == TitleLanguage::English)
+            title += kSearchTag;
+        rows_.push_back({level, block, false, HasInputInForce(data_, block), std::move(title)});
     }
 
     const CSbdData& data_;

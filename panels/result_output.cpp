@@ -1,6 +1,7 @@
 #include "panels/result_output.h"
 
 #include "document/section_doc.h"
+#include "results/result_title.h"
 
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
@@ -17,11 +18,40 @@ namespace {
 
 constexpr double kPixelsPerInch = 96; // of the column widths
 constexpr double kPadding = 3;        // pixels between a line and a text
-constexpr std::size_t kHeadRows = 3;  // title, a blank line, the heads
+constexpr std::size_t kHeadRows = 2;  // a blank line, the heads; below the title
 
 QString CellOf(const CResultTable& table, std::size_t row, std::size_t column)
 {
     return toQString(table.CellText(row, column)).trimmed();
+}
+
+/// What stands over the table: its title, and a word of warning where its files have faults.
+QStringList HeadLines(const CResultTable& table, const ResultSelection& selection)
+{
+    QStringList lines{ResultTitle(selection)};
+    if (const QString warning = toQString(table.FaultLine()); !warning.isEmpty())
+        lines << warning;
+    return lines;
+}
+
+/// The lines in a width, broken between their parts.
+QStringList Wrapped(const QStringList& lines, const QFontMetricsF& metrics, double width)
+{
+    QStringList wrapped;
+    for (const QString& line : lines) {
+        QString row;
+        for (const QString& part : line.split(u'　')) {
+            const QString longer = row.isEmpty() ? part : row + u'　' + part;
+            if (!row.isEmpty() && metrics.horizontalAdvance(longer) > width) {
+                wrapped << row;
+                row = part;
+            } else {
+                row = longer;
+            }
+        }
+        wrapped << row;
+    }
+    return wrapped;
 }
 
 /// Rows of the grid that are filled, the heads included.
@@ -93,16 +123,14 @@ private:
 
 QString ResultTitle(const ResultSelection& selection)
 {
-    QString title = u"%1　荷重: %2　主桁: %3"_s.arg(toQString(KindWord(selection.kind)),
-                                                    toQString(ShownLoad(selection.load)), toQString(selection.girder));
-    if (selection.girder == NoneWord())
-        title += u"　名称: "_s + toQString(selection.station);
-    return title;
+    return toQString(TableTitle(selection));
 }
 
 QByteArray ResultCsv(const CResultTable& table, const ResultSelection& selection)
 {
-    QString text = CsvCell(ResultTitle(selection)) + u"\r\n"_s;
+    QString text;
+    for (const QString& line : HeadLines(table, selection))
+        text += CsvCell(line) + u"\r\n"_s;
     for (std::size_t row = 0; row < FilledRows(table); ++row) {
         for (std::size_t column = kNameColumn; column < table.GridColumnCount(); ++column) {
             if (column > kNameColumn)
@@ -129,25 +157,31 @@ bool PrintResultTable(QPagedPaintDevice& device, const CResultTable& table, cons
     TablePrinter printer(painter, table, pixels);
     const double shrink = printer.Width() > paper.width() ? paper.width() / printer.Width() : 1;
     const QSizeF page = paper / shrink;
-    const QString title = ResultTitle(selection);
     painter.scale(inch * shrink, inch * shrink);
 
     const double height = printer.RowHeight();
+    const QString widestNumber = u"　9999 / 9999"_s;
+    const QFontMetricsF metrics(pixels);
+    const QStringList title =
+        Wrapped(HeadLines(table, selection), metrics, page.width() - metrics.horizontalAdvance(widestNumber));
+    const std::size_t headRows = static_cast<std::size_t>(title.size()) + kHeadRows;
     const auto fitting = static_cast<std::size_t>(page.height() / height);
-    const std::size_t rowsOnPage = fitting > kHeadRows ? fitting - kHeadRows : 1;
+    const std::size_t rowsOnPage = fitting > headRows ? fitting - headRows : 1;
     const std::size_t end = FilledRows(table);
     const std::size_t pages = end > 1 ? (end - 2) / rowsOnPage + 1 : 1;
     const QRectF titleLine(0, 0, page.width(), height);
     for (std::size_t number = 0; number < pages; ++number) {
         if (number > 0 && !device.newPage())
             return false;
-        painter.drawText(titleLine, int(Qt::AlignLeft | Qt::AlignVCenter), title);
+        for (qsizetype line = 0; line < title.size(); ++line)
+            painter.drawText(titleLine.translated(0, static_cast<double>(line) * height),
+                             int(Qt::AlignLeft | Qt::AlignVCenter), title[line]);
         painter.drawText(titleLine, int(Qt::AlignRight | Qt::AlignVCenter), u"%1 / %2"_s.arg(number + 1).arg(pages));
         if (end == 0)
             break;
-        printer.Row(0, (kHeadRows - 1) * height);
+        printer.Row(0, static_cast<double>(headRows - 1) * height);
         for (std::size_t i = 0; i < rowsOnPage && number * rowsOnPage + i + 1 < end; ++i)
-            printer.Row(number * rowsOnPage + i + 1, static_cast<double>(kHeadRows + i) * height);
+            printer.Row(number * rowsOnPage + i + 1, static_cast<double>(headRows + i) * height);
     }
     return painter.end();
 }

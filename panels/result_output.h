@@ -11,7 +11,7 @@ class QPagedPaintDevice;
 
 namespace sbd {
 
-/// "断面力　荷重: 死荷重　主桁: G1": what the table shows.
+/// "断面力　荷重: 死荷重　主桁: G1": all that decides what stands in the table.
 [[nodiscard]] QString ResultTitle(const ResultSelection& selection);
 
 /// Title, heads, extremes and rows, divided by commas; UTF-8 with its mark, by which spreadsheets know it.

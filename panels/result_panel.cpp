@@ -1,11 +1,15 @@
 #include "panels/result_panel.h"
 
+#include "document/file_name.h"
 #include "document/result_session.h"
 #include "document/section_doc.h"
 #include "grid/grid_ctrl.h"
+#include "panels/print_name.h"
 #include "panels/result_notice.h"
 #include "panels/result_output.h"
 #include "panels/result_panel_source.h"
+#include "results/result_faults.h"
+#include "results/result_title.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -54,24 +58,22 @@ QString Text8(std::string_view utf8)
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
-/// A file name of `text`: no character that a file system refuses.
-QString FileName(QString text)
+QString AskFile(QWidget* parent, const QString& proposal)
 {
-    for (QChar& c : text)
-        if (u"\\/:*?\"<>|"_s.contains(c) || c < u' ')
-            c = u'_';
-    return text + u".csv"_s;
+    return QFileDialog::getSaveFileName(parent, CDown253::tr("表をCSVに保存"), proposal, CDown253::tr("CSV (*.csv)"));
 }
 
-QString AskFile(QWidget* parent, const QString& name)
+/// The file that a table is proposed to go into.
+QString TableFile(const CKELDSectionDoc& doc, const ResultSelection& selection, const QString& extension)
 {
-    return QFileDialog::getSaveFileName(parent, CDown253::tr("表をCSVに保存"), name, CDown253::tr("CSV (*.csv)"));
+    return ProposedFile(doc, toQString(ShortTableTitle(selection)), extension);
 }
 
-bool PrintOnPaper(QWidget* parent, const CResultTable& table, const ResultSelection& selection)
+bool PrintOnPaper(const CKELDSectionDoc& doc, QWidget* parent, const CResultTable& table,
+                  const ResultSelection& selection)
 {
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(ResultTitle(selection));
+    NamePrint(printer, TableFile(doc, selection, u".pdf"_s));
     QPrintDialog dialog(&printer, parent);
     return dialog.exec() != QDialog::Accepted || PrintResultTable(printer, table, selection, parent->font());
 }
@@ -98,7 +100,9 @@ void Fill(QComboBox* box, const QStringList& entries, const QString& shown)
 CDown253::CDown253(CKELDSectionDoc* doc, QWidget* parent)
     : CPanel(doc, kBlock, parent)
     , askFile(&AskFile)
-    , print(&PrintOnPaper)
+    , print([doc](QWidget* owner, const CResultTable& table, const ResultSelection& selection) {
+        return PrintOnPaper(*doc, owner, table, selection);
+    })
     , warn([](QWidget* owner, const QString& message) { QMessageBox::warning(owner, QString(), message); })
     , shown_(doc)
     , session_(ResultSessionOf(*doc))
@@ -181,6 +185,7 @@ void CDown253::MakeControls()
     scroll->setWidget(choices);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus); // its controls have the keyboard, and scroll it
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setFixedWidth(choices->sizeHint().width() + scroll->verticalScrollBar()->sizeHint().width());
 
@@ -190,6 +195,17 @@ void CDown253::MakeControls()
     row->addWidget(Grid(), 1);
     auto* rows = static_cast<QVBoxLayout*>(layout());
     rows->addLayout(row);
+    faults_ = new QLabel;
+    faults_->setAccessibleName(tr("結果ファイルの不備"));
+    faults_->setTextFormat(Qt::PlainText);
+    faults_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    faults_->setWordWrap(true);
+    faults_->setMargin(kSpacing);
+    faults_->setAutoFillBackground(true);
+    faults_->setBackgroundRole(QPalette::ToolTipBase);
+    faults_->setForegroundRole(QPalette::ToolTipText);
+    faults_->hide();
+    rows->addWidget(faults_);
     rows->addWidget(new CResultNotice(shown_, this)); // below, so that nothing moves under the pointer when it comes
 }
 
@@ -310,6 +326,7 @@ void CDown253::FillResultTable()
         figureItem_->setCurrentIndex(static_cast<int>(info.defaultComponent));
     }
     ShowState();
+    ShowFaults();
     emit session_.figureChanged();
 }
 
@@ -324,6 +341,19 @@ void CDown253::ShowState()
                                             : tr("%1 行").arg(table.RowCount()));
     save_->setEnabled(table.RowCount() > 0);
     print_->setEnabled(table.RowCount() > 0);
+}
+
+void CDown253::ShowFaults()
+{
+    QStringList lines;
+    for (const ResultFault& fault : ResultFaults(shown_->Results()))
+        lines << toQString(fault.text);
+    if (!lines.isEmpty()) {
+        lines.prepend(tr("結果ファイルに不備があります。"));
+        lines << tr("入力データには影響ありません。解析をもう一度実行してから、結果を読み込んでください。");
+    }
+    faults_->setText(lines.join(u'\n'));
+    faults_->setVisible(!lines.isEmpty());
 }
 
 void CDown253::ShowNewResults()
@@ -416,8 +446,7 @@ void CDown253::Commit()
 
 void CDown253::SaveCsv()
 {
-    const QString title = ResultTitle(session_.selection);
-    const QString path = askFile(this, FileName(title));
+    const QString path = askFile(this, TableFile(*shown_, session_.selection, u".csv"_s));
     if (path.isEmpty())
         return;
     QSaveFile file(path);

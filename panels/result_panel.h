@@ -38,8 +38,8 @@ public:
 
     // Seams; by default dialogs of the platform.
 
-    /// The file to save a table in, proposed as `name`; empty: none.
-    std::function<QString(QWidget* parent, const QString& name)> askFile;
+    /// The file to save a table in; the dialog begins with the path `proposal`. Empty: none.
+    std::function<QString(QWidget* parent, const QString& proposal)> askFile;
     /// Prints a table; false: it could not be printed.
     std::function<bool(QWidget* parent, const CResultTable& table, const ResultSelection& selection)> print;
     /// Tells the user something.
@@ -66,6 +66,7 @@ private:
     void ShowKindWords();
     void FillResultTable();
     void ShowState();
+    void ShowFaults();
     /// Shows results that were read anew; what is chosen stays as far as they have it.
     void ShowNewResults();
 
@@ -95,6 +96,7 @@ private:
     QStringListModel* offered_ = nullptr;
     QStringListModel* stations_ = nullptr;
     QLabel* state_ = nullptr;
+    QLabel* faults_ = nullptr; // below everything; hidden without a fault
     QPushButton* save_ = nullptr;
     QPushButton* print_ = nullptr;
 };

@@ -34,6 +34,7 @@ std::size_t FieldReader::Take(std::span<std::byte> into)
     const std::size_t got = wanted > 0 ? source_.Read(into.first(wanted)) : 0;
     taken_ += got;
     left_ = got == into.size() ? left_ - got : 0;
+    endedEarly_ = endedEarly_ || got < into.size();
     return got;
 }
 
@@ -66,6 +67,7 @@ std::vector<std::string> FieldReader::Names(std::uint64_t count)
         for (std::size_t at = 0; at < got; at += kNameField)
             names.push_back(TextOfField(std::string_view(fields).substr(at, kNameField)));
     }
+    endedEarly_ = endedEarly_ || names.size() < count;
     return names;
 }
 

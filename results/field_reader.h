@@ -81,6 +81,9 @@ public:
     /// True if the last Array found no byte at all.
     [[nodiscard]] bool ArrayWasMissing() const { return arrayWasMissing_; }
 
+    /// True once the source has had less than was asked for.
+    [[nodiscard]] bool EndedEarly() const { return endedEarly_; }
+
 private:
     /// Bytes of one read: the part of an array that is cleared and then filled while it is still in the cache.
     static constexpr std::size_t kPiece = std::size_t{1} << 17;
@@ -92,6 +95,7 @@ private:
     std::uint64_t left_;
     std::uint64_t taken_ = 0;
     bool arrayWasMissing_ = false;
+    bool endedEarly_ = false;
 };
 
 template <typename T>
@@ -109,6 +113,7 @@ std::vector<T> FieldReader::Array(std::uint64_t count)
         entries.resize(had + Take(std::as_writable_bytes(std::span(entries).subspan(had))) / sizeof(T));
     }
     if (entries.size() < count) {
+        endedEarly_ = true;
         std::array<std::byte, sizeof(T)> cutEntry;
         static_cast<void>(Take(cutEntry));
     }

@@ -9,6 +9,9 @@ namespace {
 
 constexpr double kZoomFactor = 1.2;
 constexpr int kMostSteps = 1'000'000; // far outside of every screen
+constexpr double kLeastZoom = 1e-6;   // no pane shows anything of use beyond either
+constexpr double kMostZoom = 1e6;
+constexpr double kLeastBox = 4; // pixels; a smaller rectangle is the trembling of a click
 
 struct MoveCommand {
     int command;
@@ -20,6 +23,12 @@ constexpr MoveCommand kMoveCommands[] = {{32997, 0, -1}, {32998, 0, 1}, {32999, 
 
 constexpr int kZoomOut = 32995;
 constexpr int kZoomIn = 32996;
+
+void SetZoom(FigureView& view, double zoom)
+{
+    if (std::isfinite(zoom))
+        view.zoom = std::clamp(zoom, kLeastZoom, kMostZoom);
+}
 
 /// Whole steps; what is no number leaves the steps as they were.
 int Steps(double steps, int before)
@@ -39,9 +48,13 @@ void ApplyZoomBox(FigureView& view, const FigureScreen& screen)
 {
     const FigurePoint from = view.leftDownPoint;
     const FigurePoint to = view.leftUpPoint;
+    const double width = std::abs(to.x - from.x);
+    const double height = std::abs(to.y - from.y);
+    if (!(std::max(width, height) >= kLeastBox) || screen.clientWidth <= 0 || screen.clientHeight <= 0)
+        return;
     view.panX = Steps(view.panX - ((to.x + from.x) * 0.5 - screen.HalfWidth()) / screen.StepX(), view.panX);
     view.panY = Steps(view.panY - ((to.y + from.y) * 0.5 - screen.HalfHeight()) / screen.StepY(), view.panY);
-    view.zoom *= std::max((to.x - from.x) / screen.clientWidth, (to.y - from.y) / screen.clientHeight);
+    SetZoom(view, view.zoom * std::max(width / screen.clientWidth, height / screen.clientHeight));
 }
 
 } // namespace
@@ -63,9 +76,9 @@ bool ApplyViewCommand(FigureView& view, int command)
         return true;
     }
     if (command == kZoomOut)
-        view.zoom *= kZoomFactor;
+        SetZoom(view, view.zoom * kZoomFactor);
     else if (command == kZoomIn)
-        view.zoom /= kZoomFactor;
+        SetZoom(view, view.zoom / kZoomFactor);
     else
         return false;
     return true;

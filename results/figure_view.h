@@ -24,7 +24,7 @@ struct FigureView {
     int panY = 0;
     std::array<double, 3> viewDirection{1, 1, 1};
 
-    bool zoomBoxPending = false; ///< a rectangle from leftDownPoint to leftUpPoint is to fill the pane
+    bool zoomBoxPending = false; ///< a rectangle with the corners leftDownPoint and leftUpPoint is to fill the pane
     bool panPending = false;     ///< a drag from rightDownPoint to rightMovePoint is to stay
     bool panPreview = false;     ///< such a drag is on its way: the next paint shows it and forgets it
     FigurePoint leftDownPoint;
@@ -73,7 +73,8 @@ struct FigurePan {
 };
 
 /// Carries out what the mouse has left in the view and clears the marks. Gives the pan to paint with, which differs
-/// from that of the view while a drag is on its way.
+/// from that of the view while a drag is on its way. A rectangle of less than 4 pixels is nothing, in whichever
+/// direction it was drawn; the zoom stays above 0.
 [[nodiscard]] FigurePan TakeMouseMarks(FigureView& view, const FigureScreen& screen);
 
 /// Extents of a figure in its own units.

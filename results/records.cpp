@@ -106,6 +106,7 @@ bool AnalysisModel::Read(ByteSource& source)
     sectionNames = reader.Names(EntryCount(sectionCount));
     secondSectionNames = reader.Names(EntryCount(secondSectionCount));
     lastWord = reader.Word();
+    cut = reader.EndedEarly();
     return true;
 }
 
@@ -128,12 +129,15 @@ bool ElementTable::Read(ByteSource& source)
     *this = {};
     FieldReader reader(source);
     elementTableCount = reader.Word();
+    cut = reader.EndedEarly();
     if (elementTableCount <= 0)
         return true;
     ends = reader.Array<std::array<std::int32_t, 3>>(EntryCount(elementTableCount));
+    cut = reader.EndedEarly();
     if (reader.ArrayWasMissing())
         return false;
     elementValues = reader.Array<std::array<unsigned char, 48>>(EntryCount(elementTableCount));
+    cut = reader.EndedEarly();
     return !reader.ArrayWasMissing();
 }
 
@@ -150,6 +154,7 @@ bool NodeTable::Read(ByteSource& source)
     coordinates = reader.Array<std::array<double, 3>>(EntryCount(nodeTableCount));
     nodeFlags = reader.Array<std::int32_t>(EntryCount(nodeTableCount));
     nodeValues = reader.Array<std::array<std::int32_t, 6>>(EntryCount(nodeTableCount));
+    cut = reader.EndedEarly();
     return true;
 }
 
@@ -177,9 +182,11 @@ bool ResultCube::Read(ByteSource& source)
     size1 = reader.Word();
     size2 = reader.Word();
     size3 = reader.Word();
+    cut = reader.EndedEarly();
     if (size1 <= 0)
         return true;
     values = reader.Array<double>(EntryCount(size1, size2, size3));
+    cut = reader.EndedEarly();
     return !reader.ArrayWasMissing();
 }
 

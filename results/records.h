@@ -71,6 +71,8 @@ struct AnalysisModel {
     std::vector<std::string> secondSectionNames; ///< kept
     std::int32_t lastWord = 0;                   ///< kept
 
+    bool cut = false; ///< the file ended ahead of what its counts say
+
     /// Replaces the record by the file; false, and nothing changed, if it does not open. A file that ends early
     /// leaves the fields behind its end at 0 or empty, and is true.
     [[nodiscard]] bool Read(const std::filesystem::path& path);
@@ -87,6 +89,7 @@ struct ElementTable {
     std::int32_t elementTableCount = 0;
     std::vector<std::array<std::int32_t, 3>> ends;            ///< first and second word: the end nodes; third kept
     std::vector<std::array<unsigned char, 48>> elementValues; ///< kept
+    bool cut = false;                                         ///< the file ended ahead of what its counts say
 
     /// Replaces the record by the file; false, and nothing changed, if it does not open. False too if the file ends
     /// ahead of an array; what stands before that is in the record.
@@ -102,6 +105,7 @@ struct NodeTable {
     std::vector<std::array<double, 3>> coordinates;      ///< x, y, z
     std::vector<std::int32_t> nodeFlags;                 ///< -1: the node takes no part in the results
     std::vector<std::array<std::int32_t, 6>> nodeValues; ///< third word: support mark; the others kept
+    bool cut = false;                                    ///< the file ended ahead of what its counts say
 
     /// Replaces the record by the file; false, and nothing changed, if it does not open.
     [[nodiscard]] bool Read(const std::filesystem::path& path);
@@ -121,6 +125,7 @@ struct ResultCube {
     std::int32_t size2 = 0;     ///< load cases
     std::int32_t size3 = 0;     ///< components
     std::vector<double> values; ///< the component running fastest; fewer than the sizes say if the file ends early
+    bool cut = false;           ///< the file ended ahead of what its counts say
 
     /// The value of an item and load case (both from 0) in a model of `loadCaseCount` load cases and `components`
     /// components; nothing if the file had none.

@@ -1,6 +1,7 @@
 #include "results/result_table.h"
 
 #include "project/text.h"
+#include "results/result_faults.h"
 
 #include <algorithm>
 #include <cmath>
@@ -82,6 +83,11 @@ CResultTable::CResultTable(const AnalysisResults& results, const ResultSelection
     if (kind_ == ResultKind::Reaction)
         DropSmallReactions();
     FindExtremes();
+}
+
+std::string CResultTable::FaultLine() const
+{
+    return results_ == nullptr ? std::string() : ResultFaultLine(*results_);
 }
 
 void CResultTable::AddColumns(const ResultSelection& selection)

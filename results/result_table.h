@@ -53,6 +53,9 @@ public:
     CResultTable() = default;
     CResultTable(const AnalysisResults& results, const ResultSelection& selection);
 
+    /// What is wrong with the files of the results, in one line of CP932; empty: nothing.
+    [[nodiscard]] std::string FaultLine() const;
+
     /// Nothing: there is no such load case, and the table has neither columns nor rows.
     [[nodiscard]] std::optional<std::size_t> LoadIndex() const { return load_; }
     [[nodiscard]] const std::vector<ResultColumn>& Columns() const { return columns_; }

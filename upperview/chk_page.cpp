@@ -2,6 +2,7 @@
 
 #include "document/section_doc.h"
 #include "project/text.h"
+#include "upperview/paper.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -178,8 +179,9 @@ void PaintChkPage(QPainter& painter, const std::vector<ChkLine>& lines, const QR
         const double top = -line.y + line.steps * step;
         if (top + step < visible.top() || top > visible.bottom())
             continue;
-        painter.setPen(QColor(static_cast<int>(line.colour & 0xFF), static_cast<int>(line.colour >> 8 & 0xFF),
-                              static_cast<int>(line.colour >> 16 & 0xFF)));
+        const QColor colour(static_cast<int>(line.colour & 0xFF), static_cast<int>(line.colour >> 8 & 0xFF),
+                            static_cast<int>(line.colour >> 16 & 0xFF));
+        painter.setPen(Ink(colour, painter.background().color()));
         painter.drawText(QPointF(line.x, top + metrics.ascent()), Visible(line.text));
     }
 }

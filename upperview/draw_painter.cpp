@@ -1,6 +1,7 @@
 #include "upperview/draw_painter.h"
 
 #include "document/section_doc.h"
+#include "upperview/paper.h"
 
 #include <QBrush>
 #include <QPainter>
@@ -13,6 +14,8 @@
 namespace sbd {
 
 namespace {
+
+constexpr double kInkContrast = 2; // on white
 
 QColor ColourOf(DrawColour colour)
 {
@@ -78,10 +81,20 @@ CPainterContext::CPainterContext(QPainter& painter, const QFont& font)
     painter_.setFont(font);
 }
 
+QColor CPainterContext::Paper() const
+{
+    return painter_.background().color();
+}
+
+QColor CPainterContext::InkOf(DrawColour colour) const
+{
+    return Ink(ColourOf(colour), Paper());
+}
+
 void CPainterContext::UsePen(bool smooth)
 {
     // A line of no width is one pixel wide in any scale.
-    QPen pen(ColourOf(Pen().colour), Pen().width <= pixel_ ? 0 : Pen().width, StyleOf(Pen().style), Qt::FlatCap);
+    QPen pen(InkOf(Pen().colour), Pen().width <= pixel_ ? 0 : Pen().width, StyleOf(Pen().style), Qt::FlatCap);
     pen.setJoinStyle(Qt::MiterJoin);
     painter_.setPen(pen);
     painter_.setRenderHint(QPainter::Antialiasing, smooth);
@@ -89,7 +102,10 @@ void CPainterContext::UsePen(bool smooth)
 
 void CPainterContext::UseBrush()
 {
-    QBrush brush(ColourOf(Brush().colour), StyleOf(Brush().style));
+    // Hatching is lines; what is filled with the colour of lines is an arrow's head or the like.
+    const QColor colour = ColourOf(Brush().colour);
+    const bool isInk = Brush().style != BrushStyle::Solid || Contrast(colour, Qt::white) > kInkContrast;
+    QBrush brush(isInk ? Ink(colour, Paper()) : Surface(colour, Paper()), StyleOf(Brush().style));
     brush.setTransform(painter_.transform().inverted()); // hatching keeps its step
     painter_.setBrush(brush);
 }
@@ -138,14 +154,14 @@ void CPainterContext::FillPolygon(std::span<const DrawPoint> corners)
 void CPainterContext::FillCircle(DrawPoint centre, int r, DrawColour colour)
 {
     painter_.setPen(Qt::NoPen);
-    painter_.setBrush(ColourOf(colour));
+    painter_.setBrush(InkOf(colour));
     painter_.setRenderHint(QPainter::Antialiasing, true);
     painter_.drawEllipse(PointOf(centre), r, r);
 }
 
 void CPainterContext::Text(DrawPoint at, std::string_view text)
 {
-    painter_.setPen(ColourOf(TextColour()));
+    painter_.setPen(InkOf(TextColour()));
     painter_.drawText(QPointF(at.x, ascent_ - at.y), toQString(text));
 }
 

@@ -11,7 +11,8 @@ class QPainter;
 namespace sbd {
 
 /// Draws to a painter whose unit is 0.1 mm and whose y grows downward from the top of the page; the context's y grows
-/// upward. No line is thinner than a pixel. Takes the painter's pen, brush and font as its own.
+/// upward. Colours are those for white paper; they are turned where the painter's background is dark. No line is thinner
+/// than a pixel. Takes the painter's pen, brush and font as its own.
 class CPainterContext : public CDrawContext {
 public:
     /// `font` has its size in page units.
@@ -27,6 +28,8 @@ public:
     void Text(DrawPoint at, std::string_view text) override;
 
 private:
+    [[nodiscard]] QColor Paper() const;
+    [[nodiscard]] QColor InkOf(DrawColour colour) const;
     void UsePen(bool smooth);
     void UseBrush();
 

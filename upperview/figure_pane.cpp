@@ -4,8 +4,10 @@
 #include "document/section_doc.h"
 #include "project/catalogue.h"
 #include "upperview/display_look.h"
+#include "upperview/paper.h"
 #include "upperview/result_diagram.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -19,59 +21,108 @@ namespace {
 
 constexpr int kResultBlock = 253;
 
-FigureLook LookOf(const DisplaySettings& display)
-{
-    return {PaperColour(display), FigureFont(display)};
-}
-
 } // namespace
 
 CFigurePane::CFigurePane(CKELDSectionDoc* doc, QWidget* parent) : QWidget(parent), doc_(doc)
 {
     setAccessibleName(u"モデル図"_s);
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(Qt::StrongFocus);
     const auto repaint = [this] { update(); };
     connect(doc_, &CKELDSectionDoc::changed, this, repaint);
-    connect(doc_, &CKELDSectionDoc::reloaded, this, repaint);
-    connect(&ResultSessionOf(*doc_), &CResultSession::figureChanged, this, repaint);
+    connect(doc_, &CKELDSectionDoc::reloaded, this, &CFigurePane::FigureIsAnother);
+    connect(doc_, &CKELDSectionDoc::resultsRead, this, &CFigurePane::FigureIsAnother);
+    connect(&ResultSessionOf(*doc_), &CResultSession::figureChanged, this, &CFigurePane::FigureIsAnother);
 }
 
 void CFigurePane::RunViewCommand(int command)
 {
+    mouse_.Forget(); // the figure moves away under it
     ApplyViewCommand(view_, command);
     update();
 }
 
 bool CFigurePane::ShowsResult() const
 {
-    return doc_->showHelpPage && doc_->CurrentBlock() == kResultBlock;
+    return doc_->CurrentBlock() == kResultBlock;
 }
 
-void CFigurePane::Paint(QPainter& painter)
+bool CFigurePane::HasFigure() const
 {
+    const AnalysisResults& results = doc_->Results();
+    return !results.nodeTable.coordinates.empty()
+           && (!ShowsResult() || LoadCaseOf(results.model, ResultSessionOf(*doc_).selection.load));
+}
+
+void CFigurePane::Refresh()
+{
+    if (ShowsResult() != showedResult_)
+        FigureIsAnother();
+    showedResult_ = ShowsResult();
+    setAccessibleName(showedResult_ ? u"計算結果の図"_s : u"モデル図"_s);
+    update();
+}
+
+void CFigurePane::FigureIsAnother()
+{
+    mouse_.Forget();
+    update();
+}
+
+void CFigurePane::Paint(QPainter& painter, const QColor& paper)
+{
+    const FigureLook look{paper, FigureFont(doc_->display)};
     const FigureScreen screen = FigureScreenOf(*this);
+    view_.panPreview = mouse_.Drags(); // for as long as the button is down, whatever else asks for a paint
     if (ShowsResult()) {
-        DrawResultPage(painter, screen, doc_->Results(), ResultSessionOf(*doc_).selection, LookOf(doc_->display),
-                       view_);
+        DrawResultPage(painter, screen, doc_->Results(), ResultSessionOf(*doc_).selection, look, view_);
         return;
     }
     const int block = doc_->HelpBlock() >= 0 ? doc_->HelpBlock() : doc_->CurrentBlock();
-    DrawModelFigure(painter, screen, doc_->Results(), doc_->Data(), {CanonicalBlock(block), doc_->HelpRow()},
-                    LookOf(doc_->display), view_);
+    DrawModelFigure(painter, screen, doc_->Results(), doc_->Data(), {CanonicalBlock(block), doc_->HelpRow()}, look,
+                    view_);
 }
 
 void CFigurePane::PaintPicture(QPainter& painter)
 {
     painter.fillRect(rect(), PaperColour(doc_->display));
-    Paint(painter);
+    Paint(painter, PaperColour(doc_->display));
 }
 
 void CFigurePane::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    PaintPicture(painter);
+    const QColor paper = PaperOnScreen(PaperColour(doc_->display), palette());
+    painter.fillRect(rect(), paper);
+    Paint(painter, paper);
     if (const auto band = mouse_.RubberBand())
-        DrawRubberBand(painter, *band);
+        DrawRubberBand(painter, *band, paper);
+    if (hasFocus())
+        DrawFocusFrame(painter, *this);
+}
+
+/// Arrows move the figure, + and - zoom it, Home fits it again.
+void CFigurePane::keyPressEvent(QKeyEvent* event)
+{
+    struct KeyCommand {
+        int key;
+        int command;
+    };
+    static constexpr KeyCommand commands[] = {
+        {Qt::Key_Up, 32997},   {Qt::Key_Down, 32998},  {Qt::Key_Left, 32999},  {Qt::Key_Right, 33000},
+        {Qt::Key_Plus, 32996}, {Qt::Key_Equal, 32996}, {Qt::Key_Minus, 32995},
+    };
+    if (event->key() == Qt::Key_Home) {
+        mouse_.Forget();
+        view_.zoom = kFitZoom;
+        view_.panX = view_.panY = 0;
+        update();
+        return;
+    }
+    const auto* const row = std::ranges::find(commands, event->key(), &KeyCommand::key);
+    if (row == std::end(commands) || event->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier))
+        QWidget::keyPressEvent(event);
+    else
+        RunViewCommand(row->command);
 }
 
 void CFigurePane::PrintFigure(QPainter& painter)
@@ -85,13 +136,14 @@ void CFigurePane::PrintFigure(QPainter& painter)
     painter.translate((sheet.width() - width() * scale) / 2, 0);
     painter.scale(scale, scale);
     painter.setClipRect(rect());
-    Paint(painter);
+    Paint(painter, Qt::white); // the sheet
     painter.restore();
 }
 
 void CFigurePane::mousePressEvent(QMouseEvent* event)
 {
-    Follow(mouse_.Press(*event));
+    if (HasFigure())
+        Follow(mouse_.Press(*event));
 }
 
 void CFigurePane::mouseMoveEvent(QMouseEvent* event)
@@ -101,13 +153,23 @@ void CFigurePane::mouseMoveEvent(QMouseEvent* event)
 
 void CFigurePane::mouseReleaseEvent(QMouseEvent* event)
 {
-    Follow(mouse_.Release(*event, !doc_->showHelpPage));
+    Follow(mouse_.Release(*event));
+}
+
+void CFigurePane::hideEvent(QHideEvent* event)
+{
+    mouse_.Forget(); // the button comes up over something else
+    QWidget::hideEvent(event);
 }
 
 void CFigurePane::Follow(FigureMouseEffect effect)
 {
-    if (effect != FigureMouseEffect::None)
-        update();
+    if (effect == FigureMouseEffect::None)
+        return;
+    // At once: the next paint may be of another figure.
+    if (view_.zoomBoxPending || view_.panPending)
+        static_cast<void>(TakeMouseMarks(view_, FigureScreenOf(*this)));
+    update();
 }
 
 } // namespace sbd

@@ -22,6 +22,9 @@ public:
     void RunViewCommand(int command);
     [[nodiscard]] const FigureView& View() const { return view_; }
 
+    /// Paints what belongs to the document's block. What the mouse has begun on a figure is not for the next one.
+    void Refresh();
+
     /// Paints ground and figure as they stand in the pane.
     void PaintPicture(QPainter& painter);
     /// Paints the figure in the middle of the sheet, in the proportions that it has on the screen.
@@ -32,14 +35,19 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void Paint(QPainter& painter);
+    void Paint(QPainter& painter, const QColor& paper);
     void Follow(FigureMouseEffect effect);
+    void FigureIsAnother();
     [[nodiscard]] bool ShowsResult() const;
+    [[nodiscard]] bool HasFigure() const;
 
     CKELDSectionDoc* doc_;
     FigureView view_;
+    bool showedResult_ = false; // when it was refreshed last
     CFigureMouse mouse_{view_};
 };
 

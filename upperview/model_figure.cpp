@@ -1,6 +1,7 @@
 #include "upperview/model_figure.h"
 
 #include "document/section_doc.h"
+#include "upperview/paper.h"
 
 #include <QFontMetricsF>
 #include <QImage>
@@ -75,30 +76,30 @@ std::optional<QLine> PixelLine(FigurePoint from, FigurePoint to, const FigureScr
     return QLine(at(begin), at(end));
 }
 
-void PaintDot(QPainter& painter, QPoint at)
+void PaintDot(QPainter& painter, QPoint at, const FigureLook& look)
 {
-    painter.setPen(QPen(Qt::black, 1));
-    painter.setBrush(Qt::red);
+    painter.setPen(PenOf(FigurePen::Plain, look));
+    painter.setBrush(Ink(Qt::red, look.backColor));
     painter.drawEllipse(at, kDotRadius, kDotRadius);
     painter.setBrush(Qt::NoBrush);
 }
 
 /// On pixels, copies of one dot: a large bridge has thousands. Paper gets circles of its own fineness.
-void PaintDots(QPainter& painter, const std::vector<QPoint>& dots)
+void PaintDots(QPainter& painter, const std::vector<QPoint>& dots, const FigureLook& look)
 {
     const bool isPixels = painter.paintEngine()->type() == QPaintEngine::Raster
                           && painter.deviceTransform().type() <= QTransform::TxTranslate
                           && painter.device()->devicePixelRatio() == 1;
     if (!isPixels) {
         for (const QPoint dot : dots)
-            PaintDot(painter, dot);
+            PaintDot(painter, dot, look);
         return;
     }
     const QPoint middle(kDotRadius + 1, kDotRadius + 1);
     QImage copy(2 * kDotRadius + 3, 2 * kDotRadius + 3, QImage::Format_ARGB32_Premultiplied);
     copy.fill(Qt::transparent);
     QPainter onCopy(&copy);
-    PaintDot(onCopy, middle);
+    PaintDot(onCopy, middle, look);
     onCopy.end();
     for (const QPoint dot : dots)
         painter.drawImage(dot - middle, copy);
@@ -166,13 +167,13 @@ public:
             lines_.Add(top, right);
             lines_.Add(left, right);
         }
-        PaintDots(painter_, Dots());
+        PaintDots(painter_, Dots(), look_);
         lines_.Paint(painter_, PenOf(FigurePen::Plain, look_));
     }
 
     void Names()
     {
-        painter_.setPen(Qt::black);
+        painter_.setPen(Ink(Qt::black, look_.backColor));
         painter_.setFont(look_.font);
         const QFontMetricsF metrics(look_.font, painter_.device());
         const double characterWidth = metrics.averageCharWidth();
@@ -238,23 +239,24 @@ FigureScreen FigureScreenOf(const QWidget& pane)
 
 QPen PenOf(FigurePen pen, const FigureLook& look)
 {
+    const auto ink = [&look](const QColor& colour, double width) { return QPen(Ink(colour, look.backColor), width); };
     switch (pen) {
     case FigurePen::Member:
-        return {Qt::blue, 2};
+        return ink(Qt::blue, 2);
     case FigurePen::Lateral:
-        return {QColor(0, 255, 0), 1};
+        return ink(QColor(0, 255, 0), 1);
     case FigurePen::Sway:
-        return {QColor(255, 0, 255), 1};
+        return ink(QColor(255, 0, 255), 1);
     case FigurePen::Background:
         return {look.backColor, 1};
     case FigurePen::Selected:
-        return {Qt::red, 3};
+        return ink(Qt::red, 3);
     case FigurePen::Faint:
-        return {QColor(0x80, 0x80, 0x80), 1};
+        return ink(QColor(0x80, 0x80, 0x80), 1);
     case FigurePen::Plain:
         break;
     }
-    return {Qt::black, 1};
+    return ink(Qt::black, 1);
 }
 
 void CFigureLines::Add(FigurePoint from, FigurePoint to)
@@ -298,7 +300,9 @@ FigureMouseEffect CFigureMouse::Press(const QMouseEvent& event)
         leftButtonDown_ = true;
     } else if (event.button() == Qt::RightButton) {
         view_.rightDownPoint = PointOf(event);
+        view_.rightMovePoint = view_.rightDownPoint;
         rightButtonDown_ = true;
+        dragShown_ = false;
     }
     return FigureMouseEffect::None;
 }
@@ -309,17 +313,21 @@ FigureMouseEffect CFigureMouse::Move(const QMouseEvent& event)
         rubberCorner_ = PointOf(event);
         return FigureMouseEffect::RubberBand;
     }
-    if (!rightButtonDown_)
-        return FigureMouseEffect::None;
+    return rightButtonDown_ ? FollowDrag(event) : FigureMouseEffect::None;
+}
+
+FigureMouseEffect CFigureMouse::FollowDrag(const QMouseEvent& event)
+{
     view_.rightMovePoint = PointOf(event);
-    if (std::abs(view_.rightMovePoint.x - view_.rightDownPoint.x) <= kDragPixels
-        && std::abs(view_.rightMovePoint.y - view_.rightDownPoint.y) <= kDragPixels)
+    dragShown_ = dragShown_ || std::abs(view_.rightMovePoint.x - view_.rightDownPoint.x) > kDragPixels
+                 || std::abs(view_.rightMovePoint.y - view_.rightDownPoint.y) > kDragPixels;
+    if (!dragShown_)
         return FigureMouseEffect::None;
     view_.panPreview = true;
     return FigureMouseEffect::Repaint;
 }
 
-FigureMouseEffect CFigureMouse::Release(const QMouseEvent& event, bool takesDrags)
+FigureMouseEffect CFigureMouse::Release(const QMouseEvent& event)
 {
     if (event.button() == Qt::LeftButton && leftButtonDown_) {
         leftButtonDown_ = false;
@@ -329,13 +337,24 @@ FigureMouseEffect CFigureMouse::Release(const QMouseEvent& event, bool takesDrag
     }
     if (event.button() == Qt::RightButton && rightButtonDown_) {
         rightButtonDown_ = false;
-        if (!takesDrags)
-            return FigureMouseEffect::None;
-        view_.rightMovePoint = PointOf(event);
-        view_.panPending = true;
-        return FigureMouseEffect::Repaint;
+        // The last place counts too, and stays exactly where it was shown: a drag that was not shown has no end.
+        const FigureMouseEffect shown = FollowDrag(event);
+        view_.panPending = dragShown_;
+        view_.panPreview = false;
+        dragShown_ = false;
+        return shown;
     }
     return FigureMouseEffect::None;
+}
+
+void CFigureMouse::Forget()
+{
+    leftButtonDown_ = false;
+    rightButtonDown_ = false;
+    dragShown_ = false;
+    view_.zoomBoxPending = false;
+    view_.panPending = false;
+    view_.panPreview = false;
 }
 
 std::optional<QRectF> CFigureMouse::RubberBand() const
@@ -346,10 +365,10 @@ std::optional<QRectF> CFigureMouse::RubberBand() const
         .normalized();
 }
 
-void DrawRubberBand(QPainter& painter, const QRectF& band)
+void DrawRubberBand(QPainter& painter, const QRectF& band, const QColor& paper)
 {
     painter.save();
-    painter.setPen(QPen(Qt::blue, 1, Qt::DashLine));
+    painter.setPen(QPen(Ink(Qt::blue, paper), 1, Qt::DashLine));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(band.toRect());
     painter.restore();

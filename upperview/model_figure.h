@@ -18,7 +18,8 @@ class QWidget;
 
 namespace sbd {
 
-/// How the figures are drawn. The font is measured in pixels.
+/// How the figures are drawn: on which ground, in the colours that it makes of those for white paper. The font is measured
+/// in pixels.
 struct FigureLook {
     QColor backColor = Qt::white;
     QFont font;
@@ -66,20 +67,27 @@ public:
 
     FigureMouseEffect Press(const QMouseEvent& event);
     FigureMouseEffect Move(const QMouseEvent& event);
-    /// `takesDrags`: the end of a right drag counts; not for the results while the help page is switched on.
-    FigureMouseEffect Release(const QMouseEvent& event, bool takesDrags = true);
+    FigureMouseEffect Release(const QMouseEvent& event);
+    /// As if no button were down; what was begun has no effect.
+    void Forget();
+
+    /// A drag is on its way and shown.
+    [[nodiscard]] bool Drags() const { return dragShown_; }
 
     /// The rectangle to show while the left button is down.
     [[nodiscard]] std::optional<QRectF> RubberBand() const;
 
 private:
+    FigureMouseEffect FollowDrag(const QMouseEvent& event);
+
     FigureView& view_;
     FigurePoint rubberCorner_;
     bool leftButtonDown_ = false;
     bool rightButtonDown_ = false;
+    bool dragShown_ = false; // it has once been far enough
 };
 
 /// Paints RubberBand() over a figure.
-void DrawRubberBand(QPainter& painter, const QRectF& band);
+void DrawRubberBand(QPainter& painter, const QRectF& band, const QColor& paper = Qt::white);
 
 } // namespace sbd

@@ -1,6 +1,8 @@
 #include "upperview/page_view.h"
 
+#include "upperview/display_look.h"
 #include "upperview/page_unit.h"
+#include "upperview/paper.h"
 
 #include <QImage>
 #include <QKeyEvent>
@@ -15,7 +17,7 @@ namespace sbd {
 CPageView::CPageView(QWidget* parent) : QAbstractScrollArea(parent)
 {
     setFrameShape(QFrame::NoFrame);
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 double CPageView::Scale() const
@@ -39,11 +41,16 @@ void CPageView::SetScrollSize(QSizeF page)
 void CPageView::paintEvent(QPaintEvent*)
 {
     QPainter painter(viewport());
-    painter.fillRect(viewport()->rect(), BackColour());
+    painter.setBackground(PaperOnScreen(BackColour(), palette()));
+    painter.fillRect(viewport()->rect(), painter.background());
     painter.translate(-horizontalScrollBar()->value(), -verticalScrollBar()->value());
     painter.scale(Scale(), Scale());
     const QRectF visible = painter.transform().inverted().mapRect(QRectF(viewport()->rect()));
     SetScrollSize(PaintPage(painter, visible));
+    if (hasFocus()) {
+        painter.resetTransform();
+        DrawFocusFrame(painter, *viewport());
+    }
     Painted();
 }
 
@@ -69,9 +76,22 @@ QSize CPageView::PictureSize()
 void CPageView::PaintPicture(QPainter& painter)
 {
     const QSize size = PictureSize();
+    painter.setBackground(BackColour());
     painter.fillRect(QRect(QPoint(), size), BackColour());
     painter.scale(Scale(), Scale());
     PaintPage(painter, QRectF(QPointF(), QSizeF(size) / Scale()));
+}
+
+void CPageView::focusInEvent(QFocusEvent* event)
+{
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+void CPageView::focusOutEvent(QFocusEvent* event)
+{
+    QAbstractScrollArea::focusOutEvent(event);
+    viewport()->update();
 }
 
 void CPageView::keyPressEvent(QKeyEvent* event)
@@ -79,6 +99,9 @@ void CPageView::keyPressEvent(QKeyEvent* event)
     switch (event->key()) {
     case Qt::Key_Home:
         verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
+        break;
+    case Qt::Key_Space:
+        verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd);
         break;
     case Qt::Key_End:
         verticalScrollBar()->triggerAction(QScrollBar::SliderToMaximum);

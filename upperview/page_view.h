@@ -27,10 +27,10 @@ public:
     [[nodiscard]] double Scale() const;
 
 protected:
-    /// Paints the page, in 0.1 mm and y downward from its top; what is not in `visible` may be left out. Gives the
-    /// page's size.
+    /// Paints the page, in 0.1 mm and y downward from its top; what is not in `visible` may be left out. The painter's
+    /// background is the paper. Gives the page's size.
     virtual QSizeF PaintPage(QPainter& painter, const QRectF& visible) = 0;
-    /// The colour behind the page.
+    /// The colour behind the page; on a dark screen another one may stand in its place.
     [[nodiscard]] virtual QColor BackColour() const = 0;
     /// Height of a line, the step of the wheel and the arrow keys.
     [[nodiscard]] virtual double LineStep() const = 0;
@@ -39,6 +39,8 @@ protected:
 
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void SetScrollSize(QSizeF page);

@@ -2,6 +2,9 @@
 
 #include "document/section_doc.h"
 #include "results/diagram_drawing.h"
+#include "results/result_faults.h"
+#include "results/result_title.h"
+#include "upperview/paper.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -26,13 +29,13 @@ QFont DiagramFont(const FigureLook& look)
 /// Writes texts beside their points; upright where the points stand closer than the texts are wide.
 class TextPainter {
 public:
-    TextPainter(QPainter& painter, const FigureScreen& screen, const QFont& font)
+    TextPainter(QPainter& painter, const FigureScreen& screen, const QFont& font, const QColor& ink)
         : painter_(painter)
         , screen_(screen)
         , metrics_(font, painter.device())
     {
         painter_.setFont(font);
-        painter_.setPen(Qt::black);
+        painter_.setPen(ink);
     }
 
     void Write(const std::vector<FigureText>& texts)
@@ -93,7 +96,8 @@ void PaintDiagram(QPainter& painter, const DiagramDrawing& drawing, const Figure
                 lines.Add(line.from, line.to);
         lines.Paint(painter, PenOf(pen, look));
     }
-    painter.setBrush(Qt::black);
+    const QColor ink = Ink(Qt::black, look.backColor);
+    painter.setBrush(ink);
     for (const auto& head : drawing.heads) {
         QPolygonF corners;
         for (const FigurePoint& corner : head)
@@ -103,20 +107,21 @@ void PaintDiagram(QPainter& painter, const DiagramDrawing& drawing, const Figure
         if (isNumber && corners.boundingRect().intersects({0, 0, screen.clientWidth, screen.clientHeight}))
             painter.drawPolygon(corners);
     }
-    TextPainter texts(painter, screen, DiagramFont(look));
+    TextPainter texts(painter, screen, DiagramFont(look), ink);
     texts.Write(drawing.stationNames);
     texts.Write(drawing.values);
 }
 
 void PaintDeformed(QPainter& painter, const AnalysisResults& results, std::size_t loadCase, const FigureScreen& screen,
-                   const FigureLook& look, const FigureView& view)
+                   const FigureLook& look, FigureView& view)
 {
+    const FigurePan pan = TakeMouseMarks(view, screen);
     const CModelProjection before(FigurePlaces(results), view.viewDirection);
     const CModelProjection moved(DeformedPlaces(results, loadCase), view.viewDirection);
     FigureBounds bounds = before.Bounds();
     bounds.Widen(moved.Bounds().minX, moved.Bounds().minY);
     bounds.Widen(moved.Bounds().maxX, moved.Bounds().maxY);
-    const ModelScale scale = FitModel(bounds, screen, view.zoom, {view.panX, view.panY});
+    const ModelScale scale = FitModel(bounds, screen, view.zoom, pan);
     CFigureLines lines(screen);
     const auto paint = [&](const CModelProjection& shape, FigurePen pen) {
         for (const auto& ends : results.elementTable.ends)
@@ -126,6 +131,25 @@ void PaintDeformed(QPainter& painter, const AnalysisResults& results, std::size_
     };
     paint(before, FigurePen::Faint);
     paint(moved, FigurePen::Plain);
+}
+
+/// The title in the left upper corner, over what may lie there; below it what is wrong with the files.
+void PaintTitle(QPainter& painter, const AnalysisResults& results, const ResultSelection& selection,
+                const FigureLook& look)
+{
+    const QFont font = DiagramFont(look);
+    const QFontMetricsF metrics(font, painter.device());
+    painter.setFont(font);
+    double top = kGap;
+    for (const std::string& line : {FigureTitle(results.model, selection), ResultFaultLine(results)}) {
+        const QString text = toQString(line);
+        if (text.isEmpty())
+            continue;
+        painter.fillRect(QRectF(kGap, top, metrics.horizontalAdvance(text), metrics.height()), look.backColor);
+        painter.setPen(Ink(top == kGap ? Qt::black : Qt::red, look.backColor));
+        painter.drawText(QPointF(kGap, top + metrics.ascent()), text);
+        top += metrics.height();
+    }
 }
 
 } // namespace
@@ -147,6 +171,7 @@ void DrawResultPage(QPainter& painter, const FigureScreen& screen, const Analysi
         const DiagramScale scale = FitDiagram(diagram, screen, view.zoom, pan);
         PaintDiagram(painter, DrawDiagram(diagram, scale), screen, look);
     }
+    PaintTitle(painter, results, selection, look);
     painter.restore();
 }
 

@@ -7,8 +7,7 @@
 namespace sbd {
 
 /// Paints the diagram along the chosen girder, or the deformed frame for the displacements of all girders, into the
-/// pane of `screen`. Carries out the marks of the mouse in `view`; those of the deformed frame stay for the next other
-/// figure. Paints nothing if the load case is not there. The font is that of the model figure.
+/// pane of `screen`. Carries out the marks of the mouse in `view`. Paints nothing if the load case is not there. The font is that of the model figure.
 void DrawResultPage(QPainter& painter, const FigureScreen& screen, const AnalysisResults& results,
                     const ResultSelection& selection, const FigureLook& look, FigureView& view);
 

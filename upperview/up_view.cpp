@@ -20,7 +20,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kResultBlock = 253;
-constexpr int kFirstZoomOrMove = 32995; // the commands below it choose a view
 
 } // namespace
 
@@ -42,7 +41,7 @@ CUpView::CUpView(CKELDSectionDoc* doc, QWidget* parent)
 void CUpView::RunViewCommand(int command)
 {
     figure_->RunViewCommand(command);
-    if (command < kFirstZoomOrMove || doc_->CurrentBlock() != kResultBlock)
+    if (doc_->CurrentBlock() != kResultBlock)
         doc_->showHelpPage = false;
     Refresh();
 }
@@ -113,7 +112,7 @@ void CUpView::Refresh()
     else
         setCurrentWidget(help_);
     if (currentWidget() == figure_)
-        figure_->update();
+        figure_->Refresh();
     else
         static_cast<CPageView*>(currentWidget())->viewport()->update();
 }

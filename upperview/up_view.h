@@ -25,8 +25,8 @@ public:
     [[nodiscard]] CChkView& Chk() { return *chk_; }
     [[nodiscard]] CFigurePane& Figure() { return *figure_; }
 
-    /// Carries out a command of the model figure, 32991 to 33000, and shows the figure. The diagram of block 253 stays on
-    /// show where it takes the command itself.
+    /// Carries out a command of the model figure, 32991 to 33000, and shows the figure. In block 253 the result stays on
+    /// show: a view fits its diagram or turns its deformed frame.
     void RunViewCommand(int command);
 
     /// Prints what is on show, on one sheet: a printer or a PDF file.

@@ -2,11 +2,15 @@
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
 #include "frame/left_view.h"
+#include "frame/settings.h"
+#include "grid/grid_ctrl.h"
 #include "panels/panel.h"
 #include "upperview/chk_view.h"
+#include "upperview/figure_pane.h"
 #include "upperview/help_view.h"
 #include "upperview/up_view.h"
 
+#include <QScrollBar>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -46,6 +50,10 @@ private slots:
     void aReloadShowsTheBlockAgain();
     void theTitleFollowsPathAndModifiedState();
     void theFocusGoesToAndFro();
+    void everyPaneIsReachedAndScrolledByKeysAlone();
+    void theNotesAreNoDeadEnd();
+    void aPanelWithoutACellShowsNoneOfAnother();
+    void theTreeKeepsItsWidth();
 };
 
 void ChildFrameTest::beginsWithTheControlBlock()
@@ -182,7 +190,131 @@ void ChildFrameTest::theFocusGoesToAndFro()
     window.child->FocusOtherPane();
     QVERIFY(window.child->Panel()->isAncestorOf(QApplication::focusWidget()));
     window.child->FocusOtherPane();
+    QVERIFY(window.child->UpView().Help().hasFocus());
+    window.child->FocusOtherPane();
     QVERIFY(window.child->Tree().hasFocus());
+    window.child->FocusOtherPane(false);
+    QVERIFY(window.child->UpView().Help().hasFocus());
+    window.child->FocusOtherPane(false);
+    QVERIFY(window.child->Panel()->isAncestorOf(QApplication::focusWidget()));
+}
+
+void ChildFrameTest::everyPaneIsReachedAndScrolledByKeysAlone()
+{
+    const Window window;
+    CChildFrame& child = *window.child;
+    child.resize(1000, 600);
+    child.show();
+    child.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&child));
+    child.Tree().setFocus();
+    child.GoToBlock(313);
+    child.FocusOtherPane(false);
+    CHelpView& help = child.UpView().Help();
+    QVERIFY(help.hasFocus());
+    QApplication::processEvents();
+    QScrollBar* bar = help.verticalScrollBar();
+    QVERIFY(bar->maximum() > 0);
+    bar->setValue(0);
+    QTest::keyClick(&help, Qt::Key_Down);
+    const int line = bar->value();
+    QVERIFY(line > 0);
+    QTest::keyClick(&help, Qt::Key_PageDown);
+    QVERIFY(bar->value() > line);
+    QTest::keyClick(&help, Qt::Key_End);
+    QCOMPARE(bar->value(), bar->maximum());
+    QTest::keyClick(&help, Qt::Key_Home);
+    QCOMPARE(bar->value(), 0);
+
+    child.ShowHelpPage(false);
+    child.Tree().setFocus();
+    child.FocusOtherPane(false);
+    CFigurePane& figure = child.UpView().Figure();
+    QVERIFY(figure.hasFocus());
+    QTest::keyClick(&figure, Qt::Key_Right);
+    QTest::keyClick(&figure, Qt::Key_Down);
+    QCOMPARE(figure.View().panX, 1);
+    QCOMPARE(figure.View().panY, 1);
+    QTest::keyClick(&figure, Qt::Key_Plus);
+    QVERIFY(figure.View().zoom < kFitZoom);
+    QTest::keyClick(&figure, Qt::Key_Home);
+    QCOMPARE(figure.View().zoom, kFitZoom);
+    QCOMPARE(figure.View().panX, 0);
+
+    // What stands beside the grid of the search and of the results: the next stop behind the grid, then Tab.
+    for (const int block : {999, 253}) {
+        child.GoToBlock(block);
+        child.FocusPanel();
+        QVERIFY(child.Panel()->Grid()->isAncestorOf(QApplication::focusWidget()) || child.Panel()->Grid()->hasFocus());
+        child.FocusOtherPane();
+        QWidget* beside = QApplication::focusWidget();
+        QVERIFY(child.Panel()->isAncestorOf(beside) && !child.Panel()->Grid()->isAncestorOf(beside));
+        QTest::keyClick(beside, Qt::Key_Tab);
+        QVERIFY(QApplication::focusWidget() != beside);
+        QVERIFY(child.Panel()->isAncestorOf(QApplication::focusWidget()));
+        child.FocusOtherPane();
+        QVERIFY2(child.UpView().isAncestorOf(QApplication::focusWidget()), qPrintable(QString::number(block)));
+    }
+}
+
+void ChildFrameTest::theNotesAreNoDeadEnd()
+{
+    const Window window;
+    CChildFrame& child = *window.child;
+    child.resize(1000, 600);
+    child.show();
+    const auto notes = [&child](int block) {
+        child.GoToBlock(block);
+        child.Doc().SetCurrentBlock(100);
+        child.Doc().SetHelpCell(-1, 0, 0);
+        child.ShowHelpPage(true);
+    };
+    for (const int block : {254, 255, 256}) {
+        notes(block);
+        QVERIFY(child.UpView().currentWidget() == &child.UpView().Help());
+        QVERIFY(child.GoToBlock(block)); // by the menu
+        QCOMPARE(child.Doc().CurrentBlock(), block);
+        QVERIFY(child.UpView().currentWidget() == &child.UpView().Chk());
+        notes(block);
+        QTest::mouseClick(child.Tree().viewport(), Qt::LeftButton, {},
+                          child.Tree().visualItemRect(child.Tree().currentItem()).center());
+        QCOMPARE(child.Doc().CurrentBlock(), block); // by a click on the item that is selected already
+    }
+    notes(313);
+    child.Panel()->GoToCell(3, 4); // the page follows the cell again, and so does the name of its picture
+    QCOMPARE(child.Doc().CurrentBlock(), 313);
+}
+
+void ChildFrameTest::aPanelWithoutACellShowsNoneOfAnother()
+{
+    const Window window;
+    CChildFrame& child = *window.child;
+    for (const int before : {313, 999, 253}) {
+        for (const int block : {254, 255}) {
+            child.GoToBlock(before);
+            if (child.Panel() != nullptr)
+                child.Panel()->Grid()->SetFocusCell(1, 1);
+            child.GoToBlock(block);
+            QCOMPARE(child.Doc().HelpBlock(), -1);
+        }
+    }
+}
+
+void ChildFrameTest::theTreeKeepsItsWidth()
+{
+    const Window window;
+    CChildFrame& child = *window.child;
+    child.resize(1000, 600);
+    child.show();
+    child.GoToBlock(313); // its group is open: the tree has a scroll bar
+    QApplication::processEvents();
+    QVERIFY(child.Tree().verticalScrollBar()->isVisible());
+    const PaneSizes first = child.Panes();
+    for (int start = 0; start < 3; ++start) { // as the sizes are kept and taken
+        child.SetPanes(child.Panes());
+        QApplication::processEvents();
+    }
+    QCOMPARE(child.Panes().left, first.left);
 }
 
 QTEST_MAIN(ChildFrameTest)

@@ -55,6 +55,7 @@ private slots:
     void givingUpTheDialogsDoesNothing();
 
     void savingWritesTheProject();
+    void projectsWithoutAFileHaveNumbers();
     void theFirstSaveAsksForAName();
     void aNameWithoutExtensionGetsIt();
     void aNameThatGetsItsExtensionReplacesNothing();
@@ -161,6 +162,24 @@ void FileCommandsTest::savingWritesTheProject()
     QVERIFY(desk.files.Save(*child));
     QVERIFY(Bytes(child->Doc().PathName()).startsWith("TITLE:SAVED\r\n"));
     QVERIFY(!child->Doc().IsModified());
+}
+
+void FileCommandsTest::projectsWithoutAFileHaveNumbers()
+{
+    Desk desk;
+    desk.user.start.choice = 1; // an empty project
+    CChildFrame* first = desk.files.New();
+    CChildFrame* second = desk.files.New();
+    QVERIFY(first != nullptr && second != nullptr);
+    QCOMPARE(first->Title(), u"New SBD File"_s);
+    QCOMPARE(second->Title(), u"New SBD File 2"_s);
+    QVERIFY(!desk.files.Save(*second)); // given up
+    QVERIFY(desk.user.proposal.endsWith(u"/New SBD File 2.sbd"_s));
+    desk.user.saveFile = desk.folder.Path(u"a.sbd"_s);
+    QVERIFY(desk.files.Save(*first));
+    CChildFrame* third = desk.files.New();
+    QVERIFY(third != nullptr);
+    QCOMPARE(third->Title(), u"New SBD File"_s); // is free again
 }
 
 void FileCommandsTest::theFirstSaveAsksForAName()

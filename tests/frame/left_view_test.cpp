@@ -45,6 +45,7 @@ private slots:
     void boldStaysUntilTheNextRebuild();
     void enterAsksForThePanel();
     void everyTitleHasItsWholeWidth();
+    void aTypedNumberFindsItsBlockInAClosedGroup();
 };
 
 void LeftViewTest::aClickOnAnItemChoosesItsBlock()
@@ -208,6 +209,30 @@ void LeftViewTest::everyTitleHasItsWholeWidth()
         (*it)->setFont(0, bold);
     }
     checkWidths();
+}
+
+void LeftViewTest::aTypedNumberFindsItsBlockInAClosedGroup()
+{
+    CKELDSectionDoc doc;
+    CLeftView tree(&doc);
+    tree.resize(300, 300);
+    tree.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&tree));
+    tree.collapseAll();
+    tree.setCurrentItem(tree.topLevelItem(0));
+    const QSignalSpy chosen(&tree, &CLeftView::blockChosen);
+    QTest::keyClicks(&tree, u"734"_s);
+    QCOMPARE(tree.SelectedNumber(), 734);
+    QCOMPARE(chosen.last().first().toInt(), 734);
+    QVERIFY(tree.currentItem()->parent()->isExpanded());
+    QVERIFY(tree.viewport()->rect().contains(tree.visualItemRect(tree.currentItem()).center()));
+    // At once another one: the fourth figure begins a new number.
+    QTest::keyClicks(&tree, u"313"_s);
+    QCOMPARE(tree.SelectedNumber(), 313);
+    QTest::keyClicks(&tree, u"739"_s); // 73 is the first of the seventies; there is no 739
+    QCOMPARE(tree.SelectedNumber(), 731);
+    QTest::keyClicks(&tree, u"570"_s); // a group
+    QCOMPARE(chosen.last().first().toInt(), 521);
 }
 
 QTEST_MAIN(LeftViewTest)

@@ -18,6 +18,7 @@
 #include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPrinter>
 #include <QSignalSpy>
 #include <QTest>
@@ -113,6 +114,9 @@ private slots:
     void theResetKeepsTheCells();
     void decimalsBelongToTheProject();
     void windowsOrTabsIsTheUsersChoice();
+    void theTitleNamesTheProjectWithTabsToo();
+    void proposedNamesStandInTheProjectsFolderAndAreValidEverywhere();
+    void theAboutBoxNamesTheVersionOfTheMenuBar();
 
     void theModelFigureTakesThePageAndGivesItBack();
     void blockOf253HasNoSwitchToTheModel();
@@ -415,6 +419,87 @@ void WindowCommandsTest::windowsOrTabsIsTheUsersChoice()
     station.Start();
     QCOMPARE(station.frame->findChild<QMdiArea*>()->viewMode() == QMdiArea::TabbedView, !tabbed);
     QCOMPARE(station.Action(kTabbedWindows)->isChecked(), !tabbed);
+}
+
+void WindowCommandsTest::theTitleNamesTheProjectWithTabsToo()
+{
+    Station station;
+    const QString title = u"KELD section - [plate4.sbd[*]]"_s;
+    QCOMPARE(station.frame->windowTitle(), title);
+    for (int round = 0; round < 2; ++round) {
+        station.Give(kTabbedWindows);
+        QCOMPARE(station.frame->windowTitle(), title);
+        station.Doc().SetModifiedFlag(true);
+        QVERIFY(station.frame->isWindowModified());
+        station.Doc().SetModifiedFlag(false);
+        QVERIFY(!station.frame->isWindowModified());
+        CChildFrame* second = station.frame->OpenProject(station.folder.Example(u"box2"_s));
+        QVERIFY2(station.frame->windowTitle().contains(u"[box2.sbd"_s), qPrintable(station.frame->windowTitle()));
+        second->close();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QApplication::processEvents();
+        QCOMPARE(station.frame->windowTitle(), title);
+    }
+    station.Give(kTabbedWindows);
+    station.child->close();
+    QApplication::processEvents();
+    QCOMPARE(station.frame->windowTitle(), u"KELD section"_s);
+}
+
+void WindowCommandsTest::proposedNamesStandInTheProjectsFolderAndAreValidEverywhere()
+{
+    Station station;
+    QStringList pictures;
+    station.prompts.savePictureName = [&](QWidget*, const QString& proposal) {
+        pictures.append(proposal);
+        return QString();
+    };
+    QString job;
+    QString file;
+    station.prompts.choosePrinter = [&](QWidget*, QPrinter& printer) {
+        job = printer.docName();
+        file = printer.outputFileName();
+        return false;
+    };
+    station.Start();
+    const QString folder = QFileInfo(station.Doc().PathName()).path();
+    station.child->GoToBlock(313);
+    for (const bool saved : {false, true}) {
+        if (saved)
+            station.Give(57603); // from then on the window's title is the whole path
+        station.Give(57607);
+        QCOMPARE(job, u"plate4_313"_s);
+#ifndef Q_OS_WIN
+        QCOMPARE(file, folder + u"/plate4_313.pdf"_s);
+#endif
+        station.Give(kSavePicture);
+        QCOMPARE(pictures.last(), folder + u"/plate4_313.png"_s);
+    }
+    station.Give(32990);
+    station.Give(kSavePicture);
+    QCOMPARE(pictures.last(), folder + u"/plate4_100.png"_s);
+    station.child->GoToBlock(313);
+    station.Give(kSavePicture);
+    QCOMPARE(pictures.last(), folder + u"/plate4_313.png"_s);
+#ifndef Q_OS_WIN // where such a name is possible
+    QVERIFY(station.Doc().SaveDocument(station.folder.Path(u"a:b. .sbd"_s)).Ok());
+    station.Give(kSavePicture);
+    QCOMPARE(QFileInfo(pictures.last()).fileName(), u"a_b. _313.png"_s);
+#endif
+}
+
+void WindowCommandsTest::theAboutBoxNamesTheVersionOfTheMenuBar()
+{
+    Station station;
+    QString text;
+    QTimer::singleShot(0, [&] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            text = box->text();
+            box->close();
+        }
+    });
+    station.Give(57664);
+    QVERIFY2(text.contains(station.frame->menuBar()->actions().at(8)->text()), qPrintable(text));
 }
 
 void WindowCommandsTest::theModelFigureTakesThePageAndGivesItBack()

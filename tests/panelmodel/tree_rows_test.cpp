@@ -265,10 +265,21 @@ TEST(TreeRows, ATitleHasThreeForms)
 
 TEST(TreeRows, TitlesWithoutATagOrWithoutAPointKeepTheirForm)
 {
-    EXPECT_EQ(TitleIn(TitleLanguage::English, "999.KELD_検索_Q_&_A"), "999.");
+    EXPECT_EQ(TitleIn(TitleLanguage::English, "999.KELD_検索_Q_&_A"), "999."); // the tree adds a word
     EXPECT_EQ(TitleIn(TitleLanguage::Japanese, "999.KELD_検索_Q_&_A"), "999.KELD_検索_Q_&_A");
     EXPECT_EQ(TitleIn(TitleLanguage::English, "396継手部面外 SY (kN)[SPL_SF_SY]"), "396継[SPL_SF_SY]");
     EXPECT_EQ(TitleIn(TitleLanguage::English, "421.伸縮孔寸法列数[DRAW_EXPANSION] "), "421.[DRAW_EXPANSION]");
+}
+
+TEST(TreeRows, NoItemIsANumberAloneInAnyLanguage)
+{
+    for (const TitleLanguage language :
+         {TitleLanguage::English, TitleLanguage::Japanese, TitleLanguage::EnglishAndJapanese}) {
+        TreeView view;
+        view.language = language;
+        for (const TreeRow& row : TreeRows(CSbdData(), view))
+            EXPECT_GT(row.text.size(), 5U) << row.text;
+    }
 }
 
 TEST(TreeRows, TheLanguageIsReadWhateverItsCase)

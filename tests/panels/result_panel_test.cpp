@@ -259,7 +259,8 @@ void ResultPanelTest::theCsvFileHoldsTheWholeTable()
         return path;
     };
     panel_->SaveCsv();
-    QCOMPARE(proposed, u"断面力　荷重_ (B-L_MY最大)(相反応力考慮)　主桁_ G1.csv"_s);
+    const QString beside = QFileInfo(doc_->PathName()).path();
+    QCOMPARE(proposed, beside + u"/断面力　荷重_ (B-L_MY最大)(相反応力考慮)　主桁_ G1.csv"_s);
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray bytes = file.readAll();

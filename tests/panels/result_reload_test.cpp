@@ -2,6 +2,7 @@
 #include "document/section_doc.h"
 #include "grid/grid_ctrl.h"
 #include "panels/result_notice.h"
+#include "panels/result_output.h"
 #include "panels/result_panel.h"
 #include "panels/result_panel_source.h"
 
@@ -106,6 +107,7 @@ private slots:
     void thePanelLooksByItselfWhileItIsSeen();
     void aFileThatIsStillWrittenIsTold();
     void openingTheProjectAgainTakesTheLineAway();
+    void aCutFileIsNamedInThePanelUntilAWholeOneIsRead();
 };
 
 void ResultReloadTest::resultsThatStandAreNotTold()
@@ -250,6 +252,29 @@ void ResultReloadTest::aFileThatIsStillWrittenIsTold()
     disconnect(writing);
     Button()->click();
     QVERIFY(!Notice()->isVisible());
+}
+
+void ResultReloadTest::aCutFileIsNamedInThePanelUntilAWholeOneIsRead()
+{
+    Analyse(u"plate4"_s);
+    QFile model(ResultFile(u".Z1D"_s));
+    QVERIFY(model.resize(model.size() / 2));
+    OpenProject();
+    OpenPanel();
+    const auto faults = [this] {
+        for (const QLabel* label : panel_->findChildren<QLabel*>())
+            if (label->accessibleName() == u"結果ファイルの不備"_s)
+                return label->isVisible() ? label->text() : QString();
+        return u"no label"_s;
+    };
+    QVERIFY2(faults().contains(u"Z1D が途中で終わっています"_s), qPrintable(faults()));
+    QVERIFY2(faults().contains(u"軸の変換は行っていません"_s), qPrintable(faults()));
+    Keep(u"cut253.png"_s);
+    const QString csv = QString::fromUtf8(ResultCsv(panel_->Table(), Selection()));
+    QVERIFY(csv.section(u"\r\n"_s, 1, 1).contains(u"Z1D が不完全です"_s)); // it goes out with the values
+    Analyse(u"plate4"_s);
+    doc_->ReadResults(doc_->PathName());
+    QCOMPARE(faults(), QString());
 }
 
 void ResultReloadTest::openingTheProjectAgainTakesTheLineAway()

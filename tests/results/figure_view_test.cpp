@@ -127,19 +127,55 @@ TEST(TakeMouseMarks, ARectangleComesToTheMiddleAndItsLargerSideFillsThePane)
     EXPECT_FALSE(view.zoomBoxPending);
 }
 
-TEST(TakeMouseMarks, AClickWithoutADragMakesTheZoomZeroAndAViewBringsTheFigureBack)
+TEST(TakeMouseMarks, ARectangleOfLessThanFourPixelsIsNothing)
+{
+    for (const FigurePoint up : {FigurePoint{10, 10}, FigurePoint{13, 7}, FigurePoint{7, 13.9}}) {
+        FigureView view;
+        view.panX = 2;
+        view.zoomBoxPending = true;
+        view.leftDownPoint = {10, 10};
+        view.leftUpPoint = up;
+        static_cast<void>(TakeMouseMarks(view, kScreen));
+        EXPECT_EQ(view.zoom, kFitZoom) << up.x << ' ' << up.y;
+        EXPECT_EQ(view.panX, 2);
+        EXPECT_FALSE(view.zoomBoxPending);
+    }
+}
+
+TEST(TakeMouseMarks, ARectangleIsTheSameFromWhicheverCornerItIsDrawn)
+{
+    constexpr FigurePoint corners[] = {{600, 100}, {825, 100}, {825, 200}, {600, 200}};
+    for (std::size_t from = 0; from < 4; ++from) {
+        FigureView view;
+        view.zoomBoxPending = true;
+        view.leftDownPoint = corners[from];
+        view.leftUpPoint = corners[(from + 2) % 4];
+        static_cast<void>(TakeMouseMarks(view, kScreen));
+        EXPECT_DOUBLE_EQ(view.zoom, 1.4 * 0.25) << from;
+        EXPECT_EQ(view.panX, -12) << from;
+        EXPECT_EQ(view.panY, 2) << from;
+    }
+}
+
+TEST(TakeMouseMarks, TheZoomStaysAboveZeroHoweverOftenItIsAskedFor)
 {
     FigureView view;
-    view.zoomBoxPending = true;
-    view.leftDownPoint = view.leftUpPoint = {10, 10};
-    static_cast<void>(TakeMouseMarks(view, kScreen));
-    EXPECT_EQ(view.zoom, 0);
-    FigureBounds bounds;
-    bounds.Widen(0, 0);
-    bounds.Widen(9, 5);
-    EXPECT_FALSE(std::isfinite(FitModel(bounds, kScreen, view.zoom, {}).ToScreen(0, 0).x));
-    ApplyViewCommand(view, 32991);
-    EXPECT_EQ(view.zoom, kFitZoom);
+    for (int i = 0; i < 300; ++i) {
+        view.zoomBoxPending = true;
+        view.leftDownPoint = {450, 250};
+        view.leftUpPoint = {455, 254};
+        static_cast<void>(TakeMouseMarks(view, kScreen));
+    }
+    EXPECT_GT(view.zoom, 0);
+    for (int i = 0; i < 10'000; ++i)
+        ApplyViewCommand(view, 32996);
+    EXPECT_GT(view.zoom, 0);
+    for (int i = 0; i < 20'000; ++i)
+        ApplyViewCommand(view, 32995);
+    EXPECT_TRUE(std::isfinite(view.zoom));
+    for (int i = 0; i < 200; ++i)
+        ApplyViewCommand(view, 32996);
+    EXPECT_LT(view.zoom, 1) << "the way back is not lost";
 }
 
 TEST(TakeMouseMarks, ADragShowsAtOnceAndOnlyItsEndStays)
@@ -167,6 +203,7 @@ TEST(TakeMouseMarks, APaneWithoutSizeIsNoError)
     const FigurePan pan = TakeMouseMarks(view, {.clientWidth = 0, .clientHeight = 0, .horzRes = 0, .vertRes = 0});
     EXPECT_LE(std::abs(pan.x), 1'000'000);
     EXPECT_EQ(pan.y, 0);
+    EXPECT_EQ(view.zoom, kFitZoom);
 }
 
 TEST(ModelProjection, NodesBeyondTheModelOrTheTableAreNone)

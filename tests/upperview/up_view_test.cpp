@@ -1,3 +1,4 @@
+#include "document/result_session.h"
 #include "document/section_doc.h"
 #include "upperview/chk_view.h"
 #include "upperview/figure_pane.h"
@@ -60,7 +61,8 @@ private slots:
     void eachBlockHasItsPane();
     void theModelFigureTakesThePlaceOfEveryPage();
     void aViewCommandLeavesTheHelpPage();
-    void zoomAndMoveStayOnTheDiagram();
+    void noViewCommandTakesTheResultAway();
+    void marksOfTheMouseAreNotForTheNextFigure();
     void thePageScrollsToTheColumn();
     void theUsersOwnScrollingStands();
     void anotherCellMovesThePageAgain();
@@ -109,16 +111,65 @@ void UpViewTest::aViewCommandLeavesTheHelpPage()
     }
 }
 
-void UpViewTest::zoomAndMoveStayOnTheDiagram()
+void UpViewTest::noViewCommandTakesTheResultAway()
 {
     Pane pane;
+    ResultSessionOf(pane.doc).selection = FirstUseSelection(pane.doc.Results().model);
     pane.GoTo(253, 0, 0);
     const double zoom = pane.view.Figure().View().zoom;
     pane.view.RunViewCommand(32996);
-    QVERIFY(pane.doc.showHelpPage);
     QCOMPARE(pane.view.Figure().View().zoom, zoom / 1.2); // whatever its tip says
+    const QImage zoomed = pane.view.grab().toImage();
     pane.view.RunViewCommand(32994);
+    const QImage fitted = pane.view.grab().toImage();
+    QVERIFY(fitted != zoomed);
+    for (const int command : {32991, 32992, 32993, 32994}) { // all fit the diagram
+        pane.view.RunViewCommand(command);
+        QVERIFY(pane.doc.showHelpPage); // of the blocks to come
+        QVERIFY(pane.view.grab().toImage() == fitted);
+    }
+    pane.doc.showHelpPage = false; // the model figure of another block was left for this one
+    pane.GoTo(253, 0, 0);
+    QVERIFY2(pane.view.grab().toImage() == fitted, "253 shows the model in place of the result");
     QVERIFY(!pane.doc.showHelpPage);
+}
+
+void UpViewTest::marksOfTheMouseAreNotForTheNextFigure()
+{
+    Pane pane;
+    ResultSessionOf(pane.doc).selection = FirstUseSelection(pane.doc.Results().model);
+    pane.doc.showHelpPage = false;
+    CFigurePane& figure = pane.view.Figure();
+    const FigureView before = figure.View();
+    // Pressed over the result, let go over the model; then the other way round, and over a pane that has gone.
+    for (const auto& [pressed, released] : {std::pair(253, 301), std::pair(301, 253)}) {
+        for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+            pane.GoTo(pressed, 0, 0);
+            QTest::mousePress(&figure, button, {}, {100, 100});
+            QTest::mouseMove(&figure, {200, 150});
+            pane.GoTo(released, 0, 0);
+            QTest::mouseRelease(&figure, button, {}, {300, 200});
+            pane.GoTo(released, 0, 0);
+            QCOMPARE(figure.View().zoom, before.zoom);
+            QCOMPARE(figure.View().panX, before.panX);
+        }
+    }
+    pane.GoTo(301, 0, 0);
+    QTest::mousePress(&figure, Qt::LeftButton, {}, {100, 100});
+    pane.doc.showHelpPage = true;
+    pane.GoTo(301, 0, 0);
+    pane.doc.showHelpPage = false;
+    pane.GoTo(301, 0, 0);
+    QTest::mouseRelease(&figure, Qt::LeftButton, {}, {300, 200});
+    QCOMPARE(figure.View().zoom, before.zoom);
+    // The end of a drag over the result stays, also while the pages of the other blocks are switched on.
+    pane.doc.showHelpPage = true;
+    pane.GoTo(253, 0, 0);
+    QTest::mousePress(&figure, Qt::RightButton, {}, {100, 100});
+    QTest::mouseMove(&figure, {200, 100});
+    QTest::mouseRelease(&figure, Qt::RightButton, {}, {200, 100});
+    QVERIFY(figure.View().panX > 0);
+    QVERIFY(!figure.View().panPending); // at once: the next paint may be of another figure
 }
 
 void UpViewTest::thePageScrollsToTheColumn()

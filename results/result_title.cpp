@@ -1,0 +1,65 @@
+#include "results/result_title.h"
+
+#include "project/text.h"
+
+#include <algorithm>
+
+namespace sbd {
+
+using namespace literals;
+
+namespace {
+
+constexpr std::size_t kNamedExclusions = 8;
+
+std::string Part(std::string_view word, const std::string& cp932)
+{
+    return Cp932("　" + std::string(word) + ": ") + cp932;
+}
+
+std::string Exclusions(const std::vector<std::string>& names)
+{
+    std::string text;
+    for (std::size_t i = 0; i < std::min(names.size(), kNamedExclusions); ++i)
+        text += (i > 0 ? ", " : "") + names[i];
+    if (names.size() > kNamedExclusions)
+        text += Cp932(" ほか " + std::to_string(names.size() - kNamedExclusions) + " 件");
+    return text;
+}
+
+} // namespace
+
+std::string ShortTableTitle(const ResultSelection& selection)
+{
+    std::string title = KindWord(selection.kind) + Part("荷重", ShownLoad(selection.load));
+    title += Part("主桁", selection.girder);
+    // Each name begins with the empty text.
+    if (selection.girder == NoneWord() || selection.station != NoneWord())
+        title += Part("名称", selection.station.empty() ? AllWord() : selection.station);
+    return title;
+}
+
+std::string TableTitle(const ResultSelection& selection)
+{
+    std::string title = ShortTableTitle(selection);
+    if (!selection.excludedNames.empty())
+        title += Part("出力しない名称", Exclusions(selection.excludedNames));
+    return title;
+}
+
+std::string FigureTitle(const AnalysisModel& model, const ResultSelection& selection)
+{
+    std::string title = KindWord(selection.kind);
+    const std::string load = Part("荷重", ShownLoad(selection.load));
+    if (selection.kind == ResultKind::Displacement && selection.girder == AllWord())
+        return title + load + Part("主桁", selection.girder) + Part("変形の倍率", "100");
+    const std::size_t component =
+        ComponentOf(selection.kind, selection.figureItem).value_or(InfoOf(selection.kind).defaultComponent);
+    title += " " + ComponentWord(selection.kind, component) + load;
+    const bool isThere = std::ranges::find(model.girderNames, selection.girder) != model.girderNames.end();
+    if (isThere)
+        return title + Part("主桁", selection.girder);
+    return model.girderNames.empty() ? title : title + Part("主桁", model.girderNames.front() + " (最初の主桁)"_cp932);
+}
+
+} // namespace sbd
