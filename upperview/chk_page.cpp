@@ -2,6 +2,7 @@
 
 #include "document/section_doc.h"
 #include "project/text.h"
+#include "upperview/display_look.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -170,7 +171,7 @@ QSizeF ChkPageSize(const std::vector<ChkLine>& lines, const QFontMetricsF& metri
     return size;
 }
 
-void PaintChkPage(QPainter& painter, const std::vector<ChkLine>& lines, const QRectF& visible)
+void PaintChkPage(QPainter& painter, const std::vector<ChkLine>& lines, const QRectF& visible, const QColor& ground)
 {
     const QFontMetricsF metrics(painter.font(), painter.device());
     const double step = ChkLineStep(metrics);
@@ -178,8 +179,9 @@ void PaintChkPage(QPainter& painter, const std::vector<ChkLine>& lines, const QR
         const double top = -line.y + line.steps * step;
         if (top + step < visible.top() || top > visible.bottom())
             continue;
-        painter.setPen(QColor(static_cast<int>(line.colour & 0xFF), static_cast<int>(line.colour >> 8 & 0xFF),
-                              static_cast<int>(line.colour >> 16 & 0xFF)));
+        const QColor colour(static_cast<int>(line.colour & 0xFF), static_cast<int>(line.colour >> 8 & 0xFF),
+                            static_cast<int>(line.colour >> 16 & 0xFF));
+        painter.setPen(ReadableOn(ground, colour));
         painter.drawText(QPointF(line.x, top + metrics.ascent()), Visible(line.text));
     }
 }

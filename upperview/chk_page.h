@@ -3,6 +3,7 @@
 
 #include "document/engine_command.h"
 
+#include <QColor>
 #include <QRectF>
 #include <QSizeF>
 #include <QString>
@@ -70,7 +71,8 @@ struct ChkLine {
 
 /// Paints the lines in the painter's font. The painter's unit is 0.1 mm, its y grows downward from the top of the page.
 /// Only what touches `visible` is painted.
-void PaintChkPage(QPainter& painter, const std::vector<ChkLine>& lines, const QRectF& visible);
+void PaintChkPage(QPainter& painter, const std::vector<ChkLine>& lines, const QRectF& visible,
+                  const QColor& ground = Qt::white);
 
 /// A run that a repaint of the page asks for.
 struct WantedRun {

@@ -74,7 +74,7 @@ QSizeF CChkView::PaintPage(QPainter& painter, const QRectF& visible)
 {
     const std::vector<ChkLine> lines = Lines();
     painter.setFont(Font());
-    PaintChkPage(painter, lines, visible);
+    PaintChkPage(painter, lines, visible, Ground());
     return ChkPageSize(lines, QFontMetricsF(Font()));
 }
 

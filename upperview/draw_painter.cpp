@@ -1,6 +1,7 @@
 #include "upperview/draw_painter.h"
 
 #include "document/section_doc.h"
+#include "upperview/display_look.h"
 
 #include <QBrush>
 #include <QPainter>
@@ -68,8 +69,9 @@ TextMetrics MetricsOf(const QFont& font)
     return result;
 }
 
-CPainterContext::CPainterContext(QPainter& painter, const QFont& font)
+CPainterContext::CPainterContext(QPainter& painter, const QFont& font, const QColor& ground)
     : painter_(painter)
+    , ground_(ground)
     , ascent_(QFontMetricsF(font).ascent())
     , metrics_(MetricsOf(font))
 {
@@ -81,7 +83,8 @@ CPainterContext::CPainterContext(QPainter& painter, const QFont& font)
 void CPainterContext::UsePen(bool smooth)
 {
     // A line of no width is one pixel wide in any scale.
-    QPen pen(ColourOf(Pen().colour), Pen().width <= pixel_ ? 0 : Pen().width, StyleOf(Pen().style), Qt::FlatCap);
+    QPen pen(ReadableOn(ground_, ColourOf(Pen().colour)), Pen().width <= pixel_ ? 0 : Pen().width, StyleOf(Pen().style),
+             Qt::FlatCap);
     pen.setJoinStyle(Qt::MiterJoin);
     painter_.setPen(pen);
     painter_.setRenderHint(QPainter::Antialiasing, smooth);
@@ -89,7 +92,9 @@ void CPainterContext::UsePen(bool smooth)
 
 void CPainterContext::UseBrush()
 {
-    QBrush brush(ColourOf(Brush().colour), StyleOf(Brush().style));
+    const QColor colour = ColourOf(Brush().colour);
+    QBrush brush(Brush().style == BrushStyle::Solid ? FillOn(ground_, colour) : ReadableOn(ground_, colour),
+                 StyleOf(Brush().style));
     brush.setTransform(painter_.transform().inverted()); // hatching keeps its step
     painter_.setBrush(brush);
 }
@@ -138,14 +143,14 @@ void CPainterContext::FillPolygon(std::span<const DrawPoint> corners)
 void CPainterContext::FillCircle(DrawPoint centre, int r, DrawColour colour)
 {
     painter_.setPen(Qt::NoPen);
-    painter_.setBrush(ColourOf(colour));
+    painter_.setBrush(ReadableOn(ground_, ColourOf(colour)));
     painter_.setRenderHint(QPainter::Antialiasing, true);
     painter_.drawEllipse(PointOf(centre), r, r);
 }
 
 void CPainterContext::Text(DrawPoint at, std::string_view text)
 {
-    painter_.setPen(ColourOf(TextColour()));
+    painter_.setPen(ReadableOn(ground_, ColourOf(TextColour())));
     painter_.drawText(QPointF(at.x, ascent_ - at.y), toQString(text));
 }
 

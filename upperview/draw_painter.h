@@ -3,6 +3,7 @@
 
 #include "upperview/page/draw_context.h"
 
+#include <QColor>
 #include <QFont>
 #include <QFontMetricsF>
 
@@ -14,8 +15,8 @@ namespace sbd {
 /// upward. No line is thinner than a pixel. Takes the painter's pen, brush and font as its own.
 class CPainterContext : public CDrawContext {
 public:
-    /// `font` has its size in page units.
-    CPainterContext(QPainter& painter, const QFont& font);
+    /// `font` has its size in page units. On a dark `ground` the colours become such as can be read there.
+    CPainterContext(QPainter& painter, const QFont& font, const QColor& ground = Qt::white);
 
     [[nodiscard]] TextMetrics Metrics() const override { return metrics_; }
     void Line(DrawPoint from, DrawPoint to) override;
@@ -31,6 +32,7 @@ private:
     void UseBrush();
 
     QPainter& painter_;
+    QColor ground_;
     double pixel_; // page units of a device pixel
     double ascent_;
     TextMetrics metrics_;

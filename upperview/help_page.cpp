@@ -43,9 +43,10 @@ QFont HelpFont(const DisplaySettings& display)
     return font;
 }
 
-PageExtent PaintHelpPage(QPainter& painter, const CSbdData& data, const HelpCell& cell, QSize client, const QFont& font)
+PageExtent PaintHelpPage(QPainter& painter, const CSbdData& data, const HelpCell& cell, QSize client, const QFont& font,
+                         const QColor& ground)
 {
-    CPainterContext context(painter, font);
+    CPainterContext context(painter, font, ground);
     return Draw(context, data, cell, client);
 }
 

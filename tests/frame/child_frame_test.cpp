@@ -46,6 +46,7 @@ private slots:
     void aReloadShowsTheBlockAgain();
     void theTitleFollowsPathAndModifiedState();
     void theFocusGoesToAndFro();
+    void aLinkOfAPageOpensItsBlockAndTheWayBackTheOldOne();
 };
 
 void ChildFrameTest::beginsWithTheControlBlock()
@@ -183,6 +184,20 @@ void ChildFrameTest::theFocusGoesToAndFro()
     QVERIFY(window.child->Panel()->isAncestorOf(QApplication::focusWidget()));
     window.child->FocusOtherPane();
     QVERIFY(window.child->Tree().hasFocus());
+}
+
+void ChildFrameTest::aLinkOfAPageOpensItsBlockAndTheWayBackTheOldOne()
+{
+    const Window window;
+    window.child->SwitchToBlock(313);
+    emit window.child->UpView().Help().blockWanted(714); // another number of 514
+    QCOMPARE(window.child->CurrentBlock(), 514);
+    QCOMPARE(window.child->Doc().CurrentBlock(), 514);
+    QCOMPARE(window.child->Tree().SelectedNumber(), 714);
+    QCOMPARE(window.child->UpView().Help().Cell().block, 514);
+    emit window.child->UpView().Help().blockWanted(313);
+    QCOMPARE(window.child->CurrentBlock(), 313);
+    QCOMPARE(window.child->Tree().SelectedNumber(), 313);
 }
 
 QTEST_MAIN(ChildFrameTest)

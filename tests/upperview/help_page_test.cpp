@@ -1,4 +1,5 @@
 #include "document/section_doc.h"
+#include "upperview/display_look.h"
 #include "upperview/draw_painter.h"
 #include "upperview/help_page.h"
 #include "upperview/page_unit.h"
@@ -24,6 +25,8 @@ private slots:
     void aBlockWithoutAPagePaintsNothing();
     void aQuoteOfForeignBytesIsPainted();
     void aLineIsNeverThinnerThanAPixel();
+    void everyColourCanBeReadOnADarkGround();
+    void aLightGroundKeepsTheColours();
 };
 
 namespace {
@@ -121,6 +124,41 @@ void HelpPageTest::aLineIsNeverThinnerThanAPixel()
     context.Line({20, -100}, {180, -100});
     painter.end();
     QVERIFY(CountOf(sheet, Qt::black) >= 15);
+}
+
+namespace {
+
+const QList<QColor> kInks = {
+    Qt::black,           Qt::red,           Qt::blue, QColor(0, 255, 150), QColor(0, 100, 50), QColor(Qt::yellow),
+    QColor(255, 0, 200), QColor(50, 50, 50)};
+const QList<QColor> kFills = {QColor(190, 200, 210), QColor(200, 200, 200), QColor(220, 220, 200),
+                              QColor(240, 240, 180), QColor(50, 50, 50),    QColor(Qt::yellow)};
+
+} // namespace
+
+void HelpPageTest::everyColourCanBeReadOnADarkGround()
+{
+    for (const QColor& ground : {QColor(Qt::black), QColor(0x20, 0x20, 0x20), QColor(0x10, 0x20, 0x30)}) {
+        for (const QColor& ink : kInks) {
+            QVERIFY2(ContrastOf(ground, ReadableOn(ground, ink)) >= 4.5, qPrintable(ink.name()));
+            for (const QColor& fill : kFills)
+                QVERIFY2(ContrastOf(FillOn(ground, fill), ReadableOn(ground, ink)) >= 2.0,
+                         qPrintable(ink.name() + u" on "_s + fill.name()));
+        }
+        for (const QColor& fill : kFills)
+            QVERIFY2(ContrastOf(ground, FillOn(ground, fill)) >= 1.15, qPrintable(fill.name()));
+    }
+    const QColor red = ReadableOn(Qt::black, Qt::red);
+    QVERIFY(red.red() > red.green() && red.red() > red.blue());
+}
+
+void HelpPageTest::aLightGroundKeepsTheColours()
+{
+    for (const QColor& ground : {QColor(Qt::white), QColor(0xF0, 0xFF, 0xE0), QColor(0xC0, 0xC0, 0xC0)})
+        for (const QColor& ink : kInks) {
+            QCOMPARE(ReadableOn(ground, ink), ink);
+            QCOMPARE(FillOn(ground, ink), ink);
+        }
 }
 
 QTEST_MAIN(HelpPageTest)
