@@ -14,6 +14,7 @@
 #include "project/catalogue.h"
 #include "sbdfile/writer.h"
 #include "upperview/chk_view.h"
+#include "upperview/help_view.h"
 #include "upperview/up_view.h"
 
 #include <QAction>
@@ -67,6 +68,7 @@ CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, std::unique_ptr<C
     connect(tree_, &CLeftView::itemWasPressed, this, &CChildFrame::OnTreePressed);
     connect(tree_, &CLeftView::runAskedAt, this, &CChildFrame::OnTreeActivated);
     connect(&upView_->Chk(), &CChkView::runIsDue, this, &CChildFrame::runIsDue);
+    connect(&upView_->Help(), &CHelpView::blockWanted, this, &CChildFrame::GoToBlock);
     SetTitle(doc_->Title());
     GoToBlock(kFirstBlock);
 }

@@ -24,18 +24,6 @@ bool Contains(std::string_view text, const std::string& word)
 
 } // namespace
 
-std::string NumberCell(double value)
-{
-    if (!IsGiven(value))
-        return {};
-    std::string text;
-    AppendFixed(text, value, 0, 6);
-    text.erase(text.find_last_not_of('0') + 1);
-    if (text.ends_with('.'))
-        text.pop_back();
-    return text;
-}
-
 double CellNumber(std::string_view text)
 {
     return LeadingNumber(text).value_or(kNotGiven);

@@ -129,8 +129,6 @@ private:
     std::vector<WordList> words_;
 };
 
-/// A number as a cell shows it: six decimals at most, without trailing zeros; empty if it is not given.
-[[nodiscard]] std::string NumberCell(double value);
 /// The number of a cell; not given if none stands there.
 [[nodiscard]] double CellNumber(std::string_view text);
 

@@ -30,6 +30,18 @@ const std::array<int, kLastBlock + 1>& TableIndex()
 
 } // namespace
 
+std::string NumberCell(double value)
+{
+    if (!IsGiven(value))
+        return {};
+    std::string text;
+    AppendFixed(text, value, 0, 6);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.'))
+        text.pop_back();
+    return text;
+}
+
 void TableBlock::AppendRow(const std::vector<std::string_view>& cells)
 {
     for (std::size_t column = 0; column < columns.size(); ++column)

@@ -17,6 +17,8 @@ inline constexpr double kNotGiven = 1e40;
 {
     return value < kNotGiven;
 }
+/// A number as a cell shows it: six decimals at most, without trailing zeros; empty if it is not given.
+[[nodiscard]] std::string NumberCell(double value);
 
 /// The columns of a table block. All columns have the same length, the number of rows.
 struct TableBlock {

@@ -31,7 +31,8 @@ CommandResult RunPages(std::span<const std::string> arguments)
 namespace {
 
 /// A listing of all blocks, or of one.
-CommandResult RunListing(std::string_view command, std::span<const std::string> arguments, json (*all)(), std::optional<json> (*one)(int))
+CommandResult RunListing(std::string_view command, std::span<const std::string> arguments, json (*all)(),
+                         std::optional<json> (*one)(int))
 {
     const ParsedArguments parsed = ParseArguments(arguments, {}, arguments.empty() ? 0 : 1);
     if (parsed.wrong)

@@ -3,6 +3,7 @@
 
 #include "document/engine_command.h"
 
+#include <QColor>
 #include <QRectF>
 #include <QSizeF>
 #include <QString>

@@ -3,6 +3,7 @@
 
 #include "upperview/page/draw_context.h"
 
+#include <QColor>
 #include <QFont>
 #include <QFontMetricsF>
 

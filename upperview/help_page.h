@@ -4,6 +4,7 @@
 #include "document/display_settings.h"
 #include "upperview/page/page_drawing.h"
 
+#include <QColor>
 #include <QFont>
 #include <QSize>
 
@@ -27,7 +28,8 @@ struct HelpCell {
 [[nodiscard]] QFont HelpFont(const DisplaySettings& display);
 
 /// Paints the page of a cell. The painter's unit is 0.1 mm, y downward from the top of the page; `client` is the pane
-/// in pixels, in whose middle sketches stand. Draws nothing for a block without a page; aliases are the caller's.
+/// in pixels, in whose middle sketches stand. The painter's background is the paper, which the caller paints. Draws
+/// nothing for a block without a page; aliases are the caller's.
 PageExtent PaintHelpPage(QPainter& painter, const CSbdData& data, const HelpCell& cell, QSize client,
                          const QFont& font);
 

@@ -4,6 +4,7 @@
 #include "upperview/page_unit.h"
 #include "upperview/paper.h"
 
+#include <QFontMetricsF>
 #include <QImage>
 #include <QKeyEvent>
 #include <QPainter>
@@ -13,6 +14,8 @@
 #include <cmath>
 
 namespace sbd {
+
+using namespace Qt::StringLiterals;
 
 CPageView::CPageView(QWidget* parent) : QAbstractScrollArea(parent)
 {
@@ -54,23 +57,68 @@ void CPageView::paintEvent(QPaintEvent*)
     Painted();
 }
 
-void CPageView::PrintPage(QPainter& painter)
+namespace {
+
+constexpr double kMillimetre = 10; // page units
+constexpr double kPrintMargin = 10 * kMillimetre;
+constexpr double kFootHeight = 4 * kMillimetre;
+constexpr double kAboveFoot = 3 * kMillimetre;
+constexpr double kLeastPrintScale = 0.5;
+
+/// A line of small letters at the foot of the area, the left text shortened where both have no room.
+void PaintFoot(QPainter& painter, const QRectF& area, const PrintFoot& foot)
 {
-    constexpr double margin = 100; // 10 mm
+    const QRectF line(area.left(), area.bottom() - kFootHeight, area.width(), kFootHeight);
+    QFont font = painter.font();
+    font.setPixelSize(static_cast<int>(3 * kMillimetre));
+    font.setStyle(QFont::StyleNormal);
+    painter.setFont(font);
+    painter.setPen(QPen(Qt::black, 1));
+    painter.drawLine(line.topLeft(), line.topRight());
+    const QFontMetricsF metrics(font);
+    const double room = line.width() - metrics.horizontalAdvance(foot.right) - 2 * kMillimetre;
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignBottom, metrics.elidedText(foot.left, Qt::ElideMiddle, room));
+    painter.drawText(line, Qt::AlignRight | Qt::AlignBottom, foot.right);
+}
+
+} // namespace
+
+QSizeF CPageView::MeasurePage()
+{
+    QImage none(1, 1, QImage::Format_RGB32);
+    QPainter painter(&none);
+    return PaintPage(painter, QRectF());
+}
+
+void CPageView::PrintPage(QPainter& painter, const PrintFoot& foot)
+{
+    const QSizeF page = MeasurePage();
     painter.save();
+    painter.setBackground(Qt::white);
     painter.scale(painter.device()->logicalDpiX() / kPageUnitsPerInch,
                   painter.device()->logicalDpiY() / kPageUnitsPerInch);
     const QRectF sheet = painter.transform().inverted().mapRect(painter.viewport().toRectF());
-    painter.translate(margin, margin);
-    PaintPage(painter, sheet.translated(-margin, -margin));
+    const QRectF area = sheet.adjusted(kPrintMargin, kPrintMargin, -kPrintMargin, -kPrintMargin);
+    const QSizeF room(area.width(), area.height() - kFootHeight - kAboveFoot);
+    const double fitting = std::min({1.0, room.width() / page.width(), room.height() / page.height()});
+    const double scale = std::max(fitting, std::min(kLeastPrintScale, room.width() / page.width()));
+
+    painter.save();
+    painter.setClipRect(QRectF(area.topLeft(), room));
+    painter.translate(area.topLeft());
+    painter.scale(scale, scale);
+    PaintPage(painter, QRectF(QPointF(), room / scale));
+    painter.restore();
+    PrintFoot line = foot;
+    if (scale > fitting)
+        line.right = u"用紙に入らない部分は省略しています   "_s + line.right;
+    PaintFoot(painter, area, line);
     painter.restore();
 }
 
 QSize CPageView::PictureSize()
 {
-    QImage none(1, 1, QImage::Format_RGB32);
-    QPainter painter(&none);
-    return (PaintPage(painter, QRectF()) * Scale()).toSize().expandedTo(viewport()->size());
+    return (MeasurePage() * Scale()).toSize().expandedTo(viewport()->size());
 }
 
 void CPageView::PaintPicture(QPainter& painter)

@@ -2,12 +2,20 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <QColor>
 #include <QRectF>
 #include <QSizeF>
+#include <QString>
 
 class QPainter;
 
 namespace sbd {
+
+/// What stands at the foot of a printed page.
+struct PrintFoot {
+    QString left;
+    QString right;
+};
 
 /// Scrolls and scales a page; what stands on it is told by the class on top. The page is composed at each repaint.
 class CPageView : public QAbstractScrollArea {
@@ -16,8 +24,9 @@ class CPageView : public QAbstractScrollArea {
 public:
     explicit CPageView(QWidget* parent = nullptr);
 
-    /// Paints the page on one sheet, 10 mm from its left upper corner, whatever the page's length.
-    void PrintPage(QPainter& painter);
+    /// Paints the page on one sheet with margins of 10 mm, smaller where it is wider or longer than the sheet, and a line at
+    /// the foot. What is too long even for half the size is cut, and the foot says so.
+    void PrintPage(QPainter& painter, const PrintFoot& foot);
 
     /// The whole page in pixels, and on a painter whose unit they are.
     [[nodiscard]] QSize PictureSize();
@@ -43,6 +52,8 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    /// The size of the page in its own units.
+    [[nodiscard]] QSizeF MeasurePage();
     void SetScrollSize(QSizeF page);
 };
 

@@ -4,9 +4,11 @@
 #include "upperview/chk_view.h"
 #include "upperview/figure_pane.h"
 #include "upperview/help_view.h"
+#include "upperview/page/page.h"
 #include "upperview/svg_picture.h"
 
 #include <QBuffer>
+#include <QDate>
 #include <QFileInfo>
 #include <QPageSize>
 #include <QPainter>
@@ -54,7 +56,15 @@ void CUpView::Print(QPaintDevice& sheet)
     if (currentWidget() == figure_)
         figure_->PrintFigure(painter);
     else
-        static_cast<CPageView*>(currentWidget())->PrintPage(painter);
+        static_cast<CPageView*>(currentWidget())->PrintPage(painter, Foot());
+}
+
+PrintFoot CUpView::Foot() const
+{
+    const int block = currentWidget() == help_ ? help_->Cell().block : doc_->CurrentBlock();
+    const QString title = toQString(PageTitleText(block));
+    return {doc_->Title() + u"   "_s + (title.isEmpty() ? QString::number(block) : title),
+            QDate::currentDate().toString(u"yyyy/MM/dd"_s) + u"   1 / 1 ページ"_s};
 }
 
 QSize CUpView::PictureSize()

@@ -1,6 +1,8 @@
 // CUpView: the pane above the panel.
 #pragma once
 
+#include "upperview/page_view.h"
+
 #include <QStackedWidget>
 
 class QPaintDevice;
@@ -29,7 +31,7 @@ public:
     /// show: a view fits its diagram or turns its deformed frame.
     void RunViewCommand(int command);
 
-    /// Prints what is on show, on one sheet: a printer or a PDF file.
+    /// Prints what is on show, on one sheet: a printer or a PDF file. A page stands on it whole.
     void Print(QPaintDevice& sheet);
 
     /// Saves what is on show as a picture, by the file's ending in PNG, SVG or PDF: a page whole, a figure as it stands in
@@ -41,6 +43,8 @@ public slots:
     void Refresh();
 
 private:
+    /// Project, block, date and page number.
+    [[nodiscard]] PrintFoot Foot() const;
     [[nodiscard]] QSize PictureSize();
     void PaintPicture(QPainter& painter);
 

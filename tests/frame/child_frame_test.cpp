@@ -54,6 +54,7 @@ private slots:
     void theNotesAreNoDeadEnd();
     void aPanelWithoutACellShowsNoneOfAnother();
     void theTreeKeepsItsWidth();
+    void aLinkOfAPageOpensItsBlockAndTheWayBackTheOldOne();
 };
 
 void ChildFrameTest::beginsWithTheControlBlock()
@@ -315,6 +316,20 @@ void ChildFrameTest::theTreeKeepsItsWidth()
         QApplication::processEvents();
     }
     QCOMPARE(child.Panes().left, first.left);
+}
+
+void ChildFrameTest::aLinkOfAPageOpensItsBlockAndTheWayBackTheOldOne()
+{
+    const Window window;
+    window.child->SwitchToBlock(313);
+    emit window.child->UpView().Help().blockWanted(714); // another number of 514
+    QCOMPARE(window.child->CurrentBlock(), 514);
+    QCOMPARE(window.child->Doc().CurrentBlock(), 514);
+    QCOMPARE(window.child->Tree().SelectedNumber(), 714);
+    QCOMPARE(window.child->UpView().Help().Cell().block, 514);
+    emit window.child->UpView().Help().blockWanted(313);
+    QCOMPARE(window.child->CurrentBlock(), 313);
+    QCOMPARE(window.child->Tree().SelectedNumber(), 313);
 }
 
 QTEST_MAIN(ChildFrameTest)

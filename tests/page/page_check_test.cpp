@@ -95,6 +95,28 @@ TEST(PageCheck, AnUnknownKeyIsAFault)
     EXPECT_THAT(Faults("313.toml", With("size =", "Size =")).size(), 2U); // the key, and no size
 }
 
+TEST(PageCheck, ALinkToABlockThatDoesNotExistIsAFaultAtItsLine)
+{
+    EXPECT_THAT(Faults("313.toml", With("幅 ", "「317」")),
+                ElementsAre("3: a link to block 317, which does not exist"));
+    EXPECT_THAT(Faults("313.toml", With("幅 ", "a\n「317.垂直補剛材」")),
+                ElementsAre("4: a link to block 317, which does not exist"));
+    for (const std::string_view text : {"「314」 ", "「406」「100」", "「3170」", "「317行」", "317", "「@{301:3}」"})
+        EXPECT_THAT(Faults("313.toml", With("幅 ", text)), IsEmpty()) << text;
+}
+
+TEST(PageCheck, AFileMayNameABlockByAnAlias)
+{
+    EXPECT_THAT(Faults("712.toml", With("[6]", "[23]")), IsEmpty()); // 405
+}
+
+TEST(PageCheck, AQuoteInALabelMustExist)
+{
+    EXPECT_THAT(Faults("313.toml", With("\"幅\"", "\"幅@{301:3}\"")), IsEmpty());
+    EXPECT_THAT(Faults("313.toml", With("\"幅\"", "\"幅@{301:37}\"")),
+                ElementsAre("9: no such value to quote: \"301:37\""));
+}
+
 TEST(PageCheck, AnOptionRowWithoutABranchIsAFault)
 {
     std::string rows;

@@ -89,6 +89,34 @@ TEST(PageValue, RowsAndColumnsCompareAsNumbers)
     EXPECT_TRUE(Holds("rows:402 = 0", view));
 }
 
+TEST(PageValue, ANumberInACellComparesAsANumberAndAWordByItsBytes)
+{
+    CSbdData data;
+    data.Table(333)->AppendRow({"90", " 100 ", "9.50", "SM490Y", "", "LFLG"});
+    const PageView view{data, 333, 1, 1};
+    for (const std::string_view holds :
+         {"cell:1 < 100", "cell:1 <= 90", "cell:1 >= 90", "cell:1 > 9", "cell:2 = 100", "cell:2 > 90", "cell:3 = 9.5",
+          "cell:3 != 9", "cell:4 = SM490Y", "cell:4 < SM520", "cell:4 starts SM", "cell:4 contains 490", "cell:5 empty",
+          "cell:6 filled", "cell:6 in UFLG, LFLG", "cell:6 notin UFLG, FLG", "cell:5 != 0"})
+        EXPECT_TRUE(Holds(holds, view)) << holds;
+    for (const std::string_view fails : {"cell:1 >= 100", "cell:1 > 90", "cell:1 < 90", "cell:1 <= 9", "cell:2 != 100",
+                                         "cell:3 = 9", "cell:4 != SM490Y", "cell:4 starts M", "cell:5 filled",
+                                         "cell:6 empty", "cell:6 in UFLG", "cell:6 notin LFLG", "cell:5 = 0"})
+        EXPECT_FALSE(Holds(fails, view)) << fails;
+}
+
+TEST(PageValue, AWordOfAListIsTakenByItsPlace)
+{
+    const CSbdData data;
+    const PageView view{data, 310, 1, 1};
+    EXPECT_EQ(Text("310:2#1", view), "90");
+    EXPECT_EQ(Text("310:2#2", view), "85");
+    EXPECT_EQ(Text("310:2#3", view), "");
+    EXPECT_EQ(Text("310:2#2/1", view), "8");
+    EXPECT_FALSE(ParseOperand("310:2#0").has_value());
+    EXPECT_FALSE(ParseOperand("310:2#x").has_value());
+}
+
 TEST(PageValue, FlangeTypesOf311AreReadFromTheRecord)
 {
     CSbdData data;

@@ -2,6 +2,7 @@
 #include "project/option_rows.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
+#include "upperview/page/page_families.h"
 #include "upperview/page/page_parser.h"
 #include "upperview/page/page_report.h"
 #include "upperview/page/page_store.h"
@@ -10,8 +11,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
+#include <map>
 #include <set>
+#include <span>
 #include <sstream>
 
 using namespace sbd;
@@ -101,19 +103,19 @@ TEST(Pages, EveryPageDrawsForEveryRowAndColumn)
 
 TEST(Pages, NoLabelLeavesThePageOrStandsInTheWayAtAnyPaneWidth)
 {
-    const std::vector<CSbdData> projects = Projects();
     std::set<std::string> faults; // each once, whatever the row and the width
-    for (const CSbdData& data : projects)
-        for (const int block : BlocksWithPage())
+    for (const int block : BlocksWithPage()) {
+        const Page& page = *FindPage(block);
+        for (const CSbdData& data : FormsOf(page, block))
             for (int row = 0; row <= LastRow(block); ++row)
-                for (int column = 0; column <= GridColumns(block); ++column) {
-                    const int width = std::array{400, 900, 1600}[static_cast<std::size_t>(column) % 3];
-                    CDrawRecorder recorder;
-                    const PageExtent extent =
-                        DrawPage(recorder, *FindPage(block), {data, block, row, column, width, 500});
-                    for (const std::string& fault : LabelFaults(recorder, extent, true))
-                        faults.insert(std::to_string(block) + ": " + fault);
-                }
+                for (int column = 0; column <= GridColumns(block); ++column)
+                    for (const int width : {400, 700, 1500}) {
+                        CDrawRecorder recorder;
+                        const PageExtent extent = DrawPage(recorder, page, {data, block, row, column, width, 500});
+                        for (const std::string& fault : LabelFaults(recorder, extent, true))
+                            faults.insert(std::to_string(block) + ": " + fault);
+                    }
+    }
     EXPECT_TRUE(faults.empty()) << [&] {
         std::string list;
         for (const std::string& fault : faults)
@@ -122,11 +124,29 @@ TEST(Pages, NoLabelLeavesThePageOrStandsInTheWayAtAnyPaneWidth)
     }();
 }
 
+TEST(Pages, EveryConditionOnACellIsSeenInOneOfTheForms)
+{
+    const Page& page = *FindPage(551); // せん断, 上下曲げ, 上曲げ, 下曲げ, 仕口
+    std::set<std::string> seen;
+    for (const CSbdData& data : FormsOf(page, 551))
+        for (const auto& [name, sketch] : page.sketches)
+            for (const SketchElement& element : sketch.elements)
+                if (!element.when.tests.empty() && element.when.Holds({data, 551, 2, 1}))
+                    seen.insert(element.when.source);
+    std::set<std::string> all;
+    for (const auto& [name, sketch] : page.sketches)
+        for (const SketchElement& element : sketch.elements)
+            if (!element.when.tests.empty())
+                all.insert(element.when.source);
+    EXPECT_EQ(seen, all);
+    EXPECT_GT(all.size(), 3U);
+}
+
 TEST(Pages, AnExplainedColumnIsRedAndTheAnchorAnyOtherIsNot)
 {
     const CSbdData data;
     for (const int block : BlocksWithPage()) {
-        if (FindOptionBlock(block) != nullptr)
+        if (FindOptionBlock(block) != nullptr || !FindPage(block)->full)
             continue;
         const int textEnd = Draw(data, block, 2, 0).extent.height;
         for (int column = 1; column <= GridColumns(block); ++column) {
@@ -149,9 +169,37 @@ TEST(Pages, AnExplainedColumnIsRedAndTheAnchorAnyOtherIsNot)
     }
 }
 
+TEST(Pages, NoFamilyFallsBelowItsFloor)
+{
+    std::map<const PageFamily*, PageSum> sums;
+    for (const int block : BlocksWithPage()) {
+        ASSERT_NE(FamilyOf(block), nullptr) << block;
+        sums[FamilyOf(block)] += ReportOf(*FindPage(block), block);
+    }
+    for (const PageFamily& family : PageFamilies()) {
+        const PageSum& sum = sums[&family];
+        EXPECT_GE(sum.own, family.ownPages) << family.name << ": pages with a file";
+        EXPECT_GE(PercentOf(sum.explained, sum.unitColumns), family.explained) << family.name << ": explained";
+        EXPECT_GE(PercentOf(sum.red, sum.unitColumns), family.red) << family.name << ": red in a sketch";
+        EXPECT_GE(PercentOf(sum.told, sum.optionRows), family.told) << family.name << ": option rows told";
+        EXPECT_EQ(sum.wordsOnly, 0) << family.name << ": offered words for a number";
+        EXPECT_LE(family.ownPages, sum.pages) << family.name;
+    }
+}
+
+TEST(Pages, FamiliesDoNotOverlap)
+{
+    const std::span<const PageFamily> families = PageFamilies();
+    for (std::size_t i = 0; i < families.size(); ++i) {
+        EXPECT_LE(families[i].first, families[i].last);
+        const int before = i == 0 ? 0 : families[i - 1].last;
+        EXPECT_LT(before, families[i].first);
+    }
+}
+
 TEST(Pages, BlockThreeThirteenExplainsColumnsSixToNine)
 {
-    EXPECT_THAT(ReportOf(313).columns, testing::ElementsAre(6, 7, 8, 9));
+    EXPECT_THAT(ReportOf(*FindPage(313), 313).columns, testing::ElementsAre(6, 7, 8, 9));
     const CSbdData data;
     EXPECT_EQ(Draw(data, 313, 2, 1).extent.anchor, 1);
     EXPECT_GT(Draw(data, 313, 2, 9).extent.anchor, 400);
@@ -312,6 +360,62 @@ TEST(Pages, ATablePageListsColumnsWithHeadsUnitsAndWords)
     const Drawn drawn{recorder, {}};
     EXPECT_THAT(drawn.Text(), HasSubstr("6  幅1 (mm)"));
     EXPECT_THAT(drawn.Text(), HasSubstr("左腹板, 右腹板, 両腹板"));
+}
+
+TEST(Pages, ATablePageAsksForANumberWhereTheHeadHasAUnit)
+{
+    for (const int block : BlocksWithPage()) {
+        const Page page = MakeTablePage(block);
+        EXPECT_THAT(ReportOf(page, block).wordsOnly, IsEmpty()) << block;
+    }
+    const CSbdData data;
+    const auto linesOf = [&](int block) {
+        std::string text;
+        for (const ColouredLine& line : PageText(MakeTablePage(block), {data, block, 2, 1}))
+            text += FromCp932(line.text) + "\n";
+        return text;
+    };
+    EXPECT_THAT(linesOf(735), HasSubstr("HOLE幅 (mm)                                 数値(mm)\n"));
+    EXPECT_THAT(linesOf(534), HasSubstr("数値(mm), 等分割"));
+    EXPECT_THAT(linesOf(707), Not(HasSubstr("YES, NO"))); // the list of columns without one
+    EXPECT_THAT(linesOf(543), HasSubstr("山形, CT形"));
+}
+
+TEST(Pages, ATablePageTellsTheAutomaticRowAndTheKindsOfRows)
+{
+    const CSbdData data;
+    const auto linesOf = [&](int block) {
+        std::string text;
+        for (const ColouredLine& line : PageText(MakeTablePage(block), {data, block, 2, 1}))
+            text += FromCp932(line.text) + "\n";
+        return text;
+    };
+    EXPECT_THAT(linesOf(313), HasSubstr("1行目： 自動計算(YES_NO)"));
+    EXPECT_THAT(linesOf(331), HasSubstr("(301の 9行目と331～332)は同時自動リンク"));
+    EXPECT_THAT(linesOf(304), Not(HasSubstr("1行目")));
+    EXPECT_THAT(linesOf(507), HasSubstr("(2) 1列目が「箱桁横桁」の行\n"));
+    EXPECT_THAT(linesOf(507), HasSubstr("せん断最大L (kN)"));
+    EXPECT_THAT(linesOf(313), Not(HasSubstr("1列目が")));
+}
+
+TEST(Pages, ATablePageShowsTheLineOfTheColumnInRedAndMovesToIt)
+{
+    const CSbdData data;
+    for (const int block : BlocksWithPage()) {
+        const Page page = MakeTablePage(block);
+        if (FindOptionBlock(block) != nullptr || GridColumns(block) == 0)
+            continue;
+        for (int column = 1; column <= GridColumns(block); ++column) {
+            CDrawRecorder recorder;
+            const PageExtent extent = DrawPage(recorder, page, {data, block, 2, column});
+            const auto red = std::ranges::find_if(recorder.Primitives(), CDrawRecorder::IsRed);
+            ASSERT_NE(red, recorder.Primitives().end()) << block << " column " << column;
+            const int y = -red->points.front().y;
+            EXPECT_LE(extent.anchor, y) << block;
+            EXPECT_TRUE(extent.anchor > 1 || y <= 110) << block << " column " << column;
+            EXPECT_THAT(FromCp932(red->text), HasSubstr(std::to_string(column) + "  ")) << block;
+        }
+    }
 }
 
 TEST(Pages, TheTablesOf543ShowAllSections)

@@ -69,11 +69,15 @@ private slots:
     void theColumnOfTheCellIsRed();
     void theBackgroundIsTheUsers();
     void aLinkLeadsToItsPageAndTheButtonBack();
+    void theWayBackEndsWhereTheUserGoesElsewhere();
+    void theKeyboardReachesTheLinks();
     void picturesAreSavedByTheEndingOfTheFile_data();
     void picturesAreSavedByTheEndingOfTheFile();
     void anotherEndingAndAFullFolderAreTold();
     void everyPagePrintsOnOneSheet_data();
     void everyPagePrintsOnOneSheet();
+    void aPageStandsWholeOnTheSheetWithItsFoot_data();
+    void aPageStandsWholeOnTheSheetWithItsFoot();
 };
 
 void UpViewTest::eachBlockHasItsPane()
@@ -222,25 +226,87 @@ void UpViewTest::theBackgroundIsTheUsers()
     }
 }
 
+namespace {
+
+/// The middle of the first link of the page on show that leads to a block, in pixels of the pane.
+QPoint PlaceOfLink(CHelpView& help, int block)
+{
+    for (const PageLink& link : help.Links())
+        if (link.block == block) {
+            const QPointF middle((link.box.left + link.box.right) / 2.0, -(link.box.top + link.box.bottom) / 2.0);
+            return (middle * help.Scale()).toPoint()
+                   - QPoint(help.horizontalScrollBar()->value(), help.verticalScrollBar()->value());
+        }
+    return {-1, -1};
+}
+
+} // namespace
+
 void UpViewTest::aLinkLeadsToItsPageAndTheButtonBack()
 {
     Pane pane;
-    pane.GoTo(513, 0, 0);
+    pane.GoTo(313, 2, 1);
     CHelpView& help = pane.view.Help();
     auto* back = help.findChild<QToolButton*>();
     QVERIFY(!back->isVisible());
-    help.linkRects = {QRectF(0, 0, 100, 100), QRectF(200, 0, 100, 100)};
-    // At once: the next paint forgets them.
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(5, 5), help.viewport()->mapToGlobal(QPointF(5, 5)),
-                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(help.viewport(), &press);
-    QCOMPARE(pane.doc.CurrentBlock(), 514);
+    const QPoint place = PlaceOfLink(help, 314);
+    QVERIFY(help.viewport()->rect().contains(place));
+    QTest::mouseMove(help.viewport(), place);
+    QTRY_COMPARE(help.viewport()->cursor().shape(), Qt::PointingHandCursor);
+    QTest::mouseMove(help.viewport(), QPoint(1, 1));
+    QTRY_COMPARE(help.viewport()->cursor().shape(), Qt::ArrowCursor);
+
+    QSignalSpy wanted(&help, &CHelpView::blockWanted);
+    QTest::mouseClick(help.viewport(), Qt::LeftButton, {}, place);
+    QCOMPARE(wanted.size(), 1);
+    QCOMPARE(wanted.front().front().toInt(), 314);
+    QCOMPARE(pane.doc.CurrentBlock(), 314);
+    QCOMPARE(help.Cell().block, 314);
+    QVERIFY(back->isVisible());
+    QApplication::processEvents();
     QVERIFY(back->isVisible());
     back->click();
-    QCOMPARE(pane.doc.CurrentBlock(), 513);
+    QCOMPARE(help.Cell().block, 313);
     QVERIFY(!back->isVisible());
-    QTest::mouseClick(help.viewport(), Qt::LeftButton, {}, QPoint(5, 5)); // no page sets a link by itself
-    QCOMPARE(pane.doc.CurrentBlock(), 513);
+    QTest::mouseClick(help.viewport(), Qt::LeftButton, {}, QPoint(1, 1)); // no link there
+    QCOMPARE(help.Cell().block, 313);
+}
+
+void UpViewTest::theWayBackEndsWhereTheUserGoesElsewhere()
+{
+    Pane pane;
+    pane.GoTo(313, 2, 1);
+    CHelpView& help = pane.view.Help();
+    auto* back = help.findChild<QToolButton*>();
+    QTest::mouseClick(help.viewport(), Qt::LeftButton, {}, PlaceOfLink(help, 314));
+    QVERIFY(back->isVisible());
+    pane.GoTo(332, 2, 1);
+    QVERIFY(!back->isVisible());
+    QTest::keyClick(&help, Qt::Key_Backspace);
+    QCOMPARE(help.Cell().block, 332);
+}
+
+void UpViewTest::theKeyboardReachesTheLinks()
+{
+    Pane pane;
+    pane.GoTo(313, 2, 1);
+    CHelpView& help = pane.view.Help();
+    pane.view.activateWindow();
+    help.setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(help.hasFocus());
+    QCOMPARE(help.ChosenLink(), -1);
+    for (std::size_t i = 0; i < help.Links().size(); ++i) {
+        QTest::keyClick(&help, Qt::Key_Tab);
+        QCOMPARE(help.ChosenLink(), static_cast<int>(i));
+    }
+    QTest::keyClick(&help, Qt::Key_Backtab);
+    QTest::keyClick(&help, Qt::Key_Tab);
+    const int target = help.Links().back().block;
+    QTest::keyClick(&help, Qt::Key_Return);
+    QCOMPARE(help.Cell().block, target);
+    QCOMPARE(help.ChosenLink(), -1);
+    QTest::keyClick(&help, Qt::Key_Backspace);
+    QCOMPARE(help.Cell().block, 313);
 }
 
 void UpViewTest::picturesAreSavedByTheEndingOfTheFile_data()
@@ -304,6 +370,66 @@ void UpViewTest::everyPagePrintsOnOneSheet()
     const QByteArray bytes = pdf.readAll();
     QVERIFY(bytes.startsWith("%PDF"));
     QCOMPARE(bytes.count("/Type /Page\n"), 1);
+}
+
+namespace {
+
+/// What a page puts on a sheet of A4, 4 pixels a millimetre.
+QImage Printed(CUpView& view)
+{
+    constexpr int perMillimetre = 4;
+    QImage sheet(210 * perMillimetre, 297 * perMillimetre, QImage::Format_RGB32);
+    sheet.setDotsPerMeterX(1000 * perMillimetre);
+    sheet.setDotsPerMeterY(1000 * perMillimetre);
+    sheet.fill(Qt::white);
+    view.Print(sheet);
+    return sheet;
+}
+
+/// The room of what is not white, above a line.
+QRect InkAbove(const QImage& sheet, int bottom)
+{
+    QRect ink;
+    for (int y = 0; y < bottom; ++y)
+        for (int x = 0; x < sheet.width(); ++x)
+            if (sheet.pixelColor(x, y) != Qt::white)
+                ink |= QRect(x, y, 1, 1);
+    return ink;
+}
+
+} // namespace
+
+void UpViewTest::aPageStandsWholeOnTheSheetWithItsFoot_data()
+{
+    QTest::addColumn<int>("block");
+    QTest::addColumn<int>("row");
+    QTest::addRow("wide") << 402 << 1;
+    QTest::addRow("long") << 543 << 2;
+    QTest::addRow("as it is") << 310 << 1;
+}
+
+void UpViewTest::aPageStandsWholeOnTheSheetWithItsFoot()
+{
+    QFETCH(const int, block);
+    QFETCH(const int, row);
+    Pane pane;
+    pane.GoTo(block, row, 1);
+    const QImage sheet = Printed(pane.view);
+    constexpr int margin = 40; // 10 mm
+    constexpr int foot = 297 * 4 - margin - 16;
+    const QRect page = InkAbove(sheet, foot - 4);
+    QVERIFY(page.left() >= margin && page.right() <= sheet.width() - margin);
+    QVERIFY(page.top() >= margin && page.bottom() < foot - 8);
+    const QSize size = pane.view.Help().PictureSize(); // of the whole page, at the screen's size
+    QVERIFY(size.isValid());
+    // All of it: the last ink of the page lies where the page ends.
+    const double fitting = std::min({1.0, (210 - 20) * 10.0 / (size.width() / pane.view.Help().Scale()),
+                                     (297 - 20 - 7) * 10.0 / (size.height() / pane.view.Help().Scale())});
+    if (fitting < 1.0)
+        QVERIFY(page.right() > sheet.width() * 2 / 3 || page.bottom() > sheet.height() * 2 / 3);
+    const QRect all = InkAbove(sheet, sheet.height());
+    QVERIFY(all.bottom() > foot && all.bottom() < sheet.height() - margin + 4);
+    QVERIFY(all.right() > sheet.width() - margin - 8); // the page number at the right
 }
 
 QTEST_MAIN(UpViewTest)

@@ -62,6 +62,26 @@ nlohmann::ordered_json JsonOf(const Primitive& primitive)
 
 } // namespace
 
+bool DrawBox::IsCrossedBy(DrawPoint a, DrawPoint b) const
+{
+    double from = 0;
+    double to = 1;
+    const auto cut = [&](double start, double step, double low, double high) {
+        if (step == 0) {
+            if (start <= low || start >= high)
+                to = -1;
+            return;
+        }
+        const double t1 = (low - start) / step;
+        const double t2 = (high - start) / step;
+        from = std::max(from, std::min(t1, t2));
+        to = std::min(to, std::max(t1, t2));
+    };
+    cut(a.x, b.x - a.x, left, right);
+    cut(a.y, b.y - a.y, bottom, top);
+    return from < to;
+}
+
 Primitive& CDrawRecorder::Add(PrimitiveKind kind, std::span<const DrawPoint> points)
 {
     Primitive& primitive = primitives_.emplace_back();

@@ -43,6 +43,8 @@ struct DrawBox {
     {
         return left < other.right && other.left < right && bottom < other.top && other.bottom < top;
     }
+    /// A line passes through the inside: the part of it within has a length.
+    [[nodiscard]] bool IsCrossedBy(DrawPoint a, DrawPoint b) const;
 };
 
 class CDrawRecorder : public CDrawContext {

@@ -5,6 +5,7 @@
 #include "upperview/page/page_value.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -14,7 +15,9 @@ namespace sbd {
 /// A line of text in pieces: constant text and quoted values in turn. CP932.
 struct PageLine {
     std::vector<std::variant<std::string, PageOperand>> pieces;
+    int column = 0; ///< grid column that it tells of: red when the cursor is there
     [[nodiscard]] std::string Text(const PageView& view) const;
+    [[nodiscard]] bool Empty() const { return pieces.empty(); }
 };
 
 enum class ElementKind {
@@ -47,12 +50,13 @@ enum class LabelPlace {
 struct SketchElement {
     ElementKind kind = ElementKind::Line;
     std::vector<double> numbers; ///< as the kind needs them, see docs/add-a-help-page.md
-    std::string label;           ///< CP932
+    PageLine label;
     DrawPen pen;
     DrawBrush brush;
     LabelPlace place = LabelPlace::Default;
     DrawPoint offset;          ///< page units, added to the label
     bool arrows = true;        ///< of a dimension
+    bool value = false;        ///< a dimension or text of one column shows the text of the current row's cell
     bool onlySelected = false; ///< drawn only in red
     std::vector<int> columns;  ///< grid columns that it explains
     std::vector<int> rows;     ///< grid rows that it explains
@@ -82,12 +86,26 @@ struct PageBranch {
     std::vector<std::string> sketches; ///< from top to bottom
 };
 
+/// A bound of a limit: a number of the page, or a value of the project.
+using PageBound = std::variant<double, PageOperand>;
+
+/// What the values of some columns of a table may be. Bounds that are empty or 0 do not count.
+struct PageLimit {
+    std::vector<int> columns;
+    std::optional<PageBound> least;
+    std::optional<PageBound> most;
+    PageCondition when;
+    std::string name;   ///< of what is limited, in place of the columns' names; CP932
+    std::string source; ///< where the bounds stand; CP932
+};
+
 struct Page {
     std::string title;                ///< CP932; empty: that of the block
     int originX = 20;                 ///< left edge of the text, page units
     bool full = true;                 ///< false: made from the tables
     std::vector<PageBranch> branches; ///< the first that holds is shown
     std::map<std::string, Sketch> sketches;
+    std::vector<PageLimit> limits;
 
     [[nodiscard]] const PageBranch* BranchOf(const PageView& view) const;
 };

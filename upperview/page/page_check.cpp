@@ -1,5 +1,6 @@
 #include "upperview/page/page_check.h"
 
+#include "project/catalogue.h"
 #include "project/option_rows.h"
 #include "upperview/page/page_store.h"
 
@@ -60,6 +61,11 @@ public:
                 Complain(place, "no branch shows the sketch \"" + name + "\"");
             CheckColumns(sketch, place);
         }
+        for (const PageLimit& limit : page.limits)
+            for (const int column : limit.columns)
+                if (column < 1 || column > GridColumns(block_) || FindOptionBlock(block_) != nullptr)
+                    Complain("[[limit]]", "block " + std::to_string(block_) + " has no column " + std::to_string(column)
+                                              + " to limit");
     }
 
 private:
@@ -101,9 +107,10 @@ std::vector<PageFault> CheckPage(std::string_view fileName, std::string_view tex
     std::vector<PageFault> faults;
     if (blocks.empty())
         faults.push_back({1, "the file name says no block"});
-    for (const int block : blocks) {
+    for (const int named : blocks) {
+        const int block = CanonicalBlock(named);
         if (!HasPage(block)) {
-            faults.push_back({1, "there is no block " + std::to_string(block)});
+            faults.push_back({1, "there is no block " + std::to_string(named)});
             continue;
         }
         ParsedPage parsed = ParsePage(text, block);

@@ -1,5 +1,11 @@
 #include "upperview/page/page_drawing.h"
 
+#include "project/catalogue.h"
+#include "project/option_rows.h"
+#include "project/sbd_data.h"
+#include "project/text.h"
+#include "upperview/page/page_limit.h"
+#include "upperview/page/page_link.h"
 #include "upperview/page/page_store.h"
 
 #include <algorithm>
@@ -45,6 +51,43 @@ std::vector<const Sketch*> SketchesOf(const Page& page, const PageBranch& branch
     return sketches;
 }
 
+/// The current value of the option row stands under its heading, if the text does not quote it itself.
+bool ShowsOwnValue(const PageBranch& branch, const PageView& view)
+{
+    const OptionBlock* options = FindOptionBlock(view.block);
+    if (options == nullptr || view.row < 1 || static_cast<std::size_t>(view.row) > options->rows.size())
+        return false;
+    const auto isOwn = [&](const std::variant<std::string, PageOperand>& piece) {
+        const auto* operand = std::get_if<PageOperand>(&piece);
+        return operand != nullptr && operand->kind == PageOperand::Kind::Option && operand->block == view.block
+               && operand->row == view.row;
+    };
+    return std::ranges::none_of(branch.lines,
+                                [&](const PageLine& line) { return std::ranges::any_of(line.pieces, isOwn); });
+}
+
+std::string OwnValue(const PageView& view)
+{
+    const std::string_view value = Trim(view.data.Option(view.block, static_cast<std::size_t>(view.row - 1)));
+    return "    " + (value.empty() ? Cp932("(空白)") : std::string(value)) + Cp932("  <--- 現在の入力");
+}
+
+/// Underlines the links of a line whose left upper corner is `at`, but for those to the page's own block.
+void DrawLinks(CDrawContext& dc, const ColouredLine& line, int block, DrawPoint at, PageExtent& extent)
+{
+    const TextMetrics metrics = dc.Metrics();
+    for (const TextLink& link : LinksOf(line.text)) {
+        if (!IsLinkTarget(link.block) || CanonicalBlock(link.block) == block)
+            continue;
+        const int left = at.x + static_cast<int>(link.start) * metrics.aveCharWidth;
+        const int right = left + static_cast<int>(link.length) * metrics.aveCharWidth;
+        const int bottom = at.y - metrics.height;
+        dc.SetPen({PenStyle::Solid, 1, colours::kBlue});
+        dc.Line({left, bottom}, {right, bottom});
+        extent.links.push_back({{left, at.y, right, bottom}, link.block});
+    }
+}
+
 } // namespace
 
 std::vector<ColouredLine> PageText(const Page& page, const PageView& view)
@@ -53,15 +96,26 @@ std::vector<ColouredLine> PageText(const Page& page, const PageView& view)
     const PageBranch* branch = page.BranchOf(view);
     if (branch == nullptr)
         return lines;
-    const auto append = [&](std::string text) {
-        lines.push_back({std::move(text), ColourOfLine(*branch, static_cast<int>(lines.size()))});
+    int index = 0; // as a page file counts: without the line of the current value
+    const auto append = [&](std::string text, int column) {
+        const DrawColour colour = ColourOfLine(*branch, index++);
+        const bool chosen = column > 0 && column == view.column;
+        lines.push_back({std::move(text), chosen ? colours::kRed : colour, column});
     };
-    append(page.title.empty() ? PageTitleText(view.block) : page.title);
-    append({});
-    if (branch->hasHeading)
-        append(branch->heading.empty() ? OptionHeading(view.block, view.row) : branch->heading);
+    append(page.title.empty() ? PageTitleText(view.block) : page.title, 0);
+    append({}, 0);
+    if (branch->hasHeading) {
+        append(branch->heading.empty() ? OptionHeading(view.block, view.row) : branch->heading, 0);
+        if (ShowsOwnValue(*branch, view))
+            lines.push_back({OwnValue(view), colours::kBlack, 0});
+    }
     for (const PageLine& line : branch->lines)
-        append(line.Text(view));
+        append(line.Text(view), line.column);
+    const std::vector<LimitLine> limits = LimitLines(page, view);
+    if (!limits.empty())
+        lines.push_back({});
+    for (const LimitLine& limit : limits)
+        lines.push_back({limit.text, limit.outside ? colours::kRed : colours::kBlack, 0});
     return lines;
 }
 
@@ -79,6 +133,10 @@ PageExtent DrawPage(CDrawContext& dc, const Page& page, const PageView& view)
         dc.SetTextColour(line.colour);
         if (!line.text.empty())
             dc.Text({page.originX, -y}, line.text);
+        if (y > kTextTop) // the title names its own block
+            DrawLinks(dc, line, view.block, {page.originX, -y}, extent);
+        if (line.column > 0 && line.column == view.column && extent.anchor == 1)
+            extent.anchor = std::max(1, y - kAboveSketch);
         longest = std::max(longest, line.text.size());
         y += lineHeight;
     }

@@ -3,6 +3,7 @@
 #include "project/catalogue.h"
 #include "project/option_rows.h"
 #include "project/text.h"
+#include "upperview/page/page_link.h"
 #include "upperview/page/sketch_parser.h"
 
 #include <algorithm>
@@ -14,25 +15,14 @@ namespace {
 
 constexpr std::string_view kQuoteStart = "@{";
 
-/// Cuts a line into text and quotes.
-PageLine ParseLine(const toml::node& node, std::string_view text, int linesDown, const CPageReader& reader)
+void CheckLinks(const PageLine& line, const toml::node& node, int linesDown, const CPageReader& reader)
 {
-    PageLine line;
-    while (!text.empty()) {
-        const std::size_t start = text.find(kQuoteStart);
-        if (start != 0)
-            line.pieces.emplace_back(reader.Bytes(node, text.substr(0, start), linesDown));
-        if (start == std::string_view::npos)
-            return line;
-        text.remove_prefix(start + kQuoteStart.size());
-        const std::size_t end = std::min(text.find('}'), text.size());
-        if (const std::optional<PageOperand> operand = ParseOperand(text.substr(0, end)))
-            line.pieces.emplace_back(*operand);
-        else
-            reader.Complain(node, "no such value to quote: \"" + std::string(text.substr(0, end)) + "\"", linesDown);
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return line;
+    for (const auto& piece : line.pieces)
+        if (const auto* words = std::get_if<std::string>(&piece))
+            for (const TextLink& link : LinksOf(*words))
+                if (!IsLinkTarget(link.block))
+                    reader.Complain(node, "a link to block " + std::to_string(link.block) + ", which does not exist",
+                                    linesDown);
 }
 
 std::vector<PageLine> ParseLines(const toml::table& table, const CPageReader& reader)
@@ -46,7 +36,8 @@ std::vector<PageLine> ParseLines(const toml::table& table, const CPageReader& re
     // A text of several lines begins below its quotes.
     for (int down = rest.find('\n') == std::string_view::npos ? 0 : 1; !rest.empty(); ++down) {
         const std::size_t end = std::min(rest.find('\n'), rest.size());
-        lines.push_back(ParseLine(*node, TrimRight(rest.substr(0, end)), down, reader));
+        lines.push_back(reader.LineOf(*node, TrimRight(rest.substr(0, end)), down));
+        CheckLinks(lines.back(), *node, down, reader);
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }
     return lines;
@@ -75,6 +66,38 @@ PageBranch ParseBranch(const toml::table& table, int block, const CPageReader& r
     return branch;
 }
 
+/// A number, or a text that names a value.
+std::optional<PageBound> ParseBound(const toml::table& table, std::string_view key, const CPageReader& reader)
+{
+    const toml::node* node = table.get(key);
+    if (node == nullptr)
+        return std::nullopt;
+    if (node->is_number())
+        return *node->value<double>();
+    const auto text = node->value<std::string_view>();
+    const std::optional<PageOperand> operand = text ? ParseOperand(*text) : std::nullopt;
+    if (!operand) {
+        reader.Complain(*node, std::string(key) + " is a number or names a value");
+        return std::nullopt;
+    }
+    return *operand;
+}
+
+PageLimit ParseLimit(const toml::table& table, const CPageReader& reader)
+{
+    reader.CheckKeys(table, {"col", "name", "min", "max", "when", "text"});
+    PageLimit limit;
+    limit.columns = reader.IntegersOf(table, "col");
+    limit.least = ParseBound(table, "min", reader);
+    limit.most = ParseBound(table, "max", reader);
+    limit.when = reader.ConditionOf(table);
+    limit.name = reader.TextOf(table, "name");
+    limit.source = reader.TextOf(table, "text");
+    if (limit.columns.empty() || (!table.contains("min") && !table.contains("max")))
+        reader.Complain(table, "a limit needs its columns, and min or max");
+    return limit;
+}
+
 } // namespace
 
 void CPageReader::Complain(const toml::node& node, std::string message, int linesDown) const
@@ -97,6 +120,26 @@ std::string CPageReader::Bytes(const toml::node& node, std::string_view text, in
         return {};
     }
     return std::move(result.bytes);
+}
+
+PageLine CPageReader::LineOf(const toml::node& node, std::string_view text, int linesDown) const
+{
+    PageLine line;
+    while (!text.empty()) {
+        const std::size_t start = text.find(kQuoteStart);
+        if (start != 0)
+            line.pieces.emplace_back(Bytes(node, text.substr(0, start), linesDown));
+        if (start == std::string_view::npos)
+            return line;
+        text.remove_prefix(start + kQuoteStart.size());
+        const std::size_t end = std::min(text.find('}'), text.size());
+        if (const std::optional<PageOperand> operand = ParseOperand(text.substr(0, end)))
+            line.pieces.emplace_back(*operand);
+        else
+            Complain(node, "no such value to quote: \"" + std::string(text.substr(0, end)) + "\"", linesDown);
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return line;
 }
 
 std::string CPageReader::TextOf(const toml::table& table, std::string_view key) const
@@ -187,7 +230,7 @@ ParsedPage ParsePage(std::string_view text, int block)
         return parsed;
     }
     const toml::table& file = result.table();
-    reader.CheckKeys(file, {"title", "origin", "branch", "sketch"});
+    reader.CheckKeys(file, {"title", "origin", "branch", "sketch", "limit"});
     Page& page = parsed.page;
     page.title = reader.TextOf(file, "title");
     page.originX = reader.IntegerOf(file, "origin", page.originX);
@@ -195,6 +238,10 @@ ParsedPage ParsePage(std::string_view text, int block)
         for (const toml::node& node : *branches)
             if (const toml::table* table = node.as_table())
                 page.branches.push_back(ParseBranch(*table, block, reader));
+    if (const toml::array* limits = file.get_as<toml::array>("limit"))
+        for (const toml::node& node : *limits)
+            if (const toml::table* table = node.as_table())
+                page.limits.push_back(ParseLimit(*table, reader));
     if (const toml::table* sketches = file.get_as<toml::table>("sketch"))
         for (const auto& [name, node] : *sketches)
             if (const toml::table* table = node.as_table())

@@ -4,28 +4,13 @@
 #include "upperview/page/page_parser.h"
 
 #include <algorithm>
-#include <map>
-#include <memory>
+#include <utility>
 
 namespace sbd {
 
 namespace {
 
 constexpr int kNotes = 100;
-
-/// The page file that serves a block; null if there is none.
-const PageSource* SourceOf(int block)
-{
-    static const std::map<int, const PageSource*> sources = [] {
-        std::map<int, const PageSource*> result;
-        for (const PageSource& source : PageSources())
-            for (const int served : BlocksOfFileName(source.name))
-                result.emplace(served, &source);
-        return result;
-    }();
-    const auto found = sources.find(block);
-    return found == sources.end() ? nullptr : found->second;
-}
 
 } // namespace
 
@@ -46,38 +31,53 @@ std::vector<int> BlocksWithPage()
     return blocks;
 }
 
-const std::map<std::string, Sketch>& SharedSketches()
+CPageStore::CPageStore(std::span<const PageSource> sources)
 {
-    static const std::map<std::string, Sketch> sketches = [] {
-        for (const PageSource& source : PageSources())
-            if (source.name == kSharedFile)
-                return ParsePage(source.text, 0).page.sketches;
-        return std::map<std::string, Sketch>();
-    }();
-    return sketches;
+    for (const PageSource& source : sources) {
+        if (source.name == kSharedFile)
+            shared_ = ParsePage(source.text, 0).page.sketches;
+        for (const int block : BlocksOfFileName(source.name))
+            texts_.emplace(CanonicalBlock(block), source.text);
+    }
 }
 
-const Page* FindPage(int block)
+const Page* CPageStore::Find(int block)
 {
-    static std::map<int, std::unique_ptr<const Page>> pages;
     if (!HasPage(block))
         return nullptr;
-    std::unique_ptr<const Page>& page = pages[block];
+    std::unique_ptr<const Page>& page = pages_[block];
     if (!page) {
-        const PageSource* source = SourceOf(block);
-        page = std::make_unique<const Page>(source == nullptr ? MakeTablePage(block)
-                                                              : ParsePage(source->text, block).page);
+        const auto text = texts_.find(block);
+        Page made = text == texts_.end() ? MakeTablePage(block) : ParsePage(text->second, block).page;
+        TakeOverShared(made, shared_);
+        page = std::make_unique<const Page>(std::move(made));
     }
     return page.get();
 }
 
+CPageStore& BuiltInPages()
+{
+    static CPageStore store(PageSources());
+    return store;
+}
+
+const Page* FindPage(int block)
+{
+    return BuiltInPages().Find(block);
+}
+
+void TakeOverShared(Page& page, const std::map<std::string, Sketch>& shared)
+{
+    for (const PageBranch& branch : page.branches)
+        for (const std::string& name : branch.sketches)
+            if (const auto found = shared.find(name); found != shared.end())
+                page.sketches.emplace(name, found->second); // one of its own stays
+}
+
 const Sketch* FindSketch(const Page& page, const std::string& name)
 {
-    const auto own = page.sketches.find(name);
-    if (own != page.sketches.end())
-        return &own->second;
-    const auto shared = SharedSketches().find(name);
-    return shared == SharedSketches().end() ? nullptr : &shared->second;
+    const auto found = page.sketches.find(name);
+    return found == page.sketches.end() ? nullptr : &found->second;
 }
 
 } // namespace sbd

@@ -3,6 +3,8 @@
 
 #include "upperview/page/page.h"
 
+#include <map>
+#include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -26,17 +28,34 @@ struct PageSource {
 /// The blocks with a page in order of number.
 [[nodiscard]] std::vector<int> BlocksWithPage();
 
-/// The page of a block: that of its file, else one made from the tables. Each is parsed once. Null without a page.
-/// Not for several threads.
+/// The pages of some page files.
+class CPageStore {
+public:
+    /// The bytes behind `sources` outlive the store.
+    explicit CPageStore(std::span<const PageSource> sources);
+
+    /// The page of a block: that of its file, else one made from the tables. A file may name a block by an alias. Each is
+    /// parsed once, and takes over the shared sketches that it shows. Null without a page. Not for several threads.
+    [[nodiscard]] const Page* Find(int block);
+    [[nodiscard]] const std::map<std::string, Sketch>& SharedSketches() const { return shared_; }
+
+private:
+    std::map<int, std::string_view> texts_; // by canonical block
+    std::map<std::string, Sketch> shared_;
+    std::map<int, std::unique_ptr<const Page>> pages_;
+};
+
+/// The pages as they are built in.
+[[nodiscard]] CPageStore& BuiltInPages();
+/// A page of them.
 [[nodiscard]] const Page* FindPage(int block);
-/// A sketch of the page or a shared one; null if there is none.
+
+/// Takes the shared sketches that a branch of the page shows over into the page.
+void TakeOverShared(Page& page, const std::map<std::string, Sketch>& shared);
+/// A sketch of the page; null if there is none.
 [[nodiscard]] const Sketch* FindSketch(const Page& page, const std::string& name);
-[[nodiscard]] const std::map<std::string, Sketch>& SharedSketches();
 
 /// A page from the tables: title, a branch for each option row with its words, or the list of columns.
 [[nodiscard]] Page MakeTablePage(int block);
-
-/// A head in one line: its lines, but for those that say nothing new. CP932.
-[[nodiscard]] std::string OneLineHead(std::string_view head);
 
 } // namespace sbd

@@ -52,18 +52,70 @@ bool HasRows(int block)
     return FindOptionBlock(block) != nullptr || GridColumns(block) > 0;
 }
 
-std::string CellText(const CSbdData& data, int block, int row, int column)
+/// The item at `index`, or an empty one.
+template <typename Items>
+typename Items::value_type ItemAt(const Items& items, int index)
 {
-    if (row < 1 || column < 1)
+    const auto i = static_cast<std::size_t>(index);
+    return index >= 0 && i < items.size() ? items[i] : typename Items::value_type{};
+}
+
+std::string SpacingText(const RibSpacing& spacing, int count)
+{
+    std::string text = spacing.word;
+    for (int i = 0; spacing.word.empty() && i < count; ++i)
+        text += (i == 0 ? "" : ", ") + NumberCell(spacing.At(static_cast<std::size_t>(i)));
+    return text;
+}
+
+/// A cell of 311: four rows of types, then the records.
+std::string HeightText(const HGirder& girder, int row, int column)
+{
+    constexpr int typeRows = 4;
+    constexpr int names = 4;
+    if (row <= typeRows)
+        return column == 2 ? ItemAt(girder.types, row - 1) : std::string();
+    if (row - typeRows > static_cast<int>(girder.records.size()))
         return {};
-    const auto r = static_cast<std::size_t>(row - 1);
-    if (data.Options(block) != nullptr)
-        return std::string(data.Option(block, r));
-    const TableBlock* table = data.Table(block);
-    const auto c = static_cast<std::size_t>(column - 1);
-    if (table == nullptr || c >= table->columns.size() || r >= table->columns[c].size())
+    const HGirderRecord& record = girder.records[static_cast<std::size_t>(row - typeRows - 1)];
+    if (column <= names)
+        return ItemAt(record.names, column - 1);
+    const int number = column - names - 1;
+    return number < static_cast<int>(record.numbers.size()) ? NumberCell(ItemAt(record.numbers, number)) : "";
+}
+
+/// A cell of 324, row 1 (the automatic row) left out.
+std::string CrossRibText(const std::vector<CrossRibRecord>& records, int row, int column)
+{
+    if (row < 2 || row - 1 > static_cast<int>(records.size()))
         return {};
-    return std::string(table->columns[c][r]);
+    const CrossRibRecord& record = records[static_cast<std::size_t>(row - 2)];
+    if (column <= 5)
+        return ItemAt(record.names, column - 1);
+    if (column <= 9)
+        return NumberCell(ItemAt(record.sizes, column - 6));
+    if (column == 10)
+        return std::to_string(record.n);
+    return column <= 12 ? SpacingText(column == 11 ? record.left : record.right, record.n) : std::string();
+}
+
+/// A cell of 325, row 1 left out.
+std::string LongRibText(const std::vector<LRibRecord>& records, int row, int column)
+{
+    if (row < 2 || row - 1 > static_cast<int>(records.size()))
+        return {};
+    const LRibRecord& record = records[static_cast<std::size_t>(row - 2)];
+    if (column <= 5)
+        return ItemAt(record.names, column - 1);
+    if (column <= 7)
+        return std::to_string(column == 6 ? record.n1 : record.n2);
+    return column == 8 ? SpacingText(record.left, record.n1) : SpacingText(record.right, record.n2);
+}
+
+/// A cell of 501 or 702, row 1 left out.
+std::string NameText(const NameLists& names, int row, int column)
+{
+    return ItemAt(ItemAt(names.lists, column - 1), row - 2);
 }
 
 std::optional<PageOperand> ParseNamed(std::string_view name, std::span<const std::string_view> rest)
@@ -134,14 +186,17 @@ std::string_view TakeWord(std::string_view& rest)
 std::optional<PageTest> ParseTest(std::string_view text, std::string& fault)
 {
     using Operator = PageTest::Operator;
-    static constexpr std::array<std::pair<std::string_view, Operator>, 9> operators = {
+    static constexpr std::array<std::pair<std::string_view, Operator>, 12> operators = {
         {{"=", Operator::Equal},
          {"!=", Operator::Unequal},
          {"<", Operator::Below},
          {">=", Operator::AtLeast},
+         {">", Operator::Above},
+         {"<=", Operator::AtMost},
          {"starts", Operator::Starts},
          {"contains", Operator::Contains},
          {"in", Operator::In},
+         {"notin", Operator::NotIn},
          {"empty", Operator::Empty},
          {"filled", Operator::Filled}}};
     std::string_view rest = Trim(text);
@@ -195,12 +250,38 @@ bool Compares(const Value& left, PageTest::Operator op, const Value& right)
         return left != right;
     case PageTest::Operator::Below:
         return left < right;
+    case PageTest::Operator::Above:
+        return left > right;
+    case PageTest::Operator::AtMost:
+        return left <= right;
     default:
         return left >= right;
     }
 }
 
 } // namespace
+
+std::string CellText(const CSbdData& data, int block, int row, int column)
+{
+    if (row < 1 || column < 1)
+        return {};
+    if (block == 311)
+        return HeightText(data.hGirder, row, column);
+    if (block == 324)
+        return CrossRibText(data.crossRibs, row, column);
+    if (block == 325)
+        return LongRibText(data.lRibs, row, column);
+    if (const NameLists* names = data.Names(block))
+        return NameText(*names, row, column);
+    const auto r = static_cast<std::size_t>(row - 1);
+    if (data.Options(block) != nullptr)
+        return std::string(data.Option(block, r));
+    const TableBlock* table = data.Table(block);
+    const auto c = static_cast<std::size_t>(column - 1);
+    if (table == nullptr || c >= table->columns.size() || r >= table->columns[c].size())
+        return {};
+    return std::string(table->columns[c][r]);
+}
 
 int GridColumns(int block)
 {
@@ -210,6 +291,13 @@ int GridColumns(int block)
         return static_cast<int>(record->heads.size()) - 1;
     const PanelTable* table = FindPanelTable(block);
     return table == nullptr ? 0 : static_cast<int>(table->columns.size()) - 1;
+}
+
+std::optional<double> WholeNumber(std::string_view text)
+{
+    text = Trim(text);
+    constexpr std::string_view figures = "0123456789.+-eE";
+    return text.find_first_not_of(figures) == std::string_view::npos ? LeadingNumber(text) : std::nullopt;
 }
 
 int PageOperand::Number(const PageView& view) const
@@ -250,6 +338,11 @@ std::string PageOperand::Text(const PageView& view) const
     default:
         text = std::to_string(Number(view));
     }
+    if (word > 0) {
+        const std::vector<std::string_view> words = SplitWords(text);
+        text = static_cast<std::size_t>(word) <= words.size() ? std::string(words[static_cast<std::size_t>(word - 1)])
+                                                              : std::string();
+    }
     if (bytes > 0 && text.size() > static_cast<std::size_t>(bytes))
         text.resize(static_cast<std::size_t>(bytes));
     return text;
@@ -257,7 +350,7 @@ std::string PageOperand::Text(const PageView& view) const
 
 bool PageTest::Holds(const PageView& view) const
 {
-    if (operand.IsNumber() && op <= Operator::AtLeast)
+    if (operand.IsNumber() && op <= Operator::AtMost)
         return Compares(operand.Number(view), op, LeadingInteger(word));
     const std::string text = operand.Text(view);
     switch (op) {
@@ -267,12 +360,16 @@ bool PageTest::Holds(const PageView& view) const
         return text.find(word) != std::string::npos;
     case Operator::In:
         return IsAmong(Trim(text), word);
+    case Operator::NotIn:
+        return !IsAmong(Trim(text), word);
     case Operator::Empty:
         return Trim(text).empty();
     case Operator::Filled:
         return !Trim(text).empty();
-    default: // char_traits compares bytes as unsigned
-        return Compares(std::string_view(text), op, std::string_view(word));
+    default:
+        if (const std::optional<double> left = WholeNumber(text), right = WholeNumber(word); left && right)
+            return Compares(*left, op, *right);
+        return Compares(Trim(text), op, Trim(word)); // char_traits compares bytes as unsigned
     }
 }
 
@@ -283,20 +380,27 @@ bool PageCondition::Holds(const PageView& view) const
 
 std::optional<PageOperand> ParseOperand(std::string_view text)
 {
-    int bytes = 0;
-    if (const std::size_t slash = text.find('/'); slash != std::string_view::npos) {
-        const std::optional<int> count = Number(text.substr(slash + 1));
-        if (!count)
-            return std::nullopt;
-        bytes = *count;
-        text = text.substr(0, slash);
-    }
+    /// Takes the number behind a sign off the end of the text; nothing if it is none.
+    const auto takeBehind = [&text](char sign) -> std::optional<int> {
+        const std::size_t at = text.find(sign);
+        if (at == std::string_view::npos)
+            return 0;
+        const std::optional<int> number = Number(text.substr(at + 1));
+        text = text.substr(0, at);
+        return number;
+    };
+    const std::optional<int> bytes = takeBehind('/');
+    const std::optional<int> word = takeBehind('#');
+    if (!bytes || !word)
+        return std::nullopt;
     const std::vector<std::string_view> parts = Parts(text);
     const std::span<const std::string_view> rest = std::span(parts).subspan(1);
     const std::optional<int> block = Number(parts.front());
     std::optional<PageOperand> operand = block ? ParseNumbered(*block, rest) : ParseNamed(parts.front(), rest);
-    if (operand)
-        operand->bytes = bytes;
+    if (operand) {
+        operand->bytes = *bytes;
+        operand->word = *word;
+    }
     return operand;
 }
 
@@ -304,6 +408,7 @@ std::optional<PageCondition> ParseCondition(std::string_view text, std::string& 
 {
     constexpr std::string_view joint = " and ";
     PageCondition condition;
+    condition.source = text;
     while (true) {
         const std::size_t end = text.find(joint);
         const std::optional<PageTest> test = ParseTest(text.substr(0, end), fault);

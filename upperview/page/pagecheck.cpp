@@ -25,6 +25,10 @@ int main(int count, char** values)
         if (path.filename() == sbd::kSharedFile)
             shared = sbd::ParsePage(ReadFile(path), 0).page.sketches;
 
+    if (const std::filesystem::path beside = paths.empty() ? "" : paths.front().parent_path() / sbd::kSharedFile;
+        shared.empty() && std::filesystem::exists(beside)) // some pages alone: the sketches of their folder
+        shared = sbd::ParsePage(ReadFile(beside), 0).page.sketches;
+
     bool bad = false;
     for (const std::filesystem::path& path : paths) {
         for (const sbd::PageFault& fault : sbd::CheckPage(path.filename().string(), ReadFile(path), shared)) {

@@ -1,7 +1,13 @@
+#include "project/option_rows.h"
+#include "project/text.h"
+#include "upperview/page/column_head.h"
 #include "upperview/page/draw_primitives.h"
+#include "upperview/page/draw_recorder.h"
 #include "upperview/page/page_drawing.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
 
 namespace sbd {
 
@@ -14,8 +20,9 @@ constexpr int kBalloonDrop = 60; // centre below the point
 /// Draws the elements of one sketch, in their colours or in red.
 class CSketchDrawing {
 public:
-    CSketchDrawing(CDrawContext& dc, const Sketch& sketch, DrawPoint corner)
+    CSketchDrawing(CDrawContext& dc, const Sketch& sketch, const PageView& view, DrawPoint corner)
         : dc_(dc)
+        , view_(view)
         , scaleX_(dc.unitX * sketch.fx)
         , scaleY_(dc.unitY * sketch.fy)
         , corner_(corner)
@@ -23,9 +30,12 @@ public:
     {
     }
 
-    void Draw(const SketchElement& element, bool red, bool withLabel)
+    /// `value` is the text of the current row's cell; empty: none.
+    void Draw(const SketchElement& element, const std::string& value, bool red, bool withLabel)
     {
-        withLabel_ = withLabel;
+        label_ = withLabel ? element.label.Text(view_) : std::string();
+        if (withLabel && !value.empty())
+            label_ += "=" + value;
         DrawPen pen = element.pen;
         if (red)
             pen.colour = colours::kRed;
@@ -152,9 +162,9 @@ private:
 
     void DrawLabel(const SketchElement& element, DrawPoint at, LabelPlace place)
     {
-        if (element.label.empty() || !withLabel_)
+        if (label_.empty())
             return;
-        const int width = metrics_.Width(element.label);
+        const int width = metrics_.Width(label_);
         const int half = metrics_.height / 2;
         switch (place) {
         case LabelPlace::Default:
@@ -175,7 +185,7 @@ private:
             at = {at.x - width / 2, at.y - kLabelGap};
             break;
         }
-        dc_.Text({at.x + element.offset.x, at.y + element.offset.y}, element.label);
+        dc_.Text({at.x + element.offset.x, at.y + element.offset.y}, label_);
     }
 
     void DrawBalloon(const SketchElement& element)
@@ -183,16 +193,17 @@ private:
         const DrawPoint centre{X(element, 0) + element.offset.x, Y(element, 1) - kBalloonDrop + element.offset.y};
         dc_.SetBrush({});
         dc_.Ellipse(centre, kBalloonRadius, kBalloonRadius);
-        if (withLabel_)
-            dc_.Text({centre.x - metrics_.Width(element.label) / 2, centre.y + metrics_.height / 2}, element.label);
+        if (!label_.empty())
+            dc_.Text({centre.x - metrics_.Width(label_) / 2, centre.y + metrics_.height / 2}, label_);
     }
 
     CDrawContext& dc_;
+    const PageView& view_;
     double scaleX_;
     double scaleY_;
     DrawPoint corner_;
     TextMetrics metrics_;
-    bool withLabel_ = true;
+    std::string label_; // of the element being drawn
 };
 
 bool Explains(const SketchElement& element, const PageView& view)
@@ -201,19 +212,97 @@ bool Explains(const SketchElement& element, const PageView& view)
            || std::ranges::find(element.rows, view.row) != element.rows.end();
 }
 
+bool IsShown(const SketchElement& element, const PageView& view)
+{
+    return element.when.Holds(view) && (!element.onlySelected || Explains(element, view));
+}
+
+/// A label that alone explains a column of a table may show the text of the current row's cell.
+bool MayShowValue(const SketchElement& element, const PageView& view)
+{
+    const bool labelled = element.kind == ElementKind::Dimension || element.kind == ElementKind::Text;
+    return labelled && element.value && element.columns.size() == 1 && !element.label.Empty()
+           && FindOptionBlock(view.block) == nullptr && view.row > HeadRows(view.block) && IsShown(element, view);
+}
+
+/// The text that stands behind a label. Nothing for a cell of several words: a list of spacings is not the
+/// value of one of them.
+std::string ValueOf(const SketchElement& element, const PageView& view)
+{
+    constexpr std::size_t longest = 8;
+    const std::string cell = CellText(view.data, view.block, view.row, element.columns.front());
+    const std::string_view text = Trim(cell);
+    return text.size() <= longest && text.find_first_of(" ,=") == std::string_view::npos ? std::string(text) : "";
+}
+
+using Values = std::map<const SketchElement*, std::string>;
+
+/// The values that a sketch shows. Several labels that differ for one column are parts of a list, and no one knows which of
+/// them the cell means: none has a value then.
+Values FindValues(const Sketch& sketch, const PageView& view)
+{
+    std::map<int, std::set<std::string>> labels;
+    for (const SketchElement& element : sketch.elements)
+        if (MayShowValue(element, view))
+            labels[element.columns.front()].insert(element.label.Text(view));
+    Values values;
+    for (const SketchElement& element : sketch.elements)
+        if (MayShowValue(element, view) && labels[element.columns.front()].size() == 1)
+            if (std::string value = ValueOf(element, view); !value.empty())
+                values.emplace(&element, std::move(value));
+    return values;
+}
+
+/// Takes away the values without room: their label would leave the sketch, overlap another or be crossed by a line.
+void DropCrowded(Values& values, const CDrawContext& dc, const Sketch& sketch, const PageView& view, DrawPoint corner)
+{
+    CDrawRecorder trial(dc.Metrics());
+    trial.unitX = dc.unitX;
+    trial.unitY = dc.unitY;
+    CSketchDrawing drawing(trial, sketch, view, corner);
+    std::map<const SketchElement*, std::size_t> labels; // place among the primitives
+    for (const SketchElement& element : sketch.elements) {
+        if (!IsShown(element, view))
+            continue;
+        const auto value = values.find(&element);
+        drawing.Draw(element, value == values.end() ? std::string() : value->second, false, true);
+        if (value != values.end())
+            labels.emplace(&element, trial.Primitives().size() - 1); // the label is drawn last
+    }
+    const int rightEdge = corner.x + static_cast<int>(sketch.width * (dc.unitX * sketch.fx));
+    for (const auto& [element, place] : labels) {
+        const std::vector<Primitive>& all = trial.Primitives();
+        const DrawBox box = trial.BoxOf(all[place]);
+        const auto disturbs = [&](const Primitive& other) {
+            if (other.kind == PrimitiveKind::Line)
+                return box.IsCrossedBy(other.points[0], other.points[1]);
+            return other.kind == PrimitiveKind::Text && &other != &all[place] && box.Overlaps(trial.BoxOf(other));
+        };
+        if (box.left < 0 || box.right > rightEdge || std::ranges::any_of(all, disturbs))
+            values.erase(element);
+    }
+}
+
 } // namespace
 
 bool DrawSketch(CDrawContext& dc, const Sketch& sketch, const PageView& view, DrawPoint corner)
 {
-    CSketchDrawing drawing(dc, sketch, corner);
+    Values values = FindValues(sketch, view);
+    if (!values.empty())
+        DropCrowded(values, dc, sketch, view, corner);
+    const auto valueOf = [&values](const SketchElement& element) {
+        const auto found = values.find(&element);
+        return found == values.end() ? std::string() : found->second;
+    };
+    CSketchDrawing drawing(dc, sketch, view, corner);
     for (const SketchElement& element : sketch.elements)
-        if (!element.onlySelected && element.when.Holds(view))
-            drawing.Draw(element, false, !Explains(element, view)); // smoothed letters would shine through the red ones
+        if (!element.onlySelected && element.when.Holds(view)) // smoothed letters would shine through the red ones
+            drawing.Draw(element, valueOf(element), false, !Explains(element, view));
     bool explained = false;
     for (const SketchElement& element : sketch.elements) {
         if (!Explains(element, view) || !element.when.Holds(view))
             continue;
-        drawing.Draw(element, true, true);
+        drawing.Draw(element, valueOf(element), true, true);
         explained = true;
     }
     return explained;

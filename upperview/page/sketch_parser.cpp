@@ -82,7 +82,7 @@ DrawColour ColourOf(const toml::table& table, std::string_view key, const CPageR
 void ReadOptions(SketchElement& element, const toml::table& options, const CPageReader& reader)
 {
     reader.CheckKeys(options, {"col", "row", "pen", "width", "colour", "fill", "hatch", "place", "off", "arrows",
-                               "selected", "when"});
+                               "value", "selected", "when"});
     element.columns = reader.IntegersOf(options, "col");
     element.rows = reader.IntegersOf(options, "row");
     element.pen.style = WordOf<PenStyle>(
@@ -112,6 +112,7 @@ void ReadOptions(SketchElement& element, const toml::table& options, const CPage
     else if (options.contains("off"))
         reader.Complain(*options.get("off"), "off needs two numbers");
     element.arrows = reader.BoolOf(options, "arrows", true);
+    element.value = reader.BoolOf(options, "value", element.value);
     element.onlySelected = reader.BoolOf(options, "selected", false);
     if (element.onlySelected && element.columns.empty() && element.rows.empty())
         reader.Complain(options, "what is drawn only when selected needs a column or a row");
@@ -132,12 +133,13 @@ std::optional<SketchElement> ParseElement(const toml::node& node, const CPageRea
     }
     SketchElement element;
     element.kind = form->kind;
+    element.value = form->kind == ElementKind::Dimension;
     for (std::size_t i = 1; i < array->size(); ++i) {
         const toml::node& part = (*array)[i];
         if (part.is_number())
             element.numbers.push_back(*part.value<double>());
         else if (part.is_string() && form->label)
-            element.label = reader.Bytes(part, *part.value<std::string_view>());
+            element.label = reader.LineOf(part, *part.value<std::string_view>());
         else if (const toml::table* options = part.as_table(); options != nullptr && i + 1 == array->size())
             ReadOptions(element, *options, reader);
         else

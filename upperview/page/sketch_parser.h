@@ -23,6 +23,9 @@ public:
     /// The CP932 bytes of a UTF-8 text; empty and a fault where CP932 has not a character.
     [[nodiscard]] std::string Bytes(const toml::node& node, std::string_view text, int linesDown = 0) const;
 
+    /// A line of text cut into pieces: constant text and quotes.
+    [[nodiscard]] PageLine LineOf(const toml::node& node, std::string_view text, int linesDown = 0) const;
+
     // Values of a key; the default where it is missing, and a fault where it is of another type.
     [[nodiscard]] std::string TextOf(const toml::table& table, std::string_view key) const;
     [[nodiscard]] int IntegerOf(const toml::table& table, std::string_view key, int otherwise) const;
