@@ -87,6 +87,8 @@ public:
 signals:
     /// Another block is on show.
     void blockShown();
+    /// The panel may have got, or lost, something to take back.
+    void undoChanged();
     /// The page of a report asks for its run.
     void runIsDue(const sbd::WantedRun& run);
 
