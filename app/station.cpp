@@ -39,18 +39,6 @@ void Print(std::FILE* stream, const QString& text)
     PrintText(stream, (text.endsWith(u'\n') ? text : text + u'\n').toStdString());
 }
 
-/// Goes where the command line says.
-void ShowCell(CMainFrame& frame, const StartOptions& options)
-{
-    CChildFrame* child = frame.CurrentChild();
-    if (child == nullptr)
-        return;
-    if (options.block != 0)
-        child->GoToBlock(options.block);
-    if (options.row != 0 && child->Panel() != nullptr)
-        child->Panel()->GoToCell(options.row, options.column);
-}
-
 int RunScreenshot(const StartOptions& options)
 {
     // A picture leaves no trace in the user's profile.
@@ -130,6 +118,18 @@ int RunWindow(const StartOptions& options)
 }
 
 } // namespace
+
+void ShowCell(CMainFrame& frame, const StartOptions& options)
+{
+    CChildFrame* child = frame.CurrentChild();
+    if (child == nullptr || (options.block == 0 && options.row == 0))
+        return;
+    if (options.block != 0)
+        child->GoToBlock(options.block);
+    if (options.row != 0 && child->Panel() != nullptr)
+        child->Panel()->GoToCell(options.row, options.column);
+    child->FocusPanel();
+}
 
 int RunStation(const StartOptions& options)
 {

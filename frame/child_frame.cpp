@@ -156,6 +156,7 @@ void CChildFrame::ShowPanel(int block)
     if (auto* search = qobject_cast<CDown999*>(panel_.get()))
         connect(search, &CDown999::jumpRequested, this, &CChildFrame::JumpTo);
     if (panel_ != nullptr) {
+        connect(panel_.get(), &CPanel::undoChanged, this, &CChildFrame::undoChanged);
         panelPane_->layout()->addWidget(panel_.get());
         panel_->show();
         panelPane_->layout()->activate(); // now, so that a cell can be scrolled to at once

@@ -91,6 +91,8 @@ signals:
     void blockShown();
     /// The title or its mark is another one.
     void titleShown();
+    /// The panel may have got, or lost, something to take back.
+    void undoChanged();
     /// The page of a report asks for its run.
     void runIsDue(const sbd::WantedRun& run);
 

@@ -18,6 +18,7 @@ enum class CommandNeeds {
     FreeView,  ///< and no print job is under way
     FreePage,  ///< and block 253 is not on show
     Grid,      ///< a project's panel with a grid
+    Undo,      ///< a grid, or a field of text, with something to take back
     RowUp,     ///< a grid whose row may move up
     RowDown,   ///< a grid whose row may move down
     InsertRow, ///< a grid that takes a row at its focus

@@ -29,7 +29,7 @@ constexpr CommandRow kRows[] = {
     {57665, "アプリケーションの終了(&X)", "Ctrl+Q", "", "", Nothing},
 
     // Editing
-    {57643, "元に戻す(&U)", "Ctrl+Z; Alt+Backspace", "", "undo", Grid, None, KeyScope::Grid},
+    {57643, "元に戻す(&U)", "Ctrl+Z; Alt+Backspace", "", "undo", Undo, None, KeyScope::Grid},
     {57635, "切り取り", "Ctrl+X", "", "cut", Grid, None, KeyScope::Grid},
     {57634, "コピー", "Ctrl+C; Ctrl+Ins", "", "copy", Grid, None, KeyScope::Grid},
     {57637, "貼り付け", "Ctrl+V; Shift+Ins", "", "paste", Grid, None, KeyScope::Grid},

@@ -2,6 +2,7 @@
 
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
+#include "frame/command_actions.h"
 #include "frame/profile.h"
 #include "frame/program_icon.h"
 #include "frame/settings.h"
@@ -26,7 +27,8 @@ namespace {
 
 const auto kGeometryKey = u"Window Size/Frame"_s;
 constexpr QSize kFirstSize{1280, 800};
-constexpr int kMargin = 4;               // px
+constexpr int kMargin = 4; // px
+constexpr int kUndo = 57643;
 constexpr int kNoticeTime = 30'000;      // ms
 constexpr auto kRecoveryInterval = 3min; // between copies of what is not saved
 
@@ -86,6 +88,8 @@ void CMainFrame::SetUpChild(CChildFrame& child)
 {
     child.SetTreeView(treeView_);
     connect(&child, &CChildFrame::blockShown, this, &CMainFrame::UpdateCommands);
+    connect(&child, &CChildFrame::undoChanged, this,
+            [this] { actions_->Of(kUndo)->setEnabled(Holds(CommandNeeds::Undo)); });
 }
 
 CMainFrame::~CMainFrame()

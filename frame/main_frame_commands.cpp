@@ -144,7 +144,8 @@ void CMainFrame::AddViewHandlers()
         OnChild(command, [command](CChildFrame& child) { child.UpView().RunViewCommand(command); });
     OnChild(49990, [](CChildFrame& child) {
         child.GoToBlock(kSearchBlock);
-        child.FocusPanel(); // to type at once
+        if (auto* search = qobject_cast<CDown999*>(child.Panel()))
+            search->GoToLine(); // to type at once
     });
     for (const CatalogueRow& row : Catalogue()) {
         const int command = row.command;

@@ -13,7 +13,9 @@
 #include "project/sbd_data.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDir>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMenuBar>
 #include <QToolBar>
@@ -180,6 +182,10 @@ bool CMainFrame::Holds(CommandNeeds needs) const
         return !printing_ && child->CurrentBlock() != kResultBlock;
     case CommandNeeds::Grid:
         return panel != nullptr;
+    case CommandNeeds::Undo:
+        if (const auto* field = qobject_cast<const QLineEdit*>(QApplication::focusWidget()))
+            return field->isUndoAvailable() || (panel != nullptr && panel->CanUndo());
+        return panel != nullptr && panel->CanUndo();
     case CommandNeeds::RowUp:
         return hasGrid && panel->CanMoveRowUp();
     case CommandNeeds::RowDown:

@@ -5,13 +5,16 @@
 #include <QAbstractItemView>
 #include <QCompleter>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStringListModel>
 #include <QStyle>
+#include <QStyleOptionComboBox>
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace sbd {
 
@@ -35,7 +38,7 @@ void TakeAnyLength(QLineEdit& line)
 void DrawFrame(QWidget& editor)
 {
     QPainter painter(&editor);
-    painter.setPen(QColor::fromRgba(gridstyle::kFocusFrame));
+    painter.setPen(QColor::fromRgba(gridstyle::ColorsFor(editor.palette()).focusFrame));
     painter.drawRect(editor.rect().adjusted(0, 0, -1, -1));
 }
 
@@ -95,6 +98,7 @@ CCellCombo::CCellCombo(QWidget* parent, const QStringList& words, EditorKeyHandl
         emit chosen();
     });
     connect(this, &QComboBox::activated, this, &CCellCombo::chosen);
+    view()->installEventFilter(this);
 }
 
 int CCellCombo::WidestWord() const
@@ -110,8 +114,49 @@ void CCellCombo::showPopup()
     constexpr int margins = 16;
     HideOffers();
     view()->setMinimumWidth(WidestWord() + margins + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
-    setCurrentIndex(findText(currentText(), Qt::MatchFixedString | Qt::MatchCaseSensitive));
+    // A text that is none of the words stays: the list must not be given "no word", which would empty the line.
+    const int place = findText(currentText(), Qt::MatchFixedString | Qt::MatchCaseSensitive);
+    if (place >= 0)
+        setCurrentIndex(place);
     QComboBox::showPopup();
+    if (place < 0)
+        view()->selectionModel()->clear(); // no word is marked, so none can be taken by mistake
+}
+
+bool CCellCombo::eventFilter(QObject* object, QEvent* event)
+{
+    if (object == view() && event->type() == QEvent::KeyPress && !view()->currentIndex().isValid()) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) { // nothing is marked: the list closes, the text stays
+            hidePopup();
+            return true;
+        }
+    }
+    return QComboBox::eventFilter(object, event);
+}
+
+bool CCellCombo::IsOnArrow(const QPoint& pos) const
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    return style()->hitTestComplexControl(QStyle::CC_ComboBox, &option, pos, this) == QStyle::SC_ComboBoxArrow;
+}
+
+/// The list opens when the button is let go: opened by the press, it would close again by the same click.
+void CCellCombo::mousePressEvent(QMouseEvent* event)
+{
+    pressedOnArrow_ = event->button() == Qt::LeftButton && IsOnArrow(event->position().toPoint());
+    if (!pressedOnArrow_)
+        QComboBox::mousePressEvent(event);
+}
+
+void CCellCombo::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool pressed = std::exchange(pressedOnArrow_, false);
+    if (pressed && event->button() == Qt::LeftButton && IsOnArrow(event->position().toPoint()))
+        showPopup();
+    else if (!pressed)
+        QComboBox::mouseReleaseEvent(event);
 }
 
 void CCellCombo::HideOffers()
@@ -150,7 +195,6 @@ bool CCellCombo::event(QEvent* event)
 void CCellCombo::keyPressEvent(QKeyEvent* event)
 {
     const bool arrow = event->key() == Qt::Key_Up || event->key() == Qt::Key_Down;
-    const bool page = event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown;
     if (arrow && (event->modifiers() & Qt::AltModifier)) {
         showPopup();
         return;
@@ -159,7 +203,7 @@ void CCellCombo::keyPressEvent(QKeyEvent* event)
         return;
     if (arrow) // the list opens; a word is not changed unseen
         showPopup();
-    else if (!page)
+    else
         QComboBox::keyPressEvent(event);
 }
 

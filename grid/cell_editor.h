@@ -47,7 +47,10 @@ signals:
 
 protected:
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -55,9 +58,11 @@ protected:
 private:
     void Offer(const QString& text);
     [[nodiscard]] int WidestWord() const;
+    [[nodiscard]] bool IsOnArrow(const QPoint& pos) const;
 
     EditorKeyHandler keys_;
     QCompleter* completer_;
+    bool pressedOnArrow_ = false;
 };
 
 /// The text in an editor made by the grid.

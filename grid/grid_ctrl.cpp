@@ -190,6 +190,8 @@ void CGridCtrl::currentChanged(const QModelIndex& current, const QModelIndex& pr
         emit selectionChanging(previous.row() + 1, previous.column() + 1);
     head_->SetFocusRow(current.row() + 1);
     viewport()->update();
+    if (toldLocked_)
+        TellInStatusBar({});
     if (current.isValid())
         emit currentCellChanged(current.row() + 1, current.column() + 1);
 }
@@ -200,8 +202,14 @@ bool CGridCtrl::edit(const QModelIndex& index, EditTrigger trigger, QEvent* even
 {
     const bool editing = IsEditing();
     const bool opened = QTableView::edit(index, trigger, event);
-    if (opened && !editing)
+    if (opened && !editing) {
         typing_ = trigger == AnyKeyPressed;
+        if (QWidget* editor = indexWidget(index)) {
+            if (trigger == EditKeyPressed) // to go on with the text, not to type over it
+                EditorLine(editor)->end(false);
+            emit editorOpened(editor);
+        }
+    }
     return opened;
 }
 
@@ -215,6 +223,7 @@ void CGridCtrl::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint 
     closing_ = false;
     if (hadFocus && !hasFocus())
         setFocus();
+    emit editorClosed();
 }
 
 bool CGridCtrl::focusNextPrevChild(bool next)
@@ -227,12 +236,23 @@ QLineEdit* CGridCtrl::OpenLine() const
     return IsEditing() ? EditorLine(indexWidget(currentIndex())) : nullptr;
 }
 
-void CGridCtrl::StoreEdited(GridCell cell, const QString& text)
+/// Why a cell does not take a text; nothing if it does.
+std::optional<GridRefusal> CGridCtrl::Refusal(GridCell cell, const QString& text) const
 {
-    if (text == Source()->Text(cell.row, cell.column))
+    if (const std::optional<QString> character = Source()->RefusedCharacter(text))
+        return GridRefusal{*character,
+                           tr("「%1」はこのシステムの文字コード（シフトJIS）にない文字です。").arg(*character),
+                           tr("別の文字に置き換えて入力してください。")};
+    return Source()->WhyNot(cell.row, cell.column, text);
+}
+
+void CGridCtrl::StoreEdited(GridCell cell, const QString& typed)
+{
+    if (typed == Source()->Text(cell.row, cell.column))
         return;
-    if (const std::optional<QString> character = Source()->RefusedCharacter(text)) {
-        refused_ = RefusedText{cell, text, *character};
+    const QString text = Source()->Folded(cell.row, cell.column, typed);
+    if (const std::optional<GridRefusal> why = Refusal(cell, text)) {
+        refused_ = RefusedText{cell, typed, *why};
         QTimer::singleShot(0, this, [this] { ReopenRefused({}); }); // when the editor that asks now is gone
         return;
     }
@@ -247,13 +267,11 @@ QString CGridCtrl::CellName(GridCell cell) const
 
 void CGridCtrl::TellRefused(const QString& consequence)
 {
-    showMessage(tr("「%1」はこのシステムの文字コード（シフトJIS）にない文字です。%2 のセルは元のままです。"
-                   "別の文字に置き換えて入力してください。")
-                    .arg(refused_->character, CellName(refused_->cell))
-                + consequence);
+    showMessage(refused_->why.what + tr("%1 のセルは元のままです。").arg(CellName(refused_->cell))
+                + refused_->why.remedy + consequence);
 }
 
-/// What was typed is not lost: the cell is open again with it, the refused character selected.
+/// What was typed is not lost: the cell is open again with it, the refused part selected.
 void CGridCtrl::ReopenRefused(const QString& consequence)
 {
     if (!refused_)
@@ -274,7 +292,10 @@ void CGridCtrl::ReopenRefused(const QString& consequence)
     if (!line)
         return;
     line->setText(refused.text);
-    line->setSelection(int(refused.text.indexOf(refused.character)), int(refused.character.size()));
+    if (const qsizetype place = refused.text.indexOf(refused.why.part); place >= 0)
+        line->setSelection(int(place), int(refused.why.part.size()));
+    else
+        line->selectAll(); // the part was folded
 }
 
 bool CGridCtrl::CommitEditor(const QString& consequence)
@@ -291,6 +312,24 @@ bool CGridCtrl::CommitEditor(const QString& consequence)
     if (editor)
         closeEditor(editor, QAbstractItemDelegate::NoHint);
     return true;
+}
+
+std::optional<CGridCtrl::OpenText> CGridCtrl::Edited() const
+{
+    const QLineEdit* line = OpenLine();
+    return line ? std::optional(OpenText{line->text(), line->cursorPosition(), typing_}) : std::nullopt;
+}
+
+void CGridCtrl::EditAgain(const OpenText& open)
+{
+    if (!IsEditing())
+        QTableView::edit(currentIndex());
+    QLineEdit* line = OpenLine();
+    if (!line)
+        return;
+    line->setText(open.text);
+    line->setCursorPosition(open.caret);
+    typing_ = open.typing;
 }
 
 void CGridCtrl::OpenList()

@@ -41,8 +41,19 @@ public:
     /// it as the last sentence, and the editor stays open with the text.
     bool CommitEditor(const QString& consequence = {});
     [[nodiscard]] bool IsEditing() const { return state() == EditingState; }
+    /// What stands in an open editor, and how it stands there.
+    struct OpenText {
+        QString text;
+        int caret = 0;
+        bool typing = false; ///< begun by typing
+    };
+    [[nodiscard]] std::optional<OpenText> Edited() const;
+    /// Opens the editor of the focused cell with a text that Edited() gave; without effect if the cell takes none.
+    void EditAgain(const OpenText& open);
     /// Opens the word list of the focused cell.
     void OpenList();
+    /// True if Undo() would do something: end an edit, or take a step back.
+    [[nodiscard]] bool CanUndo() const { return IsEditing() || (Source() && Source()->CanUndo()); }
     /// Shows what is changed elsewhere.
     void ShowAll();
 
@@ -61,6 +72,9 @@ signals:
     void selectionChanging(int row, int column);
     /// The focus has come to a cell.
     void currentCellChanged(int row, int column);
+    /// An editor has opened; it holds the cell's text, or the first key of a new one.
+    void editorOpened(QWidget* editor);
+    void editorClosed();
     /// A cell was edited.
     void cellEdited(int row, int column);
     /// A word was taken from a list.
@@ -72,6 +86,9 @@ protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -91,11 +108,11 @@ private:
     struct RefusedText {
         GridCell cell;
         QString text;
-        QString character;
+        GridRefusal why;
     };
 
     // For the delegate.
-    void StoreEdited(GridCell cell, const QString& text);
+    void StoreEdited(GridCell cell, const QString& typed);
     [[nodiscard]] bool HasRefused() const { return refused_.has_value(); }
     [[nodiscard]] bool IsTyping() const { return typing_; }
     void EndTyping() { typing_ = false; }
@@ -103,25 +120,32 @@ private:
     void SetUpView();
     void ApplyRowHeights();
     void Show(GridEffect effect, GridCell cell);
+    [[nodiscard]] std::optional<GridRefusal> Refusal(GridCell cell, const QString& text) const;
     void TellRefused(const QString& consequence);
     void TellPaste(const GridPaste& paste);
     void ReopenRefused(const QString& consequence);
     [[nodiscard]] QString CellName(GridCell cell) const;
     [[nodiscard]] bool HandleCommandKey(QKeyEvent* event);
     [[nodiscard]] bool HandleMoveKey(QKeyEvent* event);
+    void TellLocked(const QKeyEvent& event);
+    void OpenMenu();
+    void TellInStatusBar(const QString& text);
     [[nodiscard]] GridCell JumpTarget(GridCell from, int key) const;
     void MoveTo(GridCell cell, bool extend);
     void SelectThrough(bool row);
     void GiveUpComposition();
     [[nodiscard]] QLineEdit* OpenLine() const;
+    [[nodiscard]] bool IsOnListButton(const QMouseEvent& event) const;
 
     CGridModel* model_;
     CGridHead* head_;
     CGridHead* numbers_;
     CGridCorner* corner_;
     int rowHeight_;
-    bool typing_ = false;  // the open edit was begun by typing
-    bool closing_ = false; // an editor
+    bool typing_ = false;        // the open edit was begun by typing
+    bool closing_ = false;       // an editor
+    bool toldLocked_ = false;    // the status bar says why a cell takes nothing
+    bool pressedButton_ = false; // the mouse is down on the button of a list
     std::optional<RefusedText> refused_;
 };
 

@@ -46,16 +46,16 @@ void DrawCellText(QPainter& painter, const QRect& rect, const QString& text, Qt:
     painter.restore();
 }
 
-void DrawButton(QPainter& painter, const QRect& rect)
+void DrawButton(QPainter& painter, const QRect& rect, const Colors& colors)
 {
-    painter.setPen(QPen(QColor::fromRgba(kHeadLine), 0));
-    painter.setBrush(QColor::fromRgba(kHead));
+    painter.setPen(QPen(QColor::fromRgba(colors.headLine), 0));
+    painter.setBrush(QColor::fromRgba(colors.head));
     painter.drawRect(rect);
     const QPointF center = QRectF(rect).center() + QPointF(0.5, 0.5);
     const QPointF arrow[] = {center + QPointF(-3.5, -2), center + QPointF(3.5, -2), center + QPointF(0, 2.5)};
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor::fromRgba(kText));
+    painter.setBrush(QColor::fromRgba(colors.text));
     painter.drawPolygon(arrow, 3);
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
@@ -79,12 +79,13 @@ bool CGridDelegate::HasButton(const QModelIndex& index) const
 QColor CGridDelegate::Ground(const QModelIndex& index) const
 {
     const QModelIndex focus = grid_.currentIndex();
+    const Colors& colors = ColorsFor(grid_.palette());
     if (focus.isValid() && index.row() == focus.row())
-        return QColor::fromRgba(index == focus ? kCell : kFocusRow);
+        return QColor::fromRgba(index == focus ? colors.cell : colors.focusRow);
     if (focus.isValid() && index.column() == 0)
-        return QColor::fromRgba(kLabelBesideFocus);
+        return QColor::fromRgba(colors.labelBesideFocus);
     const GridCell cell = CGridModel::CellOf(index);
-    return QColor::fromRgba(grid_.Source()->IsLocked(cell.row, cell.column) ? kLocked : kCell);
+    return QColor::fromRgba(grid_.Source()->IsLocked(cell.row, cell.column) ? colors.locked : colors.cell);
 }
 
 QRect CGridDelegate::TextRect(const QRect& cell, const QModelIndex& index) const
@@ -99,12 +100,13 @@ void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         return;
     const GridCell cell = CGridModel::CellOf(index);
     const CGridSource& source = *grid_.Source();
+    const Colors& colors = ColorsFor(grid_.palette());
     painter->save();
     painter->setClipRect(option.rect);
     painter->fillRect(option.rect, Ground(index));
     if ((option.state & QStyle::State_Selected) && index != grid_.currentIndex())
-        painter->fillRect(option.rect, QColor::fromRgba(kSelected));
-    painter->setPen(QPen(QColor::fromRgba(kLine), 0));
+        painter->fillRect(option.rect, QColor::fromRgba(colors.selected));
+    painter->setPen(QPen(QColor::fromRgba(colors.line), 0));
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
 
@@ -112,14 +114,14 @@ void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const QColor color = source.TextColor(cell.row, cell.column);
     painter->setFont(grid_.font());
     // Red and magenta cannot be read on the ground of the focused row.
-    painter->setPen(color.isValid() && !focusRow ? color : QColor::fromRgba(kText));
+    painter->setPen(TextColorFor(grid_.palette(), focusRow ? QColor() : color));
     const QRect textRect = TextRect(option.rect, index);
     DrawCellText(*painter, textRect, SeenPart(source.Text(cell.row, cell.column), textRect.width()),
                  source.IsRightAligned(cell.row, cell.column) ? Qt::AlignRight : Qt::AlignLeft);
     if (HasButton(index))
-        DrawButton(*painter, ButtonRect(option.rect));
+        DrawButton(*painter, ButtonRect(option.rect), colors);
     if (index == grid_.currentIndex()) {
-        QPen frame(QColor::fromRgba(kFocusFrame), 2);
+        QPen frame(QColor::fromRgba(colors.focusFrame), 2);
         frame.setJoinStyle(Qt::MiterJoin);
         painter->setPen(frame);
         painter->setBrush(Qt::NoBrush);
@@ -216,6 +218,12 @@ bool CGridDelegate::HandleKey(QWidget* editor, QKeyEvent* event)
         Finish(editor, 0, 0);
         if (!grid_.HasRefused())
             grid_.MoveByTab(shift || event->key() == Qt::Key_Backtab);
+        return true;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        Finish(editor, 0, 0);
+        if (!grid_.HasRefused())
+            grid_.keyPressEvent(event);
         return true;
     case Qt::Key_Escape:
         emit closeEditor(editor, RevertModelCache);

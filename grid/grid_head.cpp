@@ -14,10 +14,10 @@ using namespace gridstyle;
 
 namespace {
 
-void DrawHeadGround(QPainter& painter, const QRect& rect)
+void DrawHeadGround(QPainter& painter, const QRect& rect, const Colors& colors)
 {
-    painter.fillRect(rect, QColor::fromRgba(kHead));
-    painter.setPen(QPen(QColor::fromRgba(kHeadLine), 0));
+    painter.fillRect(rect, QColor::fromRgba(colors.head));
+    painter.setPen(QPen(QColor::fromRgba(colors.headLine), 0));
     painter.drawLine(rect.bottomLeft(), rect.bottomRight());
     painter.drawLine(rect.topRight(), rect.bottomRight());
 }
@@ -39,7 +39,7 @@ void DrawLine(QPainter& painter, const QRectF& rect, const QString& line)
 
 void DrawHead(QPainter& painter, const QRect& rect, const QString& text, const QColor& color)
 {
-    painter.setPen(color.isValid() ? color : QColor::fromRgba(kText));
+    painter.setPen(color);
     const QStringList lines = text.split(u'\n');
     const QRectF inner = QRectF(rect).adjusted(2, 1, -2, -1);
     const double lineHeight =
@@ -91,12 +91,13 @@ void CGridHead::paintSection(QPainter* painter, const QRect& rect, int logicalIn
         return;
     painter->save();
     painter->setClipRect(rect);
-    DrawHeadGround(*painter, rect);
+    DrawHeadGround(*painter, rect, ColorsFor(palette()));
     if (orientation() == Qt::Horizontal) {
         DrawHead(*painter, TextRect(*painter, rect, source_->Head(logicalIndex + 1, focusRow_)),
-                 source_->Head(logicalIndex + 1, focusRow_), source_->HeadColor(logicalIndex + 1, focusRow_));
+                 source_->Head(logicalIndex + 1, focusRow_),
+                 TextColorFor(palette(), source_->HeadColor(logicalIndex + 1, focusRow_)));
     } else {
-        painter->setPen(QColor::fromRgba(kText));
+        painter->setPen(TextColorFor(palette(), {}));
         const QRect inner = rect.adjusted(kPadding, 0, -kPadding - 1, -1);
         const QString number =
             painter->fontMetrics().elidedText(source_->RowNumber(logicalIndex + 1), Qt::ElideRight, inner.width());
@@ -117,8 +118,8 @@ void CGridCorner::SetText(const QString& text)
 void CGridCorner::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    DrawHeadGround(painter, rect());
-    DrawHead(painter, rect(), text_, {});
+    DrawHeadGround(painter, rect(), ColorsFor(palette()));
+    DrawHead(painter, rect(), text_, TextColorFor(palette(), {}));
 }
 
 void CGridCorner::mousePressEvent(QMouseEvent* event)

@@ -6,13 +6,16 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStatusTipEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace sbd {
 
@@ -27,8 +30,9 @@ void CGridCtrl::Undo()
     const std::optional<GridCell> cell = Source() ? Source()->Undo() : std::nullopt;
     if (!cell)
         return;
+    const int column = cell->column > 0 ? cell->column : std::max(FocusCell().column, 1);
+    SetFocusCell(cell->row, column); // first: the row of the focus may be one of those that go
     ShowAll();
-    SetFocusCell(cell->row, cell->column);
     emit cellsChanged();
 }
 
@@ -72,13 +76,23 @@ void CGridCtrl::Paste()
     TellPaste(paste);
 }
 
-/// Names the characters that the cells cannot hold, and says what that means.
+/// Names what the cells cannot hold, and says what that means.
 void CGridCtrl::TellPaste(const GridPaste& paste)
 {
     constexpr qsizetype named = 5;
     const bool pasted = paste.effect != GridEffect::None;
-    if (paste.refused.isEmpty() || (pasted && paste.keptCells == 0)) // where nothing can be put, nothing is missing
+    QString numbers;
+    if (paste.notNumbers > 0)
+        numbers = tr("「%1」は数値として読めません。数値だけが入る %2 個のセル（最初は %3）は元のままです。")
+                      .arg(paste.notNumber)
+                      .arg(paste.notNumbers)
+                      .arg(CellName(paste.firstNotNumber))
+                  + (pasted ? tr("ほかのセルには貼り付けました。") : QString());
+    if (paste.refused.isEmpty() || (pasted && paste.keptCells == 0)) { // where nothing can be put, nothing is missing
+        if (!numbers.isEmpty())
+            showMessage(numbers);
         return;
+    }
     QString message = tr("「%1」%2はこのシステムの文字コード（シフトJIS）にない文字です。")
                           .arg(paste.refused.mid(0, named).join(tr("」「")),
                                paste.refused.size() > named ? tr("など %1 種類").arg(paste.refused.size()) : QString());
@@ -89,7 +103,7 @@ void CGridCtrl::TellPaste(const GridPaste& paste)
                        .arg(CellName(paste.firstKept));
     else
         message += tr("貼り付けは行いませんでした。別の文字に置き換えてから、もう一度貼り付けてください。");
-    showMessage(message);
+    showMessage(numbers.isEmpty() ? message : message + u'\n' + numbers);
 }
 
 void CGridCtrl::Delete()
@@ -240,6 +254,10 @@ bool CGridCtrl::HandleMoveKey(QKeyEvent* event)
         if (control)
             MoveTo({std::max(1, Source()->UsedRows()), model_->columnCount()}, shift);
         return control;
+    case Qt::Key_F10:
+        if (shift && !control && !alt)
+            OpenMenu();
+        return shift && !control && !alt;
     case Qt::Key_Tab:
         MoveByTab(shift);
         return true;
@@ -255,6 +273,18 @@ bool CGridCtrl::HandleMoveKey(QKeyEvent* event)
     }
 }
 
+/// The menu of the focused cell, as the key for menus opens it.
+void CGridCtrl::OpenMenu()
+{
+    if (FocusCell().row == 0)
+        return;
+    scrollTo(currentIndex());
+    const QRect cell = visualRect(currentIndex()) & viewport()->rect();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, mapFromGlobal(viewport()->mapToGlobal(cell.center())),
+                            viewport()->mapToGlobal(cell.center()));
+    QApplication::sendEvent(this, &event);
+}
+
 /// The view keeps the focus until the first composition in an editor has ended; so keys come here until then.
 void CGridCtrl::GiveUpComposition()
 {
@@ -262,6 +292,27 @@ void CGridCtrl::GiveUpComposition()
     inputMethodEvent(&nothing); // ends it for the view too
     if (QWidget* editor = indexWidget(currentIndex()))
         closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
+}
+
+/// A key that would change a cell which takes no text: the status bar says why nothing happens.
+void CGridCtrl::TellLocked(const QKeyEvent& event)
+{
+    const GridCell cell = FocusCell();
+    const bool edits = event.key() == Qt::Key_F2 || event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete;
+    const bool types = !event.text().isEmpty() && event.text()[0].isPrint()
+                       && !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (cell.row == 0 || !(edits || types) || Source()->IsEditable(cell.row, cell.column))
+        return;
+    const GridRange range = SelectedRange();
+    if (range.top == range.bottom && range.left == range.right) // a key on several cells is for those that take it
+        TellInStatusBar(Source()->WhyLocked(cell.row, cell.column));
+}
+
+void CGridCtrl::TellInStatusBar(const QString& text)
+{
+    toldLocked_ = !text.isEmpty();
+    QStatusTipEvent event(text);
+    QApplication::sendEvent(this, &event);
 }
 
 void CGridCtrl::keyPressEvent(QKeyEvent* event)
@@ -274,8 +325,11 @@ void CGridCtrl::keyPressEvent(QKeyEvent* event)
         QTableView::keyPressEvent(event);
         return;
     }
+    if (CommandOf(*event) == Command::Delete)
+        TellLocked(*event);
     if (HandleCommandKey(event) || HandleMoveKey(event))
         return;
+    TellLocked(*event);
     if (event->key() == Qt::Key_Backspace && !event->modifiers()) {
         if (edit(currentIndex(), AnyKeyPressed, nullptr))
             if (QLineEdit* line = OpenLine())
@@ -289,15 +343,43 @@ void CGridCtrl::mousePressEvent(QMouseEvent* event)
 {
     if (IsEditing()) // what is being composed belongs to the cell under edit, not to the one that is clicked
         QGuiApplication::inputMethod()->commit();
-    const QModelIndex index = indexAt(event->position().toPoint());
-    const bool onButton = index.isValid() && index == currentIndex() && event->button() == Qt::LeftButton
-                          && CGridDelegate::ButtonRect(visualRect(index)).contains(event->position().toPoint());
-    if (onButton && model_->flags(index).testFlag(Qt::ItemIsEditable)
-        && Source()->HasWords(index.row() + 1, index.column() + 1)) {
+    pressedButton_ = IsOnListButton(*event);
+    if (!pressedButton_)
+        QTableView::mousePressEvent(event);
+}
+
+/// The second of two quick clicks on the button of a list: the first brought the focus, this one is for the list.
+void CGridCtrl::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    pressedButton_ = IsOnListButton(*event);
+    if (!pressedButton_)
+        QTableView::mouseDoubleClickEvent(event);
+}
+
+void CGridCtrl::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!pressedButton_) // a press on the button begins no selection
+        QTableView::mouseMoveEvent(event);
+}
+
+/// The list opens when the button is let go: opened by the press, it would close again by the same click.
+void CGridCtrl::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool pressed = std::exchange(pressedButton_, false);
+    if (pressed && IsOnListButton(*event))
         OpenList();
-        return;
-    }
-    QTableView::mousePressEvent(event);
+    else if (!pressed)
+        QTableView::mouseReleaseEvent(event);
+}
+
+bool CGridCtrl::IsOnListButton(const QMouseEvent& event) const
+{
+    const QPoint pos = event.position().toPoint();
+    const QModelIndex index = indexAt(pos);
+    return event.button() == Qt::LeftButton && index.isValid() && index == currentIndex()
+           && CGridDelegate::ButtonRect(visualRect(index)).contains(pos)
+           && model_->flags(index).testFlag(Qt::ItemIsEditable)
+           && Source()->HasWords(index.row() + 1, index.column() + 1);
 }
 
 /// With the keyboard the focus comes to the first cell that takes text.

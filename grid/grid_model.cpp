@@ -28,6 +28,11 @@ void CGridModel::Show(GridEffect effect, GridCell cell)
         rows_ = rows;
         endInsertRows();
     }
+    if (rows < rows_) {
+        beginRemoveRows({}, rows, rows_ - 1);
+        rows_ = rows;
+        endRemoveRows();
+    }
     if (rows_ > 0 && columns_ > 0) {
         emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1));
         emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);

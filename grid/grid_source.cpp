@@ -15,6 +15,21 @@ QString CGridSource::Description(int row, int column) const
     return parts.join(u'、');
 }
 
+QString CGridSource::WhyLocked(int, int) const
+{
+    return QCoreApplication::translate("CGridCtrl", "このセルには入力できません。");
+}
+
+QString CGridSource::Folded(int, int, const QString& text) const
+{
+    return text;
+}
+
+std::optional<GridRefusal> CGridSource::WhyNot(int, int, const QString&) const
+{
+    return std::nullopt;
+}
+
 GridPaste CGridSource::PasteChecked(int row, int column, const QString& text)
 {
     GridPaste paste;

@@ -38,6 +38,16 @@ struct GridPaste {
     QStringList refused; ///< characters that the cells cannot hold, each once
     int keptCells = 0;   ///< cells that stayed as they were because of them; 0 with `refused`: all did
     GridCell firstKept;
+    int notNumbers = 0; ///< cells of numbers that stayed as they were because their text is none
+    GridCell firstNotNumber;
+    QString notNumber; ///< what the first of them did not take
+};
+
+/// Why a cell does not take a text.
+struct GridRefusal {
+    QString part;   ///< of the text; the user is shown it
+    QString what;   ///< "「abc」は数値ではありません。"
+    QString remedy; ///< what to enter instead
 };
 
 /// The cells of a grid. Column 0 holds the row numbers; its head stands in the corner.
@@ -68,12 +78,19 @@ public:
     /// Shown grey; not editable.
     [[nodiscard]] virtual bool IsLocked(int row, int column) const = 0;
     [[nodiscard]] virtual bool IsEditable(int row, int column) const = 0;
+    /// Why a cell takes no text, as a sentence.
+    [[nodiscard]] virtual QString WhyLocked(int row, int column) const;
     /// An invalid colour is the default.
     [[nodiscard]] virtual QColor TextColor(int row, int column) const = 0;
     [[nodiscard]] virtual bool IsRightAligned(int row, int column) const = 0;
 
     /// The first character of `text` that the cells cannot hold.
     [[nodiscard]] virtual std::optional<QString> RefusedCharacter(const QString& text) const = 0;
+
+    /// `text` as the cell would hold it: a cell of numbers takes full-width digits for the others.
+    [[nodiscard]] virtual QString Folded(int row, int column, const QString& text) const;
+    /// Why the cell does not take `text`, which it could hold as far as characters go; nothing if it takes it.
+    [[nodiscard]] virtual std::optional<GridRefusal> WhyNot(int row, int column, const QString& text) const;
 
     /// What a screen reader says of a cell beside its text.
     [[nodiscard]] QString Description(int row, int column) const;
@@ -87,8 +104,10 @@ public:
     /// The same with a text that may hold refused characters. Unless a source can tell the cells apart, such a text is
     /// refused as a whole.
     [[nodiscard]] virtual GridPaste PasteChecked(int row, int column, const QString& text);
-    /// Takes back the last step; the cell where it was done.
+    /// Takes back the last step; the cell where it was done (column 0: the row alone is known).
     virtual std::optional<GridCell> Undo() = 0;
+    /// False: there is no step to take back.
+    [[nodiscard]] virtual bool CanUndo() const { return true; }
 };
 
 /// A head without its line breaks, for messages and screen readers.

@@ -95,6 +95,11 @@ const WordList& CDown311Model::DoWords(int row, int column) const
     return CRecordPanelModel::DoWords(row, column);
 }
 
+CellTakes CDown311Model::Takes(int row, int column) const
+{
+    return row > kTypeRows && column > kNames ? CellTakes::Number : CellTakes::Text;
+}
+
 std::string CDown311Model::HeadRowText(int row, int column) const
 {
     static const std::array<std::string, kTypeRows> labels{"上フランジ厚のタイプ"_cp932, "下フランジ厚のタイプ"_cp932,

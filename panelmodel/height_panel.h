@@ -21,6 +21,7 @@ public:
 
 protected:
     [[nodiscard]] const WordList& DoWords(int row, int column) const override;
+    [[nodiscard]] CellTakes Takes(int row, int column) const override;
     std::vector<ChangedRow> WriteBack() override;
 
     [[nodiscard]] std::string HeadRowText(int row, int column) const override;

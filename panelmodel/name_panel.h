@@ -29,6 +29,7 @@ protected:
     [[nodiscard]] const WordList& DoWords(int row, int column) const override;
     [[nodiscard]] bool DoIsEditable(int row, int column) const override;
     CellEffect DoSetCell(int row, int column, std::string_view text) override;
+    void DropLastRow() override { --rows_; }
     std::vector<ChangedRow> WriteBack() override;
 
 private:

@@ -73,6 +73,12 @@ bool COptionPanelModel::IsLocked(int row, int column) const
     return !IsInside(row, column) || column == kLabelColumn;
 }
 
+std::string COptionPanelModel::WhyLocked(int row, int) const
+{
+    return Cp932(row > BlockRows() ? "この行には項目がないため、入力できません。"
+                                   : "項目名の欄には入力できません。値は右の欄に入力してください。");
+}
+
 bool COptionPanelModel::DoIsEditable(int row, int column) const
 {
     return column == kValueColumn && row <= BlockRows();

@@ -23,6 +23,7 @@ public:
     [[nodiscard]] int RowLines(int row) const override;
     [[nodiscard]] std::string Text(int row, int column) const override;
     [[nodiscard]] bool IsLocked(int row, int column) const override;
+    [[nodiscard]] std::string WhyLocked(int row, int column) const override;
     [[nodiscard]] bool IsChanged() const override { return values_ != baseline_; }
     void TakeBaseline() override { baseline_ = values_; }
 

@@ -3,6 +3,7 @@
 #include "panelmodel/clipboard_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace sbd {
 
@@ -34,7 +35,7 @@ CellEffect CPanelEditor::SetInStep(Step& step, int row, int column, std::string_
 
 void CPanelEditor::Keep(Step step)
 {
-    if (step.cells.empty() && step.movedFrom == 0)
+    if (step.cells.empty() && step.movedFrom == 0 && step.addedRows == 0)
         return;
     steps_.push_back(std::move(step));
     if (steps_.size() > kMostSteps)
@@ -76,11 +77,33 @@ std::string CPanelEditor::Copy(const CellRange& range) const
     return text;
 }
 
+void CPanelEditor::PutPasted(Step& step, CellPlace place, const std::string& text, PasteOutcome& outcome)
+{
+    if (!model_.IsEditable(place.row, place.column))
+        return;
+    if (text.find(kKeepCell) != std::string::npos) {
+        if (outcome.kept++ == 0)
+            outcome.firstKept = place;
+        return;
+    }
+    const std::string line = OneLine(text);
+    if (const auto refusal = model_.WhyNot(place.row, place.column, line)) {
+        if (outcome.notNumbers++ == 0) {
+            outcome.firstNotNumber = place;
+            outcome.notNumber = refusal->part;
+        }
+        return;
+    }
+    SetInStep(step, place.row, place.column, line);
+}
+
 PasteOutcome CPanelEditor::Paste(int row, int column, std::string_view text)
 {
     CClipboardReader reader(text);
-    PasteOutcome outcome{CellEffect::None, {row, column, row, column}, 0, {}};
-    const int missingRows = row + reader.FilledLines() - 1 - model_.GridRows();
+    PasteOutcome outcome;
+    outcome.range = {row, column, row, column};
+    const int rowsBefore = model_.GridRows();
+    const int missingRows = row + reader.FilledLines() - 1 - rowsBefore;
     const bool grown = missingRows > 0 && model_.AddRows(missingRows);
     Step step;
     while (const std::optional<ClipboardCell> cell = reader.Next()) {
@@ -89,14 +112,15 @@ PasteOutcome CPanelEditor::Paste(int row, int column, std::string_view text)
             break;
         outcome.range.bottom = std::max(outcome.range.bottom, place.row);
         outcome.range.right = std::max(outcome.range.right, std::min(place.column, model_.ColumnCount() - 1));
-        if (cell->text.find(kKeepCell) == std::string_view::npos) {
-            SetInStep(step, place.row, place.column, OneLine(cell->text));
-        } else if (model_.IsEditable(place.row, place.column) && outcome.kept++ == 0) {
-            outcome.firstKept = place;
-        }
+        PutPasted(step, place, cell->text, outcome);
     }
     if (!step.cells.empty() || grown)
         outcome.effect = CellEffect::Panel;
+    step.addedRows = model_.GridRows() - rowsBefore;
+    if (step.cells.empty()) { // nothing was put into them
+        model_.TakeBackRows(std::exchange(step.addedRows, 0));
+        outcome.effect = CellEffect::None;
+    }
     Keep(std::move(step));
     return outcome;
 }
@@ -110,23 +134,25 @@ std::optional<UndoOutcome> CPanelEditor::Undo()
     UndoOutcome outcome;
     if (step.movedFrom != 0) {
         model_.MoveRow(step.movedTo, step.movedFrom);
-        return UndoOutcome{{step.movedFrom, 1}, CellEffect::Panel};
+        return UndoOutcome{{step.inserted ? step.movedTo : step.movedFrom, 0}, CellEffect::Panel};
     }
     for (auto cell = step.cells.rbegin(); cell != step.cells.rend(); ++cell) {
         outcome.effect = std::max(outcome.effect, model_.SetCell(cell->place.row, cell->place.column, cell->text));
         outcome.place = cell->place;
     }
-    if (step.cells.size() > 1)
+    model_.TakeBackRows(step.addedRows);
+    if (step.cells.size() > 1 || step.addedRows > 0)
         outcome.effect = CellEffect::Panel;
     return outcome;
 }
 
-bool CPanelEditor::Move(int from, int to)
+bool CPanelEditor::Move(int from, int to, bool inserted)
 {
     model_.MoveRow(from, to);
     Step step;
     step.movedFrom = from;
     step.movedTo = to;
+    step.inserted = inserted;
     Keep(std::move(step));
     return true;
 }
@@ -148,7 +174,7 @@ bool CPanelEditor::InsertRow(int row)
     int blank = model_.GridRows();
     while (blank > row && !model_.IsBlankRow(blank))
         --blank;
-    return blank > row && Move(blank, row);
+    return blank > row && Move(blank, row, true);
 }
 
 } // namespace sbd

@@ -23,7 +23,7 @@ struct CellPlace {
     friend bool operator==(const CellPlace&, const CellPlace&) = default;
 };
 
-/// What one undo did: where, and what to show again.
+/// What one undo did: where (column 0: in none of them), and what to show again.
 struct UndoOutcome {
     CellPlace place;
     CellEffect effect = CellEffect::None;
@@ -33,12 +33,16 @@ struct UndoOutcome {
 /// "substitute", which no cell holds).
 inline constexpr char kKeepCell = '\x1A';
 
-/// What one paste did: the cells that its text covers, how many of them were kept, the first of those.
+/// What one paste did: the cells that its text covers, how many of them were kept, the first of those; how many cells of
+/// numbers did not take their text, the first of those with what it did not take.
 struct PasteOutcome {
     CellEffect effect = CellEffect::None;
     CellRange range;
     int kept = 0;
     CellPlace firstKept;
+    int notNumbers = 0;
+    CellPlace firstNotNumber;
+    std::string notNumber;
 };
 
 /// Carries out what the user does in a panel. Keeps the last 1024 steps of the panel's life; a step is what one
@@ -74,11 +78,14 @@ private:
         std::vector<CellBefore> cells;
         int movedFrom = 0; // a moved row; 0: none
         int movedTo = 0;
+        bool inserted = false; // the moved row was a blank one
+        int addedRows = 0;     // at the end of the grid
     };
 
+    void PutPasted(Step& step, CellPlace place, const std::string& text, PasteOutcome& outcome);
     CellEffect SetInStep(Step& step, int row, int column, std::string_view text);
     void Keep(Step step);
-    bool Move(int from, int to);
+    bool Move(int from, int to, bool inserted = false);
 
     CPanelModel& model_;
     std::deque<Step> steps_;

@@ -4,6 +4,8 @@
 #include "project/catalogue.h"
 #include "project/text.h"
 
+#include <algorithm>
+
 namespace sbd {
 
 namespace {
@@ -28,6 +30,14 @@ CellColor CPanelModel::HeadColor(int, int) const
 bool CPanelModel::AddRows(int)
 {
     return false;
+}
+
+void CPanelModel::TakeBackRows(int count)
+{
+    if (!TakesRows())
+        return;
+    for (int i = 0; i < count && IsBlankRow(GridRows()); ++i)
+        DropLastRow();
 }
 
 std::string CPanelModel::RowNumber(int row) const
@@ -77,11 +87,47 @@ bool CPanelModel::IsRightAligned(int, int) const
     return false;
 }
 
+std::string CPanelModel::WhyLocked(int, int) const
+{
+    return Cp932("このセルには入力できません。");
+}
+
+CellTakes CPanelModel::Takes(int, int) const
+{
+    return CellTakes::Text;
+}
+
+bool CPanelModel::TakesNumbers(int row, int column) const
+{
+    return IsInside(row, column) && Takes(row, column) != CellTakes::Text;
+}
+
+/// A word of the cell's list that is no number, anywhere in `text`.
+bool CPanelModel::HoldsWordOf(int row, int column, std::string_view text) const
+{
+    return std::ranges::any_of(DoWords(row, column), [text](const std::string& word) {
+        return !IsNumber(word) && text.find(word) != std::string_view::npos;
+    });
+}
+
+std::optional<CPanelModel::Refusal> CPanelModel::WhyNot(int row, int column, std::string_view text) const
+{
+    const CellTakes takes = IsInside(row, column) ? Takes(row, column) : CellTakes::Text;
+    if (takes == CellTakes::Text || HoldsWordOf(row, column, text))
+        return std::nullopt;
+    if (std::optional<std::string> part = NotTaken(takes, FoldNumber(text)))
+        return Refusal{*std::move(part), takes};
+    return std::nullopt;
+}
+
 CellEffect CPanelModel::SetCell(int row, int column, std::string_view text)
 {
-    if (!IsEditable(row, column) || Text(row, column) == text)
+    if (!IsEditable(row, column) || Text(row, column) == text || WhyNot(row, column, text))
         return CellEffect::None;
-    return DoSetCell(row, column, text);
+    if (Takes(row, column) == CellTakes::Text || HoldsWordOf(row, column, text))
+        return DoSetCell(row, column, text);
+    const std::string folded = FoldNumber(text);
+    return Text(row, column) == folded ? CellEffect::None : DoSetCell(row, column, folded);
 }
 
 std::vector<ChangedRow> CPanelModel::Commit()

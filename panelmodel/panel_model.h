@@ -1,6 +1,7 @@
 // CPanelModel: what the panel of one block shows, and how it is written back.
 #pragma once
 
+#include "panelmodel/number_text.h"
 #include "project/panel_columns.h"
 
 #include <cstdint>
@@ -74,6 +75,8 @@ public:
     [[nodiscard]] virtual bool TakesRows() const { return false; }
     /// Appends spare rows; false where the block's rows are fixed.
     virtual bool AddRows(int count);
+    /// Takes up to `count` rows off the end again, as far as they are blank.
+    void TakeBackRows(int count);
     [[nodiscard]] virtual std::string RowNumber(int row) const;
     /// Lines that the texts of a row need.
     [[nodiscard]] virtual int RowLines(int row) const;
@@ -84,12 +87,25 @@ public:
     [[nodiscard]] const WordList& Words(int row, int column) const;
     /// True for a cell that is shown grey and cannot be edited.
     [[nodiscard]] virtual bool IsLocked(int row, int column) const = 0;
+    /// Why a cell takes no text, as a sentence; CP932.
+    [[nodiscard]] virtual std::string WhyLocked(int row, int column) const;
     /// True for a cell that takes text. A cell may refuse text without being grey.
     [[nodiscard]] bool IsEditable(int row, int column) const;
     [[nodiscard]] virtual CellColor TextColor(int row, int column) const;
     [[nodiscard]] virtual bool IsRightAligned(int row, int column) const;
 
-    /// Sets a cell of the working copy. A cell that is not editable stays as it is.
+    /// Why a cell of numbers does not take a text: the part that is none, and what the cell takes.
+    struct Refusal {
+        std::string part;
+        CellTakes takes = CellTakes::Text;
+    };
+    /// True for a cell that takes numbers and, beside them, only words of its list.
+    [[nodiscard]] bool TakesNumbers(int row, int column) const;
+    /// Nothing if the cell takes the text.
+    [[nodiscard]] std::optional<Refusal> WhyNot(int row, int column, std::string_view text) const;
+
+    /// Sets a cell of the working copy. A cell that is not editable, or does not take the text, stays as it is. In a cell
+    /// of numbers full-width digits and signs become those of ASCII.
     CellEffect SetCell(int row, int column, std::string_view text);
 
     // --- writing back ------------------------------------------------------------------------------
@@ -117,11 +133,16 @@ protected:
     [[nodiscard]] const CSbdData& Data() const { return data_; }
     [[nodiscard]] const PanelSettings& Settings() const { return settings_; }
     [[nodiscard]] bool IsInside(int row, int column) const;
+    [[nodiscard]] bool HoldsWordOf(int row, int column, std::string_view text) const;
 
     [[nodiscard]] virtual const WordList& DoWords(int row, int column) const;
     [[nodiscard]] virtual bool DoIsEditable(int row, int column) const;
+    /// What a cell takes beside the words of its list.
+    [[nodiscard]] virtual CellTakes Takes(int row, int column) const;
     /// Sets an editable cell whose text is another one.
     virtual CellEffect DoSetCell(int row, int column, std::string_view text) = 0;
+    /// Takes off the last row, which is blank.
+    virtual void DropLastRow() {}
     /// Writes what is dirty to the block itself.
     virtual std::vector<ChangedRow> WriteBack() = 0;
     /// Writes the copies in other blocks; behind every WriteBack().

@@ -50,6 +50,8 @@ protected:
     [[nodiscard]] virtual Record Empty() const = 0;
     /// The record as the data shall hold it.
     [[nodiscard]] virtual Record ToBeStored(const Record& record) const { return record; }
+    /// True for a column whose number rules what other cells of the row show.
+    [[nodiscard]] virtual bool RulesOthers(int) const { return false; }
     [[nodiscard]] virtual bool Same(const Record& a, const Record& b) const { return a == b; }
 
     [[nodiscard]] const RecordPanel& Panel() const { return panel_; }
@@ -65,7 +67,7 @@ protected:
             return SetHeadRowCell(row, column, text);
         SetField(entries_[static_cast<std::size_t>(EntryOf(row))], column, text);
         Touch(EntryOf(row));
-        return CellEffect::Cell;
+        return RulesOthers(column) ? CellEffect::Panel : CellEffect::Cell;
     }
 
     // --- entries -----------------------------------------------------------------------------------
@@ -129,7 +131,7 @@ private:
     std::vector<WordList> words_;
 };
 
-/// The number of a cell; not given if none stands there.
+/// The number of a cell that takes one; not given if it is empty.
 [[nodiscard]] double CellNumber(std::string_view text);
 
 } // namespace sbd

@@ -33,7 +33,7 @@ int CellCount(std::string_view text)
     return Trim(text).empty() ? kNoCount : std::clamp(LeadingInteger(text), 0, kMostRibs);
 }
 
-/// The numbers of a list cell; a word that is no number counts as 0, so that the places of the others stay.
+/// The numbers of a list cell.
 std::vector<double> CellNumbers(std::string_view text)
 {
     std::vector<double> numbers;
@@ -51,15 +51,16 @@ void AppendNumber(std::string& list, double number)
     list += NumberCell(number);
 }
 
-/// `count` numbers are shown; all of them while the count is empty.
+/// `count` numbers are shown, zeros at the end among them; while the count is empty, all that there are.
 std::string SpacingCell(const RibSpacing& spacing, int count)
 {
     if (!spacing.word.empty())
         return spacing.word;
-    const std::size_t shown = count == kNoCount ? spacing.numbers.size() : static_cast<std::size_t>(count);
+    const std::size_t shown =
+        count == kNoCount ? spacing.numbers.size() : static_cast<std::size_t>(std::clamp(count, 0, kMostRibs));
     std::string text;
-    for (std::size_t i = 0; i < std::min(shown, spacing.numbers.size()); ++i)
-        AppendNumber(text, spacing.numbers[i]);
+    for (std::size_t i = 0; i < shown; ++i)
+        AppendNumber(text, spacing.At(i));
     return text;
 }
 
@@ -227,6 +228,20 @@ CDown324Model::CDown324Model(CSbdData& data, const PanelSettings& settings)
     Start();
 }
 
+CellTakes CDown324Model::Takes(int row, int column) const
+{
+    if (row == 1 || column <= kNames)
+        return CellTakes::Text;
+    return column <= kLastSizeColumn ? CellTakes::Number
+           : column == kRibsColumn   ? CellTakes::Count
+                                     : CellTakes::Numbers;
+}
+
+bool CDown324Model::RulesOthers(int column) const
+{
+    return column == kRibsColumn;
+}
+
 CrossRibRecord CDown324Model::Empty() const
 {
     CrossRibRecord record;
@@ -292,6 +307,18 @@ CDown325Model::CDown325Model(CSbdData& data, const PanelSettings& settings)
                      {-150, -150})
 {
     Start();
+}
+
+CellTakes CDown325Model::Takes(int row, int column) const
+{
+    if (row == 1 || column <= kNames)
+        return CellTakes::Text;
+    return RulesOthers(column) ? CellTakes::Count : CellTakes::Numbers;
+}
+
+bool CDown325Model::RulesOthers(int column) const
+{
+    return column == kLeftCountColumn || column == kRightCountColumn;
 }
 
 LRibRecord CDown325Model::Empty() const

@@ -44,6 +44,8 @@ public:
 protected:
     [[nodiscard]] std::string Field(const CrossRibRecord& record, int column) const override;
     void SetField(CrossRibRecord& record, int column, std::string_view text) const override;
+    [[nodiscard]] CellTakes Takes(int row, int column) const override;
+    [[nodiscard]] bool RulesOthers(int column) const override;
     [[nodiscard]] CrossRibRecord Empty() const override;
     [[nodiscard]] CrossRibRecord ToBeStored(const CrossRibRecord& record) const override;
 };
@@ -56,6 +58,8 @@ public:
 protected:
     [[nodiscard]] std::string Field(const LRibRecord& record, int column) const override;
     void SetField(LRibRecord& record, int column, std::string_view text) const override;
+    [[nodiscard]] CellTakes Takes(int row, int column) const override;
+    [[nodiscard]] bool RulesOthers(int column) const override;
     [[nodiscard]] LRibRecord Empty() const override;
     [[nodiscard]] LRibRecord ToBeStored(const LRibRecord& record) const override;
 };

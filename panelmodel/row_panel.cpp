@@ -1,5 +1,7 @@
 #include "panelmodel/row_panel.h"
 
+#include "project/text.h"
+
 #include <algorithm>
 
 namespace sbd {
@@ -44,9 +46,17 @@ int CRowPanelModel::BlockRows() const
     return headRows_;
 }
 
+std::string CRowPanelModel::WhyLocked(int row, int) const
+{
+    return Cp932(row <= fixedRows_ ? "設定の行です。この欄には入力できません。"
+                                   : "この欄は、ほかの欄の設定により使わないため、入力できません。");
+}
+
 bool CRowPanelModel::AddRows(int count)
 {
-    AppendEmptyEntries(count);
+    const int again = std::min(dropped_, count);
+    dropped_ -= again;
+    AppendEmptyEntries(count - again);
     stored_.resize(static_cast<std::size_t>(EntryCount()), 0);
     return true;
 }

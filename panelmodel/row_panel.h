@@ -14,8 +14,9 @@ namespace sbd {
 class CRowPanelModel : public CPanelModel {
 public:
     [[nodiscard]] int BlockRows() const override;
-    [[nodiscard]] int GridRows() const override { return headRows_ + EntryCount(); }
+    [[nodiscard]] int GridRows() const override { return headRows_ + EntryCount() - dropped_; }
     [[nodiscard]] bool TakesRows() const override { return true; }
+    [[nodiscard]] std::string WhyLocked(int row, int column) const override;
     bool AddRows(int count) override;
 
     [[nodiscard]] bool IsChanged() const override;
@@ -42,6 +43,7 @@ protected:
     void Touch(int entry);
     void TouchAll();
 
+    void DropLastRow() override { ++dropped_; }
     std::vector<ChangedRow> WriteBack() override;
 
     // --- what the derived class knows about its entries --------------------------------------------
@@ -66,7 +68,8 @@ private:
 
     int headRows_;
     int fixedRows_;
-    std::vector<char> stored_;   // an entry: does it stand in the data
+    int dropped_ = 0;          // entries at the end without a row: blank, but perhaps still to be taken out of the data
+    std::vector<char> stored_; // an entry: does it stand in the data
     std::vector<char> baseline_; // an entry: did it stand in the baseline
     std::set<int> dirty_;        // entries that WriteBack looks at
     std::set<int> changed_;      // entries in data and baseline that differ

@@ -10,8 +10,10 @@
 #include "project/catalogue.h"
 #include "sbdfile/repairs.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QInputMethod>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTimer>
@@ -59,6 +61,11 @@ CPanel::CPanel(CKELDSectionDoc* doc, int block, QWidget* parent)
     connect(grid_, &CGridCtrl::cellEdited, this, &CPanel::CommitGrid, Qt::QueuedConnection);
     connect(grid_, &CGridCtrl::listChosen, this, &CPanel::CommitGrid);
     connect(grid_, &CGridCtrl::cellsChanged, this, &CPanel::CommitGrid);
+    connect(grid_, &CGridCtrl::currentCellChanged, this, &CPanel::undoChanged);
+    connect(grid_, &CGridCtrl::editorOpened, this, &CPanel::undoChanged);
+    connect(grid_, &CGridCtrl::editorClosed, this, &CPanel::undoChanged);
+    connect(grid_, &CGridCtrl::cellEdited, this, &CPanel::undoChanged);
+    connect(grid_, &CGridCtrl::cellsChanged, this, &CPanel::undoChanged);
     connect(doc_, &CKELDSectionDoc::aboutToSave, this, &CPanel::OnAboutToSave);
     connect(doc_, &CKELDSectionDoc::modifiedChanged, this, &CPanel::OnModifiedChanged);
     connect(doc_, &CKELDSectionDoc::changed, this, &CPanel::OnChanged);
@@ -90,6 +97,7 @@ void CPanel::SetUp()
     grid_->setAccessibleName(NameOfBlock(block_));
     doc_->SetHelpCell(block_, 0, 0);
     RestoreCell();
+    emit undoChanged();
 }
 
 // --- writing back ------------------------------------------------------------------------------------
@@ -107,6 +115,8 @@ void CPanel::CommitGrid()
         RefreshSwayNames(doc_->Data());
     if (!wasModified_)
         doc_->SetModifiedFlag(model_->IsChanged());
+    else if (model_->IsChanged())
+        doc_->SetModifiedFlag(true); // whatever those who wrote before have made of it
     Notify(changed);
     committing_ = false;
 }
@@ -154,8 +164,28 @@ void CPanel::OnModifiedChanged(bool modified)
 
 void CPanel::OnChanged()
 {
-    if (!committing_)
-        wasModified_ = true; // somebody else wrote to the document
+    if (committing_)
+        return;
+    if (model_)
+        SetUpAnew();
+    wasModified_ = true; // somebody else wrote to the document
+}
+
+/// Shows what somebody else wrote: the block's own rows, or what its heads, locks and lists follow. Cell, scroll position
+/// and the text of an open editor stay.
+void CPanel::SetUpAnew()
+{
+    QGuiApplication::inputMethod()->commit();
+    CommitGrid(); // an edit that has ended but waits for its turn
+    const QWidget* focus = QApplication::focusWidget();
+    const bool hadFocus = focus && (focus == grid_ || grid_->isAncestorOf(focus));
+    const std::optional<CGridCtrl::OpenText> open = grid_->Edited();
+    Remember();
+    SetUp();
+    if (hadFocus)
+        grid_->setFocus();
+    if (open && model_)
+        grid_->EditAgain(*open);
 }
 
 bool CPanel::MayClose()
@@ -253,6 +283,11 @@ void CPanel::Delete()
     grid_->Delete();
 }
 
+bool CPanel::CanUndo() const
+{
+    return grid_->CanUndo();
+}
+
 bool CPanel::CanMoveRowUp() const
 {
     return model_ && model_->CanMoveUp(grid_->FocusCell().row);
@@ -301,6 +336,7 @@ void CPanel::AfterRowCommand(int row)
     grid_->ShowAll();
     grid_->SetFocusCell(row, column);
     CommitGrid();
+    emit undoChanged();
 }
 
 bool CPanel::CanAddRows() const

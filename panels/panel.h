@@ -47,6 +47,7 @@ public:
     /// True if rows can be appended.
     [[nodiscard]] bool CanAddRows() const;
 
+    [[nodiscard]] bool CanUndo() const;
     [[nodiscard]] bool CanMoveRowUp() const;
     [[nodiscard]] bool CanMoveRowDown() const;
     [[nodiscard]] bool CanInsertRow() const;
@@ -65,6 +66,10 @@ public slots:
     /// Asks for a number of rows and appends them.
     void AskRows();
 
+signals:
+    /// CanUndo() may have become another answer.
+    void undoChanged();
+
 protected:
     void showEvent(QShowEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -82,6 +87,7 @@ private:
     void OnAboutToSave();
     void OnModifiedChanged(bool modified);
     void OnChanged();
+    void SetUpAnew();
     void Notify(const std::vector<ChangedRow>& changed);
     void AfterRowCommand(int row);
 

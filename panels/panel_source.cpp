@@ -2,11 +2,17 @@
 
 #include "document/section_doc.h"
 
+#include <QCoreApplication>
 #include <QHash>
 
 namespace sbd {
 
 namespace {
+
+QString Tr(const char* text)
+{
+    return QCoreApplication::translate("CPanelSource", text);
+}
 
 GridEffect ToGrid(CellEffect effect)
 {
@@ -143,6 +149,11 @@ bool CPanelSource::IsEditable(int row, int column) const
     return model_.IsEditable(row, column);
 }
 
+QString CPanelSource::WhyLocked(int row, int column) const
+{
+    return toQString(model_.WhyLocked(row, column));
+}
+
 QColor CPanelSource::TextColor(int row, int column) const
 {
     return ToColor(model_.TextColor(row, column));
@@ -157,6 +168,33 @@ std::optional<QString> CPanelSource::RefusedCharacter(const QString& text) const
 {
     QString refused;
     return fromQString(text, &refused) ? std::nullopt : std::optional(refused);
+}
+
+/// The minus sign of some input methods is not that of CP932.
+QString CPanelSource::Folded(int row, int column, const QString& text) const
+{
+    constexpr char16_t minus = 0x2212;
+    return model_.TakesNumbers(row, column) ? QString(text).replace(QChar(minus), u'-') : text;
+}
+
+std::optional<GridRefusal> CPanelSource::WhyNot(int row, int column, const QString& text) const
+{
+    const std::optional<std::string> bytes = fromQString(text);
+    const auto why = bytes ? model_.WhyNot(row, column, *bytes) : std::nullopt;
+    if (!why)
+        return std::nullopt;
+    const QString part = toQString(why->part);
+    switch (why->takes) {
+    case CellTakes::Count:
+        return GridRefusal{part, Tr("「%1」は個数として読めません。").arg(part),
+                           Tr("0 以上の整数を入力してください。")};
+    case CellTakes::Numbers:
+        return GridRefusal{part, Tr("「%1」は数値として読めません。").arg(part),
+                           Tr("数値をコンマか空白で区切って入力するか、一覧の語を選んでください。")};
+    default:
+        return GridRefusal{part, Tr("「%1」は数値として読めません。").arg(part),
+                           Tr("数値（2.5、-1 など）を１つだけ入力してください。")};
+    }
 }
 
 GridEffect CPanelSource::SetText(int row, int column, const QString& text)
@@ -191,6 +229,9 @@ GridPaste CPanelSource::PasteChecked(int row, int column, const QString& text)
     paste.filled = {outcome.range.top, outcome.range.left, outcome.range.bottom, outcome.range.right};
     paste.keptCells = outcome.kept;
     paste.firstKept = {outcome.firstKept.row, outcome.firstKept.column};
+    paste.notNumbers = outcome.notNumbers;
+    paste.firstNotNumber = {outcome.firstNotNumber.row, outcome.firstNotNumber.column};
+    paste.notNumber = toQString(outcome.notNumber);
     return paste;
 }
 

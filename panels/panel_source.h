@@ -28,9 +28,12 @@ public:
     [[nodiscard]] QStringList Words(int row, int column) const override;
     [[nodiscard]] bool IsLocked(int row, int column) const override;
     [[nodiscard]] bool IsEditable(int row, int column) const override;
+    [[nodiscard]] QString WhyLocked(int row, int column) const override;
     [[nodiscard]] QColor TextColor(int row, int column) const override;
     [[nodiscard]] bool IsRightAligned(int row, int column) const override;
     [[nodiscard]] std::optional<QString> RefusedCharacter(const QString& text) const override;
+    [[nodiscard]] QString Folded(int row, int column, const QString& text) const override;
+    [[nodiscard]] std::optional<GridRefusal> WhyNot(int row, int column, const QString& text) const override;
 
     GridEffect SetText(int row, int column, const QString& text) override;
     GridEffect Clear(const GridRange& range) override;
@@ -39,6 +42,7 @@ public:
     /// Cells with a refused character stay as they are, the others are pasted.
     [[nodiscard]] GridPaste PasteChecked(int row, int column, const QString& text) override;
     std::optional<GridCell> Undo() override;
+    [[nodiscard]] bool CanUndo() const override { return editor_.CanUndo(); }
 
 private:
     CPanelModel& model_;

@@ -30,6 +30,7 @@
 #include <QSignalBlocker>
 #include <QStringListModel>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <iterator>
@@ -78,9 +79,24 @@ bool PrintOnPaper(const CKELDSectionDoc& doc, QWidget* parent, const CResultTabl
     return dialog.exec() != QDialog::Accepted || PrintResultTable(printer, table, selection, parent->font());
 }
 
+/// A drop list that the wheel changes only while it has the focus: who scrolls the choices must not change one.
+class CChoiceBox : public QComboBox {
+public:
+    CChoiceBox() { setFocusPolicy(Qt::StrongFocus); } // the wheel gives no focus
+
+protected:
+    void wheelEvent(QWheelEvent* event) override
+    {
+        if (hasFocus())
+            QComboBox::wheelEvent(event);
+        else
+            event->ignore(); // the pane around it scrolls
+    }
+};
+
 QComboBox* MakeBox()
 {
-    auto* box = new QComboBox;
+    auto* box = new CChoiceBox;
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(kBoxCharacters);
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

@@ -45,6 +45,7 @@ public:
     [[nodiscard]] QString Copy(const GridRange& range) const override;
     GridEffect Paste(int row, int column, const QString& text, GridRange* filled) override;
     std::optional<GridCell> Undo() override;
+    [[nodiscard]] bool CanUndo() const override { return !steps_.empty(); }
 
 private:
     using Cell = std::pair<int, int>; ///< row and column

@@ -9,7 +9,6 @@
 
 #include <QAction>
 #include <QCheckBox>
-#include <QChildEvent>
 #include <QContextMenuEvent>
 #include <QGroupBox>
 #include <QKeyEvent>
@@ -95,6 +94,7 @@ void CDown999::SetUpGrid()
     grid->viewport()->installEventFilter(this);
     connect(grid, &QAbstractItemView::doubleClicked, this, &CDown999::JumpToHit, Qt::UniqueConnection);
     connect(grid, &CGridCtrl::currentCellChanged, this, &CDown999::ShowDetail, Qt::UniqueConnection);
+    connect(grid, &CGridCtrl::editorOpened, this, &CDown999::FollowEditor, Qt::UniqueConnection);
     Search();
     RestoreCell();
 }
@@ -214,7 +214,7 @@ void CDown999::OnTyped(const QString& line)
     Search();
 }
 
-/// An editor has opened in the search line.
+/// An editor has opened; one in the search line is searched by while it is typed in.
 void CDown999::FollowEditor(QWidget* editor)
 {
     QLineEdit* line = EditorLine(editor);
@@ -275,9 +275,7 @@ void CDown999::Ask(const SearchPlace& place)
 bool CDown999::eventFilter(QObject* object, QEvent* event)
 {
     CGridCtrl* grid = Grid();
-    if (object == grid->viewport() && event->type() == QEvent::ChildPolished) {
-        FollowEditor(qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child()));
-    } else if (object == grid->viewport() && event->type() == QEvent::Resize) {
+    if (object == grid->viewport() && event->type() == QEvent::Resize) {
         FitColumn();
     } else if (object == grid && event->type() == QEvent::KeyPress && !grid->IsEditing()) {
         const auto* key = static_cast<QKeyEvent*>(event);
@@ -319,6 +317,20 @@ void CDown999::RestoreCell()
     const bool there = memory.row > 0 && memory.row <= cells_->ShownRows();
     Grid()->SetFocusCell(there ? memory.row : kLineRow, 1);
     restored_ = !there;
+}
+
+void CDown999::GoToLine()
+{
+    CGridCtrl* grid = Grid();
+    restored_ = true; // the place of the last visit is not wanted
+    grid->SetFocusCell(kLineRow, 1);
+    grid->scrollToTop();
+    if (QLineEdit* line = grid->IsEditing() ? EditorLine(grid->indexWidget(grid->currentIndex())) : nullptr) {
+        line->setFocus();
+        line->selectAll(); // the next key begins new words, as it does without an editor
+        return;
+    }
+    grid->setFocus();
 }
 
 void CDown999::RestoreScroll()

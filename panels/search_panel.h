@@ -30,6 +30,8 @@ public:
     [[nodiscard]] bool CanJump() const;
     /// Where the focused row leads; block 0: nowhere.
     [[nodiscard]] SearchPlace FocusedPlace() const;
+    /// Puts the keyboard into the search line: what is typed next are new words.
+    void GoToLine();
 
 public slots:
     /// Asks for the cell of the focused row.

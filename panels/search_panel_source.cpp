@@ -201,6 +201,11 @@ GridEffect CSearchPanelSource::Paste(int row, int column, const QString& text, G
     return row == kLineRow ? SetText(row, column, text.section(u'\n', 0, 0).simplified()) : GridEffect::None;
 }
 
+bool CSearchPanelSource::CanUndo() const
+{
+    return std::ranges::any_of(earlierLines_, [this](const QString& line) { return line != line_; });
+}
+
 std::optional<GridCell> CSearchPanelSource::Undo()
 {
     while (!earlierLines_.isEmpty() && earlierLines_.last() == line_)

@@ -63,6 +63,7 @@ public:
     [[nodiscard]] QString Copy(const GridRange& range) const override;
     GridEffect Paste(int row, int column, const QString& text, GridRange* filled) override;
     std::optional<GridCell> Undo() override;
+    [[nodiscard]] bool CanUndo() const override;
 
 private:
     [[nodiscard]] const SearchRow* RowAt(int row) const;

@@ -1,5 +1,9 @@
 #include "app/start_options.h"
 #include "app/station.h"
+#include "frame/child_frame.h"
+#include "frame/main_frame.h"
+#include "grid/grid_ctrl.h"
+#include "panels/panel.h"
 
 #include <QFontMetricsF>
 #include <QImage>
@@ -36,6 +40,7 @@ private slots:
     void aProjectThatCannotBeOpenedEndsWithTwo();
     void aPictureThatCannotBeWrittenEndsWithTwo();
     void aWrongCommandLineEndsWithTwo();
+    void theKeyboardIsInTheCellThatTheCommandLineNames();
     void thePagesHaveAJapaneseFontOfOneWidth();
 };
 
@@ -81,6 +86,26 @@ void StationTest::aPictureThatCannotBeWrittenEndsWithTwo()
 void StationTest::aWrongCommandLineEndsWithTwo()
 {
     QCOMPARE(RunStation(ReadStartOptions({u"sbdstation"_s, u"--block"_s, u"1"_s})), kExitFailed);
+}
+
+void StationTest::theKeyboardIsInTheCellThatTheCommandLineNames()
+{
+    CMainFrame frame(SilentPrompts([](const QString&) {}));
+    QVERIFY(frame.OpenProject(kPlate) != nullptr);
+    frame.show();
+    QVERIFY(QTest::qWaitForWindowActive(&frame));
+    StartOptions options;
+    options.block = 313;
+    ShowCell(frame, options);
+    QVERIFY(frame.CurrentChild()->Panel()->Grid()->hasFocus());
+    options.row = 3;
+    options.column = 6;
+    ShowCell(frame, options);
+    CGridCtrl& grid = *frame.CurrentChild()->Panel()->Grid();
+    QVERIFY(grid.hasFocus());
+    QCOMPARE(grid.FocusCell(), (GridCell{3, 6}));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_7);
+    QVERIFY(grid.IsEditing());
 }
 
 void StationTest::thePagesHaveAJapaneseFontOfOneWidth()

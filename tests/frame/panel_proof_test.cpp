@@ -215,7 +215,8 @@ void CompareGrounds(Station& station, CGridCtrl& grid, int block)
             const QPoint corner = rect.topLeft() + QPoint(1, 1);
             if (rect.width() < 6 || !image.rect().contains(rect))
                 continue;
-            const QRgb ground = grid.Source()->IsLocked(row, column) ? gridstyle::kLocked : gridstyle::kCell;
+            const QRgb ground =
+                grid.Source()->IsLocked(row, column) ? gridstyle::kLight.locked : gridstyle::kLight.cell;
             station.Compare(QColor(image.pixel(corner)), QColor(ground), Place{block, row, column}, " ground"_L1);
         }
     }

@@ -125,6 +125,8 @@ private slots:
     void nothingOfTheViewMayBeGivenWhilePrinting();
     void documentsAndPagesGoOutside();
     void homePagesFollowTheDeployment();
+    void undoCanBeGivenWhileThereIsSomethingToTakeBack();
+    void theSearchKeyStandsInTheSearchLine();
     void searchLeadsToTheCell();
     void everyCommandCanBeReachedByKeys();
 };
@@ -584,6 +586,54 @@ void WindowCommandsTest::homePagesFollowTheDeployment()
     QVERIFY(station.Action(32767)->isVisible());
     QVERIFY(!station.Action(32767)->isEnabled());
     QCOMPARE(station.Action(32767)->text(), u"A && B Homepage..."_s);
+}
+
+void WindowCommandsTest::undoCanBeGivenWhileThereIsSomethingToTakeBack()
+{
+    Station station;
+    QVERIFY(QTest::qWaitForWindowActive(station.frame.get()));
+    const QAction* undo = station.Action(57643);
+    station.child->GoToBlock(313);
+    station.child->FocusPanel();
+    QVERIFY(!undo->isEnabled());
+    station.Grid().SetFocusCell(3, 6);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_7);
+    QVERIFY(undo->isEnabled()); // an edit is open
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QVERIFY(!undo->isEnabled());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_7);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QVERIFY(undo->isEnabled());
+    station.Give(57643);
+    QVERIFY(!undo->isEnabled());
+    station.Grid().Delete();
+    QVERIFY(undo->isEnabled());
+    station.child->GoToBlock(301); // each block has steps of its own
+    QVERIFY(!undo->isEnabled());
+    station.child->GoToBlock(255); // a report has none
+    QVERIFY(!undo->isEnabled());
+}
+
+void WindowCommandsTest::theSearchKeyStandsInTheSearchLine()
+{
+    Station station;
+    QVERIFY(QTest::qWaitForWindowActive(station.frame.get()));
+    const auto press = [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1); };
+    press();
+    station.Grid().Source()->SetText(1, 1, u"検索：孔引"_s);
+    station.Grid().ShowAll();
+    station.Grid().SetFocusCell(3, 1);
+    press(); // while the search is open
+    QCOMPARE(station.Grid().FocusCell(), (GridCell{1, 1}));
+    station.Grid().SetFocusCell(3, 1);
+    station.child->GoToBlock(313);
+    press(); // from another block: not to the hit of last time
+    QCOMPARE(station.child->CurrentBlock(), 999);
+    QCOMPARE(station.Grid().FocusCell(), (GridCell{1, 1}));
+    QVERIFY(station.Grid().hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_X);
+    QVERIFY(station.Grid().IsEditing());
+    QTRY_COMPARE(station.Grid().Source()->Text(1, 1), u"x"_s);
 }
 
 void WindowCommandsTest::searchLeadsToTheCell()

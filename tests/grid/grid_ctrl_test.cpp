@@ -9,11 +9,17 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCompleter>
+#include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QInputMethodEvent>
+#include <QScrollBar>
 #include <QSignalSpy>
+#include <QStatusTipEvent>
 #include <QTest>
+
+#include <cmath>
+#include <set>
 
 namespace sbd {
 
@@ -70,11 +76,18 @@ private slots:
     void AClickEndsTheCompositionInItsOwnCell();
     void TheRefusalNamesTheCell();
     void LockedCellsDoNotOpen();
+    void AKeyOnALockedCellSaysWhyNothingHappens();
+    void F2PutsTheCaretBehindTheText();
+    void PageKeysTakeTheTextInEveryKindOfCell();
     void ClickingElsewhereTakesTheText();
     void SignalsTellTheCellLeftAndTheCellEntered();
     void AltDownOpensTheList();
     void AWordFromTheListIsTakenAtOnce();
     void TheButtonOfTheFocusedCellOpensTheList();
+    void TheArrowOfAnOpenEditorOpensTheListOnRelease();
+    void TwoQuickClicksOnTheButtonFocusTheCellAndOpenTheList();
+    void ATextThatIsNotInTheListStaysWhenTheListIsOpened();
+    void ATypedTextStaysWhenTheListIsOpened();
     void TypingOffersWordsButPutsNoneIntoTheText();
     void AnOfferedWordIsTakenWithDownAndEnter();
     void AnyTextMayBeTypedBesideAList();
@@ -94,6 +107,9 @@ private slots:
     void TheHeadKeepsItsHeightAndTheRowNumbersTheirWidth();
     void ARowOfTwoLinesIsTaller();
     void TheFocusedRowIsGreenAndLockedCellsAreGrey();
+    void WithADarkPaletteEveryColourIsDarkAndStillAnotherOne();
+    void TextsCanBeReadOnEveryGround();
+    void ShiftF10AsksForTheMenuOfTheCell();
     void TenThousandRowsAreShownWithoutReadingThemAll();
     void KeyboardFocusComesToTheFirstCellThatTakesText();
 };
@@ -321,6 +337,66 @@ void GridCtrlTest::LockedCellsDoNotOpen()
     QCOMPARE(Cell(2, 2), u"b2"_s);
 }
 
+void GridCtrlTest::AKeyOnALockedCellSaysWhyNothingHappens()
+{
+    class CTips : public QObject {
+    public:
+        QStringList tips;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::StatusTip)
+                tips << static_cast<QStatusTipEvent*>(event)->tip();
+            return false;
+        }
+    } seen;
+    grid_->installEventFilter(&seen);
+    source_->locked.insert({2, 2});
+    for (const Qt::Key key : {Qt::Key_A, Qt::Key_F2, Qt::Key_Backspace, Qt::Key_Delete}) {
+        seen.tips.clear();
+        Key(key);
+        QCOMPARE(seen.tips, QStringList{u"このセルには入力できません。"_s});
+        QCOMPARE(Cell(2, 2), u"b2"_s);
+    }
+    seen.tips.clear();
+    Key(Qt::Key_Down); // the message goes with the cell
+    QCOMPARE(seen.tips, QStringList{QString()});
+    seen.tips.clear();
+    Key(Qt::Key_Up);
+    Key(Qt::Key_C, Qt::ControlModifier); // changes nothing
+    Key(Qt::Key_Home);
+    QCOMPARE(seen.tips, QStringList());
+}
+
+void GridCtrlTest::F2PutsTheCaretBehindTheText()
+{
+    for (const int column : {2, 3}) { // without and with a list
+        grid_->SetFocusCell(2, column);
+        const QString before = Cell(2, column);
+        Key(Qt::Key_F2);
+        Type(u"!"_s);
+        QTest::keyClick(Editor(), Qt::Key_Return);
+        QCOMPARE(Cell(2, column), before + u'!');
+    }
+}
+
+void GridCtrlTest::PageKeysTakeTheTextInEveryKindOfCell()
+{
+    for (const int column : {2, 3}) { // without and with a list
+        grid_->SetFocusCell(2, column);
+        Type(u"7"_s);
+        QTest::keyClick(Editor(), Qt::Key_PageDown);
+        QVERIFY(!grid_->IsEditing());
+        QCOMPARE(Cell(2, column), u"7"_s);
+        const int down = grid_->FocusCell().row;
+        QVERIFY(down > 5);
+        QCOMPARE(grid_->FocusCell().column, column);
+        Type(u"8"_s);
+        QTest::keyClick(Editor(), Qt::Key_PageUp);
+        QCOMPARE(Cell(down, column), u"8"_s);
+        QVERIFY(grid_->FocusCell().row < down);
+    }
+}
+
 void GridCtrlTest::ClickingElsewhereTakesTheText()
 {
     Type(u"xy"_s);
@@ -382,9 +458,69 @@ void GridCtrlTest::TheButtonOfTheFocusedCellOpensTheList()
     QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {}, button);
     QVERIFY(!grid_->IsEditing()); // the first click brings the focus
     QTest::mousePress(grid_->viewport(), Qt::LeftButton, {}, button);
+    QVERIFY(!grid_->IsEditing()); // a list that the press opens would be closed by the release
+    QTest::mouseRelease(grid_->viewport(), Qt::LeftButton, {}, button);
     QVERIFY(Combo());
-    QTRY_VERIFY(Combo()->view()->isVisible());
+    QVERIFY(Combo()->view()->isVisible());
     Combo()->hidePopup();
+}
+
+void GridCtrlTest::TheArrowOfAnOpenEditorOpensTheListOnRelease()
+{
+    grid_->SetFocusCell(2, 3);
+    Key(Qt::Key_F2);
+    const QPoint arrow(Combo()->width() - 6, Combo()->height() / 2);
+    QTest::mousePress(Combo(), Qt::LeftButton, {}, arrow);
+    QVERIFY(!Combo()->view()->isVisible());
+    QTest::mouseRelease(Combo(), Qt::LeftButton, {}, arrow);
+    QVERIFY(Combo()->view()->isVisible());
+    Combo()->hidePopup();
+    QTest::mouseRelease(Combo(), Qt::LeftButton, {}, arrow); // of the press that closed the list
+    QVERIFY(!Combo()->view()->isVisible());
+}
+
+void GridCtrlTest::TwoQuickClicksOnTheButtonFocusTheCellAndOpenTheList()
+{
+    const QPoint button = CGridDelegate::ButtonRect(grid_->visualRect(grid_->model()->index(1, 2))).center();
+    QTest::mouseClick(grid_->viewport(), Qt::LeftButton, {}, button);
+    QMouseEvent second(QEvent::MouseButtonDblClick, button, grid_->viewport()->mapToGlobal(button), Qt::LeftButton,
+                       Qt::LeftButton, {}); // the second press of two quick ones
+    QApplication::sendEvent(grid_->viewport(), &second);
+    QVERIFY(!grid_->IsEditing());
+    QTest::mouseRelease(grid_->viewport(), Qt::LeftButton, {}, button);
+    QVERIFY(Combo());
+    QVERIFY(Combo()->view()->isVisible());
+    Combo()->hidePopup();
+}
+
+void GridCtrlTest::ATextThatIsNotInTheListStaysWhenTheListIsOpened()
+{
+    for (const Qt::Key leave : {Qt::Key_Escape, Qt::Key_Return}) {
+        source_->SetText(2, 3, u"特別な鋼"_s);
+        grid_->SetFocusCell(2, 3);
+        grid_->OpenList();
+        QTRY_VERIFY(Combo()->view()->isVisible());
+        QCOMPARE(EditorText(Combo()), u"特別な鋼"_s);
+        QVERIFY(!Combo()->view()->currentIndex().isValid()); // no word is marked
+        QTest::keyClick(Combo()->view(), leave);
+        QVERIFY(!Combo()->view()->isVisible());
+        QCOMPARE(EditorText(Combo()), u"特別な鋼"_s);
+        Key(Qt::Key_Return);
+        QCOMPARE(Cell(2, 3), u"特別な鋼"_s);
+    }
+}
+
+void GridCtrlTest::ATypedTextStaysWhenTheListIsOpened()
+{
+    source_->SetText(2, 3, u"SM400"_s); // a word, which the list had marked
+    grid_->SetFocusCell(2, 3);
+    Type(u"SM4X"_s);
+    QTest::keyClick(Combo(), Qt::Key_Down, Qt::AltModifier);
+    QVERIFY(Combo()->view()->isVisible());
+    QVERIFY(!Combo()->view()->currentIndex().isValid());
+    QTest::keyClick(Combo()->view(), Qt::Key_Escape);
+    QTest::keyClick(Combo(), Qt::Key_Return);
+    QCOMPARE(Cell(2, 3), u"SM4X"_s);
 }
 
 void GridCtrlTest::TypingOffersWordsButPutsNoneIntoTheText()
@@ -428,8 +564,6 @@ void GridCtrlTest::ArrowsInAListCellDoNotChangeItUnseen()
     source_->SetText(2, 3, u"SM400"_s);
     grid_->SetFocusCell(2, 3);
     Key(Qt::Key_F2);
-    QTest::keyClick(Combo(), Qt::Key_PageDown);
-    QCOMPARE(EditorText(Editor()), u"SM400"_s);
     QTest::keyClick(Combo(), Qt::Key_Down);
     QTRY_VERIFY(Combo()->view()->isVisible());
     QCOMPARE(Cell(2, 3), u"SM400"_s);
@@ -617,11 +751,98 @@ void GridCtrlTest::TheFocusedRowIsGreenAndLockedCellsAreGrey()
         const QRect rect = grid_->visualRect(grid_->model()->index(row - 1, column - 1));
         return image.pixelColor(rect.right() - 4, rect.top() + 3).rgb();
     };
-    QCOMPARE(ground(2, 4), gridstyle::kFocusRow);
-    QCOMPARE(ground(2, 2), gridstyle::kCell);
-    QCOMPARE(ground(3, 1), gridstyle::kLabelBesideFocus);
-    QCOMPARE(ground(3, 4), gridstyle::kCell);
-    QCOMPARE(ground(4, 4), gridstyle::kLocked);
+    QCOMPARE(ground(2, 4), gridstyle::kLight.focusRow);
+    QCOMPARE(ground(2, 2), gridstyle::kLight.cell);
+    QCOMPARE(ground(3, 1), gridstyle::kLight.labelBesideFocus);
+    QCOMPARE(ground(3, 4), gridstyle::kLight.cell);
+    QCOMPARE(ground(4, 4), gridstyle::kLight.locked);
+}
+
+void GridCtrlTest::WithADarkPaletteEveryColourIsDarkAndStillAnotherOne()
+{
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(45, 45, 45));
+    dark.setColor(QPalette::WindowText, Qt::white);
+    dark.setColor(QPalette::Base, QColor(30, 30, 30));
+    dark.setColor(QPalette::Text, Qt::white);
+    grid_->setPalette(dark);
+    source_->locked.insert({4, 4});
+    const QImage picture = grid_->grab().toImage();
+    const auto ground = [&](int row, int column) {
+        const QRect cell = grid_->visualRect(grid_->model()->index(row - 1, column - 1));
+        return picture.pixel(grid_->viewport()->mapTo(grid_.get(), cell.topRight() + QPoint(-4, 3)));
+    };
+    QCOMPARE(ground(2, 4), gridstyle::kDark.focusRow);
+    QCOMPARE(ground(2, 2), gridstyle::kDark.cell);
+    QCOMPARE(ground(3, 1), gridstyle::kDark.labelBesideFocus);
+    QCOMPARE(ground(3, 4), gridstyle::kDark.cell);
+    QCOMPARE(ground(4, 4), gridstyle::kDark.locked);
+    QCOMPARE(picture.pixel(3, 3), gridstyle::kDark.head);                    // the corner
+    QCOMPARE(picture.pixel(picture.width() / 2, 3), gridstyle::kDark.head);  // the heads
+    QCOMPARE(picture.pixel(3, picture.height() / 2), gridstyle::kDark.head); // the row numbers
+    const std::set<QRgb> grounds{gridstyle::kDark.cell, gridstyle::kDark.locked, gridstyle::kDark.labelBesideFocus,
+                                 gridstyle::kDark.focusRow, gridstyle::kDark.head};
+    QCOMPARE(grounds.size(), 5U);
+    for (const QRgb color : grounds)
+        QVERIFY(QColor(color).lightness() < 100);
+}
+
+/// The ratio of two lights as the guidelines for readable pages reckon it.
+static double Contrast(const QColor& a, const QColor& b)
+{
+    const auto light = [](const QColor& color) {
+        const auto part = [](double value) {
+            return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF());
+    };
+    const double bright = std::max(light(a), light(b));
+    return (bright + 0.05) / (std::min(light(a), light(b)) + 0.05);
+}
+
+void GridCtrlTest::TextsCanBeReadOnEveryGround()
+{
+    constexpr double readable = 4.5;
+    QPalette dark;
+    dark.setColor(QPalette::Window, Qt::black);
+    dark.setColor(QPalette::WindowText, Qt::white);
+    const gridstyle::Colors& colors = gridstyle::ColorsFor(dark);
+    std::set<QRgb> texts;
+    for (const QColor& wanted : {QColor(), QColor(Qt::red), QColor(Qt::blue), QColor(Qt::magenta)}) {
+        const QColor text = gridstyle::TextColorFor(dark, wanted);
+        texts.insert(text.rgba());
+        for (const QRgb ground : {colors.cell, colors.locked, colors.labelBesideFocus, colors.head}) {
+            const double contrast = Contrast(text, QColor(ground));
+            QVERIFY2(contrast >= readable,
+                     qPrintable(u"%1 on %2: %3"_s.arg(text.name(), QColor(ground).name()).arg(contrast)));
+        }
+    }
+    QCOMPARE(texts.size(), 4U); // each still says something else
+    QVERIFY(Contrast(QColor(colors.text), QColor(colors.focusRow)) >= readable);
+}
+
+void GridCtrlTest::ShiftF10AsksForTheMenuOfTheCell()
+{
+    class CMenus : public QObject {
+    public:
+        QList<QPoint> places;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            if (event->type() == QEvent::ContextMenu)
+                places << static_cast<QContextMenuEvent*>(event)->globalPos();
+            return false;
+        }
+    } seen;
+    grid_->installEventFilter(&seen);
+    for (const GridCell cell : {GridCell{3, 4}, GridCell{55, 1}}) { // the second is out of sight at first
+        grid_->SetFocusCell(cell.row, cell.column);
+        grid_->verticalScrollBar()->setValue(0);
+        seen.places.clear();
+        Key(Qt::Key_F10, Qt::ShiftModifier);
+        QCOMPARE(seen.places.size(), 1);
+        const QModelIndex index = grid_->indexAt(grid_->viewport()->mapFromGlobal(seen.places[0]));
+        QCOMPARE(CGridModel::CellOf(index), cell);
+    }
 }
 
 void GridCtrlTest::TenThousandRowsAreShownWithoutReadingThemAll()

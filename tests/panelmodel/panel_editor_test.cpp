@@ -123,6 +123,65 @@ TEST_F(PanelEditor, CellsThatThePasteKeepsAreCountedAndTheRestIsPasted)
     EXPECT_EQ(editor_->Copy({1, 2, 2, 3}), "x\tW2\nW3\tz");
 }
 
+TEST_F(PanelEditor, UndoOfAnInsertedRowReturnsToItsPlace)
+{
+    const std::string before = editor_->Copy({1, 1, panel_->GridRows(), 5});
+    ASSERT_TRUE(editor_->InsertRow(2));
+    const std::optional<UndoOutcome> outcome = editor_->Undo();
+    ASSERT_TRUE(outcome);
+    EXPECT_EQ(outcome->place.row, 2) << "not to the blank row far below that was taken for it";
+    EXPECT_EQ(editor_->Copy({1, 1, panel_->GridRows(), 5}), before);
+}
+
+TEST_F(PanelEditor, RowsThatAPasteAddedGoWithItsUndo)
+{
+    const int rows = panel_->GridRows();
+    const std::size_t stored = data_.RowCount(panel_->Block());
+    editor_->Paste(rows - 1, 1, "a\nb\nc\nd\ne");
+    EXPECT_EQ(panel_->GridRows(), rows + 3);
+    panel_->Commit();
+    editor_->Undo();
+    EXPECT_EQ(panel_->GridRows(), rows);
+    panel_->Commit();
+    EXPECT_EQ(data_.RowCount(panel_->Block()), stored) << "the rows are out of the data too";
+    EXPECT_FALSE(panel_->IsChanged());
+    editor_->Paste(rows, 1, "x\ny");
+    EXPECT_EQ(panel_->GridRows(), rows + 1);
+    EXPECT_EQ(Text(*panel_, rows + 1, 1), "y");
+    panel_->Commit();
+    EXPECT_EQ(data_.RowCount(panel_->Block()), stored + 2);
+}
+
+TEST(PanelEditorOfNames, RowsThatAPasteAddedGoWithItsUndo)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 501);
+    CPanelEditor editor(*panel);
+    const int rows = panel->GridRows();
+    editor.Paste(rows, 1, "G1\nG2\nG3");
+    EXPECT_GT(panel->GridRows(), rows + 2);
+    panel->Commit();
+    editor.Undo();
+    EXPECT_EQ(panel->GridRows(), rows);
+    panel->Commit();
+    EXPECT_FALSE(panel->IsChanged());
+}
+
+TEST(PanelEditorOfNumbers, AWordPastedIntoACellOfNumbersLeavesTheNumberAndIsCounted)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 311);
+    CPanelEditor editor(*panel);
+    editor.SetCell(5, 5, "2.5");
+    editor.SetCell(5, 6, "3");
+    const PasteOutcome outcome = editor.Paste(5, 4, Cp932("S1\tabc\t４\nS2\t1,2\t5"));
+    EXPECT_EQ(editor.Copy({5, 4, 6, 6}), "S1\t2.5\t4\nS2\t\t5");
+    EXPECT_EQ(outcome.notNumbers, 2);
+    EXPECT_EQ(outcome.firstNotNumber, (CellPlace{5, 5}));
+    EXPECT_EQ(outcome.notNumber, "abc");
+    EXPECT_EQ(outcome.kept, 0);
+}
+
 TEST_F(PanelEditor, EmptyLinesAtTheEndOfAPasteMakeNoRows)
 {
     const int rows = panel_->GridRows();

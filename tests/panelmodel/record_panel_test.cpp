@@ -101,12 +101,115 @@ TEST(HeightPanel, SingleSectionsGetTheirFixedNamesUnasked)
     EXPECT_EQ(data.hGirder.records[0].names[1], "G");
 }
 
-TEST(HeightPanel, AWordWhereANumberBelongsIsNotTaken)
+TEST(HeightPanel, WhatIsNoNumberIsRefusedAndTheNumberStays)
 {
     CSbdData data;
     const auto panel = MakePanelModel(data, 311);
-    Set(*panel, 5, 5, "abc");
-    EXPECT_EQ(Text(*panel, 5, 5), "") << "the cell shows a value that is not stored";
+    Set(*panel, 5, 5, "2.5");
+    for (const char* text :
+         {"abc", "1,2", "1 2", "1e50", "-1e40", "1e", "2.5m", "--1", ".", "inf", "nan", "０ｘ１", "一"}) {
+        EXPECT_TRUE(panel->WhyNot(5, 5, Cp932(text))) << text;
+        Set(*panel, 5, 5, text);
+        EXPECT_EQ(Text(*panel, 5, 5), "2.5") << text;
+    }
+    EXPECT_FALSE(panel->WhyNot(5, 1, "abc")) << "a name is any text";
+    EXPECT_FALSE(panel->WhyNot(5, 5, "")) << "a number may be taken away";
+    EXPECT_FALSE(panel->WhyNot(5, 5, Cp932("　 "))) << "blanks are nothing";
+}
+
+TEST(HeightPanel, FullWidthDigitsAndSignsAreNumbers)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 311);
+    for (const auto& [typed, shown] : std::vector<std::pair<const char*, const char*>>{{"２．５", "2.5"},
+                                                                                       {"－１", "-1"},
+                                                                                       {"＋３．２５", "3.25"},
+                                                                                       {"１ｅ３", "1000"},
+                                                                                       {"　4.5 ", "4.5"},
+                                                                                       {"１2.５", "12.5"},
+                                                                                       {"0", "0"}}) {
+        Set(*panel, 5, 5, typed);
+        EXPECT_EQ(Text(*panel, 5, 5), shown) << typed;
+    }
+    Set(*panel, 5, 1, "Ｇ１");
+    EXPECT_EQ(Text(*panel, 5, 1), "Ｇ１") << "a name stays as it was typed";
+}
+
+TEST(CrossRibPanel, TheCellsOfNumbersFoldAndRefuse)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 324);
+    Set(*panel, 2, 6, "２５０");
+    Set(*panel, 2, 10, "２");
+    Set(*panel, 2, 11, "１．２，　1.3");
+    Set(*panel, 2, 12, "等間隔");
+    EXPECT_EQ(Text(*panel, 2, 6), "250");
+    EXPECT_EQ(Text(*panel, 2, 10), "2");
+    EXPECT_EQ(Text(*panel, 2, 11), "1.2, 1.3");
+    for (const auto& [column, text] : std::vector<std::pair<int, const char*>>{{6, "x"},
+                                                                               {10, "2.5"},
+                                                                               {10, "-1"},
+                                                                               {10, "1e2"},
+                                                                               {11, "1.2 x"},
+                                                                               {11, "基準線"},
+                                                                               {12, "間隔"},
+                                                                               {13, "9 a"}}) {
+        EXPECT_TRUE(panel->WhyNot(2, column, Cp932(text))) << text;
+        const std::string before = Text(*panel, 2, column);
+        Set(*panel, 2, column, text);
+        EXPECT_EQ(Text(*panel, 2, column), before) << text;
+    }
+    EXPECT_FALSE(panel->WhyNot(2, 12, Cp932("基準線"))) << "the right side has this word, the left has not";
+}
+
+TEST(CrossRibPanel, TheCountSaysHowManySpacingsAreShown)
+{
+    CSbdData data;
+    CrossRibRecord record;
+    record.names = {"G1", "G1", "S1", "S2", "LFLG"};
+    record.n = 2;
+    record.left.numbers = {1.5}; // a zero at its end is not held
+    data.crossRibs = {record};
+    const auto panel = MakePanelModel(data, 324);
+    EXPECT_EQ(Text(*panel, 2, 11), "1.5, 0");
+    EXPECT_EQ(Text(*panel, 2, 12), "0, 0");
+    EXPECT_EQ(panel->SetCell(2, 10, "3"), CellEffect::Panel) << "the spacings beside the count are shown anew";
+    EXPECT_EQ(Text(*panel, 2, 11), "1.5, 0, 0");
+    Set(*panel, 2, 10, "1");
+    EXPECT_EQ(Text(*panel, 2, 11), "1.5");
+    Set(*panel, 2, 10, "2");
+    panel->Commit();
+    EXPECT_FALSE(panel->IsChanged());
+}
+
+TEST(CrossRibPanel, ACountThatNoRowCanHaveShowsNoMoreThanIsWritten)
+{
+    for (const auto& [n, commas] : std::vector<std::pair<int, int>>{{-5, 0}, {2147483647, 99}, {100, 99}}) {
+        CSbdData data;
+        CrossRibRecord record;
+        record.names[0] = "G1";
+        record.n = n;
+        data.crossRibs = {record};
+        const std::string shown = Text(*MakePanelModel(data, 324), 2, 11);
+        EXPECT_EQ(std::ranges::count(shown, ','), commas) << n;
+    }
+}
+
+TEST(LRibPanel, TheCountsSayHowManySpacingsAreShown)
+{
+    CSbdData data;
+    LRibRecord record;
+    record.names = {"G1", "S1", "LFLG", "", ""};
+    record.n1 = 3;
+    record.n2 = 1;
+    record.left.numbers = {300, 0, 250.5};
+    data.lRibs = {record};
+    const auto panel = MakePanelModel(data, 325);
+    EXPECT_EQ(Text(*panel, 2, 8), "300, 0, 250.5");
+    EXPECT_EQ(Text(*panel, 2, 9), "0");
+    EXPECT_EQ(panel->SetCell(2, 7, "2"), CellEffect::Panel);
+    EXPECT_EQ(Text(*panel, 2, 9), "0, 0");
+    EXPECT_TRUE(panel->WhyNot(2, 8, Cp932("三百")));
 }
 
 TEST(CrossRibPanel, ShowsARecordAndItsAutomaticRow)

@@ -1,3 +1,4 @@
+#include "document/box_web.h"
 #include "document/section_doc.h"
 #include "grid/cell_editor.h"
 #include "grid/grid_ctrl.h"
@@ -82,10 +83,15 @@ private slots:
     void TypingBackGivesAnUnmodifiedDocument();
     void ADocumentThatWasModifiedStaysModified();
     void ChangesBySomebodyElseStayModified();
+    void WhatSomebodyElseWritesIsShownAndAnOpenEditorKeepsItsText();
+    void TheBoxWebsThatWereEnteredInTheirSheetAreShown();
     void AWordTakenFromTheListReachesTheDocumentAtOnce();
     void TheTypeOf301ChangesTheHeadsAtOnce();
     void EscLeavesTheDocumentAlone();
     void ACharacterThatCannotBeStoredIsRefused();
+    void WhatIsNoNumberIsToldAndStaysInTheEditor();
+    void FullWidthNumbersAreTaken();
+    void APastedWordLeavesTheNumberAndIsTold();
     void ClosingTakesTheCellUnderEdit();
     void SavingTakesTheCellUnderEdit();
     void AfterASaveOnlyNewChangesCount();
@@ -97,6 +103,7 @@ private slots:
     void AReloadShowsTheNewProjectAndDropsWhatWasTyped();
     void PlainCellsHaveNoList();
     void CopyPasteAndUndoReachTheDocument();
+    void UndoOfAPasteAndOfAnInsertedRowLeaveTheCursorThere();
     void RowsMoveByCommand();
     void AddedRowsTakeText();
     void TheRowHeightOfTheSettingsHolds();
@@ -190,6 +197,51 @@ void PanelTest::ADocumentThatWasModifiedStaysModified()
     QVERIFY(doc_->IsModified());
 }
 
+void PanelTest::WhatSomebodyElseWritesIsShownAndAnOpenEditorKeepsItsText()
+{
+    Open(301);
+    Focus(10, 2);
+    panel_->Grid()->Source()->SetText(10, 2, u"YES"_s);
+    Focus(20, 2);
+    const int scrolled = panel_->Grid()->verticalScrollBar()->value();
+    QVERIFY(scrolled > 0);
+    Key(Qt::Key_F2);
+    EditorLine(Editor())->setText(u"半分"_s);
+    EditorLine(Editor())->setCursorPosition(1);
+    doc_->Data().SetOption(301, 2, "UC-GRID");
+    doc_->NotifyChanged({301, 2});
+    QCOMPARE(panel_->Grid()->Source()->Text(3, 2), u"UC-GRID"_s);
+    QCOMPARE(panel_->Grid()->FocusCell(), (GridCell{20, 2}));
+    QCOMPARE(panel_->Grid()->verticalScrollBar()->value(), scrolled);
+    QVERIFY(panel_->Grid()->IsEditing());
+    QCOMPARE(EditorText(Editor()), u"半分"_s);
+    QCOMPARE(EditorLine(Editor())->cursorPosition(), 1);
+    QVERIFY(panel_->isAncestorOf(QApplication::focusWidget()));
+    QCOMPARE(Option(301, 20), u"YES"_s); // as it was
+    Key(Qt::Key_Return);
+    QCOMPARE(Option(301, 20), u"半分"_s);
+    QCOMPARE(Option(301, 10), u"YES"_s); // typed before, not written yet
+    QCOMPARE(Option(301, 3), u"UC-GRID"_s);
+    QVERIFY(doc_->IsModified()); // though nobody had said so
+}
+
+void PanelTest::TheBoxWebsThatWereEnteredInTheirSheetAreShown()
+{
+    Open(305);
+    const int before = panel_->Model()->BlockRows();
+    const BoxWebPrompts prompts{[](BoxWebNames&) { return true; }, [](const QString&) { return true; }};
+    QVERIFY(BoxWebFlow(*doc_, prompts));
+    const int girders = int(doc_->Data().gridNames.girderNames.size());
+    QVERIFY(girders > 0);
+    QCOMPARE(panel_->Model()->BlockRows(), before + girders);
+    QCOMPARE(panel_->Grid()->Source()->Text(before + girders, 1), toQString(doc_->Data().gridNames.girderNames.back()));
+    Focus(before + 1, 2);
+    Type(u"W9"_s);
+    Key(Qt::Key_Return);
+    QCOMPARE(Stored(305, before + 1, 2), u"W9"_s);
+    QCOMPARE(int(doc_->Data().RowCount(305)), before + girders);
+}
+
 void PanelTest::ChangesBySomebodyElseStayModified()
 {
     Open(302);
@@ -253,6 +305,59 @@ void PanelTest::ACharacterThatCannotBeStoredIsRefused()
     EditorLine(Editor())->setText(u"橋梁①"_s);
     Key(Qt::Key_Return);
     QCOMPARE(Option(301, 1), u"橋梁①"_s);
+}
+
+void PanelTest::WhatIsNoNumberIsToldAndStaysInTheEditor()
+{
+    for (const QString& text : {u"abc"_s, u"1,2"_s, u"1e50"_s}) {
+        Open(311);
+        messages_.clear();
+        Focus(5, 5);
+        const QString before = panel_->Grid()->Source()->Text(5, 5);
+        QVERIFY(!before.isEmpty());
+        Key(Qt::Key_F2);
+        EditorLine(Editor())->setText(text);
+        Key(Qt::Key_Return);
+        QTRY_COMPARE(messages_.size(), 1);
+        QVERIFY2(messages_[0].startsWith(u"「%1」は数値として読めません。5 行目「"_s.arg(text)),
+                 qPrintable(messages_[0]));
+        QVERIFY(messages_[0].contains(u"元のままです"_s));
+        QTRY_VERIFY(panel_->Grid()->IsEditing());
+        QCOMPARE(EditorText(Editor()), text); // nothing that was typed is lost
+        QCOMPARE(panel_->Grid()->Source()->Text(5, 5), before);
+        QVERIFY(!panel_->MayClose());
+        Key(Qt::Key_Escape);
+        QVERIFY(panel_->MayClose());
+        QVERIFY(!doc_->IsModified());
+    }
+}
+
+void PanelTest::FullWidthNumbersAreTaken()
+{
+    Open(311);
+    for (const auto& [typed, shown] : std::vector<std::pair<QString, QString>>{
+             {u"２．５"_s, u"2.5"_s}, {u"－１"_s, u"-1"_s}, {u"\u2212１"_s, u"-1"_s}}) {
+        Focus(5, 5);
+        Key(Qt::Key_F2);
+        EditorLine(Editor())->setText(typed);
+        Key(Qt::Key_Return);
+        QCOMPARE(panel_->Grid()->Source()->Text(5, 5), shown);
+    }
+    QCOMPARE(messages_, QStringList());
+}
+
+void PanelTest::APastedWordLeavesTheNumberAndIsTold()
+{
+    Open(311);
+    Focus(5, 5);
+    const QString before = panel_->Grid()->Source()->Text(5, 5);
+    QApplication::clipboard()->setText(u"abc\t４．５"_s);
+    panel_->Grid()->Paste();
+    QCOMPARE(panel_->Grid()->Source()->Text(5, 5), before);
+    QCOMPARE(panel_->Grid()->Source()->Text(5, 6), u"4.5"_s);
+    QCOMPARE(messages_.size(), 1);
+    QVERIFY2(messages_[0].startsWith(u"「abc」は数値として読めません。数値だけが入る 1 個のセル（最初は 5 行目「"_s),
+             qPrintable(messages_[0]));
 }
 
 void PanelTest::ClosingTakesTheCellUnderEdit()
@@ -402,6 +507,27 @@ void PanelTest::CopyPasteAndUndoReachTheDocument()
     QCOMPARE(Stored(313, 2, 6), QString());
     Key(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(Stored(313, 2, 6), u"130"_s);
+}
+
+void PanelTest::UndoOfAPasteAndOfAnInsertedRowLeaveTheCursorThere()
+{
+    Open(313);
+    CGridCtrl& grid = *panel_->Grid();
+    const int rows = grid.model()->rowCount();
+    Focus(rows - 1, 2);
+    QApplication::clipboard()->setText(u"1\n2\n3\n4\n5"_s);
+    panel_->Paste();
+    QCOMPARE(grid.model()->rowCount(), rows + 3);
+    grid.SetFocusCell(rows + 3, 2); // in a row that is going to go
+    panel_->Undo();
+    QCOMPARE(grid.model()->rowCount(), rows);
+    QCOMPARE(grid.FocusCell().row, rows - 1);
+    QVERIFY(!doc_->IsModified());
+    Focus(3, 4);
+    panel_->InsertRow();
+    panel_->Undo();
+    QCOMPARE(grid.FocusCell(), (GridCell{3, 4}));
+    QVERIFY(!doc_->IsModified());
 }
 
 void PanelTest::RowsMoveByCommand()

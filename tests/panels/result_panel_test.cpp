@@ -87,6 +87,7 @@ private slots:
     void excludedNamesLeaveTheTableAndComeBack();
     void theSelectionOutlivesThePanel();
     void anotherKindDropsTheRaisedLoad();
+    void theWheelChangesADropListOnlyWhileItHasTheFocus();
     void theFigureItemChangesTheFigureOnly();
     void editsStandOverTheTableUntilItIsFilled();
     void copiedValuesAreNumbersToASpreadsheet();
@@ -195,6 +196,29 @@ void ResultPanelTest::anotherKindDropsTheRaisedLoad()
     QCOMPARE(Item()->currentText(), u"Uz"_s);
     QCOMPARE(panel_->findChildren<QCheckBox*>()[3]->text(), u"θx"_s);
     QVERIFY(panel_->Table().RowCount() > 0);
+}
+
+void ResultPanelTest::theWheelChangesADropListOnlyWhileItHasTheFocus()
+{
+    const auto wheel = [](QComboBox* box) {
+        const QPoint middle = box->rect().center();
+        QWheelEvent event(middle, box->mapToGlobal(middle), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(box, &event);
+    };
+    OpenProject("plate4");
+    QVERIFY(QTest::qWaitForWindowActive(panel_.get()));
+    panel_->Grid()->setFocus();
+    for (const int index : {0, 1, 2, 4}) {
+        QComboBox* box = Box(index);
+        QVERIFY(box->count() > 1);
+        box->setCurrentIndex(0);
+        wheel(box);
+        QCOMPARE(box->currentIndex(), 0);
+        QVERIFY(!box->hasFocus());
+    }
+    Load()->setFocus();
+    wheel(Load());
+    QCOMPARE(Load()->currentIndex(), 1);
 }
 
 void ResultPanelTest::theFigureItemChangesTheFigureOnly()

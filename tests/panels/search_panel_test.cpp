@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QGroupBox>
@@ -90,6 +91,9 @@ private slots:
     void ResultsStandBelowATitle();
     void ResultsAppearWhileTyping();
     void RowsThatAreNotNeededAreHidden();
+    void OpeningTheEditorKeepsTheWordsAndTheHits_data();
+    void OpeningTheEditorKeepsTheWordsAndTheHits();
+    void TheLineTakesNewWordsFromWhereverTheFocusWas();
     void AWordFromTheListIsSearchedAtOnce();
     void TheScopeAndTheChoiceOfWordsAreFollowed();
     void QuestionsAreListedAndTheChoicesDisabled();
@@ -194,6 +198,58 @@ void SearchPanelTest::ResultsAppearWhileTyping()
     Key(Qt::Key_Return);
     QVERIFY(!Grid()->IsEditing());
     QCOMPARE(Cell(1), u"uflg s"_s);
+}
+
+void SearchPanelTest::OpeningTheEditorKeepsTheWordsAndTheHits_data()
+{
+    QTest::addColumn<int>("way");
+    QTest::newRow("F2") << 0;
+    QTest::newRow("Alt+Down") << 1;
+    QTest::newRow("double click") << 2;
+}
+
+void SearchPanelTest::OpeningTheEditorKeepsTheWordsAndTheHits()
+{
+    QFETCH(int, way);
+    Line(u"uflg"_s);
+    const int hits = Rows();
+    QVERIFY(hits > 20);
+    GoTo(1);
+    if (way == 0)
+        Key(Qt::Key_F2);
+    else if (way == 1)
+        Key(Qt::Key_Down, Qt::AltModifier);
+    if (way == 2) {
+        const QPoint middle = Grid()->visualRect(Grid()->currentIndex()).center();
+        QTest::mouseClick(Grid()->viewport(), Qt::LeftButton, {}, middle);
+        QTest::mouseDClick(Grid()->viewport(), Qt::LeftButton, {}, middle);
+    }
+    QVERIFY(Grid()->IsEditing());
+    QCoreApplication::processEvents();
+    QCOMPARE(EditorLine(Editor())->text(), u"uflg"_s);
+    QCOMPARE(Rows(), hits);
+    if (auto* box = qobject_cast<QComboBox*>(Editor()))
+        box->hidePopup();
+    QTest::keyClick(Editor(), Qt::Key_Escape);
+    QVERIFY(!Grid()->IsEditing());
+    QCOMPARE(Cell(1), u"uflg"_s);
+    QCOMPARE(Rows(), hits);
+}
+
+void SearchPanelTest::TheLineTakesNewWordsFromWhereverTheFocusWas()
+{
+    Line(u"uflg"_s);
+    GoTo(12);
+    Panel()->GoToLine();
+    QCOMPARE(Grid()->FocusCell(), (GridCell{1, 1}));
+    QVERIFY(Grid()->hasFocus());
+    Key(Qt::Key_F2); // and once more while the line is open
+    Panel()->GoToLine();
+    for (const QChar c : u"web"_s)
+        QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
+    Key(Qt::Key_Return);
+    QCOMPARE(Cell(1), u"web"_s);
+    QCOMPARE(Cell(2).section(u'：', 0, 0), u"「web」の検索結果"_s);
 }
 
 void SearchPanelTest::RowsThatAreNotNeededAreHidden()
