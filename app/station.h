@@ -7,6 +7,7 @@ struct StartOptions;
 
 /// Exit codes.
 inline constexpr int kExitDone = 0;
+inline constexpr int kExitNothingOpened = 1; ///< none of the projects named could be opened in the window
 inline constexpr int kExitFailed = 2;
 
 /// Does what the command line asks for; in the window's case until it is closed. Messages of a run without a window

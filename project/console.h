@@ -14,4 +14,7 @@ bool PrintText(std::FILE* stream, std::string_view utf8);
 /// gives such programs none. Does nothing on other systems.
 void UseConsoleOfStarter();
 
+/// Lets go of that console: a program that stays in it is ended with its window.
+void LeaveConsoleOfStarter();
+
 } // namespace sbd
