@@ -18,6 +18,9 @@ class CRequestQueue : public QObject {
 public:
     explicit CRequestQueue(CMainFrame& frame);
 
+    /// True while projects wait to be opened.
+    [[nodiscard]] bool HasWaiting() const { return !waiting_.isEmpty(); }
+
 public slots:
     void Take(const sbd::StartRequest& request);
 

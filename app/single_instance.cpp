@@ -1,5 +1,7 @@
 #include "app/single_instance.h"
 
+#include "document/process_lock.h"
+
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
 #include <QDir>
@@ -9,7 +11,6 @@
 #include <QJsonObject>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QLockFile>
 #include <QStandardPaths>
 #include <QThread>
 #include <QWidget>
@@ -88,11 +89,10 @@ QString CSingleInstance::SessionName()
 CSingleInstance::Role CSingleInstance::Start(const StartRequest& request)
 {
     const QString file = QDir::isAbsolutePath(name_) ? name_ : QDir::temp().filePath(name_);
-    lock_ = std::make_unique<QLockFile>(file + u".lock"_s);
-    lock_->setStaleLockTime(0); // by the life of the process, not by age
+    lock_ = std::make_unique<CProcessLock>(file + u".lock"_s);
     const QDeadlineTimer deadline(patience);
     while (true) {
-        if (lock_->tryLock() || lock_->error() != QLockFile::LockFailedError) {
+        if (lock_->Take() != CProcessLock::Result::Held) {
             Listen();
             return Role::First;
         }
@@ -134,7 +134,9 @@ void CSingleInstance::TakeRequest(QLocalSocket* socket)
     }
     socket->write("1"); // the other one may end
     socket->flush();
-    emit requested(*request);
+    // Behind this call: what follows may show a box, and the socket, whose call this is, goes with the other one.
+    QMetaObject::invokeMethod(
+        this, [this, request = *request] { emit requested(request); }, Qt::QueuedConnection);
 }
 
 bool CSingleInstance::HandOver(const StartRequest& request, const QDeadlineTimer& deadline) const

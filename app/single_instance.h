@@ -10,10 +10,11 @@
 class QDeadlineTimer;
 class QLocalServer;
 class QLocalSocket;
-class QLockFile;
 class QWidget;
 
 namespace sbd {
+
+class CProcessLock;
 
 /// What a second start tells the first one.
 struct StartRequest {
@@ -59,7 +60,7 @@ private:
     [[nodiscard]] bool HandOver(const StartRequest& request, const QDeadlineTimer& deadline) const;
 
     QString name_;
-    std::unique_ptr<QLockFile> lock_;
+    std::unique_ptr<CProcessLock> lock_;
     QLocalServer* server_ = nullptr;
 };
 

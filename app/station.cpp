@@ -1,5 +1,6 @@
 #include "app/station.h"
 
+#include "app/end_signals.h"
 #include "app/fonts.h"
 #include "app/outside_commands.h"
 #include "app/request_queue.h"
@@ -79,7 +80,8 @@ void StartVersionCheck(CMainFrame& frame, const DeploymentSettings& settings)
 {
     VersionCheckSeams seams;
     seams.ask = [&frame](const QString& text) { return AskYesNo(&frame, text); };
-    seams.openPage = [](const QUrl& page) { QDesktopServices::openUrl(page); };
+    seams.openPage = [](const QUrl& page) { return QDesktopServices::openUrl(page); };
+    seams.tell = [&frame](const QString& text) { frame.Warn(text); };
     seams.quit = [&frame] { frame.close(); };
     auto* check =
         new CVersionCheck(VersionRecordFolder(WindowsFolder(), StateFolder()), settings, std::move(seams), &frame);
@@ -92,6 +94,7 @@ void StartVersionCheck(CMainFrame& frame, const DeploymentSettings& settings)
 
 int RunWindow(const StartOptions& options)
 {
+    LeaveConsoleOfStarter();
     CSingleInstance instance;
     switch (instance.Start(RequestOf(options.projects))) {
     case CSingleInstance::Role::First:
@@ -104,17 +107,27 @@ int RunWindow(const StartOptions& options)
     }
     const DeploymentSettings settings = ReadDeployment(DeploymentFile(QApplication::applicationDirPath()));
     CMainFrame frame;
+    const CEndSignals ends(frame);
+    ConnectSessionEnd(frame);
     ConnectOutside(frame, settings);
     frame.NewProject(); // stands until a project takes its place
-    frame.ShowAsLeft();
+    frame.ShowAtStart();
     CRequestQueue requests(frame);
     QObject::connect(&instance, &CSingleInstance::requested, &requests, &CRequestQueue::Take);
-    for (const QString& project : options.projects)
-        frame.OpenProject(project);
+    bool opened = options.projects.isEmpty();
+    for (const QString& project : options.projects) {
+        if (ends.ExitCode() == 0)
+            opened = frame.OpenProject(project) != nullptr || opened;
+    }
+    if (!opened && ends.ExitCode() == 0 && !requests.HasWaiting())
+        return kExitNothingOpened; // the user knows why
     ShowCell(frame, options);
-    frame.OfferRecoveryCopies();
-    StartVersionCheck(frame, settings);
-    return QApplication::exec();
+    if (ends.ExitCode() == 0)
+        frame.OfferRecoveryCopies();
+    if (ends.ExitCode() == 0)
+        StartVersionCheck(frame, settings);
+    // What has ended the questions of the start would not end a loop that is begun after it.
+    return ends.ExitCode() != 0 ? ends.ExitCode() : QApplication::exec();
 }
 
 } // namespace

@@ -8,6 +8,7 @@ struct StartOptions;
 
 /// Exit codes.
 inline constexpr int kExitDone = 0;
+inline constexpr int kExitNothingOpened = 1; ///< none of the projects named could be opened in the window
 inline constexpr int kExitFailed = 2;
 
 /// Goes to the block and the cell that the command line names, the keyboard with them.

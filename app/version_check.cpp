@@ -13,6 +13,14 @@ QString OutdatedQuestion(const QUrl& homePage)
            + address + u"を開きますか？\n\n( この表示は１日１回のみ )"_s;
 }
 
+QString NoBrowserMessage(const QUrl& homePage)
+{
+    return u"ホームページを開けませんでした。このコンピューターにはブラウザーが設定されていません。\n\n"_s
+           + homePage.toString()
+           + u"\n\n最新版は、ブラウザーのあるコンピューターで上のアドレスを開いてダウンロードしてください。"
+             u"KELD section は終了します。入力内容には影響ありません。"_s;
+}
+
 CVersionCheck::CVersionCheck(const QString& folder, const DeploymentSettings& settings, VersionCheckSeams seams,
                              QObject* parent)
     : QObject(parent)
@@ -33,7 +41,7 @@ void CVersionCheck::CheckVersion(const QString& currentVersion)
         return;
     }
     if (settings_.versionPage.isEmpty()) {
-        Finish(NoAnswerText(start_.time()));
+        Finish({}); // nobody was asked: the version alone
         return;
     }
     seams_.get(settings_.versionPage, this, [this](const HttpAnswer& answer) { Judge(answer); });
@@ -58,7 +66,8 @@ bool CVersionCheck::LeavesForHomePage()
     const bool asks = !stored_ || *stored_ == UpToDateText();
     if (!asks || settings_.homePage.isEmpty() || !seams_.ask(OutdatedQuestion(settings_.homePage)))
         return false;
-    seams_.openPage(settings_.homePage);
+    if (!seams_.openPage(settings_.homePage))
+        seams_.tell(NoBrowserMessage(settings_.homePage));
     seams_.quit();
     return true;
 }

@@ -17,13 +17,19 @@ struct VersionCheckSeams {
     std::function<QDateTime()> now = [] { return QDateTime::currentDateTime(); };
     /// A yes/no question. No should be the answer of Enter: the box may come while the user is typing.
     std::function<bool(const QString& text)> ask;
-    std::function<void(const QUrl& page)> openPage;
+    /// Shows a page; false if nothing on this machine can.
+    std::function<bool(const QUrl& page)> openPage;
+    /// A message with nothing to decide.
+    std::function<void(const QString& text)> tell;
     /// Ends the program as closing its window does: changes that are not saved are asked for.
     std::function<void()> quit;
 };
 
 /// What is asked when the server has a newer version.
 [[nodiscard]] QString OutdatedQuestion(const QUrl& homePage);
+
+/// What is told instead where no browser shows the page.
+[[nodiscard]] QString NoBrowserMessage(const QUrl& homePage);
 
 /// Asks the version server and keeps the daily record. Never blocks: the result comes by signal.
 class CVersionCheck : public QObject {

@@ -64,12 +64,9 @@ std::optional<QString> VersionOnPage(const QByteArray& page)
     const qsizetype start = page.indexOf("Ver2");
     if (start < 0)
         return std::nullopt;
-    QByteArray version = page.mid(start, length);
-    for (const char end : {'\r', '\n'}) {
-        if (const qsizetype at = version.indexOf(end); at >= 0)
-            version.truncate(at);
-    }
-    return QString::fromLatin1(version);
+    static const QRegularExpression form(u"^Ver[0-9]{8}$"_s);
+    const QString version = QString::fromLatin1(page.mid(start, length));
+    return form.match(version).hasMatch() ? std::optional(version) : std::nullopt;
 }
 
 QString VersionRecordFolder(const QString& systemFolder, const QString& userFolder)

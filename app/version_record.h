@@ -17,7 +17,8 @@ inline constexpr QLatin1StringView kSystemVersion("Ver20110808");
 /// With the time of the attempt; ends with a line end, as it stands in the record.
 [[nodiscard]] QString NoAnswerText(QTime time);
 
-/// The version named on the server's page: eleven characters from the first "Ver2" on, at most to the end of its line.
+/// The version named on the server's page: eleven characters from the first "Ver2" on. Nothing if these are not "Ver" and
+/// a date of eight digits.
 [[nodiscard]] std::optional<QString> VersionOnPage(const QByteArray& page);
 
 /// Where the daily record is kept: the system's folder if the user may write there (ordinary users may not), else the

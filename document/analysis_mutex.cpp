@@ -19,6 +19,11 @@ namespace {
 
 constexpr const char* kName = "0x48a72353,0x76f4,0x4be7,0x9a,0x77,0x23,0xa0,0x6d,0xa7,0x51,0x81";
 
+#ifndef Q_OS_WIN
+constexpr int kTries = 20;
+constexpr useconds_t kPause = 2000; // microseconds
+#endif
+
 } // namespace
 
 #ifdef Q_OS_WIN
@@ -51,13 +56,14 @@ struct CAnalysisMutex::Handle {
     explicit Handle(const QString& folder)
     {
         const QByteArray name = QFile::encodeName(QDir(folder).filePath(QLatin1StringView(kName)));
-        file = ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+        file = ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0600);
         if (file < 0)
             return;
         existed = ::flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-        // Only ever blocked by somebody between these two lines.
-        while (::flock(file, LOCK_SH) != 0 && errno == EINTR) {
-        }
+        // Blocked by somebody between these two lines, for a moment, or by a program that keeps the file to itself: it
+        // is not waited for, and that it holds the mutex is known by now.
+        for (int tries = 0; tries < kTries && ::flock(file, LOCK_SH | LOCK_NB) != 0; ++tries)
+            ::usleep(kPause);
     }
     ~Handle()
     {

@@ -1,12 +1,12 @@
 #include "document/recovery.h"
 
 #include "document/path.h"
+#include "document/process_lock.h"
 #include "sbdfile/project_file.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QStandardPaths>
 #include <QUuid>
 
@@ -26,9 +26,15 @@ QString Sibling(const QString& file, QLatin1StringView suffix)
 
 bool IsLeft(const QString& lockFile)
 {
-    QLockFile lock(lockFile);
-    lock.setStaleLockTime(0); // by the life of the process, not by age
-    return lock.tryLock();
+    return CProcessLock(lockFile).Take() == CProcessLock::Result::Taken;
+}
+
+/// A name that no other copy has, and that stands behind those of earlier copies.
+QString NewName()
+{
+    constexpr int digits = 8;
+    return QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd-HHmmss-zzz"_s) + u'-'
+           + QUuid::createUuid().toString(QUuid::Id128).first(digits);
 }
 
 } // namespace
@@ -60,11 +66,9 @@ bool CRecoveryCopy::Prepare()
     if (!QDir().mkpath(folder_))
         return false;
     QFile::setPermissions(folder_, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    file_ = QDir(folder_).filePath(name + u".sbd"_s);
-    lock_ = std::make_unique<QLockFile>(Sibling(file_, ".lock"_L1));
-    lock_->setStaleLockTime(0);
-    if (lock_->tryLock())
+    file_ = QDir(folder_).filePath(NewName() + u".sbd"_s);
+    lock_ = std::make_unique<CProcessLock>(Sibling(file_, ".lock"_L1));
+    if (lock_->Take() == CProcessLock::Result::Taken)
         return true;
     lock_.reset();
     return false;

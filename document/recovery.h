@@ -8,9 +8,9 @@
 #include <memory>
 #include <string_view>
 
-class QLockFile;
-
 namespace sbd {
+
+class CProcessLock;
 
 /// One copy that a crashed session left.
 struct RecoveryCopy {
@@ -26,7 +26,8 @@ struct RecoveryCopy {
 /// The folder of the recovery copies: in the state folder, never beside a project.
 [[nodiscard]] QString RecoveryFolder();
 
-/// The recovery copy of one document. While it lives it holds a lock, so that another process can tell a copy in use
+/// The recovery copy of one document. Its name begins with the time of its first write (UTC), so that names sort by
+/// time. While it lives it holds a lock, so that another process can tell a copy in use
 /// from one that a crash left. Removed at a clean end by Discard().
 class CRecoveryCopy {
 public:
@@ -47,7 +48,7 @@ private:
 
     QString folder_;
     QString file_;
-    std::unique_ptr<QLockFile> lock_;
+    std::unique_ptr<CProcessLock> lock_;
     bool written_ = false;
 };
 

@@ -65,6 +65,19 @@ QString BasePath(const QString& path)
     return point > name ? path.first(point) : path;
 }
 
+bool IsReadOnly(const QString& path)
+{
+    const QFileInfo file(path);
+    if (path.isEmpty() || !file.exists())
+        return false;
+#ifdef Q_OS_WIN
+    return !file.isWritable(); // what this says of a folder means something else there
+#else
+    const QString target = file.canonicalFilePath(); // a link stays a link
+    return !file.isWritable() || !QFileInfo(QFileInfo(target).path()).isWritable();
+#endif
+}
+
 QString HeldProjectQuestion(const QString& path)
 {
     return QDir::toNativeSeparators(path) + u"\n\nは他のプログラムで使用され，KELD sectionを継続しますか？"_s

@@ -17,6 +17,10 @@ class CProjectLock;
 /// if the name has no "." behind its first character.
 [[nodiscard]] QString BasePath(const QString& path);
 
+/// True if a save would not put a new file in the place of this one: the file may only be read, or its folder. False for
+/// a project that has no file yet.
+[[nodiscard]] bool IsReadOnly(const QString& path);
+
 /// Shows a question with the answers yes and no; true: yes.
 using YesNoQuestion = std::function<bool(const QString& text)>;
 

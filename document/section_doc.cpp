@@ -7,6 +7,9 @@
 
 #include <QFileInfo>
 
+#include <filesystem>
+#include <system_error>
+
 namespace sbd {
 
 using namespace Qt::StringLiterals;
@@ -104,6 +107,11 @@ FileResult CKELDSectionDoc::OpenRecoveryCopy(const QString& copy, const QString&
 FileResult CKELDSectionDoc::SaveDocument(const QString& path, bool* controlBlockHeldBack)
 {
     emit aboutToSave();
+    // A save would wait for whoever reads the other end, and what it has read is kept nowhere.
+    std::error_code noFile;
+    const std::filesystem::file_type type = std::filesystem::status(ToPath(path), noFile).type();
+    if (type == std::filesystem::file_type::fifo || type == std::filesystem::file_type::socket)
+        return {FileError::NoPlainFile, "パイプまたはソケットです"};
     WriteReport report;
     const std::string bytes = WriteProject(data_, &report);
     FileResult result = ReplaceFileBytes(ToPath(path), bytes);

@@ -3,6 +3,7 @@
 #include "document/engine_command.h"
 #include "document/project_lock.h"
 #include "document/recovery.h"
+#include "document/save_flow.h"
 #include "document/section_doc.h"
 #include "frame/engine_runner.h"
 #include "frame/left_view.h"
@@ -21,6 +22,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -34,7 +36,9 @@ namespace {
 
 constexpr int kLeftWidth = 320; // px, most titles whole
 constexpr int kSplitterHandle = 5;
-constexpr int kLeastPane = 80; // px
+constexpr int kLeastPane = 80;   // px
+constexpr int kLeastRight = 480; // px, the row numbers and labels of the option blocks
+constexpr int kLeastDown = 160;  // px, the heads and some rows
 
 /// True for the tree's entries of the runs: their texts hold the number.
 bool NamesARun(const QString& text)
@@ -77,7 +81,8 @@ CChildFrame::~CChildFrame()
 {
     panel_.reset();  // before the document and the splitter
     delete widget(); // the views look at the document
-    recovery_->Discard();
+    if (!leaveRecoveryCopy_)
+        recovery_->Discard();
 }
 
 /// The toolkit puts Ctrl+W on the window's own menu, beside Ctrl+F4 or alone. A key of two commands does neither.
@@ -268,7 +273,7 @@ QString CChildFrame::NameWithoutPath() const
 
 void CChildFrame::ShowTitle()
 {
-    setWindowTitle(title_ + u"[*]"_s);
+    setWindowTitle(title_ + u"[*]"_s + (IsReadOnly(doc_->PathName()) ? u" (読み取り専用)"_s : QString()));
     setWindowModified(doc_->IsModified());
     emit titleShown();
 }
@@ -278,8 +283,25 @@ void CChildFrame::OnModified(bool modified)
     setWindowModified(modified);
     emit titleShown();
     recoveryLacksChanges_ = modified;
-    if (!modified)
+    if (!modified && !leaveRecoveryCopy_)
         recovery_->Discard();
+}
+
+bool CChildFrame::TakeOpenEditor()
+{
+    if (panel_ == nullptr)
+        return true;
+    const std::function<void(const QString&)> nothing = [](const QString&) {};
+    const QScopedValueRollback quiet(panel_->Grid()->showMessage, nothing);
+    const bool taken = panel_->MayClose();
+    CommitPanel();
+    return taken;
+}
+
+void CChildFrame::DropRecoveryCopy()
+{
+    recovery_->Discard();
+    recoveryLacksChanges_ = doc_->IsModified();
 }
 
 bool CChildFrame::KeepRecoveryCopy()
@@ -320,9 +342,13 @@ PaneSizes CChildFrame::ComputedPanes() const
 
 void CChildFrame::SetPanes(const PaneSizes& panes)
 {
+    // The sizes may be those of a larger screen: what is worked in stays in view.
     const QRect area = contentsRect();
-    outer_->setSizes({panes.left, std::max(area.width() - panes.left - kSplitterHandle, kLeastPane)});
-    inner_->setSizes({panes.up, std::max(area.height() - panes.up - kSplitterHandle, kLeastPane)});
+    const int right = std::min(kLeastRight, area.width() * 3 / 5); // a narrow window is shared
+    const int left = std::max(std::min(panes.left, area.width() - kSplitterHandle - right), kLeastPane);
+    const int up = std::max(std::min(panes.up, area.height() - kSplitterHandle - kLeastDown), kLeastPane);
+    outer_->setSizes({left, std::max(area.width() - left - kSplitterHandle, kLeastPane)});
+    inner_->setSizes({up, std::max(area.height() - up - kSplitterHandle, kLeastPane)});
 }
 
 void CChildFrame::resizeEvent(QResizeEvent* event)

@@ -83,6 +83,13 @@ public:
     /// An open editor is left alone. False if changes are without a copy.
     bool KeepRecoveryCopy();
 
+    /// Takes what stands in an open editor without a box. False if its cell refused the text.
+    bool TakeOpenEditor();
+    /// The copy stays when the window goes, for the next start to find.
+    void LeaveRecoveryCopy() { leaveRecoveryCopy_ = true; }
+    /// Removes the copy: the user does not want these changes. If the window stays after all, the next copy has them.
+    void DropRecoveryCopy();
+
     /// Asked before the window closes; the window stays if the answer is false.
     std::function<bool(CChildFrame&)> mayClose;
 
@@ -116,6 +123,7 @@ private:
     std::unique_ptr<CProjectLock> lock_;
     std::unique_ptr<CRecoveryCopy> recovery_;
     bool recoveryLacksChanges_ = true;
+    bool leaveRecoveryCopy_ = false;
     QString title_;
     QSplitter* outer_ = nullptr; // tree | inner
     QSplitter* inner_ = nullptr; // help pane over panel

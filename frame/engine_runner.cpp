@@ -13,6 +13,8 @@
 #include <QEvent>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace sbd {
 
 using namespace Qt::StringLiterals;
@@ -27,24 +29,62 @@ const auto kChangesAreSaved = u"データに修正があり，解析方法を選
                               u"\t はい：　　　　データを保存し，解析を行います．\n"
                               u"\t キャンセル：　解析を行いません．"_s;
 
-QString BrokenFileMessage(const QString& project, const QString& copy)
+/// Where the copy stands, as a paragraph of its own.
+QString CopyParagraph(const QString& copy)
 {
-    const QString head = u"解析プログラムが書いたプロジェクトファイルが壊れているようです。\n"_s
-                         + QDir::toNativeSeparators(project)
-                         + u"\n\n画面には、このファイルから読み取れた内容だけが表示されています。"_s;
-    if (copy.isEmpty())
-        return head + u"回復用コピーは作成できていません。\n\n保存する前に、内容を確かめてください。"_s;
-    return head + u"解析前の内容は、次の回復用コピーに残っています。\n"_s + QDir::toNativeSeparators(copy)
-           + u"\n\nこのプロジェクトを保存する前に、回復用コピーを開いて内容を確かめてください。"_s;
+    return copy.isEmpty()
+               ? u"\n\n回復用コピーは作成できていません。"_s
+               : u"\n\n解析前の内容は、次の回復用コピーに残っています。\n"_s + QDir::toNativeSeparators(copy);
 }
 
-QString MissingFileMessage(const QString& project)
+/// The sections whose rows have gone, as many as a box has room for.
+QString LostSectionsParagraph(const std::vector<std::string>& sections)
+{
+    constexpr std::size_t most = 12;
+    if (sections.empty())
+        return {};
+    QStringList names;
+    for (std::size_t i = 0; i < std::min(sections.size(), most); ++i)
+        names.append(toQString(sections[i]));
+    QString text = u"\n\nデータがなくなったブロック: "_s + names.join(u", "_s);
+    if (sections.size() > most)
+        text += u" ほか %1 個"_s.arg(sections.size() - most);
+    return text;
+}
+
+QString BrokenFileMessage(const QString& project, const QString& copy, const std::vector<std::string>& lost, bool shown)
+{
+    QString text = u"解析プログラムが書いたプロジェクトファイルが壊れているようです。\n"_s
+                   + QDir::toNativeSeparators(project) + LostSectionsParagraph(lost);
+    if (shown)
+        text += u"\n\n画面には、このファイルから読み取れた内容だけが表示されています。"_s;
+    text += CopyParagraph(copy);
+    return text
+           + (copy.isEmpty() ? u"\n\n保存する前に、内容を確かめてください。"_s
+                             : u"\n\nこのプロジェクトを保存する前に、回復用コピーを開いて内容を確かめてください。"_s);
+}
+
+QString MissingFileMessage(const QString& project, const QString& copy)
 {
     return u"解析プログラムの終了後、プロジェクトファイルが見つかりません。\n"_s + QDir::toNativeSeparators(project)
-           + u"\n\n入力内容は画面に残っています。\n\n「上書き保存」でファイルを作り直してください。"_s;
+           + u"\n\n入力内容は画面に残っています。"_s + CopyParagraph(copy)
+           + u"\n\n「上書き保存」でファイルを作り直してください。"_s;
 }
 
-const auto kNotReadNotice = u"プロジェクトファイルがまだ使用中のため、解析後の内容を読み込んでいません。"_s;
+QString NoCopyMessage(const QString& project, const QString& folder)
+{
+    return u"データのチェックを始めませんでした。\n"_s + QDir::toNativeSeparators(project)
+           + u"\n\n保存していない変更があり、その回復用コピーを次のフォルダーに作成できません。\n"_s
+           + QDir::toNativeSeparators(folder)
+           + u"\n\nチェックが終わるとプロジェクトを読み込み直すため、コピーがないと変更が失われます。"_s
+           + u"入力内容は画面に残っています。\n\n「上書き保存」で保存してから、もう一度実行してください。"_s;
+}
+
+QString NotReadNotice(const QString& copy)
+{
+    const auto text = u"プロジェクトファイルがまだ使用中のため、解析後の内容を読み込んでいません。"_s;
+    return copy.isEmpty() ? text : text + u"解析前の内容の回復用コピー: "_s + QDir::toNativeSeparators(copy);
+}
 
 QString LostChangesNotice(const QString& copy)
 {
@@ -164,6 +204,10 @@ bool CEngineRunner::SaveChanges(const RunProject& project) const
 bool CEngineRunner::StartAndWait(EngineRun run, const QString& engine, const RunProject& project)
 {
     const std::shared_ptr<Record> record = MakeRecord(project);
+    if (record->unsaved && record->copy.File().isEmpty()) {
+        Tell(project, NoCopyMessage(record->path, seams_.recoveryFolder()));
+        return false;
+    }
     const EngineStart start{run, engine, QDir::toNativeSeparators(record->path)};
     project.lock->Release(); // the engine needs the file for itself
     const QPointer<CEngineRunner> self = this;
@@ -190,7 +234,7 @@ std::shared_ptr<CEngineRunner::Record> CEngineRunner::MakeRecord(const RunProjec
     record->unsaved = doc.IsModified();
     // Without changes the file says it best: a document may stand for a file that it has not read yet.
     const bool fromMemory = record->unsaved || record->before.empty();
-    // Without a copy the run goes on: the file itself is as it always was.
+    // Without a copy a saved project runs all the same: the file itself is as it always was.
     (void)record->copy.Write(record->path, fromMemory ? WriteProject(doc.Data()) : record->before);
     return record;
 }
@@ -204,33 +248,26 @@ void CEngineRunner::BringBack(const RunProject& project, const std::shared_ptr<R
     emit projectIsBack(reloaded_);
 }
 
+/// Leaves the copy of before for the next start to find, or removes it if the file holds all that it does. Copies of
+/// earlier runs are not touched: one of them may be the only good one.
 void CEngineRunner::JudgeFile(const RunProject& project, AfterRunResult result, Record& record)
 {
     const bool gone = !record.before.empty() && !QFileInfo::exists(record.path);
-    const bool broken = result == AfterRunResult::Reloaded && LooksBroken(record.before, BytesOf(record.path));
     const bool held = result == AfterRunResult::NotRead && !gone;
+    const std::string after = gone || held ? std::string() : BytesOf(record.path);
+    const bool broken = !gone && !held && LooksBroken(record.before, after);
     const QString copy = record.copy.File();
-    if (!copy.isEmpty() && (gone || broken || held || record.unsaved))
-        KeepCopy(record);
-    else
+    if (!gone && !broken && !held && !record.unsaved)
         record.copy.Discard();
     if (gone)
-        Tell(project, MissingFileMessage(record.path));
+        Tell(project, MissingFileMessage(record.path, copy));
     else if (broken)
-        Tell(project, BrokenFileMessage(record.path, copy));
+        Tell(project, BrokenFileMessage(record.path, copy, SectionsThatLostTheirRows(record.before, after),
+                                        result == AfterRunResult::Reloaded));
     else if (held)
-        emit notice(kNotReadNotice);
+        emit notice(NotReadNotice(copy));
     else if (record.unsaved && !copy.isEmpty())
         emit notice(LostChangesNotice(copy));
-}
-
-/// Leaves the copy to be found at the next start, in place of the one kept before.
-void CEngineRunner::KeepCopy(Record& record)
-{
-    QString& kept = keptCopies_[record.path];
-    if (!kept.isEmpty())
-        RemoveRecoveryCopy({kept, record.path, {}});
-    kept = record.copy.File();
 }
 
 void CEngineRunner::Tell(const RunProject& project, const QString& text) const

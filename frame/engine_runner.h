@@ -5,7 +5,6 @@
 #include "document/recovery.h"
 #include "frame/engine_process.h"
 
-#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -110,13 +109,11 @@ private:
     [[nodiscard]] std::shared_ptr<Record> MakeRecord(const RunProject& project) const;
     void BringBack(const RunProject& project, const std::shared_ptr<Record>& record);
     void JudgeFile(const RunProject& project, AfterRunResult result, Record& record);
-    void KeepCopy(Record& record);
     void Tell(const RunProject& project, const QString& text) const;
 
     RunSeams seams_;
     bool running_ = false;
     bool reloaded_ = false;
-    QHash<QString, QString> keptCopies_; // project -> the copy kept for it in this session
 };
 
 } // namespace sbd

@@ -18,6 +18,7 @@
 #include <QLocale>
 #include <QMdiArea>
 #include <QPointer>
+#include <QStandardPaths>
 
 namespace sbd {
 
@@ -123,6 +124,8 @@ CChildFrame* CFileCommands::OpenFile(const QString& path)
     if (!result.Ok()) {
         if (result.outcome == OpenOutcome::Failed)
             Warn(FileMessage(FileOperation::Open, path, result.file));
+        if (result.file.error == FileError::NotFound)
+            CRecentFiles::Remove(path); // the user knows now
         return nullptr;
     }
     const QPointer before = qobject_cast<CChildFrame*>(area_.currentSubWindow());
@@ -210,7 +213,10 @@ QString CFileCommands::Folder() const
             return QFileInfo(child->Doc().PathName()).path();
     }
     const QStringList recent = CRecentFiles::List();
-    return recent.isEmpty() ? QDir::homePath() : QFileInfo(recent.constFirst()).path();
+    if (!recent.isEmpty())
+        return QFileInfo(recent.constFirst()).path();
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
 }
 
 bool CFileCommands::Wrap(CChildFrame& child, const std::function<bool()>& save)
@@ -295,16 +301,20 @@ void CFileCommands::KeepRecoveryCopies()
 
 void CFileCommands::OfferRecoveryCopies()
 {
-    for (const RecoveryCopy& copy : FindRecoveryCopies()) {
+    const QList<RecoveryCopy> copies = FindRecoveryCopies();
+    for (qsizetype i = 0; i < copies.size(); ++i) {
+        const RecoveryCopy& copy = copies[i];
         const QString of =
             copy.project.isEmpty() ? u"(まだ保存していないプロジェクト)"_s : QDir::toNativeSeparators(copy.project);
         const QString text =
             u"前回、保存されないまま残った入力内容の回復用コピーがあります。\n\n"_s + of + u"\nコピーの時刻: "_s
             + QLocale(QLocale::Japanese).toString(copy.time, u"yyyy/MM/dd HH:mm:ss"_s)
+            + (copies.size() == 1 ? QString() : u"　(%1 個のうち %2 個目、新しい順)"_s.arg(copies.size()).arg(i + 1))
+            + u"\nコピーの場所: "_s + QDir::toNativeSeparators(copy.file)
             + u"\n\n「開く」を選ぶと、変更のあるプロジェクトとして開きます。元のファイルは、保存するまで変わりません。"
               u"\n「破棄する」を選ぶと、コピーを削除します。"
               u"\n「あとで」を選ぶと、次に起動したときにもう一度お知らせします。"_s;
-        switch (prompts_.askRecovery(area_.window(), text)) {
+        switch (prompts_.askRecovery(area_.window(), text, copies.size() - i - 1)) {
         case RecoveryAnswer::Open:
             OpenRecoveryCopy(copy);
             break;
@@ -313,6 +323,8 @@ void CFileCommands::OfferRecoveryCopies()
             break;
         case RecoveryAnswer::Later:
             break;
+        case RecoveryAnswer::AllLater:
+            return;
         }
     }
 }

@@ -8,11 +8,13 @@
 #include "frame/settings.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -79,6 +81,7 @@ CMainFrame::CMainFrame(Prompts prompts, QWidget* parent)
     connect(recovery, &QTimer::timeout, this, [this] { files_->KeepRecoveryCopies(); });
     recovery->start(kRecoveryInterval);
 
+    QCoreApplication::instance()->installEventFilter(this);
     connect(area_, &QMdiArea::subWindowActivated, this, &CMainFrame::OnChildActivated);
     OnChildActivated();
     resize(kFirstSize);
@@ -114,20 +117,21 @@ QList<CChildFrame*> CMainFrame::Children() const
     return children;
 }
 
-void CMainFrame::ShowAsLeft()
+void CMainFrame::ShowAtStart()
 {
     const QByteArray geometry = CProfile().value(kGeometryKey).toByteArray();
-    if (geometry.isEmpty() || !restoreGeometry(geometry))
-        showMaximized();
-    else
-        show();
+    if (geometry.isEmpty() || !restoreGeometry(geometry)) // which leaves out what the screens have no room for
+        resize(kFirstSize);
+    if (!isMaximized())
+        resize(size().boundedTo(screen()->availableSize()));
+    showMaximized();
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event)
 {
     // All questions first: a "cancel" leaves every project open.
     for (CChildFrame* child : Children()) {
-        if (!files_->MayClose(*child)) {
+        if (!asksNothing_ && !files_->MayClose(*child)) {
             event->ignore();
             return;
         }

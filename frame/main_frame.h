@@ -8,7 +8,9 @@
 
 #include <QList>
 #include <QMainWindow>
+#include <QPointer>
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -31,6 +33,14 @@ struct HomePages {
     bool first = false; ///< there is an address
     bool second = false;
     QString secondText; ///< the second entry's text; empty: there is no such entry
+};
+
+/// What the system grants a program when it ends the session.
+struct SessionEnd {
+    /// Leave to ask the user; false: no question may be shown.
+    std::function<bool()> mayAsk;
+    /// Stops the end of the session.
+    std::function<void()> cancel;
 };
 
 /// Menus, tool bar and status bar around the windows of the open projects. Carries out the commands.
@@ -56,11 +66,20 @@ public:
     /// Carries out a command of the table, or one that opens a block. Nothing happens while it may not be given.
     void RunCommand(int command);
 
-    /// Shows the window as it was left, at the first start maximised.
-    void ShowAsLeft();
+    /// Shows the window maximised. Made smaller, it has the size in which it was left, as far as the screen has room.
+    void ShowAtStart();
 
     /// Offers what a crash has left; to be called once, at the start.
     void OfferRecoveryCopies() { files_->OfferRecoveryCopies(); }
+
+    /// The session is about to end: copies first, then the questions about unsaved changes. A cancel, or an engine that
+    /// is writing to a project, stops the end.
+    void OnSessionEnd(const SessionEnd& end);
+    /// The program will be ended by force: keeps a copy of all that is not saved, for the next start to find. From here
+    /// on nothing is asked any more.
+    void EndNow();
+    /// The same without a look at the windows, which may be beyond use.
+    void KeepRecoveryCopies() { files_->KeepRecoveryCopies(); }
 
     /// Tells the user something that there is nothing to decide about.
     void Warn(const QString& text) { prompts_.warn(this, text); }
@@ -75,6 +94,7 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
@@ -120,6 +140,11 @@ private:
     void SavePicture(CChildFrame& child);
     void ShowAbout();
 
+    // The end of a session
+    [[nodiscard]] bool KeepAllCopies();
+    [[nodiscard]] bool AskAboutAll(QList<QPointer<CChildFrame>>& letGo);
+    void OnQuit();
+
     void SetUpChild(CChildFrame& child);
     void OnChildActivated();
     void UpdateStatus();
@@ -135,6 +160,10 @@ private:
     HomePages homePages_;
     QList<QAction*> windowEntries_; // one a project, made when the menu opens
     bool printing_ = false;
+    bool sessionEnds_ = false;                  // the user has answered for all projects
+    bool asksNothing_ = false;                  // the program ends, whatever is not saved
+    QList<QPointer<CChildFrame>> letGo_;        // changes that the user does not want to save
+    QList<QMetaObject::Connection> letGoLinks_; // look out for changes behind that answer
     QLabel* pathLabel_ = nullptr;
     QLabel* cellLabel_ = nullptr;
     QList<QMetaObject::Connection> docConnections_;

@@ -292,6 +292,12 @@ void CMainFrame::ShowTitle()
 
 void CMainFrame::Print(CChildFrame& child, bool preview)
 {
+    if (!prompts_.hasPrinter()) {
+        Warn(u"印刷できません。このコンピューターにはプリンターが設定されていません。\n\n"
+             u"プロジェクトには影響ありません。\n\n"
+             u"システムの設定でプリンターを追加してください。図やページは「図を保存」で PDF に保存できます。"_s);
+        return;
+    }
     const QScopedValueRollback printing(printing_, true);
     UpdateCommands();
     QPrinter printer(QPrinter::HighResolution);

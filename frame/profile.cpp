@@ -71,6 +71,14 @@ bool KeepCopy(const QString& path, const QByteArray& bytes)
     return false;
 }
 
+QStringList ListWithout(const QString& path)
+{
+    const QString full = QFileInfo(path).absoluteFilePath();
+    QStringList files = CRecentFiles::List();
+    files.removeIf([&](const QString& file) { return file.compare(full, kPathCase) == 0; });
+    return files;
+}
+
 } // namespace
 
 CProfile::CProfile() : QSettings(ProfileFormat(), QSettings::UserScope, u"KELD"_s, u"KELD section"_s) {}
@@ -89,6 +97,13 @@ bool CProfile::MayWrite() const
     return bytes && (IsIni(*bytes) || KeepCopy(fileName(), *bytes));
 }
 
+void CRecentFiles::Remove(const QString& path)
+{
+    const QStringList files = ListWithout(path);
+    if (files.size() < List().size())
+        CProfile().setValue(kRecentFilesKey, files);
+}
+
 QStringList CRecentFiles::List()
 {
     return CProfile().value(kRecentFilesKey).toStringList().mid(0, kMost);
@@ -96,10 +111,8 @@ QStringList CRecentFiles::List()
 
 void CRecentFiles::Add(const QString& path)
 {
-    const QString full = QFileInfo(path).absoluteFilePath();
-    QStringList files = List();
-    files.removeIf([&](const QString& file) { return file.compare(full, kPathCase) == 0; });
-    files.prepend(full);
+    QStringList files = ListWithout(path);
+    files.prepend(QFileInfo(path).absoluteFilePath());
     CProfile().setValue(kRecentFilesKey, QStringList(files.mid(0, kMost)));
 }
 

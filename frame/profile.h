@@ -32,6 +32,8 @@ public:
     [[nodiscard]] static QStringList List();
     /// Puts a path in front.
     static void Add(const QString& path);
+    /// Takes a path off the list.
+    static void Remove(const QString& path);
 };
 
 } // namespace sbd

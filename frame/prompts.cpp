@@ -8,11 +8,14 @@
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QPushButton>
+#include <QTreeView>
 
 namespace sbd {
 
@@ -30,6 +33,12 @@ QString RunDialog(QFileDialog& dialog, const QString& accept)
     dialog.setLabelText(QFileDialog::FileType, u"ファイルの種類:"_s);
     dialog.setLabelText(QFileDialog::Accept, accept);
     dialog.setLabelText(QFileDialog::Reject, u"キャンセル"_s);
+    // Sizes and dates whole, the name takes what is left. The system's own dialogs have no such list.
+    if (auto* list = dialog.findChild<QTreeView*>(u"treeView"_s)) {
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+        list->setTextElideMode(Qt::ElideMiddle);
+    }
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
@@ -104,19 +113,31 @@ StartChoice ChooseStart(QWidget* parent)
     return dialog.Choice();
 }
 
-RecoveryAnswer AskRecovery(QWidget* parent, const QString& text)
+RecoveryAnswer AskRecovery(QWidget* parent, const QString& text, qsizetype more)
 {
     QMessageBox box(QMessageBox::Question, u"回復用コピー"_s, text, QMessageBox::NoButton, parent);
     box.setTextFormat(Qt::PlainText);
     QPushButton* open = box.addButton(u"開く(&O)"_s, QMessageBox::AcceptRole);
     QPushButton* remove = box.addButton(u"破棄する(&D)"_s, QMessageBox::DestructiveRole);
     QPushButton* later = box.addButton(u"あとで(&L)"_s, QMessageBox::RejectRole);
+    QPushButton* allLater = more == 0 ? nullptr : box.addButton(u"残りもすべてあとで(&A)"_s, QMessageBox::RejectRole);
     box.setDefaultButton(open);
     box.setEscapeButton(later);
     box.exec();
     if (box.clickedButton() == open)
         return RecoveryAnswer::Open;
+    if (allLater != nullptr && box.clickedButton() == allLater)
+        return RecoveryAnswer::AllLater;
     return box.clickedButton() == remove ? RecoveryAnswer::Remove : RecoveryAnswer::Later;
+}
+
+bool HasPrinter()
+{
+#ifdef Q_OS_WIN
+    return !QPrinterInfo::availablePrinterNames().isEmpty();
+#else
+    return true; // the dialog can always print to a file
+#endif
 }
 
 bool ChoosePrinter(QWidget* parent, QPrinter& printer)
@@ -172,6 +193,7 @@ Prompts ScreenPrompts()
     prompts.openNewProjectFile = OpenNewProjectFile;
     prompts.showBoxWebs = ShowBoxWebSheet;
     prompts.askRecovery = AskRecovery;
+    prompts.hasPrinter = HasPrinter;
     prompts.choosePrinter = ChoosePrinter;
     prompts.previewPrint = PreviewPrint;
     prompts.savePictureName = SavePictureName;
@@ -193,7 +215,8 @@ Prompts SilentPrompts(std::function<void(const QString& text)> told)
     prompts.chooseStart = [](QWidget*) { return StartChoice(); };
     prompts.openNewProjectFile = [](QWidget*, const QString&, const QStringList&) { return QString(); };
     prompts.showBoxWebs = [](QWidget*, BoxWebNames&) { return false; };
-    prompts.askRecovery = [](QWidget*, const QString&) { return RecoveryAnswer::Later; };
+    prompts.askRecovery = [](QWidget*, const QString&, qsizetype) { return RecoveryAnswer::Later; };
+    prompts.hasPrinter = [] { return true; };
     prompts.choosePrinter = [](QWidget*, QPrinter&) { return false; };
     prompts.previewPrint = [](QWidget*, QPrinter&, const std::function<void(QPrinter&)>&) {};
     prompts.savePictureName = [](QWidget*, const QString&) { return QString(); };

@@ -22,7 +22,12 @@ namespace sbd {
 enum class SaveAnswer { Save, Discard, Cancel };
 
 /// What becomes of a recovery copy that was found at the start.
-enum class RecoveryAnswer { Open, Remove, Later };
+enum class RecoveryAnswer {
+    Open,
+    Remove,
+    Later,
+    AllLater, ///< this one and those that would be offered behind it
+};
 
 /// The dialogs of the frame, and what else reaches beyond it. A file name that comes back empty means that the user gave
 /// up.
@@ -44,9 +49,11 @@ struct Prompts {
     std::function<QString(QWidget* parent, const QString& folder, const QStringList& filters)> openNewProjectFile;
     /// The sheet of the web names of box girders.
     std::function<bool(QWidget* parent, BoxWebNames& names)> showBoxWebs;
-    /// What becomes of a recovery copy; `text` tells of it.
-    std::function<RecoveryAnswer(QWidget* parent, const QString& text)> askRecovery;
+    /// What becomes of a recovery copy; `text` tells of it, `more` of them wait behind it.
+    std::function<RecoveryAnswer(QWidget* parent, const QString& text, qsizetype more)> askRecovery;
 
+    /// False where nothing can be printed on: the system's dialogs would not even come up.
+    std::function<bool()> hasPrinter;
     /// The printer to print on, with the user's choices; false: given up.
     std::function<bool(QWidget* parent, QPrinter& printer)> choosePrinter;
     /// Shows what `paint` puts on paper, from where it may be printed.

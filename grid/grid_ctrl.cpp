@@ -28,7 +28,7 @@ CGridCtrl::CGridCtrl(QWidget* parent)
     , rowHeight_(kRowHeight)
 {
     showMessage = [this](const QString& message) {
-        QMessageBox::warning(this, QApplication::applicationDisplayName(), message);
+        QMessageBox::warning(this, QStringLiteral("KELD section"), message);
     };
     setHorizontalHeader(head_);
     setVerticalHeader(numbers_);

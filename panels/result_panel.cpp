@@ -1,6 +1,7 @@
 #include "panels/result_panel.h"
 
 #include "document/file_name.h"
+#include "document/path.h"
 #include "document/result_session.h"
 #include "document/section_doc.h"
 #include "grid/grid_ctrl.h"
@@ -24,7 +25,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
-#include <QSaveFile>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -119,7 +119,9 @@ CDown253::CDown253(CKELDSectionDoc* doc, QWidget* parent)
     , print([doc](QWidget* owner, const CResultTable& table, const ResultSelection& selection) {
         return PrintOnPaper(*doc, owner, table, selection);
     })
-    , warn([](QWidget* owner, const QString& message) { QMessageBox::warning(owner, QString(), message); })
+    , warn([](QWidget* owner, const QString& message) {
+        QMessageBox::warning(owner, QStringLiteral("KELD section"), message);
+    })
     , shown_(doc)
     , session_(ResultSessionOf(*doc))
     , cells_(std::make_unique<CResultSource>(doc->rowWidthMode))
@@ -465,12 +467,12 @@ void CDown253::SaveCsv()
     const QString path = askFile(this, TableFile(*shown_, session_.selection, u".csv"_s));
     if (path.isEmpty())
         return;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(ResultCsv(cells_->Table(), session_.selection)) < 0
-        || !file.commit())
+    const QByteArray csv = ResultCsv(cells_->Table(), session_.selection);
+    const FileResult result = ReplaceFileBytes(ToPath(path), {csv.constData(), static_cast<std::size_t>(csv.size())});
+    if (!result.Ok())
         warn(this, tr("表を保存できませんでした。%1\n元のファイルがあれば、そのまま残っています。\n"
                       "保存先の空きと権限を確かめるか、別の場所に保存してください。\n\n(詳細: %2)")
-                       .arg(path, file.errorString()));
+                       .arg(path, QString::fromStdString(result.detail)));
 }
 
 void CDown253::Print()

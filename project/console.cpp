@@ -68,4 +68,13 @@ void UseConsoleOfStarter()
 #endif
 }
 
+void LeaveConsoleOfStarter()
+{
+#ifdef _WIN32
+    std::fflush(stdout);
+    std::fflush(stderr);
+    FreeConsole();
+#endif
+}
+
 } // namespace sbd

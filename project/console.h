@@ -21,4 +21,7 @@ bool PrintBytes(std::FILE* stream, std::string_view bytes);
 /// gives such programs none. Does nothing on other systems.
 void UseConsoleOfStarter();
 
+/// Lets go of that console: a program that stays in it is ended with its window.
+void LeaveConsoleOfStarter();
+
 } // namespace sbd

@@ -1,10 +1,15 @@
 #include "project/file_access.h"
 
+#include <cerrno>
+
 #ifdef _WIN32
 #define WIN32_LEAN_AND_MEAN
+#include <io.h>
 #include <windows.h>
 #else
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 namespace sbd {
@@ -28,7 +33,12 @@ std::wstring SystemPath(const std::filesystem::path& path)
 
 FileHandle OpenForReading(const std::filesystem::path& path)
 {
-    return FileHandle(_wfopen(SystemPath(path).c_str(), L"rb"));
+    FileHandle file(_wfopen(SystemPath(path).c_str(), L"rb"));
+    if (file && GetFileType(reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file.get())))) != FILE_TYPE_DISK) {
+        errno = ENXIO;
+        return nullptr;
+    }
+    return file;
 }
 
 FileFacts LookAtFile(const std::filesystem::path& path)
@@ -53,7 +63,16 @@ FileFacts LookAtFile(const std::filesystem::path& path)
 
 FileHandle OpenForReading(const std::filesystem::path& path)
 {
-    return FileHandle(std::fopen(path.c_str(), "rb"));
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (file < 0)
+        return nullptr;
+    struct stat status = {};
+    if (::fstat(file, &status) != 0 || !(S_ISREG(status.st_mode) || S_ISDIR(status.st_mode))) {
+        ::close(file);
+        errno = ENXIO;
+        return nullptr;
+    }
+    return FileHandle(::fdopen(file, "rb"));
 }
 
 FileFacts LookAtFile(const std::filesystem::path& path)

@@ -14,7 +14,8 @@ struct CloseFile {
 };
 using FileHandle = std::unique_ptr<std::FILE, CloseFile>;
 
-/// Opens the bytes of a file; null, with errno set, if that cannot be. Other programs may read and write meanwhile.
+/// Opens the bytes of a plain file; null, with errno set, if that cannot be. Never waits, as for the writer of a pipe:
+/// what is no plain file is not opened (ENXIO). Other programs may read and write meanwhile.
 [[nodiscard]] FileHandle OpenForReading(const std::filesystem::path& path);
 
 /// What stands at a path, links followed.

@@ -6,11 +6,13 @@
 #include "sbdfile/grid_names.h"
 #include "sbdfile/reader.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <iterator>
 #include <limits>
 #include <memory>
-#include <system_error>
+#include <string_view>
 
 namespace sbd {
 
@@ -19,12 +21,60 @@ namespace {
 /// Cells are found by 32-bit places in their column, so that no file may be larger.
 constexpr std::uintmax_t kLargestFile = std::numeric_limits<std::uint32_t>::max();
 
+struct ErrorText {
+    int code;
+    std::string_view words;
+};
+
+constexpr ErrorText kErrorTexts[] = {
+    {ENOENT, "ファイルまたはフォルダーがありません"},
+    {ENOTDIR, "パスの途中にフォルダーでないものがあります"},
+    {EISDIR, "フォルダーです"},
+    {EACCES, "アクセスが許可されていません"},
+    {EPERM, "操作が許可されていません"},
+    {EROFS, "読み取り専用のファイルシステムです"},
+    {ENOSPC, "ディスクに空きがありません"},
+    {EFBIG, "ファイルの大きさの上限を超えています"},
+#ifdef EDQUOT
+    {EDQUOT, "ディスク使用量の割り当てを超えています"},
+#endif
+    {EIO, "入出力エラーです"},
+    {ENXIO, "相手のデバイスまたはプログラムがありません"},
+    {ENODEV, "デバイスがありません"},
+    {EBUSY, "使用中です"},
+    {EEXIST, "同じ名前のファイルがすでにあります"},
+    {EINVAL, "使えない名前または値です"},
+    {ENAMETOOLONG, "名前またはパスが長すぎます"},
+    {ELOOP, "リンクの段数が多すぎます"},
+    {EMFILE, "開いているファイルが多すぎます"},
+    {ENFILE, "システムで開いているファイルが多すぎます"},
+    {ENOMEM, "メモリーが足りません"},
+    {EINTR, "処理が中断されました"},
+    {EPIPE, "相手のプログラムが終了しました"},
+    {ETIMEDOUT, "時間内に応答がありませんでした"},
+#ifdef ESTALE
+    {ESTALE, "ネットワークドライブとの接続が切れています"},
+#endif
+#ifdef EHOSTDOWN
+    {EHOSTDOWN, "ネットワークドライブの相手が停止しています"},
+#endif
+    {EHOSTUNREACH, "ネットワークドライブの相手に接続できません"},
+    {ENETUNREACH, "ネットワークに接続できません"},
+    {ENOTCONN, "ネットワークに接続されていません"},
+};
+
+std::string WordsOf(int code)
+{
+    const auto text = std::ranges::find(kErrorTexts, code, &ErrorText::code);
+    return text != std::end(kErrorTexts) ? std::string(text->words) : "エラー番号 " + std::to_string(code);
+}
+
 } // namespace
 
 FileResult ErrorOfCode(int code)
 {
     FileResult result;
-    result.detail = std::generic_category().message(code);
+    result.detail = WordsOf(code);
     switch (code) {
     case ENOENT:
     case ENOTDIR:
@@ -56,6 +106,8 @@ FileResult ReadFileBytes(const std::filesystem::path& path, std::string& bytes)
     const FileFacts facts = LookAtFile(path);
     if (facts.kind == FileFacts::Kind::Folder)
         return ErrorOfCode(EISDIR);
+    if (facts.kind == FileFacts::Kind::Other)
+        return {FileError::NoPlainFile, "パイプ、デバイスまたはソケットです"};
     const FileHandle file = OpenForReading(path);
     if (!file)
         return ErrorOfCode(errno);

@@ -15,19 +15,20 @@ enum class FileError {
     None,
     NotFound, ///< no such file, or no such folder
     IsFolder,
+    NoPlainFile,  ///< a pipe, a device, a socket: nothing that a project could be kept in
     NoPermission, ///< not readable, not writable, or on a read-only file system
     DiskFull,     ///< also a quota or a limit on file size
     Other,
 };
 
-/// What happened: the error, and the system's own words for it in English.
+/// What happened: the error, and what the system says about it, in Japanese (UTF-8).
 struct FileResult {
     FileError error = FileError::None;
     std::string detail;
     [[nodiscard]] bool Ok() const { return error == FileError::None; }
 };
 
-/// The bytes of a file.
+/// The bytes of a file. What is no plain file is refused at once: nobody may ever write to the other end of a pipe.
 [[nodiscard]] FileResult ReadFileBytes(const std::filesystem::path& path, std::string& bytes);
 
 /// Puts `bytes` in place of a file: afterwards the whole new file stands, or the whole old one. What is not a

@@ -57,11 +57,11 @@ private:
     return true;
 }
 
-/// Writes to a device or pipe as it stands.
+/// Writes to a device or pipe as it stands. A pipe that nobody reads is not waited for.
 FileResult WriteDirectly(const std::filesystem::path& path, std::string_view bytes)
 {
-    Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
-    if (!file.Open() || !WriteAll(file.Number(), bytes) || !file.Close())
+    Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.Open() || ::fcntl(file.Number(), F_SETFL, 0) != 0 || !WriteAll(file.Number(), bytes) || !file.Close())
         return ErrorOfCode(errno);
     return {};
 }

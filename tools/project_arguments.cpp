@@ -29,6 +29,8 @@ std::string_view ErrorWords(FileError error)
         return "ファイルまたはフォルダがありません";
     case FileError::IsFolder:
         return "フォルダです。ファイルを指定してください";
+    case FileError::NoPlainFile:
+        return "ふつうのファイルではありません";
     case FileError::NoPermission:
         return "アクセスする権限がありません";
     case FileError::DiskFull:

@@ -285,6 +285,13 @@ upgrade() {
     grep -vE 'Only in .*(HOLM4|deployment.ini|new.sbd|uninstall)|box2.sbd' "$work/differences" >"$work/unexpected" || true
     expect "differences after the upgrade" "$(<"$work/unexpected")" ""
     expect "what *.sbd was before" "$(value "$uninstall_key" PreviousType)" Other.Program
+    # An older version over a newer one asks; where nobody can be asked nothing is done.
+    local code=0
+    windows reg add "$uninstall_key" /v DisplayVersion /d 99.0.0 /f >/dev/null
+    windows "$setup" /S || code=$?
+    expect "installing over a newer version" "$code" 4
+    expect "the version behind that" "$(value "$uninstall_key" DisplayVersion)" 99.0.0
+    windows reg add "$uninstall_key" /v DisplayVersion /d "$version" /f >/dev/null
 }
 
 left_by_user() {

@@ -15,6 +15,7 @@ AllowSkipFiles off
 !include MUI2.nsh
 !include LogicLib.nsh
 !include WinVer.nsh
+!include WordFunc.nsh
 !include StrFunc.nsh
 ${Using:StrFunc} StrLoc
 ${Using:StrFunc} StrTrimNewLines
@@ -27,6 +28,7 @@ ${Using:StrFunc} StrTrimNewLines
 !define FILE_LIST "uninstall.lst"
 !define RUNS_TWICE 2 ; exit codes of a silent installation: NSIS's own for one that was given up
 !define OLD_WINDOWS 3
+!define NEWER_STANDS 4
 
 Name "${NAME}"
 OutFile "${OUTPUT}"
@@ -95,6 +97,12 @@ LangString AlreadyStarted ${LANG_JAPANESE} "${NAME} のインストーラーは�
 LangString AlreadyStarted ${LANG_ENGLISH} "The installer of ${NAME} is running already."
 LangString WindowsTooOld ${LANG_JAPANESE} "${NAME} は Windows 10 以降で動きます。インストールは行いません。"
 LangString WindowsTooOld ${LANG_ENGLISH} "${NAME} needs Windows 10 or newer. Nothing is installed."
+LangString NewerStands ${LANG_JAPANESE} "新しい版の ${NAME} $R0 がインストールされています。$\r$\n$\r$\n\
+古い版 ${VERSION} に入れ替えますか？ プロジェクトと設定はそのまま残りますが、新しい版で保存したプロジェクトの一部が、\
+古い版では表示されないことがあります。$\r$\n$\r$\n[いいえ] を押すと、何も変えずに中止します。"
+LangString NewerStands ${LANG_ENGLISH} "A newer version, ${NAME} $R0, is installed.$\r$\n$\r$\n\
+Replace it by the older version ${VERSION}? Projects and settings stay, but parts of projects that the newer version \
+has saved may not be shown by the older one.$\r$\n$\r$\n[No] gives up and changes nothing."
 LangString FilesLeft ${LANG_JAPANESE} "${NAME} を取り除きました。$\r$\n$\r$\n\
 次のフォルダには、インストーラーが入れたのではないファイルか、ご自分で書き換えた例題が残っています。\
 要らなければ、フォルダごと削除してください。$\r$\n$\r$\n$INSTDIR"
@@ -257,6 +265,18 @@ Function .onInit
     MessageBox MB_OK|MB_ICONSTOP "$(WindowsTooOld)" /SD IDOK
     SetErrorLevel ${OLD_WINDOWS}
     Quit
+  ${EndIf}
+  ReadRegStr $R0 HKCU "${UNINSTALL_KEY}" DisplayVersion
+  ReadRegStr $R1 HKCU "${UNINSTALL_KEY}" InstallLocation
+  ${If} $R0 != ""
+  ${AndIf} ${FileExists} "$R1\sbdstation.exe"
+    ${VersionCompare} "$R0" "${VERSION}" $R1
+    ${If} $R1 == 1 ; the one that stands there is newer
+      MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "$(NewerStands)" /SD IDNO IDYES replace
+      SetErrorLevel ${NEWER_STANDS}
+      Quit
+      replace:
+    ${EndIf}
   ${EndIf}
 FunctionEnd
 

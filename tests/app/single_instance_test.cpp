@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
+#include <QTimer>
 #include <QWidget>
 
 #include <cstdio>
@@ -114,12 +115,14 @@ private slots:
     void theActivationTokenIsHandedOver();
     void afterTheFirstOneHasEndedTheNextIsFirst();
     void aCrashedOneDoesNotStandInTheWay();
+    void aCrashedOneThatHadOurNumberDoesNotStandInTheWay();
     void ofManyStartsAtOneMomentOneIsFirst();
     void aBusyFirstOneFindsTheRequestLater();
     void aFirstOneThatDoesNotListenIsToldApart();
     void aStartWhileTheFirstOneEndsBecomesTheFirst();
     void aFirstOneThatHangsUpWithoutAWordHasNotTakenTheRequest();
     void whoTakesTheLockOfAnEndingOneIsHeard();
+    void aBoxOnTheFirstOneOutlivesTheSecond();
     void otherNamesAreOtherPrograms();
     void nonsenseOnTheSocketIsPassedOver();
     void aFolderThatTakesNoLockLetsTheProgramStart();
@@ -203,6 +206,30 @@ void SingleInstanceTest::aCrashedOneDoesNotStandInTheWay()
     Start second(name.name, {u"/a.sbd"_s});
     QCOMPARE(second.Line(), u"second"_s);
     QCOMPARE(next.Line(), u"request "_s + Full(u"/a.sbd"_s));
+}
+
+void SingleInstanceTest::aCrashedOneThatHadOurNumberDoesNotStandInTheWay()
+{
+    const Name name;
+    QByteArray bytes;
+    {
+        CSingleInstance before(name.name);
+        QCOMPARE(before.Start({}), CSingleInstance::Role::First);
+        QFile lock(name.name + u".lock"_s);
+        QVERIFY(lock.open(QFile::ReadOnly));
+        bytes = lock.readAll();
+    }
+    QVERIFY(bytes.startsWith(QByteArray::number(QCoreApplication::applicationPid()) + '\n'));
+    QFile lock(name.name + u".lock"_s);
+    QVERIFY(lock.open(QFile::WriteOnly));
+    lock.write(bytes); // as a process with our number leaves it that is killed
+    lock.close();
+    CSingleInstance next(name.name);
+    next.patience = 200;
+    QCOMPARE(next.Start({}), CSingleInstance::Role::First);
+    Start second(name.name); // and it is locked again
+    QTRY_COMPARE(second.bytesAvailable() > 0, true);
+    QCOMPARE(second.Line(), u"second"_s);
 }
 
 void SingleInstanceTest::ofManyStartsAtOneMomentOneIsFirst()
@@ -295,6 +322,34 @@ void SingleInstanceTest::whoTakesTheLockOfAnEndingOneIsHeard()
         QCOMPARE(second.Line(), u"second"_s);
         QCOMPARE(next.Line(), u"request "_s + Full(u"/a.sbd"_s));
     }
+}
+
+void SingleInstanceTest::aBoxOnTheFirstOneOutlivesTheSecond()
+{
+    const Name name;
+    CSingleInstance first(name.name);
+    QLocalSocket second;
+    bool wordsAreRead = false; // the socket has come to the end of its own call
+    bool requestCameBehind = false;
+    bool boxIsClosed = false;
+    connect(&first, &CSingleInstance::requested, this, [&] {
+        requestCameBehind = wordsAreRead;
+        // A message about the project, which the user reads while the second start ends and its socket goes.
+        QEventLoop box;
+        QTimer::singleShot(100, &second, &QLocalSocket::disconnectFromServer);
+        QTimer::singleShot(500, &box, &QEventLoop::quit);
+        box.exec();
+        boxIsClosed = true;
+    });
+    QCOMPARE(first.Start({}), CSingleInstance::Role::First);
+    second.connectToServer(name.name);
+    QVERIFY(second.waitForConnected());
+    QTRY_VERIFY(first.findChild<QLocalSocket*>() != nullptr);
+    auto* socket = first.findChild<QLocalSocket*>();
+    connect(socket, &QLocalSocket::readyRead, this, [&] { wordsAreRead = true; });
+    second.write("{\"paths\":[\"/a.sbd\"]}\n");
+    QTRY_VERIFY(boxIsClosed);
+    QVERIFY(requestCameBehind);
 }
 
 void SingleInstanceTest::otherNamesAreOtherPrograms()

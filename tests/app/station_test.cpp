@@ -9,6 +9,7 @@
 #include <QImage>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 using namespace sbd;
@@ -42,6 +43,41 @@ private slots:
     void aWrongCommandLineEndsWithTwo();
     void theKeyboardIsInTheCellThatTheCommandLineNames();
     void thePagesHaveAJapaneseFontOfOneWidth();
+    void aStartThatOpensNothingEndsBehindItsMessage();
+    void aStartThatOpensOneProjectOfTwoGoesOn();
+};
+
+/// Starts the window; each message box is closed by Enter, and the program when it stands and no box comes.
+struct WindowStart {
+    int boxes = 0;
+    bool stood = false;
+    bool maximised = false;
+
+    int Run(const QStringList& projects)
+    {
+        StartOptions options;
+        options.projects = projects;
+        QTimer clock;
+        QObject::connect(&clock, &QTimer::timeout, &clock, [&] {
+            if (QWidget* box = QApplication::activeModalWidget()) {
+                ++boxes;
+                QTest::keyClick(box, Qt::Key_Return);
+                return;
+            }
+            for (QWidget* window : QApplication::topLevelWidgets()) {
+                if (qobject_cast<CMainFrame*>(window) != nullptr && window->isVisible() && ++quiet_ > 5) {
+                    stood = true;
+                    maximised = window->isMaximized();
+                    QApplication::exit(0);
+                }
+            }
+        });
+        clock.start(100);
+        return RunStation(options);
+    }
+
+private:
+    int quiet_ = 0;
 };
 
 void StationTest::aPictureOfTheWholeWindowIsDrawn()
@@ -113,6 +149,27 @@ void StationTest::thePagesHaveAJapaneseFontOfOneWidth()
     const QFont font(u"ＭＳ ゴシック"_s, 12);
     const QFontMetricsF metrics(font);
     QCOMPARE(metrics.horizontalAdvance(u"桁"_s), 2 * metrics.horizontalAdvance(u"A"_s));
+}
+
+void StationTest::aStartThatOpensNothingEndsBehindItsMessage()
+{
+    const QTemporaryDir folder;
+    WindowStart start;
+    QCOMPARE(start.Run({folder.filePath(u"a.sbd"_s), folder.filePath(u"b.sbd"_s)}), 1);
+    QCOMPARE(start.boxes, 2);
+    QVERIFY(!start.stood);
+}
+
+void StationTest::aStartThatOpensOneProjectOfTwoGoesOn()
+{
+    const QTemporaryDir folder;
+    const QString project = folder.filePath(u"plate4.sbd"_s);
+    QVERIFY(QFile::copy(kPlate, project));
+    WindowStart start;
+    QCOMPARE(start.Run({folder.filePath(u"a.sbd"_s), project}), kExitDone);
+    QCOMPARE(start.boxes, 1);
+    QVERIFY(start.stood);
+    QVERIFY(start.maximised);
 }
 
 QTEST_MAIN(StationTest)

@@ -26,6 +26,11 @@ private slots:
     void faultsOfBeforeDoNotCount();
     void nothingIsLostWhereNothingWas();
     void everyLargeCutIsFound();
+    void aCutAtASectionsEndIsFound_data();
+    void aCutAtASectionsEndIsFound();
+    void aSectionThatLostItsRowsIsFound();
+    void aSectionWithoutRowsMayGo();
+    void aSectionOfAnotherVersionIsMissedToo();
 };
 
 void BrokenFileTest::whatAnEngineChangesIsNotBroken()
@@ -38,8 +43,7 @@ void BrokenFileTest::whatAnEngineChangesIsNotBroken()
         changed.replace(changed.find(" YES\r\n"), 4, " NO");
         QVERIFY(!LooksBroken(before, changed));
         QVERIFY(!LooksBroken(before, before + "[NEW_SECTION] 999\r\n  1 2 3\r\n[END NEW_SECTION]\r\n\r\n"));
-        const std::size_t last = before.rfind("[MBD_CONTROL]");
-        QVERIFY(!LooksBroken(before, before.substr(0, last))); // a section less
+        QCOMPARE(SectionsThatLostTheirRows(before, changed), std::vector<std::string>());
     }
 }
 
@@ -93,6 +97,67 @@ void BrokenFileTest::everyLargeCutIsFound()
     const std::string before = Example(u"box2"_s);
     for (std::size_t size = 0; size < before.size() / 2; size += 997)
         QVERIFY2(LooksBroken(before, before.substr(0, size)), std::to_string(size).c_str());
+}
+
+void BrokenFileTest::aCutAtASectionsEndIsFound_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"plate4", "box2", "single1"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void BrokenFileTest::aCutAtASectionsEndIsFound()
+{
+    QFETCH(const QString, name);
+    const std::string before = Example(name);
+    int cuts = 0;
+    for (std::size_t end = before.find("\n[E"); end != std::string::npos; end = before.find("\n[E", end + 1)) {
+        const std::size_t lineEnd = before.find('\n', end + 1) + 1;
+        if (before.find("\n[E", lineEnd) == std::string::npos)
+            break; // behind the last section nothing is lost
+        QVERIFY2(LooksBroken(before, before.substr(0, lineEnd)), std::to_string(lineEnd).c_str());
+        QVERIFY(!SectionsThatLostTheirRows(before, before.substr(0, lineEnd)).empty());
+        ++cuts;
+    }
+    QVERIFY2(cuts > 20, std::to_string(cuts).c_str());
+}
+
+void BrokenFileTest::aSectionThatLostItsRowsIsFound()
+{
+    const std::string before = Example(u"plate4"_s);
+    const std::size_t begin = before.find('\n', before.find("[SEC_H_GIRDER]")) + 1;
+    const std::size_t end = before.find("[E", begin);
+    std::string emptied = before;
+    emptied.erase(begin, end - begin);
+    QVERIFY(LooksBroken(before, emptied));
+    QCOMPARE(SectionsThatLostTheirRows(before, emptied), std::vector<std::string>{"311"});
+    std::string gone = before;
+    gone.erase(before.find("[SEC_H_GIRDER]"), before.find('\n', end) + 1 - before.find("[SEC_H_GIRDER]"));
+    QVERIFY(LooksBroken(before, gone));
+    QCOMPARE(SectionsThatLostTheirRows(before, gone), std::vector<std::string>{"311"});
+    QCOMPARE(SectionsThatLostTheirRows(emptied, gone), std::vector<std::string>());
+}
+
+void BrokenFileTest::aSectionWithoutRowsMayGo()
+{
+    const std::string before = Example(u"plate4"_s);
+    const auto with = [&](const std::string& rows) {
+        return before + "[SEC_BOX_OTHER] 333\r\n" + rows + "[END SEC_BOX_OTHER]\r\n";
+    };
+    // A control row alone is as good as no section: a save leaves it out too.
+    const std::string control = "  \x8e\xa9\x93\xae\x8c\x76\x8e\x5a(YES_NO) YES\r\n";
+    QVERIFY(!LooksBroken(with(control), before));
+    QVERIFY(!LooksBroken(with("! 1 2 3\r\n\r\n"), before));
+    QVERIFY(LooksBroken(with(control + "  G1 1 2 3\r\n"), before));
+    QVERIFY(LooksBroken(with(control + "  G1 1 2 3\r\n"), with(control)));
+}
+
+void BrokenFileTest::aSectionOfAnotherVersionIsMissedToo()
+{
+    const std::string before = Example(u"single1"_s);
+    const std::string cut = before.substr(0, before.find("[USER_MEMO]"));
+    QVERIFY(LooksBroken(before, cut));
+    QCOMPARE(SectionsThatLostTheirRows(before, cut), std::vector<std::string>{"[USER_MEMO]"});
 }
 
 QTEST_GUILESS_MAIN(BrokenFileTest)

@@ -4,12 +4,17 @@
 #include "sbdfile/project_file.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
+#else
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
 #endif
 
 using namespace Qt::StringLiterals;
@@ -83,6 +88,7 @@ private slots:
     void theMutexStandsAsLongAsOneHolderLives();
     void theMutexIsSeenByAnotherProcess();
     void theMutexGoesWithAKilledProcess();
+    void aProgramThatKeepsTheMutexToItselfIsNotWaitedFor();
     void withoutItsFolderTheMutexHindersNobody();
     void theMutexHasTheNameThatOtherProgramsUse();
 };
@@ -309,6 +315,26 @@ void ProjectLockTest::theMutexGoesWithAKilledProcess()
     QVERIFY(CAnalysisMutex(folder.path()).Existed());
     other.Kill();
     QVERIFY(!CAnalysisMutex(folder.path()).Existed());
+}
+
+void ProjectLockTest::aProgramThatKeepsTheMutexToItselfIsNotWaitedFor()
+{
+#ifdef Q_OS_UNIX
+    const QTemporaryDir folder;
+    {
+        const CAnalysisMutex mutex(folder.path()); // makes the file
+    }
+    const QStringList files = QDir(folder.path()).entryList(QDir::Files);
+    QCOMPARE(files.size(), 1);
+    const int file = ::open(QFile::encodeName(folder.filePath(files[0])).constData(), O_RDWR | O_CLOEXEC);
+    QVERIFY(file >= 0 && ::flock(file, LOCK_EX | LOCK_NB) == 0);
+    QElapsedTimer clock;
+    clock.start();
+    QVERIFY(CAnalysisMutex(folder.path()).Existed()); // waits for ever if it waits
+    QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+    ::close(file);
+    QVERIFY(!CAnalysisMutex(folder.path()).Existed());
+#endif
 }
 
 void ProjectLockTest::withoutItsFolderTheMutexHindersNobody()

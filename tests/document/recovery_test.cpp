@@ -55,6 +55,9 @@ private slots:
     void aLivingSessionKeepsItsCopy();
     void aKilledSessionLeavesItsCopy();
     void aSessionThatEndsCleanlyLeavesNothing();
+    void aCopyOfAProcessThatHadOurNumberIsFound();
+    void ourOwnCopyIsNotFound();
+    void namesSortByTime();
 };
 
 void RecoveryTest::aCopyHoldsTheBytesAndNoOneElseSeesIt()
@@ -231,6 +234,52 @@ void RecoveryTest::aSessionThatEndsCleanlyLeavesNothing()
     QCOMPARE(session.Word(), u"written"_s);
     session.End();
     QCOMPARE(Files(folder.path()), QStringList());
+}
+
+void RecoveryTest::aCopyOfAProcessThatHadOurNumberIsFound()
+{
+    const QTemporaryDir folder;
+    QByteArray lock;
+    {
+        CRecoveryCopy copy(folder.path());
+        QVERIFY(copy.Write(kProject, "left"));
+        lock = Bytes(copy.File().replace(u".sbd"_s, u".lock"_s));
+    }
+    QVERIFY(lock.startsWith(QByteArray::number(QCoreApplication::applicationPid()) + '\n'));
+    const QString file = FindRecoveryCopies(folder.path()).at(0).file;
+    QFile left(QString(file).replace(u".sbd"_s, u".lock"_s));
+    QVERIFY(left.open(QFile::WriteOnly));
+    left.write(lock); // as a process with our number leaves it that is killed
+    left.close();
+    const QList<RecoveryCopy> copies = FindRecoveryCopies(folder.path());
+    QCOMPARE(copies.size(), 1);
+    QCOMPARE(copies[0].file, file);
+}
+
+void RecoveryTest::ourOwnCopyIsNotFound()
+{
+    const QTemporaryDir folder;
+    CRecoveryCopy mine(folder.path());
+    QVERIFY(mine.Write(kProject, "mine"));
+    const QStringList before = Files(folder.path());
+    for (int i = 0; i < 2; ++i)
+        QVERIFY(FindRecoveryCopies(folder.path()).isEmpty());
+    QCOMPARE(Files(folder.path()), before);
+    mine.Discard();
+}
+
+void RecoveryTest::namesSortByTime()
+{
+    const QTemporaryDir folder;
+    for (const char* text : {"1", "2", "3", "4"}) {
+        CRecoveryCopy copy(folder.path());
+        QVERIFY(copy.Write(kProject, text));
+        QTest::qWait(5);
+    }
+    QByteArray texts;
+    for (const QString& name : QDir(folder.path()).entryList({u"*.sbd"_s}, QDir::Files, QDir::Name))
+        texts += Bytes(folder.filePath(name));
+    QCOMPARE(texts, "1234");
 }
 
 int main(int argc, char** argv)

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -212,6 +213,11 @@ void SectionDocTest::aSaveThatFailsLeavesPathAndModifiedStateAlone()
     QCOMPARE(doc.SaveDocument(folder.path()).error, FileError::IsFolder);
 #ifdef Q_OS_LINUX
     QCOMPARE(doc.SaveDocument(u"/dev/full"_s).error, FileError::DiskFull);
+#endif
+#ifdef Q_OS_UNIX
+    const QString pipe = folder.filePath(u"pipe.sbd"_s);
+    QCOMPARE(QProcess::execute(u"mkfifo"_s, {pipe}), 0);
+    QCOMPARE(doc.SaveDocument(pipe).error, FileError::NoPlainFile);
 #endif
     QCOMPARE(doc.PathName(), path);
     QVERIFY(doc.IsModified());

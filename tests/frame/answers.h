@@ -49,7 +49,7 @@ struct Answers {
             return newProjectFile;
         };
         prompts.showBoxWebs = [this](QWidget*, BoxWebNames& names) { return boxWebs(names); };
-        prompts.askRecovery = [this](QWidget*, const QString& text) {
+        prompts.askRecovery = [this](QWidget*, const QString& text, qsizetype) {
             asked.append(text);
             return recovery;
         };

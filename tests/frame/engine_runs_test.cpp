@@ -15,6 +15,8 @@
 #include <QTimer>
 #include <QWindow>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using namespace sbd;
 
@@ -96,7 +98,11 @@ private slots:
     void rubbishIsToldAndTheCopyHasTheProject();
     void aCutFileIsTold();
     void aFileThatIsGoneIsTold();
-    void onlyTheLastCopyOfAProjectIsKept();
+    void aFileCutAtASectionsEndIsTold();
+    void aKeptCopyOutlivesFurtherRuns();
+    void everyCopyIsKept();
+    void aFileThatBrokeWhileItsProjectWasClosedKeepsItsCopy();
+    void aCheckWithoutRoomForTheCopyIsNotMade();
     void aKilledProgramLeavesItsCopy();
 
     // the window
@@ -265,7 +271,41 @@ void EngineRunsTest::aFileThatIsGoneIsTold()
     QCOMPARE(Bytes(FindRecoveryCopies(bench.Recovery()).at(0).file), before);
 }
 
-void EngineRunsTest::onlyTheLastCopyOfAProjectIsKept()
+void EngineRunsTest::aFileCutAtASectionsEndIsTold()
+{
+    RunBench bench;
+    const QByteArray before = Bytes(bench.path);
+    const qsizetype end = before.indexOf("[CBD_GRID]");
+    QVERIFY(end > before.size() / 2);
+    bench.Engine("truncate "_ba + QByteArray::number(end) + '\n');
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
+    QCOMPARE(Told(bench).size(), 1);
+    QVERIFY2(Told(bench)[0].contains(u"データがなくなったブロック: 501, 503, 504, 505, 506, 511, "_s),
+             qPrintable(Told(bench)[0]));
+    const QList<RecoveryCopy> copies = FindRecoveryCopies(bench.Recovery());
+    QCOMPARE(copies.size(), 1);
+    QCOMPARE(Bytes(copies[0].file), before);
+    QVERIFY(Told(bench)[0].contains(QDir::toNativeSeparators(copies[0].file)));
+}
+
+void EngineRunsTest::aKeptCopyOutlivesFurtherRuns()
+{
+    RunBench bench;
+    const QByteArray before = Bytes(bench.path);
+    bench.Engine("truncate "_ba + QByteArray::number(before.indexOf("[CBD_GRID]")) + '\n');
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
+    bench.Engine("chk ok\n");
+    bench.Enter("ON TOP OF A BROKEN FILE");
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Check, bench.Project()));
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
+    bench.Engine("rubbish 1000\n");
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Result, bench.Project()));
+    const QList<RecoveryCopy> copies = FindRecoveryCopies(bench.Recovery());
+    QCOMPARE(copies.size(), 3);
+    QVERIFY(std::ranges::any_of(copies, [&](const RecoveryCopy& copy) { return Bytes(copy.file) == before; }));
+}
+
+void EngineRunsTest::everyCopyIsKept()
 {
     RunBench bench;
     bench.Engine("chk ok\n");
@@ -273,9 +313,47 @@ void EngineRunsTest::onlyTheLastCopyOfAProjectIsKept()
         bench.Enter(title);
         QVERIFY(bench.runner.RunAndReload(EngineRun::Check, bench.Project()));
     }
-    const QList<RecoveryCopy> copies = FindRecoveryCopies(bench.Recovery());
-    QCOMPARE(copies.size(), 1);
-    QVERIFY(Bytes(copies[0].file).startsWith("TITLE:CCC\r\n"));
+    QStringList titles;
+    for (const QString& name : QDir(bench.Recovery()).entryList({u"*.sbd"_s}, QDir::Files, QDir::Name)) {
+        const QByteArray bytes = Bytes(bench.Recovery() + u'/' + name);
+        titles += QString::fromLatin1(bytes.left(bytes.indexOf('\r')));
+    }
+    QCOMPARE(titles, QStringList({u"TITLE:AAA"_s, u"TITLE:BBB"_s, u"TITLE:CCC"_s})); // the names sort by time
+    QCOMPARE(bench.notices.size(), 3);
+    for (const QString& notice : bench.notices)
+        QVERIFY(notice.contains(QDir::toNativeSeparators(bench.Recovery())));
+}
+
+void EngineRunsTest::aFileThatBrokeWhileItsProjectWasClosedKeepsItsCopy()
+{
+    RunBench bench;
+    const QByteArray before = Bytes(bench.path);
+    bench.Engine("truncate "_ba + QByteArray::number(before.indexOf("[CBD_GRID]")) + '\n');
+    bench.whileEngineRuns = [&] { delete bench.child; };
+    QVERIFY(bench.runner.Run(EngineRun::Main, bench.Project()));
+    Settle();
+    QCOMPARE(bench.log.last(), u"not read"_s);
+    QCOMPARE(Bytes(FindRecoveryCopies(bench.Recovery()).at(0).file), before);
+    QCOMPARE(Told(bench).size(), 1);
+    QVERIFY(!Told(bench)[0].contains(u"画面には"_s));
+}
+
+void EngineRunsTest::aCheckWithoutRoomForTheCopyIsNotMade()
+{
+    RunBench bench;
+    QFile file(bench.Recovery());
+    QVERIFY(file.open(QFile::WriteOnly)); // no folder can be made in its place
+    bench.Engine("value RESET_RESULTS NO\n");
+    bench.Enter("ENTERED");
+    QVERIFY(!bench.runner.RunAndReload(EngineRun::Check, bench.Project()));
+    QCOMPARE(Told(bench).size(), 1);
+    QVERIFY(Told(bench)[0].contains(QDir::toNativeSeparators(bench.Recovery())));
+    QCOMPARE(bench.Title(), u"ENTERED"_s);
+    QVERIFY(bench.Doc().IsModified());
+    QVERIFY(bench.lock.IsHeld());
+    // What is saved is in no danger.
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
+    QCOMPARE(bench.Doc().Data().Option(301, 1), std::string_view("NO"));
 }
 
 void EngineRunsTest::aKilledProgramLeavesItsCopy()

@@ -1,4 +1,5 @@
 #include "answers.h"
+#include "document/save_flow.h"
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
 #include "frame/file_commands.h"
@@ -6,7 +7,12 @@
 
 #include <QDir>
 #include <QMdiArea>
+#include <QStandardPaths>
 #include <QTest>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 
 using namespace Qt::StringLiterals;
 using namespace sbd;
@@ -51,6 +57,11 @@ private slots:
     void openingAFileThatIsOpenBringsItsWindowToTheFront();
     void openingALinkToAnOpenFileBringsItsWindowToTheFront();
     void aFileThatCannotBeOpenedIsToldAndChangesNothing();
+    void aRecentFileThatIsGoneLeavesTheListOnceThatIsTold();
+#ifdef Q_OS_UNIX
+    void aReadOnlyProjectSaysSoInItsTitle();
+#endif
+    void theFirstOpenDialogStandsInTheDocumentsFolder();
     void aFileOfAnotherKindIsRefused();
     void givingUpTheDialogsDoesNothing();
 
@@ -131,6 +142,69 @@ void FileCommandsTest::aFileThatCannotBeOpenedIsToldAndChangesNothing()
     QCOMPARE(desk.user.warned.size(), 1);
     QVERIFY2(desk.user.warned[0].contains(u"見つかりません"_s), qPrintable(desk.user.warned[0]));
     QVERIFY(CRecentFiles::List().isEmpty());
+}
+
+void FileCommandsTest::aRecentFileThatIsGoneLeavesTheListOnceThatIsTold()
+{
+    Desk desk;
+    const QString path = desk.folder.Example(u"plate4"_s);
+    QVERIFY(desk.files.OpenFile(path) != nullptr);
+    QVERIFY(desk.OpenExample(u"box2"_s) != nullptr);
+    QCOMPARE(CRecentFiles::List().size(), 2);
+    for (QMdiSubWindow* window : desk.area.subWindowList())
+        delete window;
+    QVERIFY(QFile::remove(path));
+    QCOMPARE(CRecentFiles::List().size(), 2); // not told yet
+    QVERIFY(desk.files.OpenFile(path) == nullptr);
+    QCOMPARE(desk.user.warned.size(), 1);
+    QCOMPARE(CRecentFiles::List(), QStringList({desk.folder.Path(u"box2.sbd"_s)}));
+    // A file that stands there and cannot be read stays.
+    CRecentFiles::Add(desk.folder.Path(u"folder.sbd"_s));
+    QVERIFY(QDir().mkpath(desk.folder.Path(u"folder.sbd"_s)));
+    QVERIFY(desk.files.OpenFile(desk.folder.Path(u"folder.sbd"_s)) == nullptr);
+    QCOMPARE(CRecentFiles::List().size(), 2);
+}
+
+#ifdef Q_OS_UNIX
+void FileCommandsTest::aReadOnlyProjectSaysSoInItsTitle()
+{
+    Desk desk;
+    const QString path = desk.folder.Example(u"plate4"_s);
+    const QString folder = QFileInfo(path).path();
+    QFile::setPermissions(folder, QFile::Permissions(0x7755)); // for everybody to look into
+    QFile::setPermissions(path, QFile::Permissions(0x6644));
+    const bool isRoot = ::geteuid() == 0; // who may write whatever the rights say
+    constexpr uid_t nobody = 65534;
+    QVERIFY(!isRoot || ::setresuid(nobody, nobody, 0) == 0);
+    QFile::setPermissions(path, QFile::Permissions(0x4444)); // no effect as somebody else
+    const bool readOnly = IsReadOnly(path);
+    CChildFrame* child = desk.files.OpenFile(path);
+    const QString title = child == nullptr ? QString() : child->windowTitle();
+    QVERIFY(!isRoot || ::setresuid(0, 0, 0) == 0);
+    QVERIFY(readOnly);
+    QCOMPARE(title, u"plate4.sbd[*] (読み取り専用)"_s);
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+    QVERIFY(!IsReadOnly(path));
+    QVERIFY(!IsReadOnly({}));
+    QVERIFY(!IsReadOnly(folder + u"/missing.sbd"_s));
+}
+#endif
+
+void FileCommandsTest::theFirstOpenDialogStandsInTheDocumentsFolder()
+{
+    Desk desk;
+    QVERIFY(CRecentFiles::List().isEmpty());
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QVERIFY(QDir().mkpath(documents));
+    QString folder;
+    Prompts prompts = desk.user.Dialogs();
+    prompts.openFileName = [&](QWidget*, const QString& from) {
+        folder = from;
+        return QString();
+    };
+    CFileCommands files(desk.area, prompts);
+    QVERIFY(files.Open() == nullptr);
+    QCOMPARE(folder, documents);
 }
 
 void FileCommandsTest::aFileOfAnotherKindIsRefused()

@@ -15,6 +15,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPointer>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTest>
 
@@ -96,7 +97,8 @@ private slots:
     void droppedProjectsOpen();
     void otherThingsDroppedAreRefused();
     void closingAsksForEveryChangedProjectFirst();
-    void theWindowComesBackInItsSize();
+    void theWindowComesUpMaximisedAndKeepsItsSize();
+    void theFirstSizeFitsTheScreen();
 };
 
 void MainFrameTest::theDataMenuHoldsEveryBlockWithAMenuText()
@@ -275,7 +277,7 @@ void MainFrameTest::closingAsksForEveryChangedProjectFirst()
     QVERIFY(station.frame.Children().isEmpty());
 }
 
-void MainFrameTest::theWindowComesBackInItsSize()
+void MainFrameTest::theWindowComesUpMaximisedAndKeepsItsSize()
 {
     const TestFolder folder;
     Answers user;
@@ -287,9 +289,24 @@ void MainFrameTest::theWindowComesBackInItsSize()
         frame.close();
     }
     CMainFrame frame(user.Dialogs());
-    frame.ShowAsLeft();
+    frame.ShowAtStart();
     QVERIFY(QTest::qWaitForWindowExposed(&frame));
-    QCOMPARE(frame.size(), QSize(700, 600));
+    QVERIFY(frame.isMaximized());
+    QCOMPARE(frame.normalGeometry().size(), QSize(700, 600));
+}
+
+void MainFrameTest::theFirstSizeFitsTheScreen()
+{
+    const TestFolder folder;
+    Answers user;
+    CMainFrame frame(user.Dialogs());
+    frame.ShowAtStart();
+    QVERIFY(QTest::qWaitForWindowExposed(&frame));
+    QVERIFY(frame.isMaximized());
+    const QSize room = frame.screen()->availableSize();
+    const QSize own = frame.normalGeometry().size();
+    QVERIFY2(own.width() <= room.width() && own.height() <= room.height(),
+             qPrintable(u"%1x%2"_s.arg(own.width()).arg(own.height())));
 }
 
 QTEST_MAIN(MainFrameTest)

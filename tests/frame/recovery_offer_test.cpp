@@ -39,6 +39,7 @@ private slots:
     void aCleanEndLeavesNoCopy();
     void anUnwantedCopyIsRemoved();
     void laterOffersTheCopyAgain();
+    void ofManyCopiesTheRestCanBePutOffAtOnce();
     void theCopyOfAProjectThatIsOpenComesWithoutAPath();
 };
 
@@ -122,6 +123,24 @@ void RecoveryOfferTest::laterOffersTheCopyAgain()
     QCOMPARE(FindRecoveryCopies().size(), 1);
     station.frame.OfferRecoveryCopies();
     QCOMPARE(station.user.asked.size(), 2);
+}
+
+void RecoveryOfferTest::ofManyCopiesTheRestCanBePutOffAtOnce()
+{
+    LifeStation station;
+    const QString path = station.folder.Example(u"plate4"_s);
+    for (const char* title : {"TITLE:A\r\n", "TITLE:B\r\n", "TITLE:C\r\n"})
+        QVERIFY(CRecoveryCopy().Write(path, title));
+    station.frame.OfferRecoveryCopies();
+    QCOMPARE(station.user.asked.size(), 3);
+    QVERIFY(station.user.asked[0].contains(u"3 個のうち 1 個目"_s));
+    for (const QString& text : station.user.asked)
+        QVERIFY(text.contains(QDir::toNativeSeparators(RecoveryFolder()))); // says where it is kept
+    station.user.asked.clear();
+    station.user.recovery = RecoveryAnswer::AllLater;
+    station.frame.OfferRecoveryCopies();
+    QCOMPARE(station.user.asked.size(), 1);
+    QCOMPARE(FindRecoveryCopies().size(), 3);
 }
 
 void RecoveryOfferTest::theCopyOfAProjectThatIsOpenComesWithoutAPath()

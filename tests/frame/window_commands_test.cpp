@@ -110,6 +110,7 @@ private slots:
     void theDataMenuFollowsTheTypeOfTheProject();
     void filtersCountOnlyWhenNotEverythingIsShown();
     void paneSizesAreKeptOnlyWhenAskedFor();
+    void panesOfALargerScreenFitThisOne();
     void colourAndFontAreKept();
     void theResetKeepsTheCells();
     void decimalsBelongToTheProject();
@@ -122,6 +123,7 @@ private slots:
     void blockOf253HasNoSwitchToTheModel();
     void theNotesTakeThePlaceOfThePage();
     void printingPutsThePageOnPaper();
+    void withoutAPrinterTheUserIsTold();
     void nothingOfTheViewMayBeGivenWhilePrinting();
     void documentsAndPagesGoOutside();
     void homePagesFollowTheDeployment();
@@ -369,6 +371,21 @@ void WindowCommandsTest::paneSizesAreKeptOnlyWhenAskedFor()
     QCOMPARE(station.child->UpView().height(), station.child->ComputedPanes().up);
 }
 
+void WindowCommandsTest::panesOfALargerScreenFitThisOne()
+{
+    Station station;
+    station.child->SetPanes({5000, 4000, 0});
+    QApplication::processEvents();
+    constexpr int labels = 470; // px, numbers and labels of 301
+    QVERIFY2(station.child->UpView().width() >= labels, qPrintable(QString::number(station.child->UpView().width())));
+    QVERIFY(station.child->Panel()->height() >= 150);
+    QVERIFY(station.child->UpView().height() > 0);
+    CSettings().SetPanes({5000, 4000, 0});
+    station.Start();
+    QVERIFY(station.child->UpView().width() >= labels);
+    QVERIFY(station.child->Panel()->height() >= 150);
+}
+
 void WindowCommandsTest::colourAndFontAreKept()
 {
     Station station;
@@ -549,6 +566,23 @@ void WindowCommandsTest::printingPutsThePageOnPaper()
     station.Start();
     station.Give(57607);
     QVERIFY(Bytes(file).startsWith("%PDF"));
+}
+
+void WindowCommandsTest::withoutAPrinterTheUserIsTold()
+{
+    Station station;
+    station.prompts.hasPrinter = [] { return false; };
+    int dialogs = 0;
+    station.prompts.choosePrinter = [&](QWidget*, QPrinter&) { return ++dialogs == 0; };
+    station.prompts.previewPrint = [&](QWidget*, QPrinter&, const std::function<void(QPrinter&)>&) { ++dialogs; };
+    QStringList told;
+    station.prompts.warn = [&](QWidget*, const QString& text) { told += text; };
+    station.Start();
+    station.Give(57607);
+    station.Give(57609);
+    QCOMPARE(dialogs, 0);
+    QCOMPARE(told.size(), 2);
+    QVERIFY(told[0].contains(u"プリンター"_s));
 }
 
 void WindowCommandsTest::nothingOfTheViewMayBeGivenWhilePrinting()

@@ -1,4 +1,6 @@
 // Saving: whatever goes wrong on the way, the old file stands whole, and the user can be told why.
+#include "project/file_access.h"
+#include "sbdfile/file_errors.h"
 #include "sbdfile/project_file.h"
 
 #include <gmock/gmock.h>
@@ -223,7 +225,7 @@ TEST_F(ReplaceFileTest, AFolderIsNotReplaced)
     fs::create_directory(folder_ / "folder.sbd");
     const FileResult result = ReplaceFileBytes(folder_ / "folder.sbd", new_);
     EXPECT_EQ(result.error, FileError::IsFolder);
-    EXPECT_EQ(result.detail, "Is a directory");
+    EXPECT_EQ(result.detail, "フォルダーです");
     EXPECT_TRUE(fs::is_directory(folder_ / "folder.sbd"));
 }
 
@@ -231,11 +233,43 @@ TEST_F(ReplaceFileTest, AFolderThatIsNotThereIsToldAsNotFound)
 {
     const FileResult result = ReplaceFileBytes(folder_ / "missing" / "bridge.sbd", new_);
     EXPECT_EQ(result.error, FileError::NotFound);
-    EXPECT_EQ(result.detail, "No such file or directory");
+    EXPECT_EQ(result.detail, "ファイルまたはフォルダーがありません");
     EXPECT_FALSE(fs::exists(folder_ / "missing"));
     EXPECT_EQ(ReplaceFileBytes(file_ / "bridge.sbd", new_).error, FileError::NotFound)
         << "a file where a folder is named";
     EXPECT_TRUE(Bytes(file_) == old_);
+}
+
+TEST_F(ReplaceFileTest, APipeThatNobodyReadsIsNotWaitedFor)
+{
+    ASSERT_EQ(::mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    const FileResult result = ReplaceFileBytes(folder_ / "pipe", new_);
+    EXPECT_EQ(result.error, FileError::Other);
+    EXPECT_TRUE(fs::is_fifo(folder_ / "pipe"));
+}
+
+TEST_F(ReplaceFileTest, WhatIsNoPlainFileIsNotRead)
+{
+    ASSERT_EQ(::mkfifo((folder_ / "pipe.sbd").c_str(), 0600), 0);
+    fs::create_symlink(folder_ / "pipe.sbd", folder_ / "link.sbd");
+    std::string bytes = "before";
+    for (const fs::path& path :
+         {folder_ / "pipe.sbd", folder_ / "link.sbd", fs::path("/dev/null"), fs::path("/dev/zero")}) {
+        const FileResult result = ReadFileBytes(path, bytes); // waits for ever if it waits
+        EXPECT_EQ(result.error, FileError::NoPlainFile) << path;
+        EXPECT_FALSE(result.detail.empty());
+        EXPECT_FALSE(OpenForReading(path)) << path;
+    }
+    EXPECT_EQ(bytes, "before");
+}
+
+TEST_F(ReplaceFileTest, TheSystemsWordsAreJapaneseForEveryCommonError)
+{
+    for (const int code : {ENOENT, ENOTDIR, EISDIR,       EACCES, EPERM,  EROFS,  ENOSPC, EFBIG,     EDQUOT, EIO, ENXIO,
+                           EBUSY,  EINVAL,  ENAMETOOLONG, ELOOP,  EMFILE, ENFILE, ENOMEM, ETIMEDOUT, ESTALE, 9999}) {
+        const std::string words = ErrorOfCode(code).detail;
+        EXPECT_GT(static_cast<unsigned char>(words.at(0)), 0x7FU) << code << ": " << words;
+    }
 }
 
 TEST_F(ReplaceFileTest, AFullDeviceIsToldAsDiskFull)
@@ -244,7 +278,7 @@ TEST_F(ReplaceFileTest, AFullDeviceIsToldAsDiskFull)
         GTEST_SKIP() << "this system has no /dev/full";
     const FileResult result = ReplaceFileBytes("/dev/full", new_);
     EXPECT_EQ(result.error, FileError::DiskFull);
-    EXPECT_EQ(result.detail, "No space left on device");
+    EXPECT_EQ(result.detail, "ディスクに空きがありません");
     EXPECT_TRUE(fs::is_character_file("/dev/full")) << "the device itself must not be replaced";
 }
 
