@@ -46,7 +46,8 @@ ParsedArguments ParseArguments(std::span<const std::string> arguments, AllowedOp
 {
     const std::array rules = {
         OptionRule{allowed.names, "--names", [](ParsedArguments& p, const std::string& v) { p.names = v; }},
-        OptionRule{allowed.names, "--no-names", [](ParsedArguments& p, const std::string&) { p.noNames = true; }, false},
+        OptionRule{allowed.names, "--no-names", [](ParsedArguments& p, const std::string&) { p.noNames = true; },
+                   false},
         OptionRule{allowed.plain, "--plain", [](ParsedArguments& p, const std::string&) { p.plain = true; }, false},
         OptionRule{allowed.asJson, "--json", [](ParsedArguments& p, const std::string&) { p.asJson = true; }, false},
         OptionRule{allowed.tree, "--mode", [](ParsedArguments& p, const std::string& v) { p.mode = v; }},

@@ -46,7 +46,7 @@ private:
     void ShowPageOf(int block);
 
     CKELDSectionDoc* doc_;
-    QToolButton* backButton_; // there only behind a link
+    QToolButton* backButton_; // there only after a link was followed
     int returnBlock_ = 0;
     PageExtent extent_;
     HelpCell positionedFor_{-1, -1, -1};
