@@ -13,12 +13,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr DocumentCommand kDocuments[] = {
-    {33168, "KELD_Section_README.doc"_L1},
-    {33169, "KELD_Cross_README.DOC"_L1},
-    {33175, "KELD_Fem_README.doc"_L1},
-    {33171, "KELD_Stringer_and_Bracket_README.DOC"_L1},
-    {33173, "KELD_Support_Stiff_Diaphragm_README.DOC"_L1},
-    {33174, "KELD_Material_README.doc"_L1},
+    {Command::GirderDocument, "KELD_Section_README.doc"_L1},
+    {Command::CrossDocument, "KELD_Cross_README.DOC"_L1},
+    {Command::FemDocument, "KELD_Fem_README.doc"_L1},
+    {Command::StringerDocument, "KELD_Stringer_and_Bracket_README.DOC"_L1},
+    {Command::SupportDocument, "KELD_Support_Stiff_Diaphragm_README.DOC"_L1},
+    {Command::QuantityDocument, "KELD_Material_README.doc"_L1},
 };
 
 /// The file whatever the case of its name: the message asks for ".doc" where the table has ".DOC".
@@ -45,11 +45,11 @@ QString SecondHomePageText(const DeploymentSettings& settings)
     return settings.secondHomePageName.isEmpty() ? QString() : settings.secondHomePageName + u" Homepage..."_s;
 }
 
-QUrl WebPage(int command, const DeploymentSettings& settings)
+QUrl WebPage(Command command, const DeploymentSettings& settings)
 {
-    if (command == kHomePageCommand)
+    if (command == Command::HomePage)
         return settings.homePage;
-    return command == kSecondHomePageCommand ? settings.secondHomePage : QUrl();
+    return command == Command::SecondHomePage ? settings.secondHomePage : QUrl();
 }
 
 QString MissingDocumentMessage(const DocumentCommand& document, const QUrl& homePage)
@@ -68,7 +68,7 @@ COutside::COutside(QString programFolder, DeploymentSettings settings, Seams sea
         seams_.open = QDesktopServices::openUrl;
 }
 
-void COutside::Run(int command) const
+void COutside::Run(Command command) const
 {
     const auto document = std::ranges::find(kDocuments, command, &DocumentCommand::command);
     if (document != std::end(kDocuments))

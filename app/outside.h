@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/deployment.h"
+#include "commands/commands.h"
 
 #include <QString>
 #include <QUrl>
@@ -13,21 +14,17 @@ namespace sbd {
 
 /// A command that opens a document beside the program.
 struct DocumentCommand {
-    int command;
+    Command command;
     QLatin1StringView file;
 };
 
 /// In the order of the menu.
 [[nodiscard]] std::span<const DocumentCommand> DocumentCommands();
 
-/// Menu commands of the web pages.
-inline constexpr int kHomePageCommand = 32766;
-inline constexpr int kSecondHomePageCommand = 32767;
-
 /// Text of the second page in the menu; empty if the deployment has no name for it.
 [[nodiscard]] QString SecondHomePageText(const DeploymentSettings& settings);
 /// The page of a web command; empty if the deployment sets none: the command has nothing to do.
-[[nodiscard]] QUrl WebPage(int command, const DeploymentSettings& settings);
+[[nodiscard]] QUrl WebPage(Command command, const DeploymentSettings& settings);
 
 /// What is told when a document is missing.
 [[nodiscard]] QString MissingDocumentMessage(const DocumentCommand& document, const QUrl& homePage);
@@ -43,8 +40,8 @@ public:
     /// Documents stand in `programFolder`.
     COutside(QString programFolder, DeploymentSettings settings, Seams seams);
 
-    /// What the commands do; other numbers do nothing. What the desktop answers is not looked at.
-    void Run(int command) const;
+    /// What the commands do; others do nothing. What the desktop answers is not looked at.
+    void Run(Command command) const;
 
 private:
     void OpenDocument(const DocumentCommand& document) const;

@@ -12,7 +12,8 @@ void ConnectOutside(CMainFrame& frame, const DeploymentSettings& settings)
     COutside::Seams seams;
     seams.warn = [&frame](const QString& text) { frame.Warn(text); };
     const COutside outside(QApplication::applicationDirPath(), settings, std::move(seams));
-    QObject::connect(&frame, &CMainFrame::commandForOutside, &frame, [outside](int command) { outside.Run(command); });
+    QObject::connect(&frame, &CMainFrame::commandForOutside, &frame,
+                     [outside](Command command) { outside.Run(command); });
     frame.SetHomePages(
         {!settings.homePage.isEmpty(), !settings.secondHomePage.isEmpty(), SecondHomePageText(settings)});
 }

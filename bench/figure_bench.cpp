@@ -75,7 +75,7 @@ CSbdData WithLateralBracing(std::int64_t rows)
 FigureView FromAbove()
 {
     FigureView view;
-    ApplyViewCommand(view, 32991);
+    ApplyViewCommand(view, Command::ViewXY);
     return view;
 }
 

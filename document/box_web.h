@@ -1,4 +1,4 @@
-// Names of the webs of box girders: asked once behind an import, stored in block 305.
+// Names of the webs of box girders: asked once after an import, stored in block 305.
 #pragma once
 
 #include "document/save_flow.h"

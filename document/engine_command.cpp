@@ -13,11 +13,11 @@ namespace {
 constexpr auto kMainEngine = "HOLM4_W_GIRDER_SECTION.exe"_L1;
 
 constexpr EngineRunInfo kRuns[] = {
-    {EngineRun::Check, 39254, 254, kMainEngine, " CHECK"_L1, true, false},
-    {EngineRun::Main, 39255, 255, kMainEngine, " RUN"_L1, true, true},
-    {EngineRun::Result, 39256, 256, kMainEngine, " RESULT"_L1, true, true},
-    {EngineRun::Cross, 33028, 0, "HOLM4_W_CROSS.exe"_L1, {}, false, true},
-    {EngineRun::Support, 33029, 0, "KELD_Support_Stiff_Diaphragm.exe"_L1, {}, false, true},
+    {EngineRun::Check, Command::CheckData, 254, kMainEngine, " CHECK"_L1, true, false},
+    {EngineRun::Main, Command::RunAll, 255, kMainEngine, " RUN"_L1, true, true},
+    {EngineRun::Result, Command::RunAndPrint, 256, kMainEngine, " RESULT"_L1, true, true},
+    {EngineRun::Cross, Command::ShowCrossResults, 0, "HOLM4_W_CROSS.exe"_L1, {}, false, true},
+    {EngineRun::Support, Command::ShowSupportResults, 0, "KELD_Support_Stiff_Diaphragm.exe"_L1, {}, false, true},
 };
 
 } // namespace

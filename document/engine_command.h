@@ -1,6 +1,8 @@
 // The five engine runs, and the command lines that start them.
 #pragma once
 
+#include "commands/commands.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -20,7 +22,7 @@ enum class EngineRun {
 /// One run. Texts are ASCII.
 struct EngineRunInfo {
     EngineRun run;
-    int command;                ///< menu command
+    Command command;            ///< menu command
     int block;                  ///< block of the tree and the data menu that stands for the run; 0: none
     QLatin1StringView engine;   ///< file name of the program, beside our own
     QLatin1StringView argument; ///< behind the quoted path, with its blank; empty: none

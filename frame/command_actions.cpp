@@ -1,6 +1,7 @@
 #include "frame/command_actions.h"
 
 #include "frame/command_icon.h"
+#include "panels/command_text.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -12,18 +13,7 @@
 
 namespace sbd {
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
-QString FromUtf8(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-} // namespace
-
-CCommandActions::CCommandActions(QWidget* window, std::function<void(int command)> run)
+CCommandActions::CCommandActions(QWidget* window, std::function<void(Command command)> run)
     : QObject(window)
     , window_(window)
 {
@@ -31,7 +21,7 @@ CCommandActions::CCommandActions(QWidget* window, std::function<void(int command
         AddAction(row, run);
 }
 
-void CCommandActions::AddAction(const CommandRow& row, const std::function<void(int)>& run)
+void CCommandActions::AddAction(const CommandRow& row, const std::function<void(Command)>& run)
 {
     auto* action = new QAction(EntryText(row), window_);
     if (row.scope == KeyScope::Window)
@@ -43,12 +33,12 @@ void CCommandActions::AddAction(const CommandRow& row, const std::function<void(
     action->setCheckable(row.mark != CommandMark::None);
     action->setMenuRole(QAction::NoRole);
     if (!row.icon.empty())
-        action->setIcon(CommandIcon(FromUtf8(row.icon)));
-    connect(action, &QAction::triggered, this, [run, id = row.id] { run(id); });
-    actions_.emplace(row.id, action);
+        action->setIcon(CommandIcon(CommandWords(row.icon)));
+    connect(action, &QAction::triggered, this, [run, command = row.command] { run(command); });
+    actions_.emplace(row.command, action);
 }
 
-QAction* CCommandActions::Of(int command) const
+QAction* CCommandActions::Of(Command command) const
 {
     const auto found = actions_.find(command);
     return found == actions_.end() ? nullptr : found->second;
@@ -63,7 +53,7 @@ QMenu* CCommandActions::Menu(MenuId menu) const
 void CCommandActions::FillMenuBar(QMenuBar& bar, const std::function<void(QMenu& menu, MenuFill entries)>& fill)
 {
     for (const MenuItem& item : MenuBarItems()) {
-        if (const int* command = std::get_if<int>(&item)) {
+        if (const Command* command = std::get_if<Command>(&item)) {
             bar.addAction(Of(*command));
             continue;
         }
@@ -81,7 +71,7 @@ void CCommandActions::FillMenu(QMenu& menu, const MenuRow& row, const std::funct
         } else if (const MenuId* below = std::get_if<MenuId>(&item)) {
             const MenuRow& belowRow = MenuOf(*below);
             FillMenu(*menu.addMenu(EntryText(belowRow.title)), belowRow, fill);
-        } else if (const int command = std::get<int>(item); command == kSeparator) {
+        } else if (const Command command = std::get<Command>(item); command == kSeparator) {
             menu.addSeparator();
         } else {
             menu.addAction(Of(command));
@@ -94,21 +84,20 @@ void CCommandActions::GroupRadios(std::span<const MenuItem> items)
 {
     QActionGroup* group = nullptr;
     for (const MenuItem& item : items) {
-        const int* command = std::get_if<int>(&item);
-        const CommandRow* row = command == nullptr ? nullptr : FindCommand(*command);
-        if (row == nullptr || row->mark != CommandMark::Radio) {
+        const Command* command = std::get_if<Command>(&item);
+        if (command == nullptr || *command == kSeparator || RowOf(*command).mark != CommandMark::Radio) {
             group = nullptr;
             continue;
         }
         if (group == nullptr)
             group = new QActionGroup(this);
-        group->addAction(Of(row->id));
+        group->addAction(Of(*command));
     }
 }
 
 void CCommandActions::FillToolBar(QToolBar& bar) const
 {
-    for (const int command : ToolBarItems()) {
+    for (const Command command : ToolBarItems()) {
         if (command == kSeparator)
             bar.addSeparator();
         else
@@ -119,10 +108,10 @@ void CCommandActions::FillToolBar(QToolBar& bar) const
 void CCommandActions::Update(const std::function<bool(CommandNeeds)>& holds)
 {
     for (const CommandRow& row : CommandTable())
-        Of(row.id)->setEnabled(row.needs == CommandNeeds::Nothing || holds(row.needs));
+        Of(row.command)->setEnabled(row.needs == CommandNeeds::Nothing || holds(row.needs));
 }
 
-void CCommandActions::SetMark(int command, bool marked)
+void CCommandActions::SetMark(Command command, bool marked)
 {
     if (QAction* action = Of(command); action != nullptr && action->isCheckable())
         action->setChecked(marked);

@@ -1,7 +1,7 @@
 // CCommandActions: the command table as actions of a window.
 #pragma once
 
-#include "frame/commands.h"
+#include "commands/commands.h"
 
 #include <QObject>
 
@@ -19,11 +19,11 @@ namespace sbd {
 /// One action for each command, shared by menus and tool bar. What a command does and whether it may is asked.
 class CCommandActions : public QObject {
 public:
-    /// `run` is called with the number of the command that the user gives.
-    CCommandActions(QWidget* window, std::function<void(int command)> run);
+    /// `run` is called with the command that the user gives.
+    CCommandActions(QWidget* window, std::function<void(Command command)> run);
 
-    /// Null if there is no such command.
-    [[nodiscard]] QAction* Of(int command) const;
+    /// Null for Command::None.
+    [[nodiscard]] QAction* Of(Command command) const;
     /// Null before FillMenuBar.
     [[nodiscard]] QMenu* Menu(MenuId menu) const;
 
@@ -35,15 +35,15 @@ public:
     /// Enables what may be given now.
     void Update(const std::function<bool(CommandNeeds)>& holds);
     /// Sets or clears the mark of an entry; in a group of which one is marked the others lose theirs.
-    void SetMark(int command, bool marked);
+    void SetMark(Command command, bool marked);
 
 private:
-    void AddAction(const CommandRow& row, const std::function<void(int)>& run);
+    void AddAction(const CommandRow& row, const std::function<void(Command)>& run);
     void FillMenu(QMenu& menu, const MenuRow& row, const std::function<void(QMenu&, MenuFill)>& fill);
     void GroupRadios(std::span<const MenuItem> items);
 
     QWidget* window_;
-    std::map<int, QAction*> actions_;
+    std::map<Command, QAction*> actions_;
     std::map<MenuId, QMenu*> menus_;
 };
 

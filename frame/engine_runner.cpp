@@ -219,7 +219,7 @@ bool CEngineRunner::StartAndWait(EngineRun run, const QString& engine, const Run
         Tell(project, EngineMissingMessage(run));
         return false;
     }
-    // Behind the messages that wait already, and ahead of what the user does next.
+    // After the messages that wait already, and before of what the user does next.
     QMetaObject::invokeMethod(
         this, [this, project, record] { BringBack(project, record); }, Qt::QueuedConnection);
     return true;

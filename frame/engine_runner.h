@@ -49,7 +49,7 @@ struct RunProject {
     QPointer<QWidget> window; ///< messages stand over it
     /// The save wrapper: saves under the project's own name and takes the lock. False: not saved, the user knows.
     std::function<bool()> save;
-    /// Calls `change` while no panel stands on the document; the panel of before is built anew behind it.
+    /// Calls `change` while no panel stands on the document; the panel of before is built anew after it.
     std::function<void(const std::function<void()>& change)> withoutPanel;
 };
 
@@ -59,7 +59,7 @@ struct RunProject {
 /// Calls `change` while the window shows a block without a panel, and builds the panel of before anew.
 void WithoutPanel(CChildFrame& child, const std::function<void()>& change);
 
-/// What came of the project behind a run.
+/// What came of the project after a run.
 enum class AfterRunResult {
     NoDocument, ///< it is closed
     NotRead,    ///< the engine still holds the file, or it cannot be written or read
@@ -77,7 +77,7 @@ public:
     explicit CEngineRunner(RunSeams seams = ScreenRunSeams(), QObject* parent = nullptr);
     ~CEngineRunner() override;
 
-    /// Makes a run and comes back when the engine has ended; the project is read again behind the messages that wait
+    /// Makes a run and comes back when the engine has ended; the project is read again after the messages that wait
     /// already. Does nothing while another run is under way. True if the engine ran.
     bool Run(EngineRun run, const RunProject& project);
 

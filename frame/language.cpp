@@ -9,9 +9,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr LanguageMode kModes[] = {
-    {32764, TitleLanguage::English, "English"},
-    {32763, TitleLanguage::Japanese, "Japanese"},
-    {32762, TitleLanguage::EnglishAndJapanese, "EnglishAndJapanese"},
+    {Command::English, TitleLanguage::English, "English"},
+    {Command::Japanese, TitleLanguage::Japanese, "Japanese"},
+    {Command::EnglishAndJapanese, TitleLanguage::EnglishAndJapanese, "EnglishAndJapanese"},
 };
 
 } // namespace
@@ -26,7 +26,7 @@ const LanguageMode& LanguageModeOf(TitleLanguage language)
     return *std::ranges::find(kModes, language, &LanguageMode::language);
 }
 
-const LanguageMode* LanguageModeOf(int command)
+const LanguageMode* LanguageModeOf(Command command)
 {
     const auto* const mode = std::ranges::find(kModes, command, &LanguageMode::command);
     return mode == std::end(kModes) ? nullptr : mode;

@@ -1,7 +1,7 @@
 // CMainFrame: the top window.
 #pragma once
 
-#include "frame/commands.h"
+#include "commands/commands.h"
 #include "frame/file_commands.h"
 #include "frame/prompts.h"
 #include "panelmodel/tree_rows.h"
@@ -63,8 +63,12 @@ public:
     /// The actions of menus and tool bar.
     [[nodiscard]] const CCommandActions& Actions() const { return *actions_; }
 
-    /// Carries out a command of the table, or one that opens a block. Nothing happens while it may not be given.
-    void RunCommand(int command);
+    /// Carries out a command. Nothing happens while it may not be given.
+    void RunCommand(Command command);
+    /// What the data menu's entry of a block does: shows the block, or starts the run that it stands for.
+    void OpenBlock(int block);
+    /// True for what the frame carries out by itself; what it does not is for outside.
+    [[nodiscard]] bool HasHandler(Command command) const { return handlers_.contains(command); }
 
     /// Shows the window maximised. Made smaller, it has the size in which it was left, as far as the screen has room.
     void ShowAtStart();
@@ -89,8 +93,8 @@ public:
     void SetVersionText(const QString& text);
 
 signals:
-    /// A command of the table that reaches beyond the frame: documents and home pages.
-    void commandForOutside(int command);
+    /// A command whose owner is outside: documents and home pages.
+    void commandForOutside(Command command);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -119,6 +123,7 @@ private:
     void UpdateCommands();
     void UpdateMarks();
     [[nodiscard]] bool Holds(CommandNeeds needs) const;
+    [[nodiscard]] bool MayBeGiven(Command command) const;
 
     // Commands
     void CreateHandlers();
@@ -129,9 +134,9 @@ private:
     void AddTreeHandlers();
     void AddSettingsHandlers();
     void AddWindowHandlers();
-    void OnChild(int command, std::function<void(CChildFrame&)> run);
-    void OnEditor(int command, std::function<void(QLineEdit&)> inEditor, void (CPanel::*inPanel)());
-    void OnRow(int command, void (CPanel::*run)());
+    void OnChild(Command command, std::function<void(CChildFrame&)> run);
+    void OnEditor(Command command, std::function<void(QLineEdit&)> inEditor, void (CPanel::*inPanel)());
+    void OnRow(Command command, void (CPanel::*run)());
     void ChangeCells(const std::function<void(CChildFrame& child)>& change);
     void SetTreeView();
     void SetTabbed(bool tabbed);
@@ -153,7 +158,7 @@ private:
     Prompts prompts_;
     std::unique_ptr<CFileCommands> files_;
     CCommandActions* actions_ = nullptr;
-    std::map<int, std::function<void()>> handlers_; // by command
+    std::map<Command, std::function<void()>> handlers_;
     std::vector<DataEntry> dataEntries_;
     std::optional<std::pair<TitleLanguage, std::string>> titledFor_; // what the data menu's titles stand for
     TreeView treeView_;                                              // of all projects

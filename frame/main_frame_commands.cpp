@@ -1,4 +1,5 @@
 // What the commands of the top window do.
+#include "commands/commands.h"
 #include "document/file_name.h"
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
@@ -9,7 +10,9 @@
 #include "panels/panel.h"
 #include "panels/print_name.h"
 #include "panels/search_panel.h"
+#include "project/block_numbers.h"
 #include "project/catalogue.h"
+#include "results/figure_view.h"
 #include "upperview/up_view.h"
 
 #include <QApplication>
@@ -29,13 +32,6 @@ namespace {
 
 const auto kTitle = u"KELD section"_s;
 
-constexpr int kNotesBlock = 100;
-constexpr int kSearchBlock = 999;
-
-/// The commands of the model figure.
-constexpr int kFirstViewCommand = 32991;
-constexpr int kLastViewCommand = 33000;
-
 /// "plate4_313": the project and the block whose page is on show, as the name of a print or a picture.
 QString PageName(CChildFrame& child)
 {
@@ -47,15 +43,36 @@ QString PageName(CChildFrame& child)
 
 } // namespace
 
-void CMainFrame::RunCommand(int command)
+void CMainFrame::RunCommand(Command command)
 {
-    const CommandRow* row = FindCommand(command);
-    if (row != nullptr && row->needs != CommandNeeds::Nothing && !Holds(row->needs))
+    if (!MayBeGiven(command))
         return;
     if (const auto handler = handlers_.find(command); handler != handlers_.end())
         handler->second();
-    else if (row != nullptr)
+    else if (RowOf(command).owner == CommandOwner::Outside)
         emit commandForOutside(command);
+    UpdateCommands();
+}
+
+bool CMainFrame::MayBeGiven(Command command) const
+{
+    if (command == Command::None)
+        return false;
+    const CommandNeeds needs = RowOf(command).needs;
+    return needs == CommandNeeds::Nothing || Holds(needs);
+}
+
+void CMainFrame::OpenBlock(int block)
+{
+    const CatalogueRow* row = FindBlock(block);
+    if (row == nullptr)
+        return;
+    if (const std::optional<Command> command = CommandOfNumber(row->command)) {
+        RunCommand(*command); // a run, or the search
+        return;
+    }
+    if (CChildFrame* child = CurrentChild())
+        child->GoToBlock(block);
     UpdateCommands();
 }
 
@@ -70,7 +87,7 @@ void CMainFrame::CreateHandlers()
     AddWindowHandlers();
 }
 
-void CMainFrame::OnChild(int command, std::function<void(CChildFrame&)> run)
+void CMainFrame::OnChild(Command command, std::function<void(CChildFrame&)> run)
 {
     handlers_[command] = [this, run = std::move(run)] {
         if (CChildFrame* child = CurrentChild())
@@ -80,18 +97,18 @@ void CMainFrame::OnChild(int command, std::function<void(CChildFrame&)> run)
 
 void CMainFrame::AddFileHandlers()
 {
-    handlers_[57600] = [this] { files_->New(); };
-    handlers_[57601] = [this] { files_->Open(); };
-    OnChild(57602, [](CChildFrame& child) { child.close(); });
-    OnChild(57603, [this](CChildFrame& child) { files_->Save(child); });
-    OnChild(57604, [this](CChildFrame& child) { files_->SaveAs(child); });
-    OnChild(57607, [this](CChildFrame& child) { Print(child, false); });
-    OnChild(57609, [this](CChildFrame& child) { Print(child, true); });
-    OnChild(kSavePicture, [this](CChildFrame& child) { SavePicture(child); });
-    handlers_[57665] = [this] { close(); };
+    handlers_[Command::NewProject] = [this] { files_->New(); };
+    handlers_[Command::Open] = [this] { files_->Open(); };
+    OnChild(Command::Close, [](CChildFrame& child) { child.close(); });
+    OnChild(Command::Save, [this](CChildFrame& child) { files_->Save(child); });
+    OnChild(Command::SaveAs, [this](CChildFrame& child) { files_->SaveAs(child); });
+    OnChild(Command::Print, [this](CChildFrame& child) { Print(child, false); });
+    OnChild(Command::PrintPreview, [this](CChildFrame& child) { Print(child, true); });
+    OnChild(Command::SavePicture, [this](CChildFrame& child) { SavePicture(child); });
+    handlers_[Command::Exit] = [this] { close(); };
 }
 
-void CMainFrame::OnEditor(int command, std::function<void(QLineEdit&)> inEditor, void (CPanel::*inPanel)())
+void CMainFrame::OnEditor(Command command, std::function<void(QLineEdit&)> inEditor, void (CPanel::*inPanel)())
 {
     OnChild(command, [inEditor = std::move(inEditor), inPanel](CChildFrame& child) {
         if (auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget()))
@@ -101,7 +118,7 @@ void CMainFrame::OnEditor(int command, std::function<void(QLineEdit&)> inEditor,
     });
 }
 
-void CMainFrame::OnRow(int command, void (CPanel::*run)())
+void CMainFrame::OnRow(Command command, void (CPanel::*run)())
 {
     OnChild(command, [run](CChildFrame& child) {
         if (child.Panel() != nullptr)
@@ -111,16 +128,16 @@ void CMainFrame::OnRow(int command, void (CPanel::*run)())
 
 void CMainFrame::AddEditHandlers()
 {
-    OnEditor(57643, &QLineEdit::undo, &CPanel::Undo);
-    OnEditor(57635, &QLineEdit::cut, &CPanel::Cut);
-    OnEditor(57634, &QLineEdit::copy, &CPanel::Copy);
-    OnEditor(57637, &QLineEdit::paste, &CPanel::Paste);
-    OnEditor(33001, &QLineEdit::del, &CPanel::Delete);
-    OnRow(33038, &CPanel::MoveRowUp);
-    OnRow(33039, &CPanel::MoveRowDown);
-    OnRow(33040, &CPanel::InsertRow);
-    OnRow(32761, &CPanel::AskRows);
-    OnChild(33181, [](CChildFrame& child) {
+    OnEditor(Command::Undo, &QLineEdit::undo, &CPanel::Undo);
+    OnEditor(Command::Cut, &QLineEdit::cut, &CPanel::Cut);
+    OnEditor(Command::Copy, &QLineEdit::copy, &CPanel::Copy);
+    OnEditor(Command::Paste, &QLineEdit::paste, &CPanel::Paste);
+    OnEditor(Command::Delete, &QLineEdit::del, &CPanel::Delete);
+    OnRow(Command::MoveRowUp, &CPanel::MoveRowUp);
+    OnRow(Command::MoveRowDown, &CPanel::MoveRowDown);
+    OnRow(Command::InsertRow, &CPanel::InsertRow);
+    OnRow(Command::AddRows, &CPanel::AskRows);
+    OnChild(Command::JumpToHit, [](CChildFrame& child) {
         if (auto* search = qobject_cast<CDown999*>(child.Panel()))
             search->JumpToHit();
     });
@@ -134,37 +151,32 @@ void CMainFrame::AddRunHandlers()
 
 void CMainFrame::AddViewHandlers()
 {
-    OnChild(32989, [](CChildFrame& child) { child.ShowHelpPage(!child.Doc().showHelpPage); });
-    OnChild(32990, [](CChildFrame& child) {
+    OnChild(Command::SwitchFigureAndHelp, [](CChildFrame& child) { child.ShowHelpPage(!child.Doc().showHelpPage); });
+    OnChild(Command::Notes, [](CChildFrame& child) {
         child.Doc().SetCurrentBlock(kNotesBlock);
         child.Doc().SetHelpCell(-1, 0, 0);
         child.ShowHelpPage(true);
     });
-    for (int command = kFirstViewCommand; command <= kLastViewCommand; ++command)
+    for (const Command command : FigureCommands())
         OnChild(command, [command](CChildFrame& child) { child.UpView().RunViewCommand(command); });
-    OnChild(49990, [](CChildFrame& child) {
+    OnChild(Command::Search, [](CChildFrame& child) {
         child.GoToBlock(kSearchBlock);
         if (auto* search = qobject_cast<CDown999*>(child.Panel()))
             search->GoToLine(); // to type at once
     });
-    for (const CatalogueRow& row : Catalogue()) {
-        const int command = row.command;
-        if (command != 0 && !handlers_.contains(command))
-            OnChild(command, [block = row.block](CChildFrame& child) { child.GoToBlock(block); });
-    }
 }
 
 void CMainFrame::AddTreeHandlers()
 {
     for (const CommandRow& row : CommandTable()) {
-        if (const auto mode = TreeModeOf(row.id)) {
-            handlers_[row.id] = [this, mode] {
+        if (const auto mode = TreeModeOf(row.command)) {
+            handlers_[row.command] = [this, mode] {
                 treeView_.mode = *mode;
                 SetTreeView();
             };
         }
-        if (const auto filter = TreeFilterOf(row.id)) {
-            handlers_[row.id] = [this, filter] {
+        if (const auto filter = TreeFilterOf(row.command)) {
+            handlers_[row.command] = [this, filter] {
                 if (treeView_.filters.erase(*filter) == 0)
                     treeView_.filters.insert(*filter);
                 SetTreeView();
@@ -206,11 +218,11 @@ void CMainFrame::AddSettingsHandlers()
         const int mode = CSettings().ChangeRowWidth(step);
         ChangeCells([=](CChildFrame& child) { child.Doc().rowWidthMode = mode; });
     };
-    handlers_[33033] = [height] { height(CSettings::kRowHeightStep); };
-    handlers_[33035] = [height] { height(-CSettings::kRowHeightStep); };
-    handlers_[33153] = [width] { width(CSettings::kRowWidthStep); };
-    handlers_[33154] = [width] { width(-CSettings::kRowWidthStep); };
-    handlers_[33150] = [this] {
+    handlers_[Command::RowsHigher] = [height] { height(CSettings::kRowHeightStep); };
+    handlers_[Command::RowsLower] = [height] { height(-CSettings::kRowHeightStep); };
+    handlers_[Command::ColumnsWider] = [width] { width(CSettings::kRowWidthStep); };
+    handlers_[Command::ColumnsNarrower] = [width] { width(-CSettings::kRowWidthStep); };
+    handlers_[Command::ResetCells] = [this] {
         CSettings settings;
         settings.ResetCells();
         ChangeCells([&](CChildFrame& child) {
@@ -218,13 +230,13 @@ void CMainFrame::AddSettingsHandlers()
             child.Doc().rowWidthMode = settings.RowWidthMode();
         });
     };
-    handlers_[33037] = [this] {
+    handlers_[Command::WordLists] = [this] {
         const int comboOrList = CSettings().FlipComboOrList();
         ChangeCells([=](CChildFrame& child) { child.Doc().comboOrList = comboOrList; });
     };
 
-    OnChild(32769, [](CChildFrame& child) { CSettings().SetPanes(child.Panes()); });
-    OnChild(32770, [this](CChildFrame& child) {
+    OnChild(Command::SavePanes, [](CChildFrame& child) { CSettings().SetPanes(child.Panes()); });
+    OnChild(Command::BackColor, [this](CChildFrame& child) {
         DisplaySettings& display = child.Doc().display;
         const QColor colour = prompts_.chooseColour(this, ToQColor(display.backColor));
         if (!colour.isValid())
@@ -233,17 +245,17 @@ void CMainFrame::AddSettingsHandlers()
         CSettings().SetBackColor(display.backColor);
         child.UpView().Refresh();
     });
-    OnChild(32771, [this](CChildFrame& child) {
+    OnChild(Command::Decimals, [this](CChildFrame& child) {
         if (prompts_.chooseDecimals(this, child.Doc().display))
             child.UpView().Refresh();
     });
-    OnChild(32965, [this](CChildFrame& child) {
+    OnChild(Command::Font, [this](CChildFrame& child) {
         if (!prompts_.chooseFont(this, child.Doc().display))
             return;
         CSettings().SetFont(child.Doc().display);
         child.UpView().Refresh();
     });
-    OnChild(32966, [](CChildFrame& child) {
+    OnChild(Command::ResetDisplay, [](CChildFrame& child) {
         CSettings settings;
         settings.ResetHelpPane(child.Doc().display);
         settings.SetPanes(child.ComputedPanes());
@@ -254,19 +266,19 @@ void CMainFrame::AddSettingsHandlers()
 
 void CMainFrame::AddWindowHandlers()
 {
-    OnChild(kOtherPane, [](CChildFrame& child) { child.FocusOtherPane(true); });
-    OnChild(kPaneBefore, [](CChildFrame& child) { child.FocusOtherPane(false); });
-    OnChild(kNextWindow, [this](CChildFrame&) { area_->activateNextSubWindow(); });
-    OnChild(kPreviousWindow, [this](CChildFrame&) { area_->activatePreviousSubWindow(); });
-    OnChild(57650, [this](CChildFrame&) { area_->cascadeSubWindows(); });
-    OnChild(57651, [this](CChildFrame&) { area_->tileSubWindows(); });
-    handlers_[kTabbedWindows] = [this] {
+    OnChild(Command::NextPane, [](CChildFrame& child) { child.FocusOtherPane(true); });
+    OnChild(Command::PreviousPane, [](CChildFrame& child) { child.FocusOtherPane(false); });
+    OnChild(Command::NextWindow, [this](CChildFrame&) { area_->activateNextSubWindow(); });
+    OnChild(Command::PreviousWindow, [this](CChildFrame&) { area_->activatePreviousSubWindow(); });
+    OnChild(Command::CascadeWindows, [this](CChildFrame&) { area_->cascadeSubWindows(); });
+    OnChild(Command::TileWindows, [this](CChildFrame&) { area_->tileSubWindows(); });
+    handlers_[Command::TabbedWindows] = [this] {
         const bool tabbed = area_->viewMode() != QMdiArea::TabbedView;
         CSettings().SetTabbedWindows(tabbed);
         SetTabbed(tabbed);
     };
-    handlers_[57664] = [this] { ShowAbout(); };
-    handlers_[kVersionEntry] = [this] { ShowAbout(); };
+    handlers_[Command::About] = [this] { ShowAbout(); };
+    handlers_[Command::Version] = [this] { ShowAbout(); };
 }
 
 void CMainFrame::SetTabbed(bool tabbed)
@@ -280,7 +292,7 @@ void CMainFrame::SetTabbed(bool tabbed)
     ShowTitle();
 }
 
-/// A window that fills the area puts its title into this one's by itself, a tab does not, and behind a change from one to
+/// A window that fills the area puts its title into this one's by itself, a tab does not, and after a change from one to
 /// the other neither is right.
 void CMainFrame::ShowTitle()
 {
@@ -322,7 +334,7 @@ void CMainFrame::ShowAbout()
 {
     QMessageBox::about(this, u"バージョン情報"_s,
                        u"KELD section\n鋼橋上部工 自動設計システム 入力ステーション\n\n"
-                       u"システムの版: %1\nこのプログラムの版: %2"_s.arg(actions_->Of(kVersionEntry)->text(),
+                       u"システムの版: %1\nこのプログラムの版: %2"_s.arg(actions_->Of(Command::Version)->text(),
                                                                          QApplication::applicationVersion()));
 }
 

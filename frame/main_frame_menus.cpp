@@ -1,4 +1,6 @@
 // The menus of the top window: what stands in them, and what may be given.
+#include "commands/commands.h"
+#include "document/cell_input.h"
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
 #include "frame/command_actions.h"
@@ -9,6 +11,7 @@
 #include "frame/settings.h"
 #include "panels/panel.h"
 #include "panels/search_panel.h"
+#include "project/block_numbers.h"
 #include "project/catalogue.h"
 #include "project/sbd_data.h"
 
@@ -26,11 +29,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kResultBlock = 253;
-constexpr int kSearchBlock = 999;
-constexpr int kSearchCommand = 49990;
-constexpr int kSecondHomePage = 32767;
-
 /// "&1 ... &9" for the first nine entries of a list; the text may hold "&".
 QString Numbered(qsizetype index, QString text)
 {
@@ -41,7 +39,7 @@ QString Numbered(qsizetype index, QString text)
 
 void CMainFrame::CreateMenus()
 {
-    actions_ = new CCommandActions(this, [this](int command) { RunCommand(command); });
+    actions_ = new CCommandActions(this, [this](Command command) { RunCommand(command); });
     actions_->FillMenuBar(*menuBar(), [this](QMenu& menu, MenuFill entries) { FillMenu(menu, entries); });
     for (QMenu* menu : menuBar()->findChildren<QMenu*>()) {
         connect(menu, &QMenu::aboutToShow, this, &CMainFrame::UpdateCommands);
@@ -96,12 +94,12 @@ void CMainFrame::AddDataEntry(QMenu& menu, int block)
     if (row == nullptr || row->menuText.empty())
         return;
     if (block == kSearchBlock) {
-        menu.addAction(actions_->Of(kSearchCommand)); // with its key
+        menu.addAction(actions_->Of(Command::Search)); // with its key
         return;
     }
     QAction* action = menu.addAction(QString());
     action->setCheckable(true);
-    connect(action, &QAction::triggered, this, [this, command = row->command] { RunCommand(command); });
+    connect(action, &QAction::triggered, this, [this, block] { OpenBlock(block); });
     dataEntries_.push_back({action, block, row->menuText, false});
 }
 
@@ -153,7 +151,7 @@ void CMainFrame::FillWindowMenu(QMenu& menu)
 void CMainFrame::SetHomePages(const HomePages& pages)
 {
     homePages_ = pages;
-    QAction* second = actions_->Of(kSecondHomePage);
+    QAction* second = actions_->Of(Command::SecondHomePage);
     second->setText(QString(pages.secondText).replace(u'&', u"&&"_s));
     second->setVisible(!pages.secondText.isEmpty());
     UpdateCommands();
@@ -161,7 +159,7 @@ void CMainFrame::SetHomePages(const HomePages& pages)
 
 void CMainFrame::SetVersionText(const QString& text)
 {
-    actions_->Of(kVersionEntry)->setText(text);
+    actions_->Of(Command::Version)->setText(text);
 }
 
 bool CMainFrame::Holds(CommandNeeds needs) const
@@ -220,16 +218,16 @@ void CMainFrame::UpdateCommands()
 void CMainFrame::UpdateMarks()
 {
     for (const CommandRow& row : CommandTable()) {
-        if (const auto mode = TreeModeOf(row.id))
-            actions_->SetMark(row.id, treeView_.mode == *mode);
-        if (const auto filter = TreeFilterOf(row.id))
-            actions_->SetMark(row.id, treeView_.filters.contains(*filter));
-        if (const LanguageMode* language = LanguageModeOf(row.id))
-            actions_->SetMark(row.id, treeView_.language == language->language);
+        if (const auto mode = TreeModeOf(row.command))
+            actions_->SetMark(row.command, treeView_.mode == *mode);
+        if (const auto filter = TreeFilterOf(row.command))
+            actions_->SetMark(row.command, treeView_.filters.contains(*filter));
+        if (const LanguageMode* language = LanguageModeOf(row.command))
+            actions_->SetMark(row.command, treeView_.language == language->language);
     }
-    actions_->SetMark(kTabbedWindows, area_->viewMode() == QMdiArea::TabbedView);
+    actions_->SetMark(Command::TabbedWindows, area_->viewMode() == QMdiArea::TabbedView);
     CChildFrame* child = CurrentChild();
-    actions_->SetMark(33037, child == nullptr || child->Doc().comboOrList == 1);
+    actions_->SetMark(Command::WordLists, child == nullptr || child->Doc().comboOrList == kWordLists);
 }
 
 } // namespace sbd

@@ -1,5 +1,6 @@
 #include "frame/settings.h"
 
+#include "document/cell_input.h"
 #include "frame/language.h"
 
 #include <QFontInfo>
@@ -30,8 +31,6 @@ const auto kRowHeight = u"row_height/up"_s;
 const auto kRowWidth = u"row_width/up"_s;
 const auto kComboOrList = u"combo_or_list/cc"_s;
 
-constexpr int kWordLists = 1;
-constexpr int kPlainCells = 2;
 constexpr int kRowWidthForChanges = 18;
 
 // No screen needs more; a profile that says more must not stop the program.

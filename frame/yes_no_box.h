@@ -7,7 +7,7 @@ class QWidget;
 
 namespace sbd {
 
-/// The answer that Enter gives. No is for questions behind which something is lost.
+/// The answer that Enter gives. No is for questions after which something is lost.
 enum class YesNoDefault { Yes, No };
 
 /// Shows `text` with the buttons はい and いいえ. True: yes. Closing the box is a no.

@@ -1,4 +1,5 @@
 // The commands, keys and mouse of CGridCtrl.
+#include "commands/commands.h"
 #include "grid/cell_editor.h"
 #include "grid/grid_ctrl.h"
 #include "grid/grid_delegate.h"
@@ -15,6 +16,8 @@
 #include <QStatusTipEvent>
 
 #include <algorithm>
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace sbd {
@@ -127,10 +130,13 @@ void CGridCtrl::Delete()
 
 namespace {
 
-enum class Command { None, Undo, Cut, Copy, Paste, Delete };
-
+/// The command table's key, or one that the desktop has for the same (Shift+Del cuts).
 Command CommandOf(const QKeyEvent& event)
 {
+    const int modifiers = (event.modifiers() & ~Qt::KeypadModifier).toInt();
+    const std::string key = QKeySequence(event.key() | modifiers).toString(QKeySequence::PortableText).toStdString();
+    if (const std::optional<Command> command = CommandOfKey(KeyScope::Grid, key))
+        return *command;
     if (event.matches(QKeySequence::Copy))
         return Command::Copy;
     if (event.matches(QKeySequence::Cut))
@@ -138,15 +144,6 @@ Command CommandOf(const QKeyEvent& event)
     if (event.matches(QKeySequence::Paste))
         return Command::Paste;
     if (event.matches(QKeySequence::Undo))
-        return Command::Undo;
-    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
-    if (event.key() == Qt::Key_Delete && modifiers == Qt::NoModifier)
-        return Command::Delete;
-    if (event.key() == Qt::Key_Insert && modifiers == Qt::ControlModifier)
-        return Command::Copy;
-    if (event.key() == Qt::Key_Insert && modifiers == Qt::ShiftModifier)
-        return Command::Paste;
-    if (event.key() == Qt::Key_Backspace && modifiers == Qt::AltModifier)
         return Command::Undo;
     return Command::None;
 }
@@ -182,10 +179,9 @@ bool CGridCtrl::HandleCommandKey(QKeyEvent* event)
     case Command::Delete:
         Delete();
         return true;
-    case Command::None:
+    default:
         return false;
     }
-    return false;
 }
 
 /// Where an arrow with Ctrl leads: to the end of the filled cells, or over the empty ones to the next filled cell.

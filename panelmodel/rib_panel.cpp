@@ -2,6 +2,7 @@
 
 #include "panelmodel/links.h"
 #include "project/block_rules.h"
+#include "project/sbd_data.h"
 #include "project/text.h"
 
 #include <algorithm>
@@ -15,7 +16,6 @@ using namespace literals;
 constexpr int kNames = 5; // columns 1 to 5
 constexpr int kAutomaticColumn = 2;
 constexpr int kFixedTextColumn = 3;
-constexpr int kMostRibs = 100;
 constexpr int kNoCount = -1; // a count whose cell is empty
 
 const WordList kFreeText;

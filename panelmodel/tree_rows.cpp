@@ -267,17 +267,23 @@ std::string TitleIn(TitleLanguage language, std::string_view title)
     return std::string(title.substr(0, open)) + std::string(TrimLeft(behind));
 }
 
-std::optional<TreeMode> TreeModeOf(int command)
+std::optional<TreeMode> TreeModeOf(Command command)
 {
-    constexpr std::array modes = {TreeMode::Everything, TreeMode::Automatic, TreeMode::Filtered};
-    const auto mode = std::ranges::find(modes, command, [](TreeMode m) { return static_cast<int>(m); });
-    return mode == modes.end() ? std::nullopt : std::optional(*mode);
+    switch (command) {
+    case Command::ShowAllItems:
+        return TreeMode::Everything;
+    case Command::ShowItemsOfProject:
+        return TreeMode::Automatic;
+    case Command::ShowUnfilteredItems:
+        return TreeMode::Filtered;
+    default:
+        return std::nullopt;
+    }
 }
 
-std::optional<TreeFilter> TreeFilterOf(int command)
+std::optional<TreeFilter> TreeFilterOf(Command command)
 {
-    const auto filter = std::ranges::find(FilteredItemTable(), command,
-                                          [](const FilteredItems& f) { return static_cast<int>(f.filter); });
+    const auto filter = std::ranges::find(FilteredItemTable(), command, &FilteredItems::command);
     return filter == FilteredItemTable().end() ? std::nullopt : std::optional(filter->filter);
 }
 

@@ -1,6 +1,8 @@
 // The block tree: what stands in it, in which order, under which titles, and what is bold.
 #pragma once
 
+#include "commands/commands.h"
+
 #include <optional>
 #include <set>
 #include <string>
@@ -25,23 +27,23 @@ enum class TitleLanguage {
 [[nodiscard]] std::string TitleIn(TitleLanguage language, std::string_view title);
 
 /// How much of the tree is shown. One of the three holds; the filter commands count in the last two only.
-enum class TreeMode : int {
-    Everything = 33026, ///< all items
-    Automatic = 33007,  ///< without what the project's switches leave out, and without the filtered items
-    Filtered = 33006,   ///< without the filtered items
+enum class TreeMode {
+    Everything, ///< all items
+    Automatic,  ///< without what the project's switches leave out, and without the filtered items
+    Filtered,   ///< without the filtered items
 };
 
 /// The commands that each leave a part of the tree out.
-enum class TreeFilter : int {
-    Plate = 33015,    ///< plate girder items
-    Box = 33009,      ///< box girder items
-    Drawing = 33014,  ///< 400
-    Cross = 33010,    ///< 520
-    Lateral = 33012,  ///< 570
-    Fem = 33013,      ///< 600
-    Stringer = 33021, ///< 640
-    Bracket = 33019,  ///< 670
-    Support = 33024,  ///< 700
+enum class TreeFilter {
+    Plate,    ///< plate girder items
+    Box,      ///< box girder items
+    Drawing,  ///< 400
+    Cross,    ///< 520
+    Lateral,  ///< 570
+    Fem,      ///< 600
+    Stringer, ///< 640
+    Bracket,  ///< 670
+    Support,  ///< 700
 };
 
 /// What the user has chosen to see.
@@ -52,9 +54,9 @@ struct TreeView {
     bool boxPanelChanged = false; ///< block 305 was edited since the tree was built: a section project counts as a box
 };
 
-/// The mode or filter of a command number; nothing if it is none.
-[[nodiscard]] std::optional<TreeMode> TreeModeOf(int command);
-[[nodiscard]] std::optional<TreeFilter> TreeFilterOf(int command);
+/// The mode that a command sets, or the filter that it sets and clears; nothing if it is no such command.
+[[nodiscard]] std::optional<TreeMode> TreeModeOf(Command command);
+[[nodiscard]] std::optional<TreeFilter> TreeFilterOf(Command command);
 
 /// One line of the tree.
 struct TreeRow {

@@ -44,11 +44,15 @@ const std::vector<ProjectKind>& ProjectKinds()
 const std::vector<FilteredItems>& FilteredItemTable()
 {
     static const std::vector<FilteredItems> filters = {
-        {TreeFilter::Plate, 0, {{701, 714}}},   {TreeFilter::Box, 640, {{721, 751}}},
-        {TreeFilter::Cross, 520, {{521, 569}}}, {TreeFilter::Lateral, 570, {{571, 584}}},
-        {TreeFilter::Fem, 600, {}},             {TreeFilter::Stringer, 640, {}},
-        {TreeFilter::Bracket, 670, {}},         {TreeFilter::Support, 700, {}},
-        {TreeFilter::Drawing, 400, {{401, 422}}},
+        {Command::HidePlate, TreeFilter::Plate, 0, {{701, 714}}},
+        {Command::HideBox, TreeFilter::Box, 640, {{721, 751}}},
+        {Command::HideCross, TreeFilter::Cross, 520, {{521, 569}}},
+        {Command::HideLateral, TreeFilter::Lateral, 570, {{571, 584}}},
+        {Command::HideFem, TreeFilter::Fem, 600, {}},
+        {Command::HideStringer, TreeFilter::Stringer, 640, {}},
+        {Command::HideBracket, TreeFilter::Bracket, 670, {}},
+        {Command::HideSupport, TreeFilter::Support, 700, {}},
+        {Command::HideDrawing, TreeFilter::Drawing, 400, {{401, 422}}},
     };
     return filters;
 }

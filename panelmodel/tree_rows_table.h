@@ -33,6 +33,7 @@ struct ProjectKind {
 
 /// What a filter command leaves out.
 struct FilteredItems {
+    Command command;
     TreeFilter filter;
     int group; ///< head left out with it; 0: none
     BlockRanges items;

@@ -1,8 +1,10 @@
 #include "panels/panel.h"
 
+#include "document/cell_input.h"
 #include "document/section_doc.h"
 #include "grid/grid_ctrl.h"
 #include "panelmodel/panel_model.h"
+#include "panels/command_text.h"
 #include "panels/panel_source.h"
 #include "panels/result_panel.h"
 #include "panels/row_count_dialog.h"
@@ -25,8 +27,6 @@
 namespace sbd {
 
 namespace {
-
-constexpr int kPlainCells = 2; // value of the setting "combo or list" that means no word lists
 
 /// "313 垂直補剛材": what the menu calls the block.
 QString NameOfBlock(int block)
@@ -364,13 +364,14 @@ void CPanel::contextMenuEvent(QContextMenuEvent* event)
     if (!grid_->viewport()->rect().contains(inCells) || !grid_->indexAt(inCells).isValid())
         return;
     QMenu menu(this);
-    menu.addAction(tr("切り取り"), QKeySequence::Cut, this, &CPanel::Cut);
-    menu.addAction(tr("コピー"), QKeySequence::Copy, this, &CPanel::Copy);
-    menu.addAction(tr("貼り付け"), QKeySequence::Paste, this, &CPanel::Paste);
-    menu.addAction(tr("Delete"), QKeySequence::Delete, this, &CPanel::Delete);
-    menu.addAction(tr("順序上へ移動"), this, &CPanel::MoveRowUp)->setEnabled(CanMoveRowUp());
-    menu.addAction(tr("順序下へ移動"), this, &CPanel::MoveRowDown)->setEnabled(CanMoveRowDown());
-    menu.addAction(tr("挿入行"), this, &CPanel::InsertRow)->setEnabled(CanInsertRow());
+    FillContextMenu(menu, MenuId::GridContext,
+                    {{Command::Cut, [this] { Cut(); }},
+                     {Command::Copy, [this] { Copy(); }},
+                     {Command::Paste, [this] { Paste(); }},
+                     {Command::Delete, [this] { Delete(); }},
+                     {Command::MoveRowUp, [this] { MoveRowUp(); }, CanMoveRowUp()},
+                     {Command::MoveRowDown, [this] { MoveRowDown(); }, CanMoveRowDown()},
+                     {Command::InsertRow, [this] { InsertRow(); }, CanInsertRow()}});
     menu.exec(event->globalPos());
 }
 

@@ -5,10 +5,12 @@
 #include "document/result_session.h"
 #include "document/section_doc.h"
 #include "grid/grid_ctrl.h"
+#include "panels/command_text.h"
 #include "panels/print_name.h"
 #include "panels/result_notice.h"
 #include "panels/result_output.h"
 #include "panels/result_panel_source.h"
+#include "project/block_numbers.h"
 #include "results/result_faults.h"
 #include "results/result_title.h"
 
@@ -41,7 +43,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kBlock = 253;
+constexpr int kBlock = kResultBlock;
 constexpr int kBoxCharacters = 16; // the drop lists are as wide, whatever names they hold
 constexpr int kListWidth = 170;    // px, for names of 20 bytes
 constexpr int kSpacing = 4;
@@ -488,16 +490,14 @@ void CDown253::contextMenuEvent(QContextMenuEvent* event)
     if (!Grid()->viewport()->rect().contains(inCells) || !Grid()->indexAt(inCells).isValid())
         return;
     QMenu menu(this);
-    menu.addAction(tr("切り取り"), QKeySequence::Cut, this, &CPanel::Cut);
-    menu.addAction(tr("コピー"), QKeySequence::Copy, this, &CPanel::Copy);
-    menu.addAction(tr("貼り付け"), QKeySequence::Paste, this, &CPanel::Paste);
-    menu.addAction(tr("Delete"), QKeySequence::Delete, this, &CPanel::Delete);
-    for (const QString& text :
-         {tr("順序上へ移動"), tr("順序下へ移動"), tr("挿入行")}) // the rows are those of the results
-        menu.addAction(text)->setEnabled(false);
+    FillContextMenu(menu, MenuId::GridContext, // the rows are those of the results: they do not move
+                    {{Command::Cut, [this] { Cut(); }},
+                     {Command::Copy, [this] { Copy(); }},
+                     {Command::Paste, [this] { Paste(); }},
+                     {Command::Delete, [this] { Delete(); }}});
     menu.addSeparator();
-    menu.addAction(tr("CSVに保存..."), this, &CDown253::SaveCsv)->setEnabled(save_->isEnabled());
-    menu.addAction(tr("印刷..."), this, &CDown253::Print)->setEnabled(print_->isEnabled());
+    menu.addAction(save_->text(), this, &CDown253::SaveCsv)->setEnabled(save_->isEnabled());
+    menu.addAction(print_->text(), this, &CDown253::Print)->setEnabled(print_->isEnabled());
     menu.exec(event->globalPos());
 }
 

@@ -1,11 +1,14 @@
 #include "panels/search_panel.h"
 
+#include "document/cell_input.h"
 #include "document/search_session.h"
 #include "document/section_doc.h"
 #include "grid/cell_editor.h"
 #include "grid/grid_ctrl.h"
+#include "panels/command_text.h"
 #include "panels/search_panel_detail.h"
 #include "panels/search_panel_source.h"
+#include "project/block_numbers.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -28,9 +31,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kBlock = 999;
+constexpr int kBlock = kSearchBlock;
 constexpr int kLineRow = 1;
-constexpr int kPlainCells = 2;  // value of the setting "combo or list" that means no word lists
 constexpr int kGridShare = 670; // of the width at first, against the side: the column of 600 px, numbers, scroll bar
 constexpr int kSideShare = 330;
 constexpr int kLeastColumn = 200; // px
@@ -56,8 +58,8 @@ CDown999::CDown999(CKELDSectionDoc* doc, QWidget* parent)
     splitter->setSizes({kGridShare, kSideShare});
     layout()->addWidget(splitter);
 
-    auto* jump = new QAction(tr("入力位置へ移動 (  ダブルクリックもOK )"), this);
-    jump->setShortcut(Qt::CTRL | Qt::Key_M);
+    auto* jump = new QAction(EntryText(RowOf(Command::JumpToHit).text), this);
+    jump->setShortcuts(KeysOf(RowOf(Command::JumpToHit)));
     jump->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(jump, &QAction::triggered, this, &CDown999::JumpToHit);
     addAction(jump);
@@ -297,8 +299,7 @@ void CDown999::contextMenuEvent(QContextMenuEvent* event)
     if (!Grid()->viewport()->rect().contains(inCells) || !Grid()->indexAt(inCells).isValid())
         return;
     QMenu menu(this);
-    menu.addAction(tr("入力位置へ移動 (  ダブルクリックもOK )"), Qt::CTRL | Qt::Key_M, this, &CDown999::JumpToHit)
-        ->setEnabled(CanJump());
+    FillContextMenu(menu, MenuId::SearchContext, {{Command::JumpToHit, [this] { JumpToHit(); }, CanJump()}});
     menu.exec(event->globalPos());
 }
 

@@ -1,6 +1,8 @@
 // The block catalogue's rows, in order of number.
 #include "project/catalogue_table.h"
 
+#include "commands/commands_table.h"
+
 #include <algorithm>
 
 namespace sbd {
@@ -29,9 +31,9 @@ constexpr CatalogueRow kRows[] = {
     // block, command, menu text, tag, prefixes, kind, columns, groups of the tree, groups of the menu, mark
     // [, command opens the block[, stands in the file behind that block]]
     {253, 40253, "253.[OUTPUT]  KELD_analysis表出力", "", {}, None, 0, {}, {}, kNoMark},
-    {254, 39254, "254.データチェック[CHECK]", "", {}, None, 0, {}, {}, kNoMark},
-    {255, 39255, "255.解析実行[RUN]", "", {}, None, 0, {}, {}, kNoMark},
-    {256, 39256, "256.解析実行＆出力[RESULT]", "", {}, None, 0, {}, {}, kNoMark},
+    {254, NumberOf(Command::CheckData), "254.データチェック[CHECK]", "", {}, None, 0, {}, {}, kNoMark},
+    {255, NumberOf(Command::RunAll), "255.解析実行[RUN]", "", {}, None, 0, {}, {}, kNoMark},
+    {256, NumberOf(Command::RunAndPrint), "256.解析実行＆出力[RESULT]", "", {}, None, 0, {}, {}, kNoMark},
     {259, 40259, "259.キャンバーの出力[CAMBER]", "CAMBER", {"[CAMBER", "[camber"}, Table, 2, {}, {}, MoreThan(0), true, 359},
     {291, 40291, "291.断面力面内 MY (kN・m)[SEC_SF_MY]", "SEC_SF_MY", {"[SEC_SF_MY", "[sec_sf_my"}, Table, 10, {290}, {290}, MoreThan(0), true, 359},
     {292, 40293, "292.断面力面内 SZ (kN)[SEC_SF_SZ]", "SEC_SF_SZ", {"[SEC_SF_SZ", "[sec_sf_sz"}, Table, 10, {290}, {290}, MoreThan(0), true, 359},
@@ -268,7 +270,7 @@ constexpr CatalogueRow kRows[] = {
     {751, 47510, "751.その他水平材[2BD_DIA_PLATE_H]", "2BD_DIA_PLATE_H", {"[2BD_DIA_PLATE_H", "[2bd_dia_plate_h"}, Table, 14, {700}, {700}, ByHand(1)},
     {752, 47520, "752.その他垂直材[2BD_DIA_PLATE_V]", "2BD_DIA_PLATE_V", {"[2BD_DIA_PLATE_V", "[2bd_dia_plate_v"}, Table, 14, {700}, {700}, ByHand(1)},
     {801, 48010, "801.材料_CONTROL[MBD_CONTROL]", "MBD_CONTROL", {"[MBD_CONTROL]", "[mbd_control]"}, Option, 0, {}, {}, kNoMark},
-    {999, 49990, "999.KELD_検索_Q_&_A", "", {}, None, 0, {}, {}, kNoMark},
+    {999, NumberOf(Command::Search), "999.KELD_検索_Q_&_A", "", {}, None, 0, {}, {}, kNoMark},
 };
 
 // clang-format on

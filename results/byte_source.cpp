@@ -7,10 +7,6 @@ namespace sbd {
 
 namespace {
 
-/// Bytes of one read. Reading straight into an array is slower: behind the first words of a file its arrays stand at
-/// odd places, and the system copies such bytes slowly.
-constexpr std::size_t kPiece = std::size_t{1} << 17;
-
 /// Moves bytes from the front of `from` to `into`; gives how many.
 std::size_t MoveFront(std::span<const std::byte>& from, std::span<std::byte> into)
 {

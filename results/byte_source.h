@@ -12,6 +12,10 @@
 
 namespace sbd {
 
+/// Bytes of one read, still in the cache when they are looked at. Reading straight into an array is slower: behind the
+/// first words of a file its arrays stand at odd places, and the system copies such bytes slowly.
+inline constexpr std::size_t kPiece = std::size_t{1} << 17;
+
 /// Bytes that are read once, from the front to the end.
 class ByteSource {
 public:

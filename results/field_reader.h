@@ -85,9 +85,6 @@ public:
     [[nodiscard]] bool EndedEarly() const { return endedEarly_; }
 
 private:
-    /// Bytes of one read: the part of an array that is cleared and then filled while it is still in the cache.
-    static constexpr std::size_t kPiece = std::size_t{1} << 17;
-
     /// The next bytes; fewer than asked for end the reading for good.
     [[nodiscard]] std::size_t Take(std::span<std::byte> into);
 

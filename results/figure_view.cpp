@@ -14,15 +14,13 @@ constexpr double kMostZoom = 1e6;
 constexpr double kLeastBox = 4; // pixels; a smaller rectangle is the trembling of a click
 
 struct MoveCommand {
-    int command;
+    Command command;
     int stepsX;
     int stepsY;
 };
 
-constexpr MoveCommand kMoveCommands[] = {{32997, 0, -1}, {32998, 0, 1}, {32999, -1, 0}, {33000, 1, 0}};
-
-constexpr int kZoomOut = 32995;
-constexpr int kZoomIn = 32996;
+constexpr MoveCommand kMoveCommands[] = {
+    {Command::MoveUp, 0, -1}, {Command::MoveDown, 0, 1}, {Command::MoveLeft, -1, 0}, {Command::MoveRight, 1, 0}};
 
 void SetZoom(FigureView& view, double zoom)
 {
@@ -59,7 +57,15 @@ void ApplyZoomBox(FigureView& view, const FigureScreen& screen)
 
 } // namespace
 
-bool ApplyViewCommand(FigureView& view, int command)
+std::span<const Command> FigureCommands()
+{
+    using enum Command;
+    static constexpr Command commands[] = {ViewXY, ViewYZ, ViewXZ,   ViewAll,  ZoomOut,
+                                           ZoomIn, MoveUp, MoveDown, MoveLeft, MoveRight};
+    return commands;
+}
+
+bool ApplyViewCommand(FigureView& view, Command command)
 {
     if (const auto* const side = std::ranges::find(kViewCommands, command, &ViewCommand::command);
         side != std::end(kViewCommands)) {
@@ -75,9 +81,9 @@ bool ApplyViewCommand(FigureView& view, int command)
         view.panY = std::clamp(view.panY + move->stepsY, -kMostSteps, kMostSteps);
         return true;
     }
-    if (command == kZoomOut)
+    if (command == Command::ZoomOut)
         SetZoom(view, view.zoom * kZoomFactor);
-    else if (command == kZoomIn)
+    else if (command == Command::ZoomIn)
         SetZoom(view, view.zoom / kZoomFactor);
     else
         return false;

@@ -2,8 +2,11 @@
 // of fitting. Screen coordinates are pixels, y downward; fractions are cut only when a point is drawn.
 #pragma once
 
+#include "commands/commands.h"
+
 #include <array>
 #include <optional>
+#include <span>
 #include <string_view>
 
 namespace sbd {
@@ -37,20 +40,22 @@ struct FigureView {
 
 /// A command that shows the model from a side.
 struct ViewCommand {
-    int command;
+    Command command;
     std::string_view name;
     std::array<double, 3> direction;
 };
 
 inline constexpr ViewCommand kViewCommands[] = {
-    {32991, "XY", {0, 0, 1}},
-    {32992, "YZ", {1, 0, 0}},
-    {32993, "XZ", {0, 1, 0}},
-    {32994, "ALL", {1, 1, 1}},
+    {Command::ViewXY, "XY", {0, 0, 1}},
+    {Command::ViewYZ, "YZ", {1, 0, 0}},
+    {Command::ViewXZ, "XZ", {0, 1, 0}},
+    {Command::ViewAll, "ALL", {1, 1, 1}},
 };
 
-/// Carries out a toolbar command (32991 to 33000: views, zoom, moves); false for another one.
-bool ApplyViewCommand(FigureView& view, int command);
+/// The commands of the figure: views, zoom, moves.
+[[nodiscard]] std::span<const Command> FigureCommands();
+/// Carries out a command of the figure; false for another one.
+bool ApplyViewCommand(FigureView& view, Command command);
 
 /// The pane and the screen it is on, in pixels.
 struct FigureScreen {

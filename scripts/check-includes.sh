@@ -7,13 +7,14 @@ cd "$root"
 
 # The direct arrows, each folder after those it points to. What stands behind an arrow may be included too.
 declare -A arrows=(
-    [project]=""
+    [commands]=""
+    [project]="commands"
     [sbdfile]="project"
     [results]="project"
     [panelmodel]="project"
     [search]="panelmodel"
     [document]="sbdfile results"
-    [grid]=""
+    [grid]="commands"
     [panels]="grid panelmodel search document"
     [upperview]="document"
     [frame]="panels upperview"
@@ -21,8 +22,8 @@ declare -A arrows=(
     [tools]="sbdfile results panelmodel search"
     [sbdpage]="upperview"
 )
-order="project sbdfile results panelmodel search document grid panels upperview frame app tools sbdpage"
-without_qt="project sbdfile results panelmodel search tools"
+order="commands project sbdfile results panelmodel search document grid panels upperview frame app tools sbdpage"
+without_qt="commands project sbdfile results panelmodel search tools"
 
 declare -A reach
 for folder in $order; do

@@ -70,7 +70,7 @@ std::string WithoutControls(std::string_view utf8)
 
 CommandResult WrongUse(std::string_view command, const std::string& why)
 {
-    const auto entry = std::ranges::find(ToolCommands(), command, &Command::name);
+    const auto entry = std::ranges::find(ToolCommands(), command, &ToolCommand::name);
     const std::string_view usage = entry != ToolCommands().end() ? entry->usage : command;
     return Fail("sbdtool " + std::string(command) + ": " + why + "\n使い方: sbdtool " + std::string(usage));
 }

@@ -1,5 +1,7 @@
 #include "tools/commands.h"
 
+#include "commands/commands.h"
+#include "panelmodel/tree_rows.h"
 #include "tools/command_support.h"
 #include "tools/listing_commands.h"
 #include "tools/project_commands.h"
@@ -19,7 +21,7 @@ using Arguments = std::span<const std::string>;
 
 // Laid out by hand: one line a line of the help.
 // clang-format off
-constexpr Command kCommands[] = {
+constexpr ToolCommand kCommands[] = {
     {"new", "new OUT",
      "Writes a project that was never loaded: all option values at their defaults, no tables.",
      "一度も読み込んでいないプロジェクトを書き出します。項目の値はすべて初期値で、表は空です。",
@@ -55,9 +57,9 @@ constexpr Command kCommands[] = {
      "説明ページの題名を JSON で出力します。",
      RunPages},
     {"tree", "tree PROJECT [--mode C] [--check C]... [--language W]",
-     "Prints what the block tree shows for a project, as JSON. C is a mode (33026, 33007, 33006) or a filter command, W the\n"
+     "Prints what the block tree shows for a project, as JSON. C is the number of a mode or a filter (below), W the\n"
      "language word of the profile.",
-     "プロジェクトのブロックツリーを JSON で出力します。C は表示方法(33026、33007、33006)または表示しない項目のコマンド番号、\n"
+     "プロジェクトのブロックツリーを JSON で出力します。C は表示方法または表示しない項目のコマンド番号(下の表)、\n"
      "W は設定の言語の語です。",
      RunTree},
     {"panel", "panel PROJECT BLOCK [--names F.abd] [--plain]",
@@ -124,17 +126,29 @@ std::string Help()
               "終了コード 0: 終わりました、1: 終わり、違いがありました、2: できませんでした。\n\n"
             : "sbdtool COMMAND ...\n\nReads, writes and prints bridge projects (*.sbd). Output is UTF-8.\n"
               "Exit code 0: done, 1: done and something differs, 2: could not be done.\n\n";
-    for (const Command& command : kCommands)
+    for (const ToolCommand& command : kCommands)
         text += "  " + std::string(command.usage) + "\n";
     return text
            + (SpeaksJapanese() ? "\nsbdtool help コマンド: そのコマンドの説明。sbdtool --version: 版。\n"
                                : "\nsbdtool help COMMAND tells more of a command, sbdtool --version the version.\n");
 }
 
-CommandResult HelpOf(const Command& command)
+/// The commands of modes and filters that "tree" takes: number and text of the menu, a line each.
+std::string TreeCommands()
+{
+    std::string lines;
+    for (const CommandRow& row : CommandTable()) {
+        if (TreeModeOf(row.command) || TreeFilterOf(row.command))
+            lines += "  " + std::to_string(row.number) + "  " + std::string(row.text) + "\n";
+    }
+    return lines;
+}
+
+CommandResult HelpOf(const ToolCommand& command)
 {
     const std::string_view help = SpeaksJapanese() ? command.japaneseHelp : command.help;
-    return {0, "sbdtool " + std::string(command.usage) + "\n\n" + std::string(help) + "\n", {}};
+    const std::string more = command.name == "tree" ? "\n" + TreeCommands() : std::string();
+    return {0, "sbdtool " + std::string(command.usage) + "\n\n" + std::string(help) + "\n" + more, {}};
 }
 
 bool IsHelp(const std::string& word)
@@ -152,7 +166,7 @@ CommandResult Run(const std::vector<std::string>& arguments)
         return {0, Help(), {}};
     if (name == "--version")
         return {0, "sbdtool " SBD_VERSION "\n", {}};
-    const auto command = std::ranges::find(kCommands, name, &Command::name);
+    const auto command = std::ranges::find(kCommands, name, &ToolCommand::name);
     if (command == std::end(kCommands))
         return Fail("sbdtool: 知らないコマンドです: " + name + "\n" + Help());
     const Arguments rest = Arguments(arguments).subspan(1);
@@ -161,7 +175,7 @@ CommandResult Run(const std::vector<std::string>& arguments)
 
 } // namespace
 
-std::span<const Command> ToolCommands()
+std::span<const ToolCommand> ToolCommands()
 {
     return kCommands;
 }

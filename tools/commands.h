@@ -18,7 +18,7 @@ struct CommandResult {
 };
 
 /// One command, with what --help tells of it.
-struct Command {
+struct ToolCommand {
     std::string_view name;
     std::string_view usage;
     std::string_view help;         ///< English
@@ -26,7 +26,7 @@ struct Command {
     CommandResult (*run)(std::span<const std::string> arguments);
 };
 
-[[nodiscard]] std::span<const Command> ToolCommands();
+[[nodiscard]] std::span<const ToolCommand> ToolCommands();
 
 /// Runs the command line (without the program's name).
 [[nodiscard]] CommandResult RunCommandLine(const std::vector<std::string>& arguments);

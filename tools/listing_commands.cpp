@@ -1,5 +1,6 @@
 #include "tools/listing_commands.h"
 
+#include "commands/commands.h"
 #include "panelmodel/panel_model.h"
 #include "panelmodel/tree_rows.h"
 #include "project/sbd_data.h"
@@ -59,6 +60,16 @@ CommandResult RunColumns(std::span<const std::string> arguments)
     return RunListing("columns", arguments, ColumnsListing, ColumnsListing);
 }
 
+namespace {
+
+/// The command that a text names by its number.
+Command CommandWith(const std::string& number)
+{
+    return CommandOfNumber(WholeNumber(number).value_or(0)).value_or(Command::None);
+}
+
+} // namespace
+
 CommandResult RunTree(std::span<const std::string> arguments)
 {
     const ParsedArguments parsed = ParseArguments(arguments, {.tree = true}, 1);
@@ -67,13 +78,13 @@ CommandResult RunTree(std::span<const std::string> arguments)
     TreeView view;
     view.language = TitleLanguageOf(parsed.language);
     if (parsed.mode) {
-        const std::optional<TreeMode> mode = TreeModeOf(WholeNumber(*parsed.mode).value_or(0));
+        const std::optional<TreeMode> mode = TreeModeOf(CommandWith(*parsed.mode));
         if (!mode)
             return WrongUse("tree", "表示方法のコマンドではありません: " + *parsed.mode);
         view.mode = *mode;
     }
     for (const std::string& check : parsed.checks) {
-        const std::optional<TreeFilter> filter = TreeFilterOf(WholeNumber(check).value_or(0));
+        const std::optional<TreeFilter> filter = TreeFilterOf(CommandWith(check));
         if (!filter)
             return WrongUse("tree", "表示しない項目のコマンドではありません: " + check);
         view.filters.insert(*filter);

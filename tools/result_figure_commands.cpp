@@ -1,5 +1,6 @@
 #include "tools/result_figure_commands.h"
 
+#include "commands/commands_table.h"
 #include "results/model_overlay.h"
 #include "results/result_diagram.h"
 #include "results/result_files.h"
@@ -275,7 +276,8 @@ CommandResult RunProjection(Arguments arguments)
     const AnalysisResults results = ResultsOf(parsed.Project());
     json views = json::object();
     for (const ViewCommand& command : kViewCommands)
-        views[std::to_string(command.command)] = ViewJson(results, overlay ? &data : nullptr, screen, command);
+        views[std::to_string(NumberOf(command.command))] =
+            ViewJson(results, overlay ? &data : nullptr, screen, command);
     const std::u8string name = project.filename().u8string();
     return Print({{"project", std::string(name.begin(), name.end())},
                   {"clientWidth", static_cast<int>(screen.clientWidth)},

@@ -28,7 +28,7 @@ public:
     void RunEnded();
 
 signals:
-    /// The page's run is due: to be made behind its question, if it has one.
+    /// The page's run is due: to be made after its question, if it has one.
     void runIsDue(const sbd::WantedRun& run);
 
 protected:

@@ -2,6 +2,7 @@
 
 #include "document/result_session.h"
 #include "document/section_doc.h"
+#include "project/block_numbers.h"
 #include "project/catalogue.h"
 #include "upperview/display_look.h"
 #include "upperview/paper.h"
@@ -17,12 +18,6 @@ namespace sbd {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int kResultBlock = 253;
-
-} // namespace
-
 CFigurePane::CFigurePane(CKELDSectionDoc* doc, QWidget* parent) : QWidget(parent), doc_(doc)
 {
     setAccessibleName(u"モデル図"_s);
@@ -34,7 +29,7 @@ CFigurePane::CFigurePane(CKELDSectionDoc* doc, QWidget* parent) : QWidget(parent
     connect(&ResultSessionOf(*doc_), &CResultSession::figureChanged, this, &CFigurePane::FigureIsAnother);
 }
 
-void CFigurePane::RunViewCommand(int command)
+void CFigurePane::RunViewCommand(Command command)
 {
     mouse_.Forget(); // the figure moves away under it
     ApplyViewCommand(view_, command);
@@ -105,11 +100,12 @@ void CFigurePane::keyPressEvent(QKeyEvent* event)
 {
     struct KeyCommand {
         int key;
-        int command;
+        Command command;
     };
     static constexpr KeyCommand commands[] = {
-        {Qt::Key_Up, 32997},   {Qt::Key_Down, 32998},  {Qt::Key_Left, 32999},  {Qt::Key_Right, 33000},
-        {Qt::Key_Plus, 32996}, {Qt::Key_Equal, 32996}, {Qt::Key_Minus, 32995},
+        {Qt::Key_Up, Command::MoveUp},       {Qt::Key_Down, Command::MoveDown}, {Qt::Key_Left, Command::MoveLeft},
+        {Qt::Key_Right, Command::MoveRight}, {Qt::Key_Plus, Command::ZoomIn},   {Qt::Key_Equal, Command::ZoomIn},
+        {Qt::Key_Minus, Command::ZoomOut},
     };
     if (event->key() == Qt::Key_Home) {
         mouse_.Forget();

@@ -1,6 +1,7 @@
 // CFigurePane: the figure of the model, or of the result that block 253 has chosen.
 #pragma once
 
+#include "commands/commands.h"
 #include "upperview/model_figure.h"
 
 #include <QWidget>
@@ -18,8 +19,8 @@ class CFigurePane : public QWidget {
 public:
     explicit CFigurePane(CKELDSectionDoc* doc, QWidget* parent = nullptr);
 
-    /// Carries out a command of the tool bar, 32991 to 33000.
-    void RunViewCommand(int command);
+    /// Carries out a command of the figure.
+    void RunViewCommand(Command command);
     [[nodiscard]] const FigureView& View() const { return view_; }
 
     /// Paints what belongs to the document's block. What the mouse has begun on a figure is not for the next one.

@@ -57,7 +57,7 @@ private:
     void ChooseLink(int link);
 
     CKELDSectionDoc* doc_;
-    QToolButton* backButton_; // there only behind a link
+    QToolButton* backButton_; // there only after a link was followed
     int returnBlock_ = 0;     // 0: no way back
     int linkTarget_ = 0;      // where the last link led
     int chosenLink_ = -1;

@@ -43,7 +43,7 @@ protected:
     [[nodiscard]] virtual QColor BackColour() const = 0;
     /// Height of a line, the step of the wheel and the arrow keys.
     [[nodiscard]] virtual double LineStep() const = 0;
-    /// Called behind a paint.
+    /// Called after a paint.
     virtual void Painted() {}
 
     void paintEvent(QPaintEvent* event) override;

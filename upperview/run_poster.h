@@ -12,7 +12,7 @@
 namespace sbd {
 
 /// Hands on the run that repaints ask for: once, never from inside the paint, and only if it is still wanted by then.
-/// As long as the page's flag stands, a repaint behind a run asks for the next one. Between them lies a pause, so that
+/// As long as the page's flag stands, a repaint after a run asks for the next one. Between them lies a pause, so that
 /// the user can end it.
 class CRunPoster : public QObject {
     Q_OBJECT

@@ -1,6 +1,7 @@
 #include "upperview/up_view.h"
 
 #include "document/section_doc.h"
+#include "project/block_numbers.h"
 #include "upperview/chk_view.h"
 #include "upperview/figure_pane.h"
 #include "upperview/help_view.h"
@@ -19,12 +20,6 @@ namespace sbd {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int kResultBlock = 253;
-
-} // namespace
-
 CUpView::CUpView(CKELDSectionDoc* doc, QWidget* parent)
     : QStackedWidget(parent)
     , doc_(doc)
@@ -40,7 +35,7 @@ CUpView::CUpView(CKELDSectionDoc* doc, QWidget* parent)
     Refresh();
 }
 
-void CUpView::RunViewCommand(int command)
+void CUpView::RunViewCommand(Command command)
 {
     figure_->RunViewCommand(command);
     if (doc_->CurrentBlock() != kResultBlock)

@@ -1,6 +1,7 @@
 // CUpView: the pane above the panel.
 #pragma once
 
+#include "commands/commands.h"
 #include "upperview/page_view.h"
 
 #include <QStackedWidget>
@@ -27,9 +28,9 @@ public:
     [[nodiscard]] CChkView& Chk() { return *chk_; }
     [[nodiscard]] CFigurePane& Figure() { return *figure_; }
 
-    /// Carries out a command of the model figure, 32991 to 33000, and shows the figure. In block 253 the result stays on
+    /// Carries out a command of the figure and shows the figure. In block 253 the result stays on
     /// show: a view fits its diagram or turns its deformed frame.
-    void RunViewCommand(int command);
+    void RunViewCommand(Command command);
 
     /// Prints what is on show, on one sheet: a printer or a PDF file. A page stands on it whole.
     void Print(QPaintDevice& sheet);

@@ -1,5 +1,5 @@
 #include "app/outside.h"
-#include "frame/commands.h"
+#include "commands/commands.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -29,7 +29,7 @@ struct Desk {
         QFile file(folder.filePath(name));
         QVERIFY(file.open(QFile::WriteOnly));
     }
-    void Run(int command)
+    void Run(Command command)
     {
         COutside(folder.path(), settings,
                  {[this](const QUrl& url) {
@@ -55,6 +55,7 @@ private slots:
     void withoutAHomePageTheMessageStillTellsWhere();
     void thePagesAreOpened();
     void aPageThatIsNotSetDoesNothing();
+    void everyCommandThatIsForOutsideIsCarriedOutThere();
     void otherCommandsDoNothing();
     void whatTheDesktopAnswersIsNotLookedAt();
     void theMenuNamesThePages();
@@ -62,19 +63,20 @@ private slots:
 
 void OutsideTest::theDocumentsStandInTheOrderOfTheMenu()
 {
-    const QList<std::tuple<int, QString, QString>> expected = {
-        {33168, u"300＆４00　主桁自動設計・製図"_s, u"KELD_Section_README.doc"_s},
-        {33169, u"500　横桁・対傾構・下横構の設計"_s, u"KELD_Cross_README.DOC"_s},
-        {33175, u"600　FEMモデル自動作成"_s, u"KELD_Fem_README.doc"_s},
-        {33171, u"640＆670　縦桁・ブラケットの設計"_s, u"KELD_Stringer_and_Bracket_README.DOC"_s},
-        {33173, u"700　支点上補剛材・ダイヤフラムの設計"_s, u"KELD_Support_Stiff_Diaphragm_README.DOC"_s},
-        {33174, u"800　数量計算"_s, u"KELD_Material_README.doc"_s},
+    const QList<std::tuple<Command, QString, QString>> expected = {
+        {Command::GirderDocument, u"300＆４00　主桁自動設計・製図"_s, u"KELD_Section_README.doc"_s},
+        {Command::CrossDocument, u"500　横桁・対傾構・下横構の設計"_s, u"KELD_Cross_README.DOC"_s},
+        {Command::FemDocument, u"600　FEMモデル自動作成"_s, u"KELD_Fem_README.doc"_s},
+        {Command::StringerDocument, u"640＆670　縦桁・ブラケットの設計"_s, u"KELD_Stringer_and_Bracket_README.DOC"_s},
+        {Command::SupportDocument, u"700　支点上補剛材・ダイヤフラムの設計"_s,
+         u"KELD_Support_Stiff_Diaphragm_README.DOC"_s},
+        {Command::QuantityDocument, u"800　数量計算"_s, u"KELD_Material_README.doc"_s},
     };
     QCOMPARE(qsizetype(DocumentCommands().size()), expected.size());
     for (qsizetype i = 0; i < expected.size(); ++i) {
         const DocumentCommand& command = DocumentCommands()[std::size_t(i)];
         QCOMPARE(command.command, std::get<0>(expected[i]));
-        QCOMPARE(FindCommand(command.command)->text, std::get<1>(expected[i]).toStdString());
+        QCOMPARE(RowOf(command.command).text, std::get<1>(expected[i]).toStdString());
         QCOMPARE(QString(command.file), std::get<2>(expected[i]));
     }
 }
@@ -94,22 +96,23 @@ void OutsideTest::aDocumentIsFoundWhateverTheCaseOfItsName()
 {
     Desk desk;
     desk.Put(u"keld_cross_readme.doc"_s);
-    desk.Run(33169);
+    desk.Run(Command::CrossDocument);
     QCOMPARE(desk.opened.size(), 1);
     QVERIFY(QFile::exists(desk.opened.constFirst().toLocalFile()));
 }
 
 void OutsideTest::aMissingDocumentIsTold_data()
 {
-    QTest::addColumn<int>("command");
+    QTest::addColumn<Command>("command");
     QTest::addColumn<QString>("name");
-    QTest::newRow("lower case") << 33168 << u"KELD_Section_README.doc"_s;
-    QTest::newRow("upper case becomes lower case") << 33173 << u"KELD_Support_Stiff_Diaphragm_README.doc"_s;
+    QTest::newRow("lower case") << Command::GirderDocument << u"KELD_Section_README.doc"_s;
+    QTest::newRow("upper case becomes lower case")
+        << Command::SupportDocument << u"KELD_Support_Stiff_Diaphragm_README.doc"_s;
 }
 
 void OutsideTest::aMissingDocumentIsTold()
 {
-    QFETCH(int, command);
+    QFETCH(const Command, command);
     QFETCH(QString, name);
     Desk desk;
     desk.Run(command);
@@ -123,7 +126,7 @@ void OutsideTest::withoutAHomePageTheMessageStillTellsWhere()
 {
     Desk desk;
     desk.settings = {};
-    desk.Run(33174);
+    desk.Run(Command::QuantityDocument);
     QCOMPARE(desk.warned, QStringList(u"ファイルKELD_Material_README.docを 製品のホームページ \n"
                                       u"(最新版アップデート)よりダウンロードして下さい！"_s));
 }
@@ -131,8 +134,8 @@ void OutsideTest::withoutAHomePageTheMessageStillTellsWhere()
 void OutsideTest::thePagesAreOpened()
 {
     Desk desk;
-    desk.Run(kHomePageCommand);
-    desk.Run(kSecondHomePageCommand);
+    desk.Run(Command::HomePage);
+    desk.Run(Command::SecondHomePage);
     QCOMPARE(desk.opened, (QList<QUrl>{desk.settings.homePage, desk.settings.secondHomePage}));
 }
 
@@ -140,16 +143,29 @@ void OutsideTest::aPageThatIsNotSetDoesNothing()
 {
     Desk desk;
     desk.settings = {};
-    desk.Run(kHomePageCommand);
-    desk.Run(kSecondHomePageCommand);
+    desk.Run(Command::HomePage);
+    desk.Run(Command::SecondHomePage);
     QVERIFY(desk.opened.isEmpty());
     QVERIFY(desk.warned.isEmpty());
+}
+
+void OutsideTest::everyCommandThatIsForOutsideIsCarriedOutThere()
+{
+    for (const CommandRow& row : CommandTable()) {
+        Desk desk;
+        for (const DocumentCommand& document : DocumentCommands())
+            desk.Put(document.file);
+        desk.Run(row.command);
+        const bool outside = row.owner == CommandOwner::Outside;
+        QVERIFY2(desk.opened.size() == (outside ? 1 : 0), row.text.data());
+        QVERIFY(desk.warned.isEmpty());
+    }
 }
 
 void OutsideTest::otherCommandsDoNothing()
 {
     Desk desk;
-    for (const int command : {0, 33170, 33172, 32768})
+    for (const Command command : {Command::None, Command::Save, Command::About})
         desk.Run(command);
     QVERIFY(desk.opened.isEmpty());
     QVERIFY(desk.warned.isEmpty());
@@ -160,8 +176,8 @@ void OutsideTest::whatTheDesktopAnswersIsNotLookedAt()
     Desk desk;
     desk.opens = false;
     desk.Put(u"KELD_Fem_README.doc"_s);
-    desk.Run(33175);
-    desk.Run(kHomePageCommand);
+    desk.Run(Command::FemDocument);
+    desk.Run(Command::HomePage);
     QCOMPARE(desk.opened.size(), 2);
     QVERIFY(desk.warned.isEmpty());
 }

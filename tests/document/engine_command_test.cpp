@@ -29,7 +29,8 @@ void EngineCommandTest::fiveRunsStandInTheOrderOfTheirNames()
 {
     const std::span<const EngineRunInfo> runs = EngineRuns();
     QCOMPARE(runs.size(), std::size_t(5));
-    const int commands[] = {39254, 39255, 39256, 33028, 33029};
+    const Command commands[] = {Command::CheckData, Command::RunAll, Command::RunAndPrint, Command::ShowCrossResults,
+                                Command::ShowSupportResults};
     for (std::size_t i = 0; i < runs.size(); ++i) {
         QCOMPARE(static_cast<std::size_t>(runs[i].run), i);
         QCOMPARE(runs[i].command, commands[i]);

@@ -15,7 +15,7 @@ struct Answers {
     QString openFile;
     QString saveFile;
     SaveAnswer save = SaveAnswer::Cancel;
-    QList<bool> yes; ///< answers to the questions in their order; no behind the last
+    QList<bool> yes; ///< answers to the questions in their order; no after the last
     StartChoice start;
     QString newProjectFile;
     std::function<bool(BoxWebNames&)> boxWebs = [](BoxWebNames&) { return true; };

@@ -1,4 +1,5 @@
 #include "frame/command_actions.h"
+#include "panels/command_text.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -16,9 +17,9 @@ namespace {
 /// A window with all menus and the tool bar, and what was asked of it.
 struct Window {
     QMainWindow frame;
-    QList<int> given;
+    QList<Command> given;
     QStringList filled;
-    CCommandActions actions{&frame, [this](int command) { given.append(command); }};
+    CCommandActions actions{&frame, [this](Command command) { given.append(command); }};
     QToolBar* toolBar = frame.addToolBar(u"標準"_s);
 
     Window()
@@ -48,7 +49,7 @@ private slots:
     void filtersAreMarkedEachForItself();
     void commandsFollowWhatHolds();
     void whatIsMadeLaterIsAskedForAtItsPlace();
-    void aNumberThatIsNoCommandIsNone();
+    void noCommandHasNoAction();
 };
 
 void CommandActionsTest::theMenuBarHasItsMenusAndTheVersion()
@@ -69,22 +70,22 @@ void CommandActionsTest::everyCommandIsGivenOnce()
     Window window;
     for (const CommandRow& row : CommandTable()) {
         window.given.clear();
-        window.actions.Of(row.id)->trigger();
-        QCOMPARE(window.given, QList<int>{row.id});
+        window.actions.Of(row.command)->trigger();
+        QCOMPARE(window.given, QList<Command>{row.command});
     }
 }
 
 void CommandActionsTest::theToolBarsButtonsGiveTheirCommands()
 {
     Window window;
-    QList<int> expected;
-    for (const int command : ToolBarItems()) {
+    QList<Command> expected;
+    for (const Command command : ToolBarItems()) {
         if (command == kSeparator)
             continue;
         expected.append(command);
         auto* button = qobject_cast<QToolButton*>(window.toolBar->widgetForAction(window.actions.Of(command)));
         QVERIFY(button != nullptr);
-        QCOMPARE(button->toolTip(), TipOf(*FindCommand(command)));
+        QCOMPARE(button->toolTip(), TipOf(RowOf(command)));
         QVERIFY(!button->icon().isNull());
         button->click();
     }
@@ -98,7 +99,7 @@ void CommandActionsTest::keysOfTheWindowGiveTheirCommand()
     QTest::keyClick(&window.frame, Qt::Key_N, Qt::ControlModifier);
     QTest::keyClick(&window.frame, Qt::Key_S, Qt::ControlModifier);
     QTest::keyClick(&window.frame, Qt::Key_F1);
-    QCOMPARE(window.given, (QList<int>{57600, 57603, 49990}));
+    QCOMPARE(window.given, (QList<Command>{Command::NewProject, Command::Save, Command::Search}));
 }
 
 void CommandActionsTest::keysOfTheGridAreNotTakenFromIt()
@@ -108,8 +109,8 @@ void CommandActionsTest::keysOfTheGridAreNotTakenFromIt()
     QTest::keyClick(&window.frame, Qt::Key_Delete);
     QTest::keyClick(&window.frame, Qt::Key_V, Qt::ControlModifier);
     QVERIFY(window.given.isEmpty());
-    QVERIFY(window.actions.Of(33001)->shortcuts().isEmpty());
-    QCOMPARE(window.actions.Of(33001)->text(), u"Delete\tDel"_s);
+    QVERIFY(window.actions.Of(Command::Delete)->shortcuts().isEmpty());
+    QCOMPARE(window.actions.Of(Command::Delete)->text(), u"Delete\tDel"_s);
 }
 
 void CommandActionsTest::altAOpensTheRunMenu()
@@ -125,41 +126,43 @@ void CommandActionsTest::oneLanguageAndOneModeIsMarked()
 {
     Window window;
     CCommandActions& actions = window.actions;
-    actions.SetMark(32763, true);
-    actions.SetMark(33026, true);
-    actions.SetMark(32764, true);
-    QVERIFY(!actions.Of(32763)->isChecked());
-    QVERIFY(actions.Of(32764)->isChecked());
-    QVERIFY(actions.Of(33026)->isChecked()); // a group of its own
-    actions.Of(33007)->trigger();
-    QVERIFY(!actions.Of(33026)->isChecked());
+    actions.SetMark(Command::Japanese, true);
+    actions.SetMark(Command::ShowAllItems, true);
+    actions.SetMark(Command::English, true);
+    QVERIFY(!actions.Of(Command::Japanese)->isChecked());
+    QVERIFY(actions.Of(Command::English)->isChecked());
+    QVERIFY(actions.Of(Command::ShowAllItems)->isChecked()); // a group of its own
+    actions.Of(Command::ShowItemsOfProject)->trigger();
+    QVERIFY(!actions.Of(Command::ShowAllItems)->isChecked());
 }
 
 void CommandActionsTest::filtersAreMarkedEachForItself()
 {
     Window window;
-    for (const int filter : {33015, 33009, 33024})
+    for (const Command filter : {Command::HidePlate, Command::HideBox, Command::HideSupport})
         window.actions.SetMark(filter, true);
-    QVERIFY(window.actions.Of(33015)->isChecked() && window.actions.Of(33009)->isChecked());
-    window.actions.SetMark(33015, false);
-    QVERIFY(!window.actions.Of(33015)->isChecked());
-    window.actions.SetMark(57600, true);
-    QVERIFY(!window.actions.Of(57600)->isChecked()); // it has no mark
+    QVERIFY(window.actions.Of(Command::HidePlate)->isChecked() && window.actions.Of(Command::HideBox)->isChecked());
+    window.actions.SetMark(Command::HidePlate, false);
+    QVERIFY(!window.actions.Of(Command::HidePlate)->isChecked());
+    window.actions.SetMark(Command::NewProject, true);
+    QVERIFY(!window.actions.Of(Command::NewProject)->isChecked()); // it has no mark
 }
 
 void CommandActionsTest::commandsFollowWhatHolds()
 {
     Window window;
     window.actions.Update([](CommandNeeds) { return false; });
-    QVERIFY(window.actions.Of(57600)->isEnabled());
-    QVERIFY(window.actions.Of(57601)->isEnabled());
-    for (const int command : {57603, 57607, 57609, 57643, 33033, 39255, 32989, 33015, 32766, 49990})
-        QVERIFY2(!window.actions.Of(command)->isEnabled(), qPrintable(QString::number(command)));
+    QVERIFY(window.actions.Of(Command::NewProject)->isEnabled());
+    QVERIFY(window.actions.Of(Command::Open)->isEnabled());
+    for (const Command command :
+         {Command::Save, Command::Print, Command::PrintPreview, Command::Undo, Command::RowsHigher, Command::RunAll,
+          Command::SwitchFigureAndHelp, Command::HidePlate, Command::HomePage, Command::Search})
+        QVERIFY2(!window.actions.Of(command)->isEnabled(), qPrintable(CommandWords(RowOf(command).text)));
     // Block 253 is on show: its zoom works, the switch to the model and the notes do not.
     window.actions.Update([](CommandNeeds needs) { return needs != CommandNeeds::FreePage; });
-    QVERIFY(window.actions.Of(32996)->isEnabled());
-    QVERIFY(!window.actions.Of(32989)->isEnabled());
-    QVERIFY(!window.actions.Of(32990)->isEnabled());
+    QVERIFY(window.actions.Of(Command::ZoomIn)->isEnabled());
+    QVERIFY(!window.actions.Of(Command::SwitchFigureAndHelp)->isEnabled());
+    QVERIFY(!window.actions.Of(Command::Notes)->isEnabled());
 }
 
 void CommandActionsTest::whatIsMadeLaterIsAskedForAtItsPlace()
@@ -170,12 +173,12 @@ void CommandActionsTest::whatIsMadeLaterIsAskedForAtItsPlace()
                                          u"ウィンドウ(&W) %1"_s.arg(static_cast<int>(MenuFill::Windows))}));
 }
 
-void CommandActionsTest::aNumberThatIsNoCommandIsNone()
+void CommandActionsTest::noCommandHasNoAction()
 {
     Window window;
-    QVERIFY(window.actions.Of(1) == nullptr);
+    QVERIFY(window.actions.Of(Command::None) == nullptr);
     QVERIFY(window.actions.Of(kSeparator) == nullptr);
-    window.actions.SetMark(1, true);
+    window.actions.SetMark(Command::None, true);
 }
 
 QTEST_MAIN(CommandActionsTest)

@@ -1,6 +1,6 @@
 #include "frame/command_icon.h"
-#include "frame/commands.h"
 #include "frame/language.h"
+#include "panels/command_text.h"
 #include "project/sbd_data.h"
 
 #include <QApplication>
@@ -19,23 +19,23 @@ namespace {
 
 QString Text(std::string_view text)
 {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    return CommandWords(text);
 }
 
 /// All commands of a menu and the menus below it.
-void CollectCommands(std::span<const MenuItem> items, QList<int>& commands)
+void CollectCommands(std::span<const MenuItem> items, QList<Command>& commands)
 {
     for (const MenuItem& item : items) {
-        if (const int* command = std::get_if<int>(&item); command != nullptr && *command != kSeparator)
+        if (const Command* command = std::get_if<Command>(&item); command != nullptr && *command != kSeparator)
             commands.append(*command);
         else if (const MenuId* menu = std::get_if<MenuId>(&item))
             CollectCommands(MenuOf(*menu).items, commands);
     }
 }
 
-QList<int> CommandsIn(MenuId menu)
+QList<Command> CommandsIn(MenuId menu)
 {
-    QList<int> commands;
+    QList<Command> commands;
     CollectCommands(MenuOf(menu).items, commands);
     return commands;
 }
@@ -78,13 +78,10 @@ class CommandsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void noCommandStandsTwice();
-    void everyMenuEntryIsACommand();
     void everyCommandCanBeReachedByMenus();
     void noTwoCommandsShareAKey();
     void everyKeyIsAKey();
     void theKeysAreThoseOfTheProgram();
-    void theToolBarHasItsOrder();
     void everyToolBarButtonHasAnIconAndATip();
     void tipsStandAsTheyAre();
     void theRunMenuStandsAsItIs();
@@ -105,46 +102,25 @@ private slots:
     void titlesOfTheDataMenuFollowTheTree();
 };
 
-void CommandsTest::noCommandStandsTwice()
-{
-    QSet<int> ids;
-    for (const CommandRow& row : CommandTable()) {
-        QVERIFY2(!ids.contains(row.id), qPrintable(QString::number(row.id)));
-        ids.insert(row.id);
-        QVERIFY(!row.text.empty());
-    }
-    QVERIFY(ids.size() > 60);
-}
-
-void CommandsTest::everyMenuEntryIsACommand()
-{
-    QList<int> commands;
-    CollectCommands(MenuBarItems(), commands);
-    for (const int id : GridMenuItems())
-        commands.append(id);
-    for (const int id : commands)
-        QVERIFY2(FindCommand(id) != nullptr, qPrintable(QString::number(id)));
-}
-
 void CommandsTest::everyCommandCanBeReachedByMenus()
 {
-    QList<int> commands;
+    QList<Command> commands;
     CollectCommands(MenuBarItems(), commands);
     for (const CommandRow& row : CommandTable()) {
         // The search panel's own command stands in its menu.
         const qsizetype expected = row.scope == KeyScope::Search ? 0 : 1;
-        QVERIFY2(commands.count(row.id) == expected, qPrintable(Text(row.text)));
+        QVERIFY2(commands.count(row.command) == expected, qPrintable(Text(row.text)));
     }
 }
 
 void CommandsTest::noTwoCommandsShareAKey()
 {
-    QHash<QString, int> owners;
+    QHash<QString, Command> owners;
     for (const CommandRow& row : CommandTable()) {
         for (const QKeySequence& key : KeysOf(row)) {
             const QString name = key.toString(QKeySequence::PortableText);
             QVERIFY2(!owners.contains(name), qPrintable(name));
-            owners.insert(name, row.id);
+            owners.insert(name, row.command);
         }
     }
 }
@@ -163,69 +139,60 @@ void CommandsTest::everyKeyIsAKey()
 
 void CommandsTest::theKeysAreThoseOfTheProgram()
 {
-    const auto keys = [](int id) {
+    const auto keys = [](Command id) {
         QStringList names;
-        for (const QKeySequence& key : KeysOf(*FindCommand(id)))
+        for (const QKeySequence& key : KeysOf(RowOf(id)))
             names.append(key.toString(QKeySequence::PortableText));
         return names.join(u' ');
     };
-    QCOMPARE(keys(57634), u"Ctrl+C Ctrl+Ins"_s);
-    QCOMPARE(keys(57635), u"Ctrl+X"_s);
-    QCOMPARE(keys(33001), u"Del"_s);
-    QCOMPARE(keys(57637), u"Ctrl+V Shift+Ins"_s);
-    QCOMPARE(keys(57643), u"Ctrl+Z Alt+Backspace"_s);
-    QCOMPARE(keys(57600), u"Ctrl+N"_s);
-    QCOMPARE(keys(57601), u"Ctrl+O"_s);
-    QCOMPARE(keys(57607), u"Ctrl+P"_s);
-    QCOMPARE(keys(57603), u"Ctrl+S"_s);
-    QCOMPARE(keys(49990), u"F1"_s);
-    QCOMPARE(keys(33181), u"Ctrl+M"_s);
-    QVERIFY(FindCommand(33001)->scope == KeyScope::Grid);
-}
-
-void CommandsTest::theToolBarHasItsOrder()
-{
-    const QList<int> order = {57600, 57601, 57603, 0,     57643, 57635, 57634, 57637, 0,     57607, 57609, 0,
-                              33037, 0,     33150, 33153, 33154, 33033, 33035, 0,     32990, 39255, 0,     32989,
-                              32996, 32995, 32994, 32991, 32992, 32993, 32997, 32998, 32999, 33000};
-    QCOMPARE(QList<int>(ToolBarItems().begin(), ToolBarItems().end()), order);
+    QCOMPARE(keys(Command::Copy), u"Ctrl+C Ctrl+Ins"_s);
+    QCOMPARE(keys(Command::Cut), u"Ctrl+X"_s);
+    QCOMPARE(keys(Command::Delete), u"Del"_s);
+    QCOMPARE(keys(Command::Paste), u"Ctrl+V Shift+Ins"_s);
+    QCOMPARE(keys(Command::Undo), u"Ctrl+Z Alt+Backspace"_s);
+    QCOMPARE(keys(Command::NewProject), u"Ctrl+N"_s);
+    QCOMPARE(keys(Command::Open), u"Ctrl+O"_s);
+    QCOMPARE(keys(Command::Print), u"Ctrl+P"_s);
+    QCOMPARE(keys(Command::Save), u"Ctrl+S"_s);
+    QCOMPARE(keys(Command::Search), u"F1"_s);
+    QCOMPARE(keys(Command::JumpToHit), u"Ctrl+M"_s);
+    QVERIFY(RowOf(Command::Delete).scope == KeyScope::Grid);
 }
 
 void CommandsTest::everyToolBarButtonHasAnIconAndATip()
 {
-    for (const int id : ToolBarItems()) {
+    for (const Command id : ToolBarItems()) {
         if (id == kSeparator)
             continue;
-        const CommandRow* row = FindCommand(id);
-        QVERIFY2(row != nullptr, qPrintable(QString::number(id)));
-        QVERIFY2(!CommandIcon(Text(row->icon)).isNull(), qPrintable(Text(row->text)));
-        QVERIFY(!TipOf(*row).isEmpty());
+        const CommandRow& row = RowOf(id);
+        QVERIFY2(!CommandIcon(Text(row.icon)).isNull(), qPrintable(Text(row.text)));
+        QVERIFY(!TipOf(row).isEmpty());
     }
 }
 
 void CommandsTest::tipsStandAsTheyAre()
 {
-    const std::pair<int, QString> tips[] = {
-        {39255, u"255.解析実行[RUN]"_s},
-        {39254, u"254.データチェック[CHECK]"_s},
-        {39256, u"256.解析実行＆出力[RESULT]"_s},
-        {33028, u"横桁・対傾構結果画面表示"_s},
-        {33029, u"支点補剛材・ダイヤフランム結果画面表示"_s},
-        {32989, u"モデル図　と　ヘルプ　との切り替え"_s},
-        {32990, u"注意事項"_s},
-        {32991, u"XY面の表示"_s},
-        {32992, u"YZ面の表示"_s},
-        {32993, u"XZ面の表示"_s},
-        {32994, u"全体表示"_s},
-        {32995, u"縮小表示(0.80倍)"_s},
-        {32996, u"拡大表示(1.25倍)"_s},
-        {32997, u"上へ移動"_s},
-        {32998, u"下へ移動"_s},
-        {32999, u"左へ移動"_s},
-        {33000, u"右へ移動"_s},
+    const std::pair<Command, QString> tips[] = {
+        {Command::RunAll, u"255.解析実行[RUN]"_s},
+        {Command::CheckData, u"254.データチェック[CHECK]"_s},
+        {Command::RunAndPrint, u"256.解析実行＆出力[RESULT]"_s},
+        {Command::ShowCrossResults, u"横桁・対傾構結果画面表示"_s},
+        {Command::ShowSupportResults, u"支点補剛材・ダイヤフランム結果画面表示"_s},
+        {Command::SwitchFigureAndHelp, u"モデル図　と　ヘルプ　との切り替え"_s},
+        {Command::Notes, u"注意事項"_s},
+        {Command::ViewXY, u"XY面の表示"_s},
+        {Command::ViewYZ, u"YZ面の表示"_s},
+        {Command::ViewXZ, u"XZ面の表示"_s},
+        {Command::ViewAll, u"全体表示"_s},
+        {Command::ZoomOut, u"縮小表示(0.80倍)"_s},
+        {Command::ZoomIn, u"拡大表示(1.25倍)"_s},
+        {Command::MoveUp, u"上へ移動"_s},
+        {Command::MoveDown, u"下へ移動"_s},
+        {Command::MoveLeft, u"左へ移動"_s},
+        {Command::MoveRight, u"右へ移動"_s},
     };
     for (const auto& [id, tip] : tips)
-        QCOMPARE(TipOf(*FindCommand(id)), tip);
+        QCOMPARE(TipOf(RowOf(id)), tip);
 }
 
 void CommandsTest::theRunMenuStandsAsItIs()
@@ -238,44 +205,50 @@ void CommandsTest::theRunMenuStandsAsItIs()
         u"4.横桁･対傾構結果表示; 選択出力 　　　　　　　　 (正しく表示には 1. 実行してから行ってください)"_s,
         u"5.支点補剛材・ダイヤフラム結果表示; 選択出力　　(正しく表示には 1. 実行してから行ってください)"_s,
     };
-    const QList<int> ids = {39255, 39254, 39256, 33028, 33029};
+    const QList<Command> ids = {Command::RunAll, Command::CheckData, Command::RunAndPrint, Command::ShowCrossResults,
+                                Command::ShowSupportResults};
     QCOMPARE(CommandsIn(MenuId::Run), ids);
     for (qsizetype i = 0; i < ids.size(); ++i)
-        QCOMPARE(Text(FindCommand(ids[i])->text), texts[i]);
+        QCOMPARE(Text(RowOf(ids[i]).text), texts[i]);
 }
 
 void CommandsTest::theFilterAndModeEntriesStandAsTheyAre()
 {
-    const QList<int> entries = CommandsIn(MenuId::TreeItems);
-    QCOMPARE(entries, (QList<int>{33026, 33007, 33006, 33015, 33009, 33014, 33010, 33012, 33013, 33021, 33019, 33024}));
-    for (const int id : entries) {
-        const CommandRow& row = *FindCommand(id);
+    const QList<Command> entries = CommandsIn(MenuId::TreeItems);
+    QCOMPARE(entries, (QList<Command>{Command::ShowAllItems, Command::ShowItemsOfProject, Command::ShowUnfilteredItems,
+                                      Command::HidePlate, Command::HideBox, Command::HideDrawing, Command::HideCross,
+                                      Command::HideLateral, Command::HideFem, Command::HideStringer,
+                                      Command::HideBracket, Command::HideSupport}));
+    for (const Command id : entries) {
+        const CommandRow& row = RowOf(id);
         QCOMPARE(row.mark == CommandMark::Radio, TreeModeOf(id).has_value());
         QCOMPARE(row.needs == CommandNeeds::Filters, TreeFilterOf(id).has_value());
     }
-    QCOMPARE(Text(FindCommand(33026)->text), u"すべての項目表示"_s);
-    QCOMPARE(Text(FindCommand(33007)->text), u"全項目自動表示（表示しない項目を除く）"_s);
-    QCOMPARE(Text(FindCommand(33006)->text), u"全項目表示（表示しない項目を除く）"_s);
-    QCOMPARE(Text(FindCommand(33009)->text), u"箱桁項目表示しない"_s);
-    QCOMPARE(Text(FindCommand(33024)->text), u"700支点補剛材・ダイヤフラム項目表示しない"_s);
+    QCOMPARE(Text(RowOf(Command::ShowAllItems).text), u"すべての項目表示"_s);
+    QCOMPARE(Text(RowOf(Command::ShowItemsOfProject).text), u"全項目自動表示（表示しない項目を除く）"_s);
+    QCOMPARE(Text(RowOf(Command::ShowUnfilteredItems).text), u"全項目表示（表示しない項目を除く）"_s);
+    QCOMPARE(Text(RowOf(Command::HideBox).text), u"箱桁項目表示しない"_s);
+    QCOMPARE(Text(RowOf(Command::HideSupport).text), u"700支点補剛材・ダイヤフラム項目表示しない"_s);
 }
 
 void CommandsTest::theDocumentsStandInTheHelpMenu()
 {
-    const QList<int> entries = CommandsIn(MenuId::Help);
-    for (const int id : {33168, 33169, 33175, 33171, 33173, 33174, 32766, 32767})
-        QVERIFY2(entries.contains(id), qPrintable(QString::number(id)));
-    QCOMPARE(Text(FindCommand(33168)->text), u"300＆４00　主桁自動設計・製図"_s);
-    QCOMPARE(Text(FindCommand(33171)->text), u"640＆670　縦桁・ブラケットの設計"_s);
-    QCOMPARE(Text(FindCommand(32767)->text), u" Homepage..."_s);
+    const QList<Command> entries = CommandsIn(MenuId::Help);
+    for (const Command id :
+         {Command::GirderDocument, Command::CrossDocument, Command::FemDocument, Command::StringerDocument,
+          Command::SupportDocument, Command::QuantityDocument, Command::HomePage, Command::SecondHomePage})
+        QVERIFY2(entries.contains(id), qPrintable(Text(RowOf(id).text)));
+    QCOMPARE(Text(RowOf(Command::GirderDocument).text), u"300＆４00　主桁自動設計・製図"_s);
+    QCOMPARE(Text(RowOf(Command::StringerDocument).text), u"640＆670　縦桁・ブラケットの設計"_s);
+    QCOMPARE(Text(RowOf(Command::SecondHomePage).text), u" Homepage..."_s);
 }
 
 void CommandsTest::theVersionIsTheNinthEntryOfTheMenuBar()
 {
     const auto bar = MenuBarItems();
     QCOMPARE(bar.size(), std::size_t{9});
-    QCOMPARE(std::get<int>(bar[8]), kVersionEntry);
-    QCOMPARE(Text(FindCommand(kVersionEntry)->text), u"Ver20110808"_s);
+    QCOMPARE(std::get<Command>(bar[8]), Command::Version);
+    QCOMPARE(Text(RowOf(Command::Version).text), u"Ver20110808"_s);
 }
 
 void CommandsTest::lettersOfAMenuAreItsOwn()
@@ -284,8 +257,8 @@ void CommandsTest::lettersOfAMenuAreItsOwn()
         QSet<QChar> letters;
         for (const MenuItem& item : items) {
             std::string_view text;
-            if (const int* command = std::get_if<int>(&item); command != nullptr && *command != kSeparator)
-                text = FindCommand(*command)->text;
+            if (const Command* command = std::get_if<Command>(&item); command != nullptr && *command != kSeparator)
+                text = RowOf(*command).text;
             else if (const MenuId* menu = std::get_if<MenuId>(&item))
                 text = MenuOf(*menu).title;
             const QChar letter = LetterOf(text);
@@ -314,24 +287,24 @@ void CommandsTest::anAmpersandThatMarksNoLetterIsShown()
 
 void CommandsTest::keysOfTheGridAreTextInTheMenu()
 {
-    QCOMPARE(EntryText(*FindCommand(57643)), u"元に戻す(&U)\tCtrl+Z"_s);
-    QCOMPARE(EntryText(*FindCommand(57600)), u"新規作成(&N)"_s);
-    QCOMPARE(EntryText(*FindCommand(33040)), u"挿入行"_s);
+    QCOMPARE(EntryText(RowOf(Command::Undo)), u"元に戻す(&U)\tCtrl+Z"_s);
+    QCOMPARE(EntryText(RowOf(Command::NewProject)), u"新規作成(&N)"_s);
+    QCOMPARE(EntryText(RowOf(Command::InsertRow)), u"挿入行"_s);
 }
 
 void CommandsTest::aTipNamesItsKey()
 {
-    QCOMPARE(TipOf(*FindCommand(57601)), u"開く (Ctrl+O)"_s);
-    QCOMPARE(TipOf(*FindCommand(57643)), u"元に戻す (Ctrl+Z)"_s);
-    QCOMPARE(TipOf(*FindCommand(33037)), u"選択リストと直接入力の切り替え"_s);
+    QCOMPARE(TipOf(RowOf(Command::Open)), u"開く (Ctrl+O)"_s);
+    QCOMPARE(TipOf(RowOf(Command::Undo)), u"元に戻す (Ctrl+Z)"_s);
+    QCOMPARE(TipOf(RowOf(Command::WordLists)), u"選択リストと直接入力の切り替え"_s);
 }
 
 void CommandsTest::iconsAreDrawnAtEverySizeAndRatio()
 {
-    for (const int id : ToolBarItems()) {
+    for (const Command id : ToolBarItems()) {
         if (id == kSeparator)
             continue;
-        const QString name = Text(FindCommand(id)->icon);
+        const QString name = Text(RowOf(id).icon);
         const QIcon icon = CommandIcon(name);
         for (const int size : {16, 24, 32}) {
             for (const qreal ratio : {1.0, 1.5, 2.0}) {
@@ -433,13 +406,13 @@ void CommandsTest::languagesHaveTheirCommandsAndWords()
         QVERIFY(TitleLanguageOf(mode.word) == mode.language);
         QCOMPARE(LanguageModeOf(mode.command), &mode);
         QCOMPARE(&LanguageModeOf(mode.language), &mode);
-        QVERIFY(FindCommand(mode.command)->mark == CommandMark::Radio);
+        QVERIFY(RowOf(mode.command).mark == CommandMark::Radio);
     }
-    QVERIFY(LanguageModeOf(32769) == nullptr);
-    QCOMPARE(Text(FindCommand(32764)->text), u"英語"_s);
-    QCOMPARE(Text(FindCommand(32763)->text), u"日本語"_s);
-    QCOMPARE(Text(FindCommand(32762)->text), u"英語&日本語"_s);
-    QVERIFY(LanguageModeOf(32764)->language == TitleLanguage::English);
+    QVERIFY(LanguageModeOf(Command::SavePanes) == nullptr);
+    QCOMPARE(Text(RowOf(Command::English).text), u"英語"_s);
+    QCOMPARE(Text(RowOf(Command::Japanese).text), u"日本語"_s);
+    QCOMPARE(Text(RowOf(Command::EnglishAndJapanese).text), u"英語&日本語"_s);
+    QVERIFY(LanguageModeOf(Command::English)->language == TitleLanguage::English);
 }
 
 void CommandsTest::titlesOfTheDataMenuFollowTheTree()

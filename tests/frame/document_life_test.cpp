@@ -154,7 +154,7 @@ void DocumentLifeTest::runAtOnceOnAnOldProjectAsksAndKeepsIt()
     QCOMPARE(station.user.asked, QStringList(QDir::toNativeSeparators(station.Project())
                                              + u"\n古い自動設計結果があります,廃棄しますか？"_s));
     QCOMPARE(Bytes(station.Project()), before);
-    QVERIFY(child->Doc().Data().RowCount(313) > CSbdData().RowCount(313)); // the file's, read behind the run
+    QVERIFY(child->Doc().Data().RowCount(313) > CSbdData().RowCount(313)); // the file's, read after the run
 }
 
 void DocumentLifeTest::runAtOnceOnAnOldProjectMayReplaceIt()

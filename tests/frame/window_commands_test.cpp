@@ -8,6 +8,7 @@
 #include "frame/settings.h"
 #include "grid/grid_ctrl.h"
 #include "menu_entries.h"
+#include "panels/command_text.h"
 #include "panels/panel.h"
 #include "project/catalogue.h"
 #include "upperview/figure_pane.h"
@@ -55,9 +56,9 @@ struct Station {
         child = frame->OpenProject(folder.Example(u"plate4"_s));
         QApplication::processEvents();
     }
-    [[nodiscard]] QAction* Action(int command) const { return frame->Actions().Of(command); }
+    [[nodiscard]] QAction* Action(Command command) const { return frame->Actions().Of(command); }
     /// Gives a command as the menu and the tool bar do.
-    void Give(int command) const
+    void Give(Command command) const
     {
         Action(command)->trigger();
         QApplication::processEvents();
@@ -95,6 +96,7 @@ class WindowCommandsTest : public QObject {
 private slots:
     void everyCommandCanBeGiven_data();
     void everyCommandCanBeGiven();
+    void everyCommandHasAHandlerOrIsCarriedOutOutside();
     void withoutAProjectTheCommandsOfProjectsAreOff();
     void everyEntryOfTheDataMenuOpensItsBlockOrRuns();
     void theDataMenuMarksTheBlockOnShow();
@@ -135,15 +137,15 @@ private slots:
 
 void WindowCommandsTest::everyCommandCanBeGiven_data()
 {
-    QTest::addColumn<int>("command");
+    QTest::addColumn<Command>("command");
     for (const CommandRow& row : CommandTable()) {
-        QTest::addRow("%d", row.id) << row.id;
+        QTest::newRow(qPrintable(CommandWords(row.text))) << row.command;
     }
 }
 
 void WindowCommandsTest::everyCommandCanBeGiven()
 {
-    QFETCH(const int, command);
+    QFETCH(const Command, command);
     Station station;
     station.child->GoToBlock(313);
     station.Grid().SetFocusCell(3, 2);
@@ -154,8 +156,19 @@ void WindowCommandsTest::everyCommandCanBeGiven()
     });
     dismiss.start(20);
     station.Give(command);
-    QVERIFY(station.frame->isVisible() || command == 57665);
-    QVERIFY(command == 33037 || station.user.warned.isEmpty());
+    QVERIFY(station.frame->isVisible() || command == Command::Exit);
+    QVERIFY(command == Command::WordLists || station.user.warned.isEmpty());
+}
+
+void WindowCommandsTest::everyCommandHasAHandlerOrIsCarriedOutOutside()
+{
+    const Station station;
+    for (const CommandRow& row : CommandTable()) {
+        QVERIFY2(station.frame->HasHandler(row.command) || row.owner == CommandOwner::Outside,
+                 qPrintable(u"nobody carries out: "_s + CommandWords(row.text)));
+        QVERIFY2(!station.frame->HasHandler(row.command) || row.owner == CommandOwner::Frame,
+                 qPrintable(u"the handler is never called, the owner is outside: "_s + CommandWords(row.text)));
+    }
 }
 
 void WindowCommandsTest::withoutAProjectTheCommandsOfProjectsAreOff()
@@ -165,9 +178,9 @@ void WindowCommandsTest::withoutAProjectTheCommandsOfProjectsAreOff()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     for (const CommandRow& row : CommandTable()) {
         const bool always = row.needs == CommandNeeds::Nothing;
-        QVERIFY2(station.Action(row.id)->isEnabled() == always, qPrintable(QString::number(row.id)));
+        QVERIFY2(station.Action(row.command)->isEnabled() == always, qPrintable(CommandWords(row.text)));
         if (!always)
-            station.frame->RunCommand(row.id); // nothing happens
+            station.frame->RunCommand(row.command); // nothing happens
     }
 }
 
@@ -179,7 +192,7 @@ void WindowCommandsTest::everyEntryOfTheDataMenuOpensItsBlockOrRuns()
             continue;
         station.child->GoToBlock(301);
         station.engines.clear();
-        station.frame->RunCommand(row.command);
+        station.frame->OpenBlock(row.block);
         QApplication::processEvents();
         if (RunOfBlock(row.block))
             QCOMPARE(station.engines.size(), 1);
@@ -209,10 +222,8 @@ void WindowCommandsTest::theToolBarStandsInItsOrder()
 {
     const Station station;
     QList<QAction*> wanted;
-    for (const int command : {57600, 57601, 57603, 0,     57643, 57635, 57634, 57637, 0,     57607, 57609, 0,
-                              33037, 0,     33150, 33153, 33154, 33033, 33035, 0,     32990, 39255, 0,     32989,
-                              32996, 32995, 32994, 32991, 32992, 32993, 32997, 32998, 32999, 33000})
-        wanted.append(command == 0 ? nullptr : station.Action(command));
+    for (const Command command : ToolBarItems())
+        wanted.append(command == kSeparator ? nullptr : station.Action(command));
     QList<QAction*> there;
     for (QAction* action : station.frame->findChild<QToolBar*>()->actions()) {
         there.append(action->isSeparator() ? nullptr : action);
@@ -233,14 +244,14 @@ void WindowCommandsTest::rowHeightGrowsShrinksAndStopsAtEighteen()
     Station station;
     station.child->GoToBlock(313);
     const int first = station.Grid().rowHeight(1);
-    station.Give(33033);
+    station.Give(Command::RowsHigher);
     QCOMPARE(CSettings().RowHeight(), 21);
     QCOMPARE(station.Grid().rowHeight(1), first + 3);
     station.Start(); // the next program has it too
     station.child->GoToBlock(313);
     QCOMPARE(station.Grid().rowHeight(1), first + 3);
     for (int i = 0; i < 3; ++i)
-        station.Give(33035);
+        station.Give(Command::RowsLower);
     QCOMPARE(CSettings().RowHeight(), 18);
     QCOMPARE(station.Grid().rowHeight(1), first);
 }
@@ -250,10 +261,10 @@ void WindowCommandsTest::columnsWidenAndNarrow()
     Station station;
     station.child->GoToBlock(313);
     const int first = station.Grid().columnWidth(1);
-    station.Give(33153);
+    station.Give(Command::ColumnsWider);
     const int wider = station.Grid().columnWidth(1);
     QVERIFY(wider > first);
-    station.Give(33154);
+    station.Give(Command::ColumnsNarrower);
     QVERIFY(station.Grid().columnWidth(1) < wider);
 }
 
@@ -263,9 +274,9 @@ void WindowCommandsTest::cellsGoBackToTheStart()
     station.child->GoToBlock(313);
     const int height = station.Grid().rowHeight(1);
     const int width = station.Grid().columnWidth(1);
-    station.Give(33033);
-    station.Give(33153);
-    station.Give(33150);
+    station.Give(Command::RowsHigher);
+    station.Give(Command::ColumnsWider);
+    station.Give(Command::ResetCells);
     QCOMPARE(station.Grid().rowHeight(1), height);
     QCOMPARE(station.Grid().columnWidth(1), width);
     QCOMPARE(CSettings().RowHeight(), 18);
@@ -277,14 +288,14 @@ void WindowCommandsTest::wordListsAreSwitchedOffAndOn()
     Station station;
     station.child->GoToBlock(301);
     QVERIFY(station.Grid().Source()->HasWords(2, 2));
-    QVERIFY(station.Action(33037)->isChecked());
-    station.Give(33037);
+    QVERIFY(station.Action(Command::WordLists)->isChecked());
+    station.Give(Command::WordLists);
     QVERIFY(!station.Grid().Source()->HasWords(2, 2));
-    QVERIFY(!station.Action(33037)->isChecked());
+    QVERIFY(!station.Action(Command::WordLists)->isChecked());
     QCOMPARE(CSettings().ComboOrList(), 2);
     station.Start();
     QVERIFY(!station.Grid().Source()->HasWords(2, 2));
-    station.Give(33037);
+    station.Give(Command::WordLists);
     QVERIFY(station.Grid().Source()->HasWords(2, 2));
 }
 
@@ -293,7 +304,7 @@ void WindowCommandsTest::theCellStaysWhereItWasWhenThePanelIsBuiltAnew()
     Station station;
     station.child->GoToBlock(313);
     station.child->Panel()->GoToCell(5, 6);
-    station.Give(33033);
+    station.Give(Command::RowsHigher);
     QCOMPARE(station.Grid().currentIndex().row(), 4);
     QCOMPARE(station.Grid().currentIndex().column(), 5);
     QVERIFY(!station.Doc().IsModified());
@@ -303,18 +314,18 @@ void WindowCommandsTest::theLanguageRetitlesTreeAndMenu()
 {
     Station station;
     QVERIFY(station.TopItems().contains(u"300.主桁自動設計MAIN_CONTROL"_s));
-    station.Give(32764);
+    station.Give(Command::English);
     QVERIFY(station.TopItems().contains(u"300.[MAIN_CONTROL]"_s));
     QVERIFY2(DataMenuTexts(*station.frame).contains(u"313.[VERTICAL_STIFF](必要)"_s)
                  || !DataMenuTexts(*station.frame).filter(u"313.["_s).isEmpty(),
              qPrintable(DataMenuTexts(*station.frame).filter(u"313"_s).join(u'|')));
-    QVERIFY(station.Action(32764)->isChecked());
-    QVERIFY(!station.Action(32763)->isChecked());
+    QVERIFY(station.Action(Command::English)->isChecked());
+    QVERIFY(!station.Action(Command::Japanese)->isChecked());
     station.Start();
     QVERIFY(station.TopItems().contains(u"300.[MAIN_CONTROL]"_s));
-    station.Give(32762);
+    station.Give(Command::EnglishAndJapanese);
     QVERIFY(station.TopItems().contains(u"300.主桁自動設計MAIN_CONTROL[MAIN_CONTROL]"_s));
-    station.Give(32763);
+    station.Give(Command::Japanese);
     QVERIFY(station.TopItems().contains(u"300.主桁自動設計MAIN_CONTROL"_s));
     QVERIFY(!DataMenuTexts(*station.frame).filter(u"313.垂直補剛材"_s).isEmpty());
 }
@@ -335,19 +346,19 @@ void WindowCommandsTest::theDataMenuFollowsTheTypeOfTheProject()
 void WindowCommandsTest::filtersCountOnlyWhenNotEverythingIsShown()
 {
     Station station;
-    QVERIFY(station.Action(33026)->isChecked());
-    QVERIFY(!station.Action(33013)->isEnabled());
-    station.Give(33006);
-    QVERIFY(station.Action(33006)->isChecked());
-    QVERIFY(!station.Action(33026)->isChecked());
+    QVERIFY(station.Action(Command::ShowAllItems)->isChecked());
+    QVERIFY(!station.Action(Command::HideFem)->isEnabled());
+    station.Give(Command::ShowUnfilteredItems);
+    QVERIFY(station.Action(Command::ShowUnfilteredItems)->isChecked());
+    QVERIFY(!station.Action(Command::ShowAllItems)->isChecked());
     QVERIFY(!station.TopItems().filter(u"600."_s).isEmpty());
-    station.Give(33013);
-    QVERIFY(station.Action(33013)->isChecked());
+    station.Give(Command::HideFem);
+    QVERIFY(station.Action(Command::HideFem)->isChecked());
     QVERIFY(station.TopItems().filter(u"600."_s).isEmpty());
-    station.Give(33013);
+    station.Give(Command::HideFem);
     QVERIFY(!station.TopItems().filter(u"600."_s).isEmpty());
-    station.Give(33013);
-    station.Give(33026);
+    station.Give(Command::HideFem);
+    station.Give(Command::ShowAllItems);
     QVERIFY(!station.TopItems().filter(u"600."_s).isEmpty());
 }
 
@@ -364,10 +375,10 @@ void WindowCommandsTest::paneSizesAreKeptOnlyWhenAskedFor()
     QVERIFY(station.child->UpView().height() != up);
     station.child->SetPanes(sizes);
     QApplication::processEvents();
-    station.Give(32769);
+    station.Give(Command::SavePanes);
     station.Start();
     QCOMPARE(station.child->UpView().height(), up);
-    station.Give(32966); // as at first
+    station.Give(Command::ResetDisplay); // as at first
     QCOMPARE(station.child->UpView().height(), station.child->ComputedPanes().up);
 }
 
@@ -395,8 +406,8 @@ void WindowCommandsTest::colourAndFontAreKept()
         return true;
     };
     station.Start();
-    station.Give(32770);
-    station.Give(32965);
+    station.Give(Command::BackColor);
+    station.Give(Command::Font);
     QCOMPARE(station.Doc().display.backColor, 0x030201U);
     station.Start();
     QCOMPARE(station.Doc().display.backColor, 0x030201U);
@@ -408,9 +419,9 @@ void WindowCommandsTest::theResetKeepsTheCells()
     Station station;
     station.prompts.chooseColour = [](QWidget*, const QColor&) { return QColor(1, 2, 3); };
     station.Start();
-    station.Give(32770);
-    station.Give(33033);
-    station.Give(32966);
+    station.Give(Command::BackColor);
+    station.Give(Command::RowsHigher);
+    station.Give(Command::ResetDisplay);
     QCOMPARE(station.Doc().display.backColor, 0xFFFFFFU);
     QCOMPARE(CSettings().RowHeight(), 21);
 }
@@ -423,7 +434,7 @@ void WindowCommandsTest::decimalsBelongToTheProject()
         return true;
     };
     station.Start();
-    station.Give(32771);
+    station.Give(Command::Decimals);
     QCOMPARE(station.Doc().display.metreDecimals, 2);
     station.Start();
     QCOMPARE(station.Doc().display.metreDecimals, DisplaySettings().metreDecimals);
@@ -433,11 +444,11 @@ void WindowCommandsTest::windowsOrTabsIsTheUsersChoice()
 {
     Station station;
     const bool tabbed = CSettings().TabbedWindows();
-    station.Give(kTabbedWindows);
+    station.Give(Command::TabbedWindows);
     QCOMPARE(CSettings().TabbedWindows(), !tabbed);
     station.Start();
     QCOMPARE(station.frame->findChild<QMdiArea*>()->viewMode() == QMdiArea::TabbedView, !tabbed);
-    QCOMPARE(station.Action(kTabbedWindows)->isChecked(), !tabbed);
+    QCOMPARE(station.Action(Command::TabbedWindows)->isChecked(), !tabbed);
 }
 
 void WindowCommandsTest::theTitleNamesTheProjectWithTabsToo()
@@ -446,7 +457,7 @@ void WindowCommandsTest::theTitleNamesTheProjectWithTabsToo()
     const QString title = u"KELD section - [plate4.sbd[*]]"_s;
     QCOMPARE(station.frame->windowTitle(), title);
     for (int round = 0; round < 2; ++round) {
-        station.Give(kTabbedWindows);
+        station.Give(Command::TabbedWindows);
         QCOMPARE(station.frame->windowTitle(), title);
         station.Doc().SetModifiedFlag(true);
         QVERIFY(station.frame->isWindowModified());
@@ -459,7 +470,7 @@ void WindowCommandsTest::theTitleNamesTheProjectWithTabsToo()
         QApplication::processEvents();
         QCOMPARE(station.frame->windowTitle(), title);
     }
-    station.Give(kTabbedWindows);
+    station.Give(Command::TabbedWindows);
     station.child->close();
     QApplication::processEvents();
     QCOMPARE(station.frame->windowTitle(), u"KELD section"_s);
@@ -485,24 +496,24 @@ void WindowCommandsTest::proposedNamesStandInTheProjectsFolderAndAreValidEverywh
     station.child->GoToBlock(313);
     for (const bool saved : {false, true}) {
         if (saved)
-            station.Give(57603); // from then on the window's title is the whole path
-        station.Give(57607);
+            station.Give(Command::Save); // from then on the window's title is the whole path
+        station.Give(Command::Print);
         QCOMPARE(job, u"plate4_313"_s);
 #ifndef Q_OS_WIN
         QCOMPARE(file, folder + u"/plate4_313.pdf"_s);
 #endif
-        station.Give(kSavePicture);
+        station.Give(Command::SavePicture);
         QCOMPARE(pictures.last(), folder + u"/plate4_313.png"_s);
     }
-    station.Give(32990);
-    station.Give(kSavePicture);
+    station.Give(Command::Notes);
+    station.Give(Command::SavePicture);
     QCOMPARE(pictures.last(), folder + u"/plate4_100.png"_s);
     station.child->GoToBlock(313);
-    station.Give(kSavePicture);
+    station.Give(Command::SavePicture);
     QCOMPARE(pictures.last(), folder + u"/plate4_313.png"_s);
 #ifndef Q_OS_WIN // where such a name is possible
     QVERIFY(station.Doc().SaveDocument(station.folder.Path(u"a:b. .sbd"_s)).Ok());
-    station.Give(kSavePicture);
+    station.Give(Command::SavePicture);
     QCOMPARE(QFileInfo(pictures.last()).fileName(), u"a_b. _313.png"_s);
 #endif
 }
@@ -517,20 +528,20 @@ void WindowCommandsTest::theAboutBoxNamesTheVersionOfTheMenuBar()
             box->close();
         }
     });
-    station.Give(57664);
+    station.Give(Command::About);
     QVERIFY2(text.contains(station.frame->menuBar()->actions().at(8)->text()), qPrintable(text));
 }
 
 void WindowCommandsTest::theModelFigureTakesThePageAndGivesItBack()
 {
     Station station;
-    station.Give(32989);
+    station.Give(Command::SwitchFigureAndHelp);
     QVERIFY(station.child->UpView().currentWidget() == &station.child->UpView().Figure());
-    station.Give(32996);
+    station.Give(Command::ZoomIn);
     QVERIFY(station.child->UpView().Figure().View().zoom < 1.4);
-    station.Give(32991);
+    station.Give(Command::ViewXY);
     QCOMPARE(station.child->UpView().Figure().View().zoom, 1.4);
-    station.Give(32989);
+    station.Give(Command::SwitchFigureAndHelp);
     QVERIFY(station.child->UpView().currentWidget() != &station.child->UpView().Figure());
 }
 
@@ -538,17 +549,17 @@ void WindowCommandsTest::blockOf253HasNoSwitchToTheModel()
 {
     Station station;
     station.child->GoToBlock(253);
-    QVERIFY(!station.Action(32989)->isEnabled());
-    QVERIFY(!station.Action(32990)->isEnabled());
+    QVERIFY(!station.Action(Command::SwitchFigureAndHelp)->isEnabled());
+    QVERIFY(!station.Action(Command::Notes)->isEnabled());
     station.child->GoToBlock(301);
-    QVERIFY(station.Action(32989)->isEnabled());
+    QVERIFY(station.Action(Command::SwitchFigureAndHelp)->isEnabled());
 }
 
 void WindowCommandsTest::theNotesTakeThePlaceOfThePage()
 {
     Station station;
-    station.Give(32989);
-    station.Give(32990);
+    station.Give(Command::SwitchFigureAndHelp);
+    station.Give(Command::Notes);
     QCOMPARE(station.Doc().CurrentBlock(), 100);
     QVERIFY(station.Doc().showHelpPage);
     QCOMPARE(station.child->CurrentBlock(), 301); // the panel stays
@@ -564,7 +575,7 @@ void WindowCommandsTest::printingPutsThePageOnPaper()
         return true;
     };
     station.Start();
-    station.Give(57607);
+    station.Give(Command::Print);
     QVERIFY(Bytes(file).startsWith("%PDF"));
 }
 
@@ -590,12 +601,12 @@ void WindowCommandsTest::nothingOfTheViewMayBeGivenWhilePrinting()
     Station station;
     bool ran = true;
     station.prompts.previewPrint = [&](QWidget*, QPrinter&, const std::function<void(QPrinter&)>&) {
-        ran = station.Action(39255)->isEnabled() || station.Action(32996)->isEnabled();
+        ran = station.Action(Command::RunAll)->isEnabled() || station.Action(Command::ZoomIn)->isEnabled();
     };
     station.Start();
-    station.Give(57609);
+    station.Give(Command::PrintPreview);
     QVERIFY(!ran);
-    QVERIFY(station.Action(39255)->isEnabled());
+    QVERIFY(station.Action(Command::RunAll)->isEnabled());
 }
 
 void WindowCommandsTest::documentsAndPagesGoOutside()
@@ -603,9 +614,11 @@ void WindowCommandsTest::documentsAndPagesGoOutside()
     Station station;
     station.frame->SetHomePages({true, true, u"Example Homepage..."_s});
     const QSignalSpy outside(station.frame.get(), &CMainFrame::commandForOutside);
-    for (const int command : {33168, 33169, 33175, 33171, 33173, 33174, 32766, 32767}) {
+    for (const Command command :
+         {Command::GirderDocument, Command::CrossDocument, Command::FemDocument, Command::StringerDocument,
+          Command::SupportDocument, Command::QuantityDocument, Command::HomePage, Command::SecondHomePage}) {
         station.Give(command);
-        QCOMPARE(outside.back().at(0).toInt(), command);
+        QCOMPARE(outside.back().at(0).value<Command>(), command);
     }
     QCOMPARE(outside.size(), 8);
 }
@@ -613,13 +626,13 @@ void WindowCommandsTest::documentsAndPagesGoOutside()
 void WindowCommandsTest::homePagesFollowTheDeployment()
 {
     const Station station;
-    QVERIFY(!station.Action(32766)->isEnabled());
-    QVERIFY(!station.Action(32767)->isVisible());
+    QVERIFY(!station.Action(Command::HomePage)->isEnabled());
+    QVERIFY(!station.Action(Command::SecondHomePage)->isVisible());
     station.frame->SetHomePages({true, false, u"A & B Homepage..."_s});
-    QVERIFY(station.Action(32766)->isEnabled());
-    QVERIFY(station.Action(32767)->isVisible());
-    QVERIFY(!station.Action(32767)->isEnabled());
-    QCOMPARE(station.Action(32767)->text(), u"A && B Homepage..."_s);
+    QVERIFY(station.Action(Command::HomePage)->isEnabled());
+    QVERIFY(station.Action(Command::SecondHomePage)->isVisible());
+    QVERIFY(!station.Action(Command::SecondHomePage)->isEnabled());
+    QCOMPARE(station.Action(Command::SecondHomePage)->text(), u"A && B Homepage..."_s);
 }
 
 void WindowCommandsTest::undoCanBeGivenWhileThereIsSomethingToTakeBack()
@@ -682,12 +695,12 @@ void WindowCommandsTest::searchLeadsToTheCell()
     QVERIFY(station.Grid().Source()->UsedRows() > 2);
     for (int row = 2; row <= station.Grid().Source()->UsedRows(); ++row) {
         station.Grid().SetFocusCell(row, 1);
-        station.frame->RunCommand(0); // no such command: only looks at what may be given
-        if (station.Action(33181)->isEnabled())
+        emit station.frame->Actions().Menu(MenuId::Edit)->aboutToShow(); // looks at what may be given
+        if (station.Action(Command::JumpToHit)->isEnabled())
             break;
     }
-    QVERIFY(station.Action(33181)->isEnabled());
-    station.Give(33181);
+    QVERIFY(station.Action(Command::JumpToHit)->isEnabled());
+    station.Give(Command::JumpToHit);
     QTRY_VERIFY(station.child->CurrentBlock() != 999);
     QVERIFY(station.child->Tree().SelectedNumber() == station.child->CurrentBlock());
     const QModelIndex cell = station.Grid().currentIndex();
@@ -710,8 +723,8 @@ void WindowCommandsTest::everyCommandCanBeReachedByKeys()
             reached.insert(entry);
     }
     for (const CommandRow& row : CommandTable()) {
-        const bool byMenu = reached.contains(station.Action(row.id));
-        QVERIFY2(byMenu || !row.keys.empty() || row.id == kVersionEntry, qPrintable(QString::number(row.id)));
+        const bool byMenu = reached.contains(station.Action(row.command));
+        QVERIFY2(byMenu || !row.keys.empty() || row.command == Command::Version, qPrintable(CommandWords(row.text)));
     }
 }
 

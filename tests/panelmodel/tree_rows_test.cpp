@@ -293,10 +293,10 @@ TEST(TreeRows, TheLanguageIsReadWhateverItsCase)
 
 TEST(TreeRows, CommandsStandForModesAndFilters)
 {
-    EXPECT_EQ(TreeModeOf(33007), TreeMode::Automatic);
-    EXPECT_EQ(TreeModeOf(33009), std::nullopt);
-    EXPECT_EQ(TreeFilterOf(33009), TreeFilter::Box);
-    EXPECT_EQ(TreeFilterOf(33007), std::nullopt);
+    EXPECT_EQ(TreeModeOf(Command::ShowItemsOfProject), TreeMode::Automatic);
+    EXPECT_EQ(TreeModeOf(Command::HideBox), std::nullopt);
+    EXPECT_EQ(TreeFilterOf(Command::HideBox), TreeFilter::Box);
+    EXPECT_EQ(TreeFilterOf(Command::ShowItemsOfProject), std::nullopt);
 }
 
 TEST(TreeMarks, ATableIsBoldWithADataRowAndAControlRowThatSaysNo)

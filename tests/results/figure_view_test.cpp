@@ -99,18 +99,19 @@ TEST(ApplyViewCommand, ViewsZoomsAndMoves)
 {
     FigureView view;
     view.panX = 3;
-    EXPECT_TRUE(ApplyViewCommand(view, 32995));
+    EXPECT_TRUE(ApplyViewCommand(view, Command::ZoomOut));
     EXPECT_DOUBLE_EQ(view.zoom, 1.4 * 1.2);
-    EXPECT_TRUE(ApplyViewCommand(view, 32996));
+    EXPECT_TRUE(ApplyViewCommand(view, Command::ZoomIn));
     EXPECT_DOUBLE_EQ(view.zoom, 1.4);
-    for (const int command : {32997, 32997, 32998, 32999, 33000, 33000})
+    for (const Command command : {Command::MoveUp, Command::MoveUp, Command::MoveDown, Command::MoveLeft,
+                                  Command::MoveRight, Command::MoveRight})
         EXPECT_TRUE(ApplyViewCommand(view, command));
     EXPECT_EQ(view.panX, 4);
     EXPECT_EQ(view.panY, -1);
-    EXPECT_TRUE(ApplyViewCommand(view, 32992));
+    EXPECT_TRUE(ApplyViewCommand(view, Command::ViewYZ));
     EXPECT_EQ(view.viewDirection, (Point3{1, 0, 0}));
     EXPECT_EQ(view.panX, 0);
-    EXPECT_FALSE(ApplyViewCommand(view, 32989));
+    EXPECT_FALSE(ApplyViewCommand(view, Command::SwitchFigureAndHelp));
 }
 
 TEST(TakeMouseMarks, ARectangleComesToTheMiddleAndItsLargerSideFillsThePane)
@@ -168,13 +169,13 @@ TEST(TakeMouseMarks, TheZoomStaysAboveZeroHoweverOftenItIsAskedFor)
     }
     EXPECT_GT(view.zoom, 0);
     for (int i = 0; i < 10'000; ++i)
-        ApplyViewCommand(view, 32996);
+        ApplyViewCommand(view, Command::ZoomIn);
     EXPECT_GT(view.zoom, 0);
     for (int i = 0; i < 20'000; ++i)
-        ApplyViewCommand(view, 32995);
+        ApplyViewCommand(view, Command::ZoomOut);
     EXPECT_TRUE(std::isfinite(view.zoom));
     for (int i = 0; i < 200; ++i)
-        ApplyViewCommand(view, 32996);
+        ApplyViewCommand(view, Command::ZoomIn);
     EXPECT_LT(view.zoom, 1) << "the way back is not lost";
 }
 
@@ -188,7 +189,7 @@ TEST(TakeMouseMarks, ADragShowsAtOnceAndOnlyItsEndStays)
     const FigurePan shown = TakeMouseMarks(view, kScreen);
     EXPECT_EQ(shown.x, 4);
     EXPECT_EQ(shown.y, -2);
-    EXPECT_EQ(view.panX, 1) << "forgotten behind the paint";
+    EXPECT_EQ(view.panX, 1) << "forgotten after the paint";
     EXPECT_EQ(TakeMouseMarks(view, kScreen).x, 1);
     view.panPending = true;
     EXPECT_EQ(TakeMouseMarks(view, kScreen).x, 4);

@@ -155,7 +155,7 @@ TEST_P(FileCases, WriteWhatTheirAnswersSayAndComeToRest)
         if (beyond) {
             EXPECT_EQ(FirstDifference(TextLines(*beyond), BeyondEmptyFile(written)), "") << "turn " << turn;
         }
-        // Behind the last answer, or the last turn allowed, a load and a save change nothing.
+        // After the last answer, or the last turn allowed, a load and a save change nothing.
         if ((answered && !whole && !beyond) || turn == kMostTurns + 1) {
             EXPECT_EQ(FirstDifference(bytes, written), "") << "turn " << turn;
         }

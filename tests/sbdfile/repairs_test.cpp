@@ -26,7 +26,7 @@ std::vector<std::string> SwayNames(const CSbdData& data)
     return names;
 }
 
-/// A block's only row before the repairs, its control row of these words, as it is behind them; the switch is a row of 301.
+/// A block's only row before the repairs, its control row of these words, as it is after them; the switch is a row of 301.
 std::string ControlRowBehind(std::size_t switchRow, const std::string& value, int block, const std::string& words)
 {
     CSbdData data;

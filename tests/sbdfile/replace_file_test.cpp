@@ -473,7 +473,7 @@ TEST_F(ReplaceFileTest, AKillAtAnyMomentLeavesAWholeFile)
         ASSERT_TRUE(IsWhole(bytes)) << "after kill " << turn << ": " << bytes.size() << " bytes";
         changed += bytes[0] != before ? 1 : 0;
     }
-    std::cout << "seed " << seed << ": " << changed << " of " << kills << " kills behind a finished save, "
+    std::cout << "seed " << seed << ": " << changed << " of " << kills << " kills after a finished save, "
               << Leftovers(folder_).size() << " new files left behind\n";
 }
 

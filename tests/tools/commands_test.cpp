@@ -47,14 +47,14 @@ TEST_F(Commands, HelpListsEveryCommand)
         const CommandResult help = Tool({word});
         EXPECT_EQ(help.exitCode, 0);
         EXPECT_EQ(help.error, "");
-        for (const Command& command : ToolCommands())
+        for (const ToolCommand& command : ToolCommands())
             EXPECT_THAT(help.output, HasSubstr("  " + std::string(command.usage) + "\n"));
     }
 }
 
 TEST_F(Commands, EachCommandTellsItsOwnHelpWhateverElseStandsThere)
 {
-    for (const Command& command : ToolCommands()) {
+    for (const ToolCommand& command : ToolCommands()) {
         const std::string name(command.name);
         for (const CommandResult& help :
              {Tool({name, "--help"}), Tool({name, "a", "b", "c", "--help", "--nonsense"})}) {
@@ -70,7 +70,7 @@ TEST_F(Commands, EachCommandTellsItsOwnHelpWhateverElseStandsThere)
 TEST_F(Commands, AreNamedOnce)
 {
     std::vector<std::string_view> names;
-    for (const Command& command : ToolCommands())
+    for (const ToolCommand& command : ToolCommands())
         names.push_back(command.name);
     std::ranges::sort(names);
     EXPECT_EQ(std::ranges::adjacent_find(names), names.end());

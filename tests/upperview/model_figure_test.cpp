@@ -126,7 +126,7 @@ private slots:
 void ModelFigureTest::everyViewOfEveryExampleShowsMembersNodesAndSupports_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("command");
+    QTest::addColumn<Command>("command");
     for (const char* const name : {"plate4", "box2", "single1"})
         for (const ViewCommand& view : kViewCommands)
             QTest::addRow("%s %s", name, view.name.data()) << QString::fromLatin1(name) << view.command;
@@ -135,12 +135,12 @@ void ModelFigureTest::everyViewOfEveryExampleShowsMembersNodesAndSupports_data()
 void ModelFigureTest::everyViewOfEveryExampleShowsMembersNodesAndSupports()
 {
     QFETCH(QString, name);
-    QFETCH(int, command);
+    QFETCH(const Command, command);
     const Bridge bridge(name.toLatin1().constData());
     FigureView view;
     QVERIFY(ApplyViewCommand(view, command));
     const QImage image = Model(bridge, view, {573, 5});
-    Keep(image, u"model %1 %2"_s.arg(name).arg(command));
+    Keep(image, u"model %1 %2"_s.arg(name).arg(static_cast<int>(command)));
     QVERIFY(Count(image, Qt::red) > 50);
     QVERIFY(Count(image, Qt::blue) > 50);
     QVERIFY(Count(image, Qt::black) > 50);
@@ -150,7 +150,7 @@ void ModelFigureTest::aPixelIsWhereTheProjectionSays()
 {
     const Bridge bridge("plate4");
     FigureView view;
-    QVERIFY(ApplyViewCommand(view, 32991));
+    QVERIFY(ApplyViewCommand(view, Command::ViewXY));
     const QImage image = Model(bridge, view);
     // Nodes 1, which has a support, and 2, at 128.57, 227.2 and 161.69, 227.2.
     QCOMPARE(QColor(image.pixel(128, 227)), QColor(Qt::black));
@@ -225,7 +225,7 @@ void ModelFigureTest::theDeformedFrameTakesTheMarksOfTheMouse()
     view.panX = 0;
     QVERIFY(image != Page(bridge, selection, view));
     FigureView above;
-    QVERIFY(ApplyViewCommand(above, 32991));
+    QVERIFY(ApplyViewCommand(above, Command::ViewXY));
     QVERIFY(Page(bridge, selection, above) != Page(bridge, selection, view)); // a view turns it
 }
 

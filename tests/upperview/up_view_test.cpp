@@ -106,7 +106,9 @@ void UpViewTest::theModelFigureTakesThePlaceOfEveryPage()
 void UpViewTest::aViewCommandLeavesTheHelpPage()
 {
     Pane pane;
-    for (const int command : {32991, 32992, 32993, 32994, 32995, 32996, 32997, 32998, 32999, 33000}) {
+    for (const Command command :
+         {Command::ViewXY, Command::ViewYZ, Command::ViewXZ, Command::ViewAll, Command::ZoomOut, Command::ZoomIn,
+          Command::MoveUp, Command::MoveDown, Command::MoveLeft, Command::MoveRight}) {
         pane.doc.showHelpPage = true;
         pane.GoTo(301, 1, 2);
         pane.view.RunViewCommand(command);
@@ -121,13 +123,14 @@ void UpViewTest::noViewCommandTakesTheResultAway()
     ResultSessionOf(pane.doc).selection = FirstUseSelection(pane.doc.Results().model);
     pane.GoTo(253, 0, 0);
     const double zoom = pane.view.Figure().View().zoom;
-    pane.view.RunViewCommand(32996);
+    pane.view.RunViewCommand(Command::ZoomIn);
     QCOMPARE(pane.view.Figure().View().zoom, zoom / 1.2); // whatever its tip says
     const QImage zoomed = pane.view.grab().toImage();
-    pane.view.RunViewCommand(32994);
+    pane.view.RunViewCommand(Command::ViewAll);
     const QImage fitted = pane.view.grab().toImage();
     QVERIFY(fitted != zoomed);
-    for (const int command : {32991, 32992, 32993, 32994}) { // all fit the diagram
+    for (const Command command :
+         {Command::ViewXY, Command::ViewYZ, Command::ViewXZ, Command::ViewAll}) { // all fit the diagram
         pane.view.RunViewCommand(command);
         QVERIFY(pane.doc.showHelpPage); // of the blocks to come
         QVERIFY(pane.view.grab().toImage() == fitted);

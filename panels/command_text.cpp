@@ -1,4 +1,6 @@
-#include "frame/commands.h"
+#include "panels/command_text.h"
+
+#include <QMenu>
 
 #include <algorithm>
 
@@ -7,11 +9,6 @@ namespace sbd {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString FromUtf8(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 /// True for the "&" of "(&X)".
 bool MarksLetter(const QString& text, qsizetype ampersand)
@@ -23,7 +20,7 @@ bool MarksLetter(const QString& text, qsizetype ampersand)
 /// A text for reading: without the letter of a menu and without the points that announce a question.
 QString PlainText(std::string_view text)
 {
-    QString plain = FromUtf8(text);
+    QString plain = CommandWords(text);
     for (qsizetype at = plain.indexOf(u'&'); at >= 0; at = plain.indexOf(u'&', at + 1)) {
         if (MarksLetter(plain, at)) {
             plain.remove(at - 1, 4);
@@ -37,16 +34,14 @@ QString PlainText(std::string_view text)
 
 } // namespace
 
-const CommandRow* FindCommand(int id)
+QString CommandWords(std::string_view text)
 {
-    const auto rows = CommandTable();
-    const auto found = std::ranges::find(rows, id, &CommandRow::id);
-    return found == rows.end() ? nullptr : &*found;
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 QString EntryText(std::string_view text)
 {
-    QString entry = FromUtf8(text);
+    QString entry = CommandWords(text);
     for (qsizetype at = entry.indexOf(u'&'); at >= 0; at = entry.indexOf(u'&', at + 1)) {
         if (!MarksLetter(entry, at))
             entry.insert(at++, u'&');
@@ -66,15 +61,33 @@ QList<QKeySequence> KeysOf(const CommandRow& command)
 {
     if (command.keys.empty())
         return {};
-    return QKeySequence::listFromString(FromUtf8(command.keys), QKeySequence::PortableText);
+    return QKeySequence::listFromString(CommandWords(command.keys), QKeySequence::PortableText);
 }
 
 QString TipOf(const CommandRow& command)
 {
-    const QString tip = command.tip.empty() ? PlainText(command.text) : FromUtf8(command.tip);
+    const QString tip = command.tip.empty() ? PlainText(command.text) : CommandWords(command.tip);
     if (command.keys.empty())
         return tip;
     return u"%1 (%2)"_s.arg(tip, KeysOf(command).constFirst().toString(QKeySequence::NativeText));
+}
+
+void FillContextMenu(QMenu& menu, MenuId which, const std::vector<ContextStep>& steps)
+{
+    for (const MenuItem& item : MenuOf(which).items) {
+        const Command command = std::get<Command>(item);
+        if (command == kSeparator) {
+            menu.addSeparator();
+            continue;
+        }
+        const CommandRow& row = RowOf(command);
+        QAction* entry = menu.addAction(EntryText(row.text));
+        entry->setShortcuts(KeysOf(row));
+        const auto step = std::ranges::find(steps, command, &ContextStep::command);
+        entry->setEnabled(step != steps.end() && step->may);
+        if (step != steps.end())
+            QObject::connect(entry, &QAction::triggered, &menu, step->run);
+    }
 }
 
 } // namespace sbd
