@@ -38,6 +38,8 @@ protected:
     void Start()
     {
         constexpr int spareRows = 100;
+        for (Record& record : entries_)
+            Unfold(record);
         StartEntries(EntryCount(), spareRows);
     }
 
@@ -50,6 +52,8 @@ protected:
     [[nodiscard]] virtual Record Empty() const = 0;
     /// The record as the data shall hold it.
     [[nodiscard]] virtual Record ToBeStored(const Record& record) const { return record; }
+    /// What the data leave out, put in: the record as its cells show it.
+    virtual void Unfold(Record&) const {}
     [[nodiscard]] virtual bool Same(const Record& a, const Record& b) const { return a == b; }
 
     [[nodiscard]] const RecordPanel& Panel() const { return panel_; }

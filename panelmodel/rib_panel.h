@@ -45,6 +45,7 @@ protected:
     [[nodiscard]] std::string Field(const CrossRibRecord& record, int column) const override;
     void SetField(CrossRibRecord& record, int column, std::string_view text) const override;
     [[nodiscard]] CrossRibRecord Empty() const override;
+    void Unfold(CrossRibRecord& record) const override;
     [[nodiscard]] CrossRibRecord ToBeStored(const CrossRibRecord& record) const override;
 };
 
@@ -57,6 +58,7 @@ protected:
     [[nodiscard]] std::string Field(const LRibRecord& record, int column) const override;
     void SetField(LRibRecord& record, int column, std::string_view text) const override;
     [[nodiscard]] LRibRecord Empty() const override;
+    void Unfold(LRibRecord& record) const override;
     [[nodiscard]] LRibRecord ToBeStored(const LRibRecord& record) const override;
 };
 

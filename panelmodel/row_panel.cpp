@@ -44,6 +44,11 @@ int CRowPanelModel::BlockRows() const
     return headRows_;
 }
 
+bool CRowPanelModel::IsWritten(int row) const
+{
+    return row >= 1 && row <= GridRows() && (row <= headRows_ || IsKept(EntryOf(row)));
+}
+
 bool CRowPanelModel::AddRows(int count)
 {
     AppendEmptyEntries(count);

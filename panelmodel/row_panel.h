@@ -17,6 +17,8 @@ public:
     [[nodiscard]] int GridRows() const override { return headRows_ + EntryCount(); }
     [[nodiscard]] bool TakesRows() const override { return true; }
     bool AddRows(int count) override;
+    [[nodiscard]] bool IsWritten(int row) const override;
+    [[nodiscard]] int RowsAhead() const override { return headRows_; }
 
     [[nodiscard]] bool IsChanged() const override;
     void TakeBaseline() override;

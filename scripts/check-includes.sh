@@ -11,6 +11,7 @@ declare -A arrows=(
     [sbdfile]="project"
     [results]="project"
     [panelmodel]="project"
+    [check]="sbdfile panelmodel"
     [search]="panelmodel"
     [document]="sbdfile results"
     [grid]=""
@@ -18,11 +19,11 @@ declare -A arrows=(
     [upperview]="document"
     [frame]="panels upperview"
     [app]="frame"
-    [tools]="sbdfile results panelmodel search"
+    [tools]="sbdfile results panelmodel check search"
     [sbdpage]="upperview"
 )
-order="project sbdfile results panelmodel search document grid panels upperview frame app tools sbdpage"
-without_qt="project sbdfile results panelmodel search tools"
+order="project sbdfile results panelmodel check search document grid panels upperview frame app tools sbdpage"
+without_qt="project sbdfile results panelmodel check search tools"
 
 declare -A reach
 for folder in $order; do
