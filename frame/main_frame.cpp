@@ -29,8 +29,7 @@ namespace {
 
 const auto kGeometryKey = u"Window Size/Frame"_s;
 constexpr QSize kFirstSize{1280, 800};
-constexpr int kMargin = 4; // px
-constexpr int kUndo = 57643;
+constexpr int kMargin = 4;               // px
 constexpr int kNoticeTime = 30'000;      // ms
 constexpr auto kRecoveryInterval = 3min; // between copies of what is not saved
 
@@ -92,7 +91,7 @@ void CMainFrame::SetUpChild(CChildFrame& child)
     child.SetTreeView(treeView_);
     connect(&child, &CChildFrame::blockShown, this, &CMainFrame::UpdateCommands);
     connect(&child, &CChildFrame::undoChanged, this,
-            [this] { actions_->Of(kUndo)->setEnabled(Holds(CommandNeeds::Undo)); });
+            [this] { actions_->Of(Command::Undo)->setEnabled(Holds(CommandNeeds::Undo)); });
 }
 
 CMainFrame::~CMainFrame()

@@ -27,6 +27,11 @@ CellColor CPanelModel::HeadColor(int, int) const
     return std::nullopt;
 }
 
+bool CPanelModel::IsWritten(int row) const
+{
+    return row >= 1 && row <= BlockRows();
+}
+
 bool CPanelModel::AddRows(int)
 {
     return false;

@@ -70,6 +70,10 @@ public:
     [[nodiscard]] virtual int BlockRows() const = 0;
     /// Rows of the grid, spare rows included.
     [[nodiscard]] virtual int GridRows() const = 0;
+    /// True for a row that stands in the block once it is written back; a row ahead of the stored ones always does.
+    [[nodiscard]] virtual bool IsWritten(int row) const;
+    /// Rows of the grid ahead of the block's stored rows.
+    [[nodiscard]] virtual int RowsAhead() const { return 0; }
     [[nodiscard]] int SpareRows() const { return GridRows() - BlockRows(); }
     /// True if spare rows can be appended.
     [[nodiscard]] virtual bool TakesRows() const { return false; }

@@ -38,6 +38,8 @@ protected:
     void Start()
     {
         constexpr int spareRows = 100;
+        for (Record& record : entries_)
+            Unfold(record);
         StartEntries(EntryCount(), spareRows);
     }
 
@@ -52,6 +54,8 @@ protected:
     [[nodiscard]] virtual Record ToBeStored(const Record& record) const { return record; }
     /// True for a column whose number rules what other cells of the row show.
     [[nodiscard]] virtual bool RulesOthers(int) const { return false; }
+    /// What the data leave out, put in: the record as its cells show it.
+    virtual void Unfold(Record&) const {}
     [[nodiscard]] virtual bool Same(const Record& a, const Record& b) const { return a == b; }
 
     [[nodiscard]] const RecordPanel& Panel() const { return panel_; }

@@ -72,19 +72,28 @@ RibSpacing CellSpacing(std::string_view text)
     return {{}, CellNumbers(text)};
 }
 
-/// As the data hold it: a word, or `count` numbers; missing ones are 0.
+int FullCount(int count)
+{
+    return std::clamp(count, 0, kMostRibs);
+}
+
+/// As the data hold it: a word, or `count` numbers; zeros at the end are left out.
 RibSpacing FullSpacing(const RibSpacing& spacing, int count)
 {
     if (!spacing.word.empty())
         return {spacing.word, {}};
     RibSpacing full = spacing;
     full.numbers.resize(static_cast<std::size_t>(count), 0.0);
+    full.Tidy();
     return full;
 }
 
-int FullCount(int count)
+/// The zeros at the end, which the data do not hold: the cell shows as many numbers as the count says.
+void UnfoldSpacing(RibSpacing& spacing, int count)
 {
-    return std::clamp(count, 0, kMostRibs);
+    const std::size_t shown = static_cast<std::size_t>(FullCount(count));
+    if (spacing.word.empty() && spacing.numbers.size() < shown)
+        spacing.numbers.resize(shown, 0.0);
 }
 
 } // namespace
@@ -277,6 +286,12 @@ void CDown324Model::SetField(CrossRibRecord& record, int column, std::string_vie
         record.furtherSizes = CellFurtherSizes(text);
 }
 
+void CDown324Model::Unfold(CrossRibRecord& record) const
+{
+    UnfoldSpacing(record.left, record.n);
+    UnfoldSpacing(record.right, record.n);
+}
+
 CrossRibRecord CDown324Model::ToBeStored(const CrossRibRecord& record) const
 {
     CrossRibRecord stored = record;
@@ -346,6 +361,12 @@ void CDown325Model::SetField(LRibRecord& record, int column, std::string_view te
         (column == kLeftCountColumn ? record.n1 : record.n2) = CellCount(text);
     else
         (column == kLeftColumn ? record.left : record.right) = CellSpacing(text);
+}
+
+void CDown325Model::Unfold(LRibRecord& record) const
+{
+    UnfoldSpacing(record.left, record.n1);
+    UnfoldSpacing(record.right, record.n2);
 }
 
 LRibRecord CDown325Model::ToBeStored(const LRibRecord& record) const

@@ -47,6 +47,7 @@ protected:
     [[nodiscard]] CellTakes Takes(int row, int column) const override;
     [[nodiscard]] bool RulesOthers(int column) const override;
     [[nodiscard]] CrossRibRecord Empty() const override;
+    void Unfold(CrossRibRecord& record) const override;
     [[nodiscard]] CrossRibRecord ToBeStored(const CrossRibRecord& record) const override;
 };
 
@@ -61,6 +62,7 @@ protected:
     [[nodiscard]] CellTakes Takes(int row, int column) const override;
     [[nodiscard]] bool RulesOthers(int column) const override;
     [[nodiscard]] LRibRecord Empty() const override;
+    void Unfold(LRibRecord& record) const override;
     [[nodiscard]] LRibRecord ToBeStored(const LRibRecord& record) const override;
 };
 

@@ -52,6 +52,11 @@ std::string CRowPanelModel::WhyLocked(int row, int) const
                                    : "この欄は、ほかの欄の設定により使わないため、入力できません。");
 }
 
+bool CRowPanelModel::IsWritten(int row) const
+{
+    return row >= 1 && row <= GridRows() && (row <= headRows_ || IsKept(EntryOf(row)));
+}
+
 bool CRowPanelModel::AddRows(int count)
 {
     const int again = std::min(dropped_, count);

@@ -18,6 +18,8 @@ public:
     [[nodiscard]] bool TakesRows() const override { return true; }
     [[nodiscard]] std::string WhyLocked(int row, int column) const override;
     bool AddRows(int count) override;
+    [[nodiscard]] bool IsWritten(int row) const override;
+    [[nodiscard]] int RowsAhead() const override { return headRows_; }
 
     [[nodiscard]] bool IsChanged() const override;
     void TakeBaseline() override;

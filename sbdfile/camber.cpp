@@ -61,15 +61,18 @@ std::string WithoutMarks(std::string_view text)
 
 } // namespace
 
-TableBlock CleanedCamber(const TableBlock& table)
+TableBlock CleanedCamber(const TableBlock& table, std::vector<int>* from)
 {
     TableBlock cleaned;
     cleaned.columns.resize(table.columns.size());
     for (std::size_t row = 0; row < table.RowCount(); ++row) {
         const std::string kind = WithoutMarks(table.columns[0][row]);
         const std::string load = WithoutMarks(table.columns[1][row]);
-        if (!load.empty() && load != "?")
-            cleaned.AppendRow({kind, load});
+        if (load.empty() || load == "?")
+            continue;
+        cleaned.AppendRow({kind, load});
+        if (from)
+            from->push_back(static_cast<int>(row));
     }
     return cleaned;
 }

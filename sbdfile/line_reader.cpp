@@ -9,6 +9,7 @@ bool LineReader::Next(std::string_view& line)
     if (rest_.empty())
         return false;
     ++number_;
+    offset_ = size_ - rest_.size();
     const std::size_t end = rest_.find('\n');
     if (end == std::string_view::npos) {
         line = rest_;

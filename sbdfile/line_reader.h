@@ -11,16 +11,20 @@ namespace sbd {
 /// the last LF is a line as well.
 class LineReader {
 public:
-    explicit LineReader(std::string_view bytes) : rest_(bytes) {}
+    explicit LineReader(std::string_view bytes) : rest_(bytes), size_(bytes.size()) {}
 
     /// False behind the last line.
     [[nodiscard]] bool Next(std::string_view& line);
     /// Number of the line handed out last, from 1.
     [[nodiscard]] std::size_t Number() const { return number_; }
+    /// Where that line begins, in bytes.
+    [[nodiscard]] std::size_t Offset() const { return offset_; }
 
 private:
     std::string_view rest_;
+    std::size_t size_;
     std::size_t number_ = 0;
+    std::size_t offset_ = 0;
 };
 
 /// Cleans lines; the view it gives holds until the next call.

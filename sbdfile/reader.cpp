@@ -48,14 +48,15 @@ bool TakeOptionValue(std::string_view& rest, OptionShape shape)
     return true;
 }
 
-/// Rows of 301, 302 and 303: the first whose short key the token begins with. Other blocks: all rows with the longest
-/// such key. False if there is none.
-bool SetOptionRows(const OptionBlock& block, std::string_view token, std::string_view value, CSbdData& data)
+/// Calls `take` with the rows that a keyword means. 301, 302 and 303: the first whose short key it begins with. Other
+/// blocks: all rows with the longest such key. False if there is none.
+template <typename Take>
+bool ForEachOptionRow(const OptionBlock& block, std::string_view token, Take take)
 {
     if (block.block == 401) { // these two keywords begin like those of other rows
         const std::size_t row = token.starts_with("VS_R_UP_SU") ? 11 : token.starts_with("VS_R_BOTTOM_SU") ? 12 : 0;
         if (row > 0) {
-            data.SetOption(401, row, value);
+            take(row);
             return true;
         }
     }
@@ -68,7 +69,7 @@ bool SetOptionRows(const OptionBlock& block, std::string_view token, std::string
         const std::string& key = block.rows[row].shortKey;
         if ((!firstOnly && key.size() < longest) || !token.starts_with(key))
             continue;
-        data.SetOption(block.block, row, value);
+        take(row);
         if (firstOnly)
             return true;
     }
@@ -78,10 +79,10 @@ bool SetOptionRows(const OptionBlock& block, std::string_view token, std::string
 /// Reads one project text; the sections take their lines from it in turn.
 class ProjectReader {
 public:
-    ProjectReader(std::string_view bytes, CSbdData& data, std::vector<ReadNote>* notes)
-        : lines_(bytes)
+    ProjectReader(std::string_view bytes, CSbdData& data, ReadObserver* observer)
+        : source_{LineReader(bytes), observer}
+        , lines_(source_.lines)
         , data_(data)
-        , notes_(notes)
     {
     }
 
@@ -96,23 +97,18 @@ public:
             if (line.starts_with("TITLE:"))
                 ReadTitle(line);
             else if (const int block = BlockOfHeader(token); block != 0)
-                ReadSection(block);
+                OpenSection(block, line);
             else if (line.starts_with('[') && line.find(']') != std::string_view::npos)
                 KeepUnknownSection(line);
             else
-                Note(LostLine::OutsideSection, 0, line);
+                source_.Tell(ReadStep::Outside, 0, -1, line);
         }
     }
 
 private:
-    void Note(LostLine reason, int block, std::string_view line)
-    {
-        if (notes_)
-            notes_->push_back({reason, lines_.Number(), block, std::string(line)});
-    }
-
     void ReadTitle(std::string_view line)
     {
+        source_.Tell(ReadStep::Title, 301, 0, line);
         // A set of characters, not the word: a title that begins with one of these letters loses them.
         const std::size_t begin = std::min(line.find_first_not_of("TITLE:"), line.size());
         data_.SetOption(301, 0, line.substr(begin));
@@ -121,14 +117,24 @@ private:
     void KeepUnknownSection(std::string_view header)
     {
         data_.unknownLines.emplace_back(header);
+        source_.Tell(ReadStep::UnknownOpens, 0, -1, header);
         std::string_view raw;
         while (lines_.Next(raw)) {
             data_.unknownLines.emplace_back(raw);
-            if (cleaner_.Clean(raw).starts_with("[E")) {
+            const std::string_view line = cleaner_.Clean(raw);
+            if (line.starts_with("[E")) {
                 data_.unknownLines.emplace_back();
-                return;
+                return source_.Tell(ReadStep::SectionEnds, 0, -1, line);
             }
+            source_.Tell(ReadStep::UnknownLine, 0, -1, line);
         }
+        source_.Tell(ReadStep::FileEnds, 0);
+    }
+
+    void OpenSection(int block, std::string_view header)
+    {
+        source_.Tell(ReadStep::SectionOpens, block, -1, header);
+        ReadSection(block);
     }
 
     void ReadSection(int block)
@@ -137,16 +143,16 @@ private:
             return ReadOptions(*options);
         switch (block) {
         case 311:
-            return ReadHGirder(lines_, data_);
+            return ReadHGirder(source_, data_);
         case 324:
-            return ReadCrossRibs(lines_, data_);
+            return ReadCrossRibs(source_, data_);
         case 325:
-            return ReadLRibs(lines_, data_);
+            return ReadLRibs(source_, data_);
         case 412:
-            return ReadUnusedLines(lines_, data_);
+            return ReadUnusedLines(source_, data_);
         case 501:
         case 702:
-            return ReadNames(lines_, block, data_);
+            return ReadNames(source_, block, data_);
         default:
             return ReadTable(block);
         }
@@ -160,13 +166,28 @@ private:
             if (line.empty() || line.starts_with('!'))
                 continue;
             if (line.starts_with("[E"))
-                return;
+                return source_.Tell(ReadStep::SectionEnds, block.block, -1, line);
+            source_.Tell(ReadStep::Line, block.block, -1, line);
             std::string_view value = line;
             if (!TakeOptionValue(value, block.shape))
-                Note(LostLine::NoValue, block.block, line);
-            else if (!SetOptionRows(block, FirstToken(line), value, data_))
-                Note(LostLine::UnknownKeyword, block.block, line);
+                TellNoValue(block, line);
+            else if (!ForEachOptionRow(block, FirstToken(line), [&](std::size_t row) {
+                         data_.SetOption(block.block, row, value);
+                         source_.Tell(ReadStep::OptionValue, block.block, static_cast<int>(row), value);
+                     }))
+                source_.Tell(ReadStep::NoOption, block.block, -1, line);
         }
+        source_.Tell(ReadStep::FileEnds, block.block);
+    }
+
+    void TellNoValue(const OptionBlock& block, std::string_view line) const
+    {
+        int first = -1;
+        ForEachOptionRow(block, FirstToken(line), [&](std::size_t row) {
+            if (first < 0)
+                first = static_cast<int>(row);
+        });
+        source_.Tell(ReadStep::NoValue, block.block, first, line);
     }
 
     /// The rows of a table block, head rows and control row included.
@@ -183,7 +204,8 @@ private:
             if (line.empty() || line.starts_with('!'))
                 continue;
             if (line.starts_with("[E"))
-                return;
+                return source_.Tell(ReadStep::SectionEnds, block, -1, line);
+            source_.Tell(ReadStep::Line, block, -1, line);
             if (block == 315 && line.starts_with("NEW_VERSION_")) {
                 data_.versionWord = line;
                 continue;
@@ -196,11 +218,14 @@ private:
             if (atFirstRow)
                 AddRowsAhead(table, control, heads, FirstToken(line));
             atFirstRow = false;
-            if (!ReplaceHeadRow(table, heads, firstRow, line, block))
-                AppendLine(table, line);
+            if (!ReplaceHeadRow(table, heads, firstRow, line, block)) {
+                const std::string_view last = AppendLine(table, line);
+                source_.Tell(ReadStep::Row, block, static_cast<int>(table.RowCount()) - 1, last);
+            }
             if (block == 331)
                 MoveOldWebRow(table);
         }
+        source_.Tell(ReadStep::FileEnds, block);
     }
 
     /// Ahead of the first row: the head rows, or the control row if the file has none.
@@ -229,13 +254,14 @@ private:
         const std::size_t row = firstRow + static_cast<std::size_t>(head);
         table.columns[0].Set(row, word);
         table.columns[1].Set(row, TakeToken(line));
+        source_.Tell(ReadStep::HeadRow, block, static_cast<int>(row));
         if (!TrimLeft(line).empty())
-            Note(LostLine::FurtherWords, block, TrimLeft(line));
+            source_.Tell(ReadStep::Surplus, block, -1, TrimLeft(line));
         return true;
     }
 
-    /// One word a column; the last column takes the rest of the line.
-    static void AppendLine(TableBlock& table, std::string_view line)
+    /// One word a column; the last column takes the rest of the line, which is given back.
+    static std::string_view AppendLine(TableBlock& table, std::string_view line)
     {
         // Nearly all of a large file passes here: a plain walk, as cells are too short for a search to pay.
         const std::size_t last = table.columns.size() - 1;
@@ -248,7 +274,9 @@ private:
                 ++pos;
             table.columns[column].Append(line.substr(begin, pos - begin));
         }
-        table.columns[last].Append(TrimLeft(line.substr(pos)));
+        const std::string_view rest = TrimLeft(line.substr(pos));
+        table.columns[last].Append(rest);
+        return rest;
     }
 
     /// A row of block 331 in the old layout moves to the right: the reason for the thickness had no column then.
@@ -267,17 +295,56 @@ private:
 
     static constexpr std::string_view kOldMainLoad = "YES_MAIN_LOAD";
 
-    LineReader lines_;
+    ReadSource source_;
+    LineReader& lines_; // of source_
     LineCleaner cleaner_;
     CSbdData& data_;
-    std::vector<ReadNote>* notes_;
+};
+
+/// Keeps the lines that do not come back at a save.
+class NoteTaker : public ReadObserver {
+public:
+    explicit NoteTaker(std::vector<ReadNote>& notes) : notes_(notes) {}
+
+    void Met(const ReadEvent& event) override
+    {
+        if (event.step == ReadStep::Outside)
+            Note(LostLine::OutsideSection, event);
+        else if (event.step == ReadStep::NoValue)
+            Note(LostLine::NoValue, event);
+        else if (event.step == ReadStep::NoOption)
+            Note(LostLine::UnknownKeyword, event);
+        else if (event.step == ReadStep::Surplus && !HeadRowsOf(event.block).empty())
+            Note(LostLine::FurtherWords, event);
+    }
+
+private:
+    void Note(LostLine reason, const ReadEvent& event)
+    {
+        notes_.push_back({reason, event.line, event.block, std::string(event.text)});
+    }
+
+    std::vector<ReadNote>& notes_;
 };
 
 } // namespace
 
 void ReadSections(std::string_view bytes, CSbdData& data, std::vector<ReadNote>* notes)
 {
-    ProjectReader(bytes, data, notes).Read();
+    if (!notes)
+        return ProjectReader(bytes, data, nullptr).Read();
+    NoteTaker taker(*notes);
+    ProjectReader(bytes, data, &taker).Read();
+}
+
+void ReadSections(std::string_view bytes, CSbdData& data, ReadObserver& observer)
+{
+    ProjectReader(bytes, data, &observer).Read();
+}
+
+int BlockOfHeaderLine(std::string_view line)
+{
+    return BlockOfHeader(FirstToken(line));
 }
 
 void ReadProject(std::string_view bytes, CSbdData& data)

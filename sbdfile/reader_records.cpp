@@ -3,7 +3,6 @@
 #include "project/block_rules.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
-#include "sbdfile/line_reader.h"
 
 #include <algorithm>
 #include <functional>
@@ -18,18 +17,26 @@ using Words = std::span<const std::string_view>;
 
 /// Calls `take` with each cleaned row of a section, comments and empty lines left out.
 template <typename Take>
-void ForEachRow(LineReader& lines, Take take)
+void ForEachRow(ReadSource& source, int block, Take take)
 {
     LineCleaner cleaner;
     std::string_view raw;
-    while (lines.Next(raw)) {
+    while (source.lines.Next(raw)) {
         const std::string_view line = cleaner.CleanRow(raw);
         if (line.empty() || line.starts_with('!'))
             continue;
         if (line.starts_with("[E"))
-            return;
+            return source.Tell(ReadStep::SectionEnds, block, -1, line);
+        source.Tell(ReadStep::Line, block, -1, line);
         take(line);
     }
+    source.Tell(ReadStep::FileEnds, block);
+}
+
+void TellSurplus(const ReadSource& source, int block, Words words, std::size_t taken)
+{
+    if (words.size() > taken)
+        source.Tell(ReadStep::Surplus, block, -1, words[taken]);
 }
 
 std::string_view WordAt(Words words, std::size_t index)
@@ -72,31 +79,33 @@ void TakeNames(Words words, std::array<std::string, N>& names)
 
 } // namespace
 
-void ReadHGirder(LineReader& lines, CSbdData& data)
+void ReadHGirder(ReadSource& source, CSbdData& data)
 {
     constexpr std::array<std::string_view, 4> typeWords = {"T_U", "T_L", "Z_U", "Z_L"};
-    ForEachRow(lines, [&](std::string_view line) {
+    ForEachRow(source, 311, [&](std::string_view line) {
         const std::vector<std::string_view> words = SplitWords(line);
         for (std::size_t type = 0; type < typeWords.size(); ++type) {
             if (line.find(typeWords[type]) == std::string_view::npos)
                 continue;
             if (words.size() > 1)
                 data.hGirder.types[type] = words[1];
-            return;
+            return TellSurplus(source, 311, words, 2);
         }
         HGirderRecord record;
         TakeNames(words, record.names);
         for (std::size_t i = 0; i < record.numbers.size(); ++i)
             record.numbers[i] = LeadingNumber(WordAt(words, record.names.size() + i)).value_or(kNotGiven);
         data.hGirder.records.push_back(std::move(record));
+        source.Tell(ReadStep::Row, 311, static_cast<int>(data.hGirder.records.size()) - 1);
+        TellSurplus(source, 311, words, HGirderRecord().names.size() + HGirderRecord().numbers.size());
     });
 }
 
-void ReadCrossRibs(LineReader& lines, CSbdData& data)
+void ReadCrossRibs(ReadSource& source, CSbdData& data)
 {
     static const std::vector<std::string> leftWords = {"等間隔"_cp932};
     static const std::vector<std::string> rightWords = {"等間隔"_cp932, "基準線"_cp932};
-    ForEachRow(lines, [&](std::string_view line) {
+    ForEachRow(source, 324, [&](std::string_view line) {
         const std::vector<std::string_view> all = SplitWords(line);
         Words words(all);
         CrossRibRecord record;
@@ -114,13 +123,15 @@ void ReadCrossRibs(LineReader& lines, CSbdData& data)
             words = words.subspan(std::min(sizes.size(), words.size()));
         }
         data.crossRibs.push_back(std::move(record));
+        source.Tell(ReadStep::Row, 324, static_cast<int>(data.crossRibs.size()) - 1);
+        TellSurplus(source, 324, words, 0);
     });
 }
 
-void ReadLRibs(LineReader& lines, CSbdData& data)
+void ReadLRibs(ReadSource& source, CSbdData& data)
 {
     static const std::vector<std::string> standIns = {"等間隔"_cp932};
-    ForEachRow(lines, [&](std::string_view line) {
+    ForEachRow(source, 325, [&](std::string_view line) {
         const std::vector<std::string_view> all = SplitWords(line);
         Words words(all);
         LRibRecord record;
@@ -131,25 +142,31 @@ void ReadLRibs(LineReader& lines, CSbdData& data)
         record.left = TakeSpacing(words, record.n1, standIns);
         record.right = TakeSpacing(words, record.n2, standIns);
         data.lRibs.push_back(std::move(record));
+        source.Tell(ReadStep::Row, 325, static_cast<int>(data.lRibs.size()) - 1);
+        TellSurplus(source, 325, words, 0);
     });
 }
 
-void ReadUnusedLines(LineReader& lines, CSbdData& data)
+void ReadUnusedLines(ReadSource& source, CSbdData& data)
 {
     ColumnVector& column = data.Table(412)->columns[0];
     bool first = true;
-    ForEachRow(lines, [&](std::string_view line) {
+    ForEachRow(source, 412, [&](std::string_view line) {
         if (first) {
             first = false;
             if (line.starts_with("自動"_cp932)) {
                 static_cast<void>(TakeToken(line));
                 line = TrimLeft(line);
                 column.Append(TakeToken(line));
+                source.Tell(ReadStep::HeadRow, 412, 0);
+                if (line = TrimLeft(line); !line.empty())
+                    source.Tell(ReadStep::Surplus, 412, -1, line);
                 return;
             }
             column.Append("YES");
         }
         column.Append(line); // a line name is the whole line: it may hold blanks
+        source.Tell(ReadStep::Row, 412, static_cast<int>(column.size()) - 1, line);
     });
 }
 
@@ -176,7 +193,7 @@ int HeadingOf(std::span<const std::string> headings, Words words, bool insideLis
 
 } // namespace
 
-void ReadNames(LineReader& lines, int block, CSbdData& data)
+void ReadNames(ReadSource& source, int block, CSbdData& data)
 {
     const std::string automatic = "自動"_cp932;
     const std::string automaticNames = "自動取得"_cp932;
@@ -184,20 +201,27 @@ void ReadNames(LineReader& lines, int block, CSbdData& data)
     NameLists& names = *data.Names(block);
     std::vector<std::string>* list = nullptr;
     std::size_t wanted = 0; // names the list still takes
-    ForEachRow(lines, [&](std::string_view line) {
+    ForEachRow(source, block, [&](std::string_view line) {
         const std::vector<std::string_view> all = SplitWords(line);
         Words words(all);
         if (words.front().starts_with(wanted > 0 ? automaticNames : automatic)) {
             wanted = 0;
             if (words.size() > 1)
                 names.autoValue = words[1];
-            return;
+            return TellSurplus(source, block, words, 2);
         }
         if (const int heading = HeadingOf(headings, words, wanted > 0); heading >= 0) {
             list = &names.lists[static_cast<std::size_t>(heading)];
             list->clear();
             wanted = static_cast<std::size_t>(std::max(0, LeadingInteger(WordAt(words, 1))));
+            const bool countMissing = words.size() > 1 && !IsWholeNumber(words[1]);
             words = words.subspan(std::min<std::size_t>(2, words.size()));
+            if (countMissing || words.size() > wanted)
+                source.Tell(ReadStep::NamesBeyond, block, -1, line);
+        } else if (wanted == 0) {
+            source.Tell(ReadStep::NamesOutside, block, -1, line);
+        } else if (words.size() > wanted) {
+            source.Tell(ReadStep::NamesBeyond, block, -1, line);
         }
         for (const std::string_view word : words.first(std::min(wanted, words.size())))
             list->emplace_back(word);

@@ -117,8 +117,14 @@ void WriteComments(std::string& out, const std::vector<std::string>& comments)
 }
 
 /// Comments and rows; `ahead` is a line of the block's own in front of its rows, if it is not empty.
-void WriteTableRows(std::string& out, const SectionLayout& layout, const TableBlock& table, std::string_view ahead = {})
+void WriteTableRows(std::string& out, const SectionLayout& layout, const TableBlock& table, WriteTrace* trace,
+                    std::string_view ahead = {})
 {
+    const auto writeRow = [&](std::size_t row) {
+        if (trace)
+            trace->rows.push_back({out.size(), layout.block, static_cast<int>(row)});
+        WriteRow(out, layout, table, row);
+    };
     if (layout.rule == RowRule::CommentByInputMethod)
         AppendLine(out, layout.comments[InputMethodComment(table)]);
     else
@@ -128,10 +134,22 @@ void WriteTableRows(std::string& out, const SectionLayout& layout, const TableBl
     const std::size_t rows = table.RowCount();
     const bool firstApart = layout.rule == RowRule::FirstRowApart || layout.rule == RowRule::ControlRowFirst;
     if (firstApart && rows > 0)
-        WriteRow(out, layout, table, 0);
+        writeRow(0);
     WriteComments(out, layout.rowComments);
     for (std::size_t row = firstApart ? 1 : 0; row < rows; ++row)
-        WriteRow(out, layout, table, row);
+        writeRow(row);
+}
+
+/// Block 259 without its marks; a row that is left out has none.
+void WriteCamber(std::string& out, const SectionLayout& layout, const TableBlock& table, WriteTrace* trace)
+{
+    std::vector<int> from;
+    const std::size_t first = trace ? trace->rows.size() : 0;
+    WriteTableRows(out, layout, CleanedCamber(table, &from), trace);
+    if (!trace)
+        return;
+    for (std::size_t i = first; i < trace->rows.size(); ++i)
+        trace->rows[i].row = from[static_cast<std::size_t>(trace->rows[i].row)];
 }
 
 /// 702 counts as having rows if one of its lists holds a name.
@@ -143,29 +161,33 @@ std::size_t NamesOf(const NameLists& names)
     return count;
 }
 
-void WriteSection(std::string& out, const SectionLayout& layout, const CSbdData& data)
+void WriteSection(std::string& out, const SectionLayout& layout, const CSbdData& data, WriteTrace* trace)
 {
     const NameLists* names = data.Names(layout.block);
     const std::size_t rows = names ? NamesOf(*names) : data.RowCount(layout.block);
     if (rows < static_cast<std::size_t>(layout.leastRows))
         return;
+    const std::size_t begin = out.size();
     AppendLine(out, layout.header);
     if (layout.block == 315) {
         const bool known = data.versionWord.starts_with("NEW_VERSION_");
-        WriteTableRows(out, layout, *data.Table(315), known ? std::string_view(data.versionWord) : std::string_view());
+        WriteTableRows(out, layout, *data.Table(315), trace,
+                       known ? std::string_view(data.versionWord) : std::string_view());
     } else if (layout.block == 259) {
-        WriteTableRows(out, layout, CleanedCamber(*data.Table(259)));
+        WriteCamber(out, layout, *data.Table(259), trace);
     } else if (layout.block == 311) {
-        WriteHGirder(out, data);
+        WriteHGirder(out, data, trace);
     } else if (layout.block == 324) {
-        WriteCrossRibs(out, data);
+        WriteCrossRibs(out, data, trace);
     } else if (layout.block == 325) {
-        WriteLRibs(out, data);
+        WriteLRibs(out, data, trace);
     } else if (names) {
         WriteNames(out, layout.block, data);
     } else {
-        WriteTableRows(out, layout, *data.Table(layout.block));
+        WriteTableRows(out, layout, *data.Table(layout.block), trace);
     }
+    if (trace)
+        trace->sections.push_back({layout.block, begin, out.size()});
     AppendLine(out, layout.end);
     out.append(kLineEnd);
 }
@@ -185,30 +207,73 @@ std::size_t ExpectedSize(const CSbdData& data)
     return size;
 }
 
-} // namespace
-
-std::string WriteProject(CSbdData& data, WriteReport* report)
+/// The values of block 301, rebuilt if it has lost them.
+std::vector<std::string>& ControlValues(CSbdData& data)
 {
-    std::string out;
-    out.reserve(ExpectedSize(data));
     std::vector<std::string>& control = *data.Options(301);
     if (control.empty())
         control = RebuiltControlValues();
-    const bool heldBack = std::ranges::find(control, kPlaceholder) != control.end();
+    return control;
+}
+
+bool IsHeldBack(const std::vector<std::string>& control)
+{
+    return std::ranges::find(control, kPlaceholder) != control.end();
+}
+
+void WriteBlock(std::string& out, int block, const CSbdData& data, bool heldBack, WriteTrace* trace)
+{
+    const OptionBlock* options = FindOptionBlock(block);
+    if (!options)
+        return WriteSection(out, *FindSectionLayout(block), data, trace);
+    if (block == 301 && heldBack)
+        return;
+    const std::size_t begin = out.size();
+    WriteOptions(out, *options, *data.Options(block));
+    if (trace)
+        trace->sections.push_back({block, begin, out.size() - options->end.size() - 2 * kLineEnd.size()});
+}
+
+std::string WriteAll(CSbdData& data, WriteReport* report, WriteTrace* trace)
+{
+    std::string out;
+    out.reserve(ExpectedSize(data));
+    const std::vector<std::string>& control = ControlValues(data);
+    const bool heldBack = IsHeldBack(control);
     if (report)
         report->controlBlockHeldBack = heldBack;
     if (!heldBack)
         AppendLine(out, "TITLE:" + control[0]);
-    for (const int block : SectionOrder()) {
-        if (const OptionBlock* options = FindOptionBlock(block)) {
-            if (block != 301 || !heldBack)
-                WriteOptions(out, *options, *data.Options(block));
-        } else {
-            WriteSection(out, *FindSectionLayout(block), data);
-        }
-    }
+    for (const int block : SectionOrder())
+        WriteBlock(out, block, data, heldBack, trace);
     for (const std::string& line : data.unknownLines)
         AppendLine(out, line);
+    return out;
+}
+
+} // namespace
+
+std::string WriteProject(CSbdData& data, WriteReport* report)
+{
+    return WriteAll(data, report, nullptr);
+}
+
+std::string WriteProject(CSbdData& data, WriteTrace& trace)
+{
+    return WriteAll(data, nullptr, &trace);
+}
+
+std::string WriteBlocks(CSbdData& data, std::span<const int> blocks, WriteTrace& trace)
+{
+    std::string out;
+    const std::vector<std::string>& control = ControlValues(data);
+    const bool heldBack = IsHeldBack(control);
+    const auto isWanted = [&](int block) { return std::ranges::binary_search(blocks, block); };
+    if (isWanted(301) && !heldBack)
+        AppendLine(out, "TITLE:" + control[0]);
+    for (const int block : SectionOrder())
+        if (isWanted(block))
+            WriteBlock(out, block, data, heldBack, &trace);
     return out;
 }
 

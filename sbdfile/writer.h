@@ -1,7 +1,10 @@
 // Writing the text of a project file.
 #pragma once
 
+#include <cstddef>
+#include <span>
 #include <string>
+#include <vector>
 
 namespace sbd {
 
@@ -14,6 +17,33 @@ struct WriteReport {
 
 /// The text of a project file. `data` is changed only where block 301 has no rows at all: it is rebuilt.
 [[nodiscard]] std::string WriteProject(CSbdData& data, WriteReport* report = nullptr);
+
+/// Where a row of a table or record block begins in the text.
+struct WrittenRow {
+    std::size_t offset = 0;
+    int block = 0;
+    int row = 0; ///< stored row, from 0
+};
+
+/// Where the first and the last line of a section begin.
+struct WrittenSection {
+    int block = 0;
+    std::size_t header = 0;
+    std::size_t end = 0;
+};
+
+/// What stands where in a text, in the order of the text.
+struct WriteTrace {
+    std::vector<WrittenRow> rows;
+    std::vector<WrittenSection> sections;
+};
+
+/// The whole text, with what stands where.
+[[nodiscard]] std::string WriteProject(CSbdData& data, WriteTrace& trace);
+
+/// The text of some blocks alone (ascending numbers), as it stands in the whole: the title with block 301, then the
+/// sections. `data`: as for WriteProject.
+[[nodiscard]] std::string WriteBlocks(CSbdData& data, std::span<const int> blocks, WriteTrace& trace);
 
 /// The message for a block 301 that is held back.
 inline constexpr const char* kControlBlockMessage = "Input error in 301 [SEC_CONTROL]";

@@ -3,6 +3,7 @@
 #include "project/block_rules.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
+#include "sbdfile/writer.h"
 
 #include <algorithm>
 #include <array>
@@ -17,6 +18,12 @@ void AppendLine(std::string& out, std::string_view line)
 {
     out.append(line);
     out.append(kLineEnd);
+}
+
+void TraceRow(WriteTrace* trace, const std::string& out, int block, std::ptrdiff_t row)
+{
+    if (trace)
+        trace->rows.push_back({out.size(), block, static_cast<int>(row)});
 }
 
 /// Metres in block 311: " %12.6f", as many blanks for a number that is not given.
@@ -76,7 +83,7 @@ std::string GirderComment(GirderShape shape, const GridNames& names)
 
 } // namespace
 
-void WriteHGirder(std::string& out, const CSbdData& data)
+void WriteHGirder(std::string& out, const CSbdData& data, WriteTrace* trace)
 {
     constexpr std::array<std::string_view, 4> keywords = {"T_U_FLG_TYPE", "T_L_FLG_TYPE", "Z_U_FLG_TYPE",
                                                           "Z_L_FLG_TYPE"};
@@ -96,6 +103,7 @@ void WriteHGirder(std::string& out, const CSbdData& data)
     AppendLine(out, GirderComment(shape, data.gridNames));
     const std::size_t numbers = shape == GirderShape::Alignment ? 3 : shape == GirderShape::AlignmentAndEnd ? 5 : 7;
     for (const HGirderRecord& record : girder.records) {
+        TraceRow(trace, out, 311, &record - girder.records.data());
         if (shape == GirderShape::Curve) {
             out.append("  ");
             AppendNames(out, record.names, {-6, -6, -6, -6});
@@ -156,12 +164,13 @@ void AppendCount(std::string& out, int count)
 
 } // namespace
 
-void WriteCrossRibs(std::string& out, const CSbdData& data)
+void WriteCrossRibs(std::string& out, const CSbdData& data, WriteTrace* trace)
 {
     AppendLine(
         out,
         "! 主桁始 主桁終 横桁始 横桁終 [U][L]FLG   Bri   Tri   Bfi   Tfi 本数n 左腹板間隔(n個) 右腹板間隔(n個) (寸法2～寸法n)"_cp932);
     for (const CrossRibRecord& record : data.crossRibs) {
+        TraceRow(trace, out, 324, &record - data.crossRibs.data());
         const int count = std::min(record.n, kMostRibs);
         out.append("  ");
         AppendNames(out, record.names, {-6, -6, -6, -6, -9});
@@ -178,10 +187,11 @@ void WriteCrossRibs(std::string& out, const CSbdData& data)
     }
 }
 
-void WriteLRibs(std::string& out, const CSbdData& data)
+void WriteLRibs(std::string& out, const CSbdData& data, WriteTrace* trace)
 {
     AppendLine(out, "! 主桁始 終 左側横桁 U_LFLG 横RIB番号 左側本数n1 右側本数n2 左側間隔(n1個) 右側間隔(n2個)"_cp932);
     for (const LRibRecord& record : data.lRibs) {
+        TraceRow(trace, out, 325, &record - data.lRibs.data());
         const int left = std::min(record.n1, kMostRibs);
         const int right = std::min(record.n2, kMostRibs);
         out.append("  ");

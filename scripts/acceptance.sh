@@ -14,6 +14,7 @@ while read -r script only; do
     case $script in
         project) command=(python3 "$folder/run_project.py") ;;
         analysis) command=(python3 "$folder/analysis/run_analysis.py") ;;
+        check) command=(python3 "$folder/check/run_check.py") ;;
         tables) command=(python3 "$folder/tables/run_tables.py") ;;
         *) echo "unknown word in $list: $script" >&2; exit 2 ;;
     esac

@@ -12,6 +12,7 @@ declare -A arrows=(
     [sbdfile]="project"
     [results]="project"
     [panelmodel]="project"
+    [check]="sbdfile panelmodel"
     [search]="panelmodel"
     [document]="sbdfile results"
     [grid]="commands"
@@ -19,11 +20,11 @@ declare -A arrows=(
     [upperview]="document"
     [frame]="panels upperview"
     [app]="frame"
-    [tools]="sbdfile results panelmodel search"
+    [tools]="sbdfile results panelmodel check search"
     [sbdpage]="upperview"
 )
-order="commands project sbdfile results panelmodel search document grid panels upperview frame app tools sbdpage"
-without_qt="commands project sbdfile results panelmodel search tools"
+order="commands project sbdfile results panelmodel check search document grid panels upperview frame app tools sbdpage"
+without_qt="commands project sbdfile results panelmodel check search tools"
 
 declare -A reach
 for folder in $order; do

@@ -9,6 +9,7 @@
 #include "tools/result_figure_commands.h"
 #include "tools/result_panel_commands.h"
 #include "tools/search_command.h"
+#include "tools/set_command.h"
 
 #include <algorithm>
 #include <array>
@@ -98,12 +99,22 @@ constexpr ToolCommand kCommands[] = {
      "beams, supports and names.",
      "W x H 画素の枠での骨組モデル図を 4 方向から JSON で出力します。--overlay: 横構、横桁、支点、名称も含めます。",
      RunProjection},
+    {"set", "set IN OUT EDITS.json [--names F | --no-names]",
+     "Loads IN, types the edits into the panels of their blocks, saves the project as OUT, and says as JSON which edits were\n"
+     "refused and which cells would come back from OUT with another text. EDITS.json: an array of {\"block\", \"row\", \"column\",\n"
+     "\"text\"}, rows and columns as panel prints them, from 1. Exit code 3 if a cell would come back different.",
+     "IN を読み込み、各ブロックのパネルに編集を入力し、OUT として保存します。入力できなかった編集と、OUT を開き直すと変わるセルを\n"
+     "JSON で出力します。EDITS.json は {\"block\", \"row\", \"column\", \"text\"} の配列で、行と列は panel の出力どおり 1 から数えます。\n"
+     "開き直すと変わるセルがあれば終了コードは 3 です。",
+     RunSet},
     {"check", "check IN... [--names F | --no-names] [--json]",
      "Says whether IN stands in the writer's own form, and lists by block, row and column what a load and a save would\n"
      "change: lines that are passed over, values that are repaired, rows whose empty inner cell will shift, option values\n"
-     "that an empty text will lose. Exit code 1 if a file would change.",
+     "that an empty text will lose. Findings tell what was not understood, by kind and line. Exit code 3 if something is\n"
+     "lost or misread, 1 if only the form differs or values are repaired, 0 if there is nothing to tell.",
      "IN が本システムの書式どおりかを調べ、読み込んで保存すると変わるものをブロック・行・列で示します。読まれない行、補正される値、\n"
-     "空欄のためにずれる行、空の値のために失われる項目の値です。変わるファイルがあれば終了コードは 1 です。",
+     "空欄のためにずれる行、空の値のために失われる項目の値です。読み取れなかったものを種類と行で示します。失われるか誤って\n"
+     "読まれるものがあれば終了コードは 3、書式の違いや補正だけなら 1、何もなければ 0 です。",
      RunCheck},
     {"diff", "diff A B [--names F | --no-names] [--json]",
      "Lists what differs between two projects, by block, row and column. Exit code 1 if anything does.",
@@ -123,9 +134,9 @@ std::string Help()
     std::string text =
         SpeaksJapanese()
             ? "sbdtool コマンド ...\n\n橋のプロジェクト(*.sbd)を読み、書き、表示します。出力は UTF-8 です。\n"
-              "終了コード 0: 終わりました、1: 終わり、違いがありました、2: できませんでした。\n\n"
+              "終了コード 0: 終わりました、1: 終わり、違いがありました、2: できませんでした、3: 終わり、失われるものがあります。\n\n"
             : "sbdtool COMMAND ...\n\nReads, writes and prints bridge projects (*.sbd). Output is UTF-8.\n"
-              "Exit code 0: done, 1: done and something differs, 2: could not be done.\n\n";
+              "Exit code 0: done, 1: done and something differs, 2: could not be done, 3: done and something gets lost.\n\n";
     for (const ToolCommand& command : kCommands)
         text += "  " + std::string(command.usage) + "\n";
     return text

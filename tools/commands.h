@@ -11,7 +11,7 @@ namespace sbd {
 /// What a command gives: the exit code and both outputs, UTF-8. No control character but the line end stands in them:
 /// those of a file are shown by their number.
 struct CommandResult {
-    int exitCode = 0; ///< 0 done; 1 done, and something differs; 2 could not be done
+    int exitCode = 0; ///< 0 done; 1 done, and something differs; 2 could not be done; 3 done, and something gets lost
     std::string output;
     std::string error;
     std::string bytes = {}; ///< of a project that goes to the standard output

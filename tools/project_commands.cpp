@@ -1,5 +1,6 @@
 #include "tools/project_commands.h"
 
+#include "check/file_check.h"
 #include "project/sbd_data.h"
 #include "sbdfile/compare.h"
 #include "sbdfile/grid_names.h"
@@ -83,14 +84,15 @@ CommandResult RunCheck(std::span<const std::string> arguments)
         CSbdData names;
         if (const auto file = NamesFor(parsed, in))
             ReadGridNames(*file, names);
-        const CheckReport report = CheckProject(bytes, names);
-        all.exitCode = std::max(all.exitCode, report.ownForm && report.unstable.empty() ? 0 : 1);
+        const FileCheck check = CheckFile(bytes, names);
+        const int exitCode = check.findings.anyLoss ? 3 : check.findings.list.empty() ? 0 : 1;
+        all.exitCode = std::max(all.exitCode, exitCode);
         if (parsed.asJson) {
-            json one = CheckJson(report);
+            json one = CheckJson(check);
             one["file"] = in;
             list.push_back(std::move(one));
         } else {
-            all.output += (parsed.words.size() > 1 ? in + ":\n" : std::string()) + CheckText(report);
+            all.output += (parsed.words.size() > 1 ? in + ":\n" : std::string()) + CheckText(check);
         }
     }
     if (parsed.asJson)

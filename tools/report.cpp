@@ -1,13 +1,10 @@
 #include "tools/report.h"
 
-#include "project/catalogue.h"
-#include "project/sbd_data.h"
 #include "project/text.h"
-#include "sbdfile/layout.h"
-#include "sbdfile/repairs.h"
-#include "sbdfile/writer.h"
 
 #include <nlohmann/json.hpp>
+
+#include <algorithm>
 
 namespace sbd {
 
@@ -15,26 +12,9 @@ namespace {
 
 using nlohmann::json;
 
-/// "313 垂直補剛材": number and title of a block, without tag and marks.
-std::string BlockName(int block)
-{
-    const CatalogueRow* row = FindBlock(block);
-    const std::string number = std::to_string(block);
-    if (!row)
-        return number;
-    std::string_view title = row->menuText.substr(0, row->menuText.find('['));
-    title.remove_prefix(std::min(title.find_first_not_of("0123456789."), title.size()));
-    return number + " " + std::string(CutTrailingBlanks(title));
-}
-
-std::string Quoted(std::string_view bytes)
-{
-    return "「" + FromCp932(bytes) + "」";
-}
-
 std::string PlaceText(const Difference& difference)
 {
-    std::string text = BlockName(difference.block);
+    std::string text = NumberAndTitle(difference.block);
     if (difference.row > 0)
         text += " " + std::to_string(difference.row) + "行目";
     if (difference.column > 0)
@@ -76,42 +56,43 @@ std::string_view ReasonWord(LostLine reason)
     return {};
 }
 
-std::size_t FirstOtherLine(std::string_view a, std::string_view b)
-{
-    std::size_t line = 1;
-    for (std::size_t pos = 0; pos < std::min(a.size(), b.size()); ++pos) {
-        if (a[pos] != b[pos])
-            return line;
-        line += a[pos] == '\n' ? 1 : 0;
-    }
-    return a.size() == b.size() ? 0 : line;
-}
-
+/// `more`: how many stand behind the list that it does not hold.
 template <typename List, typename Line>
-void AppendList(std::string& text, std::string_view heading, const List& list, Line line)
+void AppendList(std::string& text, std::string_view heading, const List& list, Line line, std::size_t more = 0)
 {
     if (list.empty())
         return;
-    text += std::string(heading) + "(" + std::to_string(list.size()) + "件)\n";
-    for (const auto& item : list)
-        text += "  " + line(item) + "\n";
+    text += std::string(heading) + "(" + std::to_string(list.size() + more) + "件)\n";
+    const std::size_t shown = std::min(list.size(), kMostFindings);
+    for (std::size_t i = 0; i < shown; ++i)
+        text += "  " + line(list[i]) + "\n";
+    if (list.size() + more > shown)
+        text += "  ほか " + std::to_string(list.size() + more - shown) + "件\n";
 }
 
+/// The first of a list: what a file of nothing but faults gives stays readable.
 template <typename List, typename ToJson>
 json JsonList(const List& list, ToJson toJson)
 {
     json result = json::array();
-    for (const auto& item : list)
-        result.push_back(toJson(item));
+    for (std::size_t i = 0; i < std::min(list.size(), kMostFindings); ++i)
+        result.push_back(toJson(list[i]));
     return result;
 }
 
-/// A control row that the load puts into a block without rows never reaches the file: nothing to tell.
-bool StaysOutOfFile(const Difference& difference, const CSbdData& data)
+std::size_t Beyond(std::size_t count)
 {
-    const SectionLayout* layout = FindSectionLayout(difference.block);
-    return difference.kind == DifferenceKind::RowAdded && layout
-           && data.RowCount(difference.block) < static_cast<std::size_t>(layout->leastRows);
+    return count - std::min(count, kMostFindings);
+}
+
+/// How many each list leaves out.
+json MoreJson(const FileCheck& check)
+{
+    return {{"findings", check.findings.more},
+            {"lost", Beyond(check.lost.size())},
+            {"repaired", Beyond(check.repaired.size())},
+            {"unstable", Beyond(check.unstable.size())},
+            {"doubts", check.doubts.more}};
 }
 
 } // namespace
@@ -149,7 +130,8 @@ json DifferenceJson(const Difference& difference)
 
 std::string NoteText(const ReadNote& note)
 {
-    const std::string place = std::to_string(note.line) + "行目 " + (note.block > 0 ? BlockName(note.block) + " " : "");
+    const std::string place =
+        std::to_string(note.line) + "行目 " + (note.block > 0 ? NumberAndTitle(note.block) + " " : "");
     switch (note.reason) {
     case LostLine::OutsideSection:
         return place + Quoted(note.text) + ": どの区分にも属さない行なので読まれません。";
@@ -171,51 +153,76 @@ json NoteJson(const ReadNote& note)
             {"text", FromCp932(note.text)}};
 }
 
-CheckReport CheckProject(std::string_view bytes, const CSbdData& names)
+std::string FindingText(const Finding& finding)
 {
-    CheckReport report;
-    CSbdData asRead = names;
-    asRead.ClearBlocks();
-    ReadSections(bytes, asRead, &report.lost);
-    CSbdData repaired = asRead;
-    RepairAfterRead(repaired);
-    report.repaired = CompareProjects(asRead, repaired);
-    std::erase_if(report.repaired, [&](const Difference& difference) { return StaysOutOfFile(difference, repaired); });
-
-    WriteReport written;
-    const std::string saved = WriteProject(repaired, &written);
-    report.controlBlockHeldBack = written.controlBlockHeldBack;
-    report.ownForm = saved == bytes;
-    report.firstOtherLine = FirstOtherLine(bytes, saved);
-
-    CSbdData again = names; // what a new session finds: defaults, then the saved file
-    ReadProject(saved, again);
-    report.unstable = CompareProjects(repaired, again);
-    return report;
+    std::string place;
+    if (finding.line > 0)
+        place += std::to_string(finding.line) + "行目 ";
+    if (finding.block > 0)
+        place += NumberAndTitle(finding.block) + " ";
+    if (finding.line == 0 && finding.row > 0)
+        place += std::to_string(finding.row) + "行目 ";
+    if (finding.line == 0 && finding.column > 0)
+        place += std::to_string(finding.column) + "列目 ";
+    return place + finding.text;
 }
 
-std::string CheckText(const CheckReport& report)
+json FindingJson(const Finding& finding)
 {
-    std::string text = report.ownForm
+    json object = {{"kind", std::string(RuleOf(finding.kind).word)},
+                   {"severity", static_cast<int>(RuleOf(finding.kind).severity)},
+                   {"line", finding.line},
+                   {"block", finding.block},
+                   {"row", finding.row},
+                   {"column", finding.column},
+                   {"text", finding.text}};
+    if (!finding.is.empty() || !finding.returns.empty()) {
+        object["is"] = FromCp932(finding.is);
+        object["returns"] = FromCp932(finding.returns);
+    }
+    return object;
+}
+
+std::string CheckText(const FileCheck& check)
+{
+    std::string text = check.ownForm
                            ? "このファイルは本システムの書式どおりです。読み込んで保存しても1バイトも変わりません。\n"
                            : "このファイルは本システムの書式と異なります。読み込んで保存すると "
-                                 + std::to_string(report.firstOtherLine) + "行目から変わります。\n";
-    if (report.controlBlockHeldBack)
+                                 + std::to_string(check.firstOtherLine) + "行目から変わります。\n";
+    if (check.controlBlockHeldBack)
         text += "301に「<?>」があるので、保存すると題名と301が書かれません。値を入力してください。\n";
-    AppendList(text, "読み込むと失われる行", report.lost, NoteText);
-    AppendList(text, "読み込むと補正される値", report.repaired, DifferenceText);
-    AppendList(text, "保存後にもう一度読み込むと変わる値", report.unstable, DifferenceText);
+    AppendList(text, "見つかったこと", check.findings.list, FindingText, check.findings.more);
+    AppendList(text, "読み込むと失われる行", check.lost, NoteText);
+    AppendList(text, "読み込むと補正される値", check.repaired, DifferenceText);
+    AppendList(text, "保存後にもう一度読み込むと変わる値", check.unstable, DifferenceText);
+    AppendList(text, "入力の疑問点", check.doubts.list, FindingText, check.doubts.more);
     return text;
 }
 
-json CheckJson(const CheckReport& report)
+json CheckJson(const FileCheck& check)
 {
-    return {{"ownForm", report.ownForm},
-            {"firstOtherLine", report.firstOtherLine},
-            {"controlBlockHeldBack", report.controlBlockHeldBack},
-            {"lost", JsonList(report.lost, NoteJson)},
-            {"repaired", JsonList(report.repaired, DifferenceJson)},
-            {"unstable", JsonList(report.unstable, DifferenceJson)}};
+    json findings = json::array();
+    for (const Finding& finding : check.findings.list) {
+        json object = FindingJson(finding);
+        if (const auto cells = check.shifted.find(finding.block);
+            finding.kind == FindingKind::Shift && cells != check.shifted.end())
+            object["cells"] = JsonList(cells->second, [](const ReturnedCell& cell) {
+                return json{{"row", cell.row},
+                            {"column", cell.column},
+                            {"is", FromCp932(cell.is)},
+                            {"returns", FromCp932(cell.returns)}};
+            });
+        findings.push_back(std::move(object));
+    }
+    return {{"ownForm", check.ownForm},
+            {"firstOtherLine", check.firstOtherLine},
+            {"controlBlockHeldBack", check.controlBlockHeldBack},
+            {"lost", JsonList(check.lost, NoteJson)},
+            {"repaired", JsonList(check.repaired, DifferenceJson)},
+            {"unstable", JsonList(check.unstable, DifferenceJson)},
+            {"findings", std::move(findings)},
+            {"more", MoreJson(check)},
+            {"doubts", JsonList(check.doubts.list, FindingJson)}};
 }
 
 } // namespace sbd

@@ -1,6 +1,7 @@
 // Differences and lost lines in words an engineer reads, and as JSON.
 #pragma once
 
+#include "check/file_check.h"
 #include "sbdfile/compare.h"
 #include "sbdfile/reader.h"
 
@@ -18,19 +19,11 @@ namespace sbd {
 [[nodiscard]] std::string NoteText(const ReadNote& note);
 [[nodiscard]] nlohmann::json NoteJson(const ReadNote& note);
 
-/// What a load and a save would do to a file.
-struct CheckReport {
-    bool ownForm = false;              ///< load and save gives the same bytes
-    std::size_t firstOtherLine = 0;    ///< first line that is written otherwise, from 1; 0: none
-    std::vector<ReadNote> lost;        ///< lines that are passed over
-    std::vector<Difference> repaired;  ///< what the repairs behind the last line change
-    std::vector<Difference> unstable;  ///< what another load would read otherwise than is held now
-    bool controlBlockHeldBack = false; ///< "<?>" in block 301: title and block would not be written
-};
+/// One line, UTF-8, as "31行目 314 支点上補剛材: ...".
+[[nodiscard]] std::string FindingText(const Finding& finding);
+[[nodiscard]] nlohmann::json FindingJson(const Finding& finding);
 
-/// `names` goes with the project: the data with the names of its bridge already read.
-[[nodiscard]] CheckReport CheckProject(std::string_view bytes, const CSbdData& names);
-[[nodiscard]] std::string CheckText(const CheckReport& report);
-[[nodiscard]] nlohmann::json CheckJson(const CheckReport& report);
+[[nodiscard]] std::string CheckText(const FileCheck& check);
+[[nodiscard]] nlohmann::json CheckJson(const FileCheck& check);
 
 } // namespace sbd

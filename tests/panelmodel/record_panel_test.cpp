@@ -254,7 +254,8 @@ TEST(CrossRibPanel, WhatIsTypedBecomesAWholeRecord)
     const CrossRibRecord& record = data.crossRibs[0];
     EXPECT_THAT(record.sizes, ElementsAre(250, 0, 0, 0));
     EXPECT_EQ(record.n, 3);
-    EXPECT_THAT(record.left.numbers, ElementsAre(1.2, 1.3, 0));
+    EXPECT_THAT(record.left.numbers, ElementsAre(1.2, 1.3)) << "zeros at the end are not held";
+    EXPECT_EQ(Text(*MakePanelModel(data, 324), 2, 11), "1.2, 1.3, 0") << "as many as the count says";
     EXPECT_EQ(FromCp932(record.right.word), "基準線");
     ASSERT_EQ(record.furtherSizes.size(), 2U);
     EXPECT_EQ(record.furtherSizes[0][1], 9);
