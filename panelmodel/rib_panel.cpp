@@ -6,6 +6,7 @@
 #include "project/text.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace sbd {
 
@@ -51,13 +52,14 @@ void AppendNumber(std::string& list, double number)
     list += NumberCell(number);
 }
 
-/// `count` numbers are shown, zeros at the end among them; while the count is empty, all that there are.
+/// At most `count` numbers are shown; while the count is empty, all that there are. Fewer stay as they were typed until
+/// the panel is closed: the zeros that are written for them are told, not put in under the user's hand.
 std::string SpacingCell(const RibSpacing& spacing, int count)
 {
     if (!spacing.word.empty())
         return spacing.word;
-    const std::size_t shown =
-        count == kNoCount ? spacing.numbers.size() : static_cast<std::size_t>(std::clamp(count, 0, kMostRibs));
+    const std::size_t most = static_cast<std::size_t>(count == kNoCount ? kMostRibs : std::clamp(count, 0, kMostRibs));
+    const std::size_t shown = std::min(spacing.numbers.size(), most);
     std::string text;
     for (std::size_t i = 0; i < shown; ++i)
         AppendNumber(text, spacing.At(i));
@@ -94,6 +96,14 @@ void UnfoldSpacing(RibSpacing& spacing, int count)
     const std::size_t shown = static_cast<std::size_t>(FullCount(count));
     if (spacing.word.empty() && spacing.numbers.size() < shown)
         spacing.numbers.resize(shown, 0.0);
+}
+
+/// A new count, and the zeros that it adds to the spacings beside it.
+void TakeCount(int& count, std::string_view text, std::initializer_list<RibSpacing*> spacings)
+{
+    count = CellCount(text);
+    for (RibSpacing* spacing : spacings)
+        UnfoldSpacing(*spacing, count);
 }
 
 } // namespace
@@ -279,7 +289,7 @@ void CDown324Model::SetField(CrossRibRecord& record, int column, std::string_vie
     else if (column <= kLastSizeColumn)
         record.sizes[static_cast<std::size_t>(column - kNames) - 1] = CellNumber(text);
     else if (column == kRibsColumn)
-        record.n = CellCount(text);
+        TakeCount(record.n, text, {&record.left, &record.right});
     else if (column <= kCrossRightColumn)
         (column == kCrossLeftColumn ? record.left : record.right) = CellSpacing(text);
     else
@@ -357,8 +367,10 @@ void CDown325Model::SetField(LRibRecord& record, int column, std::string_view te
 {
     if (column <= kNames)
         record.names[static_cast<std::size_t>(column) - 1] = text;
-    else if (column == kLeftCountColumn || column == kRightCountColumn)
-        (column == kLeftCountColumn ? record.n1 : record.n2) = CellCount(text);
+    else if (column == kLeftCountColumn)
+        TakeCount(record.n1, text, {&record.left});
+    else if (column == kRightCountColumn)
+        TakeCount(record.n2, text, {&record.right});
     else
         (column == kLeftColumn ? record.left : record.right) = CellSpacing(text);
 }
