@@ -18,7 +18,8 @@ enum class CommandNeeds {
     FreeView,  ///< and no print job is under way
     FreePage,  ///< and block 253 is not on show
     Grid,      ///< a project's panel with a grid
-    Undo,      ///< a grid, or a field of text, with something to take back
+    Undo,      ///< a project, or a field of text, with something to take back
+    Redo,      ///< and with something to make again
     RowUp,     ///< a grid whose row may move up
     RowDown,   ///< a grid whose row may move down
     InsertRow, ///< a grid that takes a row at its focus
@@ -62,6 +63,7 @@ inline constexpr int kPreviousWindow = 31003;
 inline constexpr int kTabbedWindows = 31004;
 inline constexpr int kSavePicture = 31005;
 inline constexpr int kPaneBefore = 31006;
+inline constexpr int kRedo = 31007;
 /// The version at the end of the menu bar.
 inline constexpr int kVersionEntry = 33002;
 

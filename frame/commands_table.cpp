@@ -29,7 +29,8 @@ constexpr CommandRow kRows[] = {
     {57665, "アプリケーションの終了(&X)", "Ctrl+Q", "", "", Nothing},
 
     // Editing
-    {57643, "元に戻す(&U)", "Ctrl+Z; Alt+Backspace", "", "undo", Undo, None, KeyScope::Grid},
+    {57643, "元に戻す(&U)", "Ctrl+Z; Alt+Backspace", "", "undo", Undo},
+    {kRedo, "やり直す(&R)", "Ctrl+Y; Ctrl+Shift+Z", "", "", Redo},
     {57635, "切り取り", "Ctrl+X", "", "cut", Grid, None, KeyScope::Grid},
     {57634, "コピー", "Ctrl+C; Ctrl+Ins", "", "copy", Grid, None, KeyScope::Grid},
     {57637, "貼り付け", "Ctrl+V; Shift+Ins", "", "paste", Grid, None, KeyScope::Grid},
@@ -122,7 +123,7 @@ constexpr CommandRow kRows[] = {
 
 constexpr MenuItem kFile[] = {57600, 57601, 57602, kSeparator, 57603, 57604, kSeparator, 57607, 57609, kSavePicture,
                               kSeparator, MenuFill::RecentFiles, kSeparator, 57665};
-constexpr MenuItem kEdit[] = {57643, kSeparator, 57635, 57634, 57637, 33001, kSeparator, 33038, 33039, 33040,
+constexpr MenuItem kEdit[] = {57643, kRedo, kSeparator, 57635, 57634, 57637, 33001, kSeparator, 33038, 33039, 33040,
                               kSeparator, 32761};
 constexpr MenuItem kView[] = {32989, 32990, kSeparator, 32994, 32991, 32992, 32993, kSeparator, 32996, 32995,
                               kSeparator, 32997, 32998, 32999, 33000, kSeparator, MenuId::TreeItems, MenuId::Cells};

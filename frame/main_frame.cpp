@@ -27,8 +27,7 @@ namespace {
 
 const auto kGeometryKey = u"Window Size/Frame"_s;
 constexpr QSize kFirstSize{1280, 800};
-constexpr int kMargin = 4; // px
-constexpr int kUndo = 57643;
+constexpr int kMargin = 4;               // px
 constexpr int kNoticeTime = 30'000;      // ms
 constexpr auto kRecoveryInterval = 3min; // between copies of what is not saved
 
@@ -88,8 +87,7 @@ void CMainFrame::SetUpChild(CChildFrame& child)
 {
     child.SetTreeView(treeView_);
     connect(&child, &CChildFrame::blockShown, this, &CMainFrame::UpdateCommands);
-    connect(&child, &CChildFrame::undoChanged, this,
-            [this] { actions_->Of(kUndo)->setEnabled(Holds(CommandNeeds::Undo)); });
+    connect(&child, &CChildFrame::undoChanged, this, &CMainFrame::ShowHistory);
 }
 
 CMainFrame::~CMainFrame()

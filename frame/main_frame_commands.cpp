@@ -6,6 +6,7 @@
 #include "frame/language.h"
 #include "frame/main_frame.h"
 #include "frame/settings.h"
+#include "grid/grid_ctrl.h"
 #include "panels/panel.h"
 #include "panels/print_name.h"
 #include "panels/search_panel.h"
@@ -43,6 +44,21 @@ QString PageName(CChildFrame& child)
     const QString project =
         doc.PathName().isEmpty() ? child.NameWithoutPath() : QFileInfo(doc.PathName()).completeBaseName();
     return project + u'_' + QString::number(doc.HelpBlock() >= 0 ? doc.HelpBlock() : doc.CurrentBlock());
+}
+
+/// An open field takes its own text back first; searches and lists take back theirs, all else is the project's.
+void Undo(CChildFrame& child)
+{
+    auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    CPanel* panel = child.Panel();
+    const bool panelFirst =
+        panel != nullptr && (panel->Model() == nullptr ? panel->CanUndo() : panel->Grid()->IsEditing());
+    if (field != nullptr && field->isUndoAvailable())
+        field->undo();
+    else if (panelFirst)
+        panel->Undo();
+    else
+        child.StepHistory(false);
 }
 
 } // namespace
@@ -111,7 +127,8 @@ void CMainFrame::OnRow(int command, void (CPanel::*run)())
 
 void CMainFrame::AddEditHandlers()
 {
-    OnEditor(57643, &QLineEdit::undo, &CPanel::Undo);
+    OnChild(57643, Undo);
+    OnChild(kRedo, [](CChildFrame& child) { child.StepHistory(true); });
     OnEditor(57635, &QLineEdit::cut, &CPanel::Cut);
     OnEditor(57634, &QLineEdit::copy, &CPanel::Copy);
     OnEditor(57637, &QLineEdit::paste, &CPanel::Paste);

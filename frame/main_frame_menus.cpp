@@ -26,6 +26,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int kUndo = 57643;
 constexpr int kResultBlock = 253;
 constexpr int kSearchBlock = 999;
 constexpr int kSearchCommand = 49990;
@@ -184,8 +185,11 @@ bool CMainFrame::Holds(CommandNeeds needs) const
         return panel != nullptr;
     case CommandNeeds::Undo:
         if (const auto* field = qobject_cast<const QLineEdit*>(QApplication::focusWidget()))
-            return field->isUndoAvailable() || (panel != nullptr && panel->CanUndo());
-        return panel != nullptr && panel->CanUndo();
+            if (field->isUndoAvailable())
+                return true;
+        return child->Doc().NextUndo() != nullptr || (panel != nullptr && panel->CanUndo());
+    case CommandNeeds::Redo:
+        return child->Doc().NextRedo() != nullptr;
     case CommandNeeds::RowUp:
         return hasGrid && panel->CanMoveRowUp();
     case CommandNeeds::RowDown:
@@ -215,6 +219,23 @@ void CMainFrame::UpdateCommands()
             entry.action->setChecked(child != nullptr && child->CurrentBlock() == CanonicalBlock(entry.block));
     }
     UpdateMarks();
+    ShowHistory();
+}
+
+/// What is taken back, and what is made again, next.
+void CMainFrame::ShowHistory()
+{
+    CChildFrame* child = CurrentChild();
+    const auto* field = qobject_cast<const QLineEdit*>(QApplication::focusWidget());
+    const bool ownText = field != nullptr && field->isUndoAvailable();
+    const auto show = [this](int command, CommandNeeds needs, const EditStep* step) {
+        const QString plain = EntryText(*FindCommand(command));
+        const QString name = step == nullptr ? QString() : toQString(step->name).replace(u'&', u"&&"_s);
+        actions_->Of(command)->setText(name.isEmpty() ? plain : u"%1 を%2"_s.arg(name, plain));
+        actions_->Of(command)->setEnabled(Holds(needs));
+    };
+    show(kUndo, CommandNeeds::Undo, child == nullptr || ownText ? nullptr : child->Doc().NextUndo());
+    show(kRedo, CommandNeeds::Redo, child == nullptr ? nullptr : child->Doc().NextRedo());
 }
 
 void CMainFrame::UpdateMarks()

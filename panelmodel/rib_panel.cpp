@@ -1,6 +1,5 @@
 #include "panelmodel/rib_panel.h"
 
-#include "panelmodel/links.h"
 #include "project/block_rules.h"
 #include "project/text.h"
 
@@ -92,8 +91,8 @@ int FullCount(int count)
 // --- what both share ---------------------------------------------------------------------------------
 
 template <typename Record>
-CRibPanelModel<Record>::CRibPanelModel(CSbdData& data, int block, const PanelSettings& settings,
-                                       std::vector<Record>& stored, WordList texts, std::vector<int> limits)
+CRibPanelModel<Record>::CRibPanelModel(const CSbdData& data, int block, const PanelSettings& settings,
+                                       const std::vector<Record>& stored, WordList texts, std::vector<int> limits)
     : CRecordPanelModel<Record>(data, block, settings, 1, stored)
     , optionRow_(AutomaticOptionRow(block))
     , automatic_(data.Option(301, static_cast<std::size_t>(optionRow_) - 1))
@@ -166,11 +165,11 @@ CellEffect CRibPanelModel<Record>::SetHeadRowCell(int, int, std::string_view tex
 }
 
 template <typename Record>
-std::vector<ChangedRow> CRibPanelModel<Record>::WriteLinks()
+void CRibPanelModel<Record>::Commit(CProjectWriter& writer)
 {
-    if (automatic_.empty())
-        return {};
-    return LinkAutomaticValue(this->Data(), optionRow_, automatic_);
+    CRecordPanelModel<Record>::Commit(writer);
+    if (!automatic_.empty())
+        writer.SetOption(301, static_cast<std::size_t>(optionRow_) - 1, automatic_);
 }
 
 template <typename Record>
@@ -221,7 +220,7 @@ std::vector<std::array<double, 4>> CellFurtherSizes(std::string_view text)
 
 } // namespace
 
-CDown324Model::CDown324Model(CSbdData& data, const PanelSettings& settings)
+CDown324Model::CDown324Model(const CSbdData& data, const PanelSettings& settings)
     : CRibPanelModel(data, 324, settings, data.crossRibs,
                      {" (301の"_cp932, "LINE18"_cp932, "と自動"_cp932, "リンク)"_cp932}, {-200, -250, -350})
 {
@@ -301,7 +300,7 @@ constexpr int kLeftColumn = 8;
 
 } // namespace
 
-CDown325Model::CDown325Model(CSbdData& data, const PanelSettings& settings)
+CDown325Model::CDown325Model(const CSbdData& data, const PanelSettings& settings)
     : CRibPanelModel(data, 325, settings, data.lRibs,
                      {" (301の"_cp932, "19行目と"_cp932, "325～326)"_cp932, "は同時自動"_cp932, "リンク)"_cp932},
                      {-150, -150})

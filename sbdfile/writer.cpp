@@ -187,13 +187,13 @@ std::size_t ExpectedSize(const CSbdData& data)
 
 } // namespace
 
-std::string WriteProject(CSbdData& data, WriteReport* report)
+std::string WriteProject(const CSbdData& data, WriteReport* report)
 {
     std::string out;
     out.reserve(ExpectedSize(data));
-    std::vector<std::string>& control = *data.Options(301);
-    if (control.empty())
-        control = RebuiltControlValues();
+    const std::vector<std::string> rebuilt =
+        data.Options(301)->empty() ? RebuiltControlValues() : std::vector<std::string>();
+    const std::vector<std::string>& control = rebuilt.empty() ? *data.Options(301) : rebuilt;
     const bool heldBack = std::ranges::find(control, kPlaceholder) != control.end();
     if (report)
         report->controlBlockHeldBack = heldBack;
@@ -202,7 +202,7 @@ std::string WriteProject(CSbdData& data, WriteReport* report)
     for (const int block : SectionOrder()) {
         if (const OptionBlock* options = FindOptionBlock(block)) {
             if (block != 301 || !heldBack)
-                WriteOptions(out, *options, *data.Options(block));
+                WriteOptions(out, *options, block == 301 ? control : *data.Options(block));
         } else {
             WriteSection(out, *FindSectionLayout(block), data);
         }

@@ -12,8 +12,8 @@ struct WriteReport {
     bool controlBlockHeldBack = false; ///< block 301 holds "<?>": title and block are not in the text
 };
 
-/// The text of a project file. `data` is changed only where block 301 has no rows at all: it is rebuilt.
-[[nodiscard]] std::string WriteProject(CSbdData& data, WriteReport* report = nullptr);
+/// The text of a project file. A block 301 without rows, which no document has, is written as a new one.
+[[nodiscard]] std::string WriteProject(const CSbdData& data, WriteReport* report = nullptr);
 
 /// The message for a block 301 that is held back.
 inline constexpr const char* kControlBlockMessage = "Input error in 301 [SEC_CONTROL]";

@@ -314,7 +314,7 @@ void CommandsTest::anAmpersandThatMarksNoLetterIsShown()
 
 void CommandsTest::keysOfTheGridAreTextInTheMenu()
 {
-    QCOMPARE(EntryText(*FindCommand(57643)), u"元に戻す(&U)\tCtrl+Z"_s);
+    QCOMPARE(EntryText(*FindCommand(57635)), u"切り取り\tCtrl+X"_s);
     QCOMPARE(EntryText(*FindCommand(57600)), u"新規作成(&N)"_s);
     QCOMPARE(EntryText(*FindCommand(33040)), u"挿入行"_s);
 }
