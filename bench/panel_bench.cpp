@@ -5,6 +5,7 @@
 #include "grid/grid_ctrl.h"
 #include "panels/panel.h"
 #include "project/text.h"
+#include "tests/document/data_of.h"
 
 #include <QAbstractTableModel>
 #include <QApplication>
@@ -70,7 +71,7 @@ private:
 std::unique_ptr<CKELDSectionDoc> DocumentOf(std::int64_t rows)
 {
     auto doc = std::make_unique<CKELDSectionDoc>();
-    TableBlock& table = *doc->Data().Table(kBlock);
+    TableBlock& table = *test::DataOf(*doc).Table(kBlock);
     table.AppendRow({Cp932("自動計算(YES_NO)"), "YES_1"});
     const std::string girderType = Cp932("両面");
     for (std::int64_t row = 0; row < rows; ++row) {

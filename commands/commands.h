@@ -25,6 +25,7 @@ enum class Command {
 
     // Editing
     Undo,
+    Redo,
     Cut,
     Copy,
     Paste,
@@ -120,7 +121,8 @@ enum class CommandNeeds {
     FreeView,  ///< and no print job is under way
     FreePage,  ///< and block 253 is not on show
     Grid,      ///< a project's panel with a grid
-    Undo,      ///< a grid, or a field of text, with something to take back
+    Undo,      ///< a project, or a field of text, with something to take back
+    Redo,      ///< and with something to make again
     RowUp,     ///< a grid whose row may move up
     RowDown,   ///< a grid whose row may move down
     InsertRow, ///< a grid that takes a row at its focus

@@ -31,7 +31,8 @@ inline constexpr CommandRow kRows[] = {
     {Command::Exit, 57665, "アプリケーションの終了(&X)", "Ctrl+Q", "", "", Nothing},
 
     // Editing
-    {Command::Undo, 57643, "元に戻す(&U)", "Ctrl+Z; Alt+Backspace", "", "undo", CommandNeeds::Undo, None, KeyScope::Grid},
+    {Command::Undo, 57643, "元に戻す(&U)", "Ctrl+Z; Alt+Backspace", "", "undo", CommandNeeds::Undo},
+    {Command::Redo, 0, "やり直す(&R)", "Ctrl+Y; Ctrl+Shift+Z", "", "", CommandNeeds::Redo},
     {Command::Cut, 57635, "切り取り", "Ctrl+X", "", "cut", Grid, None, KeyScope::Grid},
     {Command::Copy, 57634, "コピー", "Ctrl+C; Ctrl+Ins", "", "copy", Grid, None, KeyScope::Grid},
     {Command::Paste, 57637, "貼り付け", "Ctrl+V; Shift+Ins", "", "paste", Grid, None, KeyScope::Grid},

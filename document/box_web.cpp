@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kBoxWebBlock = 305;
-
 std::string Propose(const GridNames& names, const std::string& girder, char side)
 {
     const std::string line = girder + side;
@@ -47,15 +45,18 @@ void CommitBoxWebRow(BoxWebNames& names, std::size_t row, std::string_view left,
     names.rightNames[row] = right;
 }
 
-bool AppendBoxWebs(const BoxWebNames& names, CSbdData& data)
+bool AppendBoxWebs(const BoxWebNames& names, CKELDSectionDoc& doc)
 {
     bool complete = true;
+    std::vector<std::vector<std::string>> rows;
     for (std::size_t row = 0; row < names.girderNames.size(); ++row) {
         const std::string_view left = Trim(names.leftNames[row]);
         const std::string_view right = Trim(names.rightNames[row]);
         complete = complete && !left.empty() && !right.empty();
-        data.Table(kBoxWebBlock)->AppendRow({names.girderNames[row], left, right, "", ""});
+        rows.push_back({names.girderNames[row], std::string(left), std::string(right), "", ""});
     }
+    if (!rows.empty())
+        doc.AppendBoxWebs(rows);
     return complete;
 }
 
@@ -69,14 +70,7 @@ QString BoxWebQuestion()
 bool BoxWebFlow(CKELDSectionDoc& doc, const BoxWebPrompts& prompts)
 {
     BoxWebNames names = ProposeBoxWebs(doc.Data().gridNames);
-    bool complete = false;
-    if (prompts.showSheet(names)) {
-        complete = AppendBoxWebs(names, doc.Data());
-        if (!names.girderNames.empty()) {
-            doc.NotifyChanged({kBoxWebBlock, -1});
-            doc.SetModifiedFlag(true);
-        }
-    }
+    const bool complete = prompts.showSheet(names) && AppendBoxWebs(names, doc);
     return complete || prompts.ask(BoxWebQuestion());
 }
 

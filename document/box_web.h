@@ -34,7 +34,7 @@ struct BoxWebNames {
 void CommitBoxWebRow(BoxWebNames& names, std::size_t row, std::string_view left, std::string_view right);
 
 /// Appends one row a girder to block 305, the names trimmed. False if a name is empty.
-[[nodiscard]] bool AppendBoxWebs(const BoxWebNames& names, CSbdData& data);
+[[nodiscard]] bool AppendBoxWebs(const BoxWebNames& names, CKELDSectionDoc& doc);
 
 /// What is asked when names are missing.
 [[nodiscard]] QString BoxWebQuestion();

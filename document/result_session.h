@@ -19,6 +19,9 @@ public:
 
     ResultSelection selection;
 
+    /// Says that the figure of the selection is another one.
+    void ShowFigureAnew() { emit figureChanged(); }
+
 signals:
     /// The figure of the selection is another one.
     void figureChanged();

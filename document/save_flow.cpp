@@ -1,9 +1,7 @@
 #include "document/save_flow.h"
 
-#include "document/path.h"
 #include "document/project_lock.h"
 #include "document/section_doc.h"
-#include "sbdfile/reader.h"
 
 #include <QDir>
 #include <QFile>
@@ -134,13 +132,7 @@ bool ReloadDocument(CKELDSectionDoc& doc, CProjectLock& lock)
     const QString path = doc.PathName();
     if (path.isEmpty())
         return false;
-    std::string bytes;
-    const bool read = ReadFileBytes(ToPath(path), bytes).Ok();
-    if (read) {
-        ReadProject(bytes, doc.Data());
-        doc.Data().Shrink();
-        emit doc.reloaded();
-    }
+    const bool read = doc.Reload();
     TakeLock(lock, path);
     return read;
 }

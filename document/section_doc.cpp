@@ -1,20 +1,37 @@
 #include "document/section_doc.h"
 
 #include "document/path.h"
+#include "project/links.h"
+#include "project/text.h"
 #include "sbdfile/grid_names.h"
 #include "sbdfile/reader.h"
+#include "sbdfile/repairs.h"
 #include "sbdfile/writer.h"
 
 #include <QFileInfo>
+#include <QScopedValueRollback>
 
+#include <algorithm>
 #include <filesystem>
+#include <map>
 #include <system_error>
+#include <utility>
 
 namespace sbd {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kControlBlock = 301;
+constexpr std::size_t kAnalysisUsedRow = 2; // "KELD_analysis_used", the project's type
+constexpr int kBoxWebBlock = 305;
+constexpr int kNamesBlock = 501;
+
+bool HoldsNames(const std::vector<ChangedRow>& places)
+{
+    return std::ranges::find(places, kNamesBlock, &ChangedRow::block) != places.end();
+}
 
 /// The project of the result files; its full path, so that the stamps of two readings compare.
 std::filesystem::path FullPath(const QString& project)
@@ -34,6 +51,15 @@ QString CKELDSectionDoc::Title() const
 }
 
 void CKELDSectionDoc::SetModifiedFlag(bool modified)
+{
+    if (modified)
+        history_.SetClean(false);
+    else
+        history_.MarkSaved();
+    ShowModified(modified);
+}
+
+void CKELDSectionDoc::ShowModified(bool modified)
 {
     if (modified_ == modified)
         return;
@@ -84,10 +110,12 @@ FileResult CKELDSectionDoc::Load(const QString& file, const QString& project)
     resultsAsRead_ = std::move(resultsAsRead);
     path_ = project.isEmpty() ? QString() : QFileInfo(project).absoluteFilePath();
     memory_.clear();
+    history_.Clear();
     SetHelpCell(-1, 0, 0);
     SetModifiedFlag(false);
     emit pathChanged();
     emit reloaded();
+    emit historyChanged();
     return result;
 }
 
@@ -125,9 +153,132 @@ FileResult CKELDSectionDoc::SaveDocument(const QString& path, bool* controlBlock
     return result;
 }
 
-void CKELDSectionDoc::NotifyChanged(const BlockChange& change)
+void CKELDSectionDoc::Commit(const PanelEdit& edit)
 {
-    emit changed(change);
+    if (edit.name.empty() && NextRedo() != nullptr)
+        return; // it would have no place among the steps
+    CProjectWriter writer(data_);
+    edit.write(writer);
+    FollowLinks(writer, edit.place.block);
+    const std::vector<ChangedRow> places = ChangedRows(writer.Changes());
+    if (HoldsNames(places))
+        RefreshSwayNames(data_);
+    const bool modified = edit.isModified();
+    if (edit.name.empty()) {
+        history_.Extend(writer.TakeChanges());
+        history_.SetClean(!modified);
+    } else {
+        AddStep({edit.place, edit.name, writer.TakeChanges(), edit.looseBefore, edit.looseAfter()}, modified);
+    }
+    ShowModified(modified);
+    Tell(places);
+    emit historyChanged();
+}
+
+/// A step that changed nothing, neither the data nor the grid, is none.
+void CKELDSectionDoc::AddStep(EditStep step, bool modified)
+{
+    if (!step.changes.empty() || !(step.looseBefore == step.looseAfter))
+        history_.Add(std::move(step));
+    history_.SetClean(!modified);
+}
+
+void CKELDSectionDoc::Undo()
+{
+    if (NextUndo() == nullptr)
+        return;
+    const EditStep& step = history_.Undo(data_);
+    Step(step, step.looseBefore);
+}
+
+void CKELDSectionDoc::Redo()
+{
+    if (NextRedo() == nullptr)
+        return;
+    const EditStep& step = history_.Redo(data_);
+    Step(step, step.looseAfter);
+}
+
+/// Tells of a step that was taken back or made again.
+void CKELDSectionDoc::Step(const EditStep& step, const LooseRows& loose)
+{
+    const EditPlace place = step.place;
+    const LooseRows shown = loose; // who is told may add steps
+    const std::vector<ChangedRow> places = ChangedRows(step.changes);
+    if (HoldsNames(places))
+        RefreshSwayNames(data_);
+    {
+        const QScopedValueRollback stepping(stepping_, true);
+        ShowModified(!history_.IsClean());
+        Tell(places);
+    }
+    emit stepped(place, shown);
+    emit historyChanged();
+}
+
+void CKELDSectionDoc::ForgetGrid(int block)
+{
+    history_.ForgetGrid(block);
+    emit historyChanged();
+}
+
+/// One signal a row, or one for the whole block where many rows are concerned.
+void CKELDSectionDoc::Tell(const std::vector<ChangedRow>& places)
+{
+    constexpr std::size_t fewRows = 20;
+    std::map<int, std::vector<int>> rowsOfBlock;
+    for (const ChangedRow& place : places)
+        rowsOfBlock[place.block].push_back(place.row);
+    for (const auto& [block, rows] : rowsOfBlock) {
+        if (rows.size() > fewRows) {
+            emit changed({block, -1});
+            continue;
+        }
+        for (const int row : rows)
+            emit changed({block, row});
+    }
+}
+
+void CKELDSectionDoc::WriteOwn(int block, const char* name, const ProjectWrite& write)
+{
+    const auto nothing = [] { return LooseRows(); };
+    Commit({{block, 1, 1}, Cp932(name), write, [] { return true; }, {}, nothing});
+}
+
+void CKELDSectionDoc::SetUcGrid()
+{
+    WriteOwn(kControlBlock, "301 UC-GRID",
+             [](CProjectWriter& writer) { writer.SetOption(kControlBlock, kAnalysisUsedRow, "UC-GRID"); });
+}
+
+void CKELDSectionDoc::AppendBoxWebs(const std::vector<std::vector<std::string>>& rows)
+{
+    WriteOwn(kBoxWebBlock, "305 左右腹板名", [&](CProjectWriter& writer) {
+        for (const std::vector<std::string>& row : rows)
+            writer.InsertRow(kBoxWebBlock, writer.Data().RowCount(kBoxWebBlock), row);
+    });
+}
+
+void CKELDSectionDoc::ReadNames(const QString& namesFile)
+{
+    ReadGridNames(ToPath(namesFile), data_);
+}
+
+bool CKELDSectionDoc::Reload()
+{
+    std::string bytes;
+    if (path_.isEmpty() || !ReadFileBytes(ToPath(path_), bytes).Ok())
+        return false;
+    CSbdData read = data_;
+    ReadProject(bytes, read);
+    read.Shrink();
+    CProjectWriter writer(data_);
+    writer.Replace(read);
+    data_.gridNames = std::move(read.gridNames);
+    AddStep({{0, 0, 0}, Cp932("ファイルの再読込"), writer.TakeChanges(), {}, {}}, false);
+    emit reloaded();
+    emit historyChanged();
+    return true;
 }
 
 void CKELDSectionDoc::SetHelpCell(int block, int row, int column)

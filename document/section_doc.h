@@ -2,14 +2,14 @@
 #pragma once
 
 #include "document/display_settings.h"
-#include "project/sbd_data.h"
+#include "project/edit_history.h"
 #include "results/result_stamp.h"
 #include "sbdfile/project_file.h"
 
 #include <QObject>
 #include <QString>
 
-#include <array>
+#include <functional>
 #include <map>
 
 namespace sbd {
@@ -28,7 +28,21 @@ struct CellMemory {
     int column = 0;
 };
 
-/// One open project. Owns the data; panels and the reader are its only writers. Views follow by signals.
+/// Writes to the project's data.
+using ProjectWrite = std::function<void(CProjectWriter& writer)>;
+
+/// What a panel hands over.
+struct PanelEdit {
+    EditPlace place; ///< of the command; its block is the panel's
+    /// The name of the step (CP932); empty: no command was given, the panel puts in order what it shows.
+    std::string name;
+    ProjectWrite write;
+    std::function<bool()> isModified; ///< asked behind the writing
+    LooseRows looseBefore;            ///< as the grid was ahead of the command
+    std::function<LooseRows()> looseAfter;
+};
+
+/// One open project. Owns the data and writes them; panels hand over what they have to write. Views follow by signals.
 class CKELDSectionDoc : public QObject {
     Q_OBJECT
 
@@ -36,7 +50,6 @@ public:
     explicit CKELDSectionDoc(QObject* parent = nullptr);
     ~CKELDSectionDoc() override;
 
-    [[nodiscard]] CSbdData& Data() { return data_; }
     [[nodiscard]] const CSbdData& Data() const { return data_; }
 
     /// Results of the frame analysis, as they were at the last open.
@@ -54,6 +67,8 @@ public:
     [[nodiscard]] QString Title() const;
 
     [[nodiscard]] bool IsModified() const { return modified_; }
+    /// A step is being taken back or made again: what `changed` tells is not all yet.
+    [[nodiscard]] bool IsStepping() const { return stepping_; }
     void SetModifiedFlag(bool modified);
 
     /// Loads `path` with the names of the *.abd file beside it and the results. On failure the document stays as it is.
@@ -65,8 +80,28 @@ public:
     /// On failure nothing changes, the old file stands. `controlBlockHeldBack` tells of a "<?>" in block 301.
     [[nodiscard]] FileResult SaveDocument(const QString& path, bool* controlBlockHeldBack = nullptr);
 
-    /// Says that a panel has written to `data_`.
-    void NotifyChanged(const BlockChange& change);
+    /// Lets a panel write; what follows its block follows, who shows it is told, and it is one step that can be taken
+    /// back. What no command was given for is left for later while there is something to make again.
+    void Commit(const PanelEdit& edit);
+    /// Asks the panels to commit, open editors included.
+    void CommitPanels() { emit aboutToSave(); }
+    /// "Go with UC GRID": the project takes its analysis from there.
+    void SetUcGrid();
+    /// Appends rows to block 305.
+    void AppendBoxWebs(const std::vector<std::vector<std::string>>& rows);
+    /// The names of a bridge from an *.abd file.
+    void ReadNames(const QString& namesFile);
+    /// Reads the project's file again; what is typed and not saved goes. False if it cannot be read.
+    [[nodiscard]] bool Reload();
+
+    /// The step that is taken back, or made again, next; null if there is none.
+    [[nodiscard]] const EditStep* NextUndo() const { return history_.NextUndo(); }
+    [[nodiscard]] const EditStep* NextRedo() const { return history_.NextRedo(); }
+    /// Takes the last step back, or makes the next one again. Panels have committed before.
+    void Undo();
+    void Redo();
+    /// A panel closes, and with it goes what it held beside the data.
+    void ForgetGrid(int block);
 
     /// The block on the panel (300 before the first).
     [[nodiscard]] int CurrentBlock() const { return currentBlock_; }
@@ -77,6 +112,8 @@ public:
     [[nodiscard]] int HelpRow() const { return helpRow_; }
     [[nodiscard]] int HelpColumn() const { return helpColumn_; }
     void SetHelpCell(int block, int row, int column);
+    /// Shows the page anew at the same cell: what it stands for is another one.
+    void ShowHelpAnew() { emit helpCellChanged(); }
 
     /// Memory of a block's cell and scroll position.
     [[nodiscard]] CellMemory& MemoryOf(int block) { return memory_[block]; }
@@ -92,6 +129,11 @@ public:
 
 signals:
     void changed(const sbd::BlockChange& change);
+    /// A step was taken back or made again; `changed` has been emitted for what it concerns. `loose`: what the grid of
+    /// the step's block held beside the data.
+    void stepped(const sbd::EditPlace& place, const sbd::LooseRows& loose);
+    /// What can be taken back or made again is something else.
+    void historyChanged();
     void reloaded();
     void modifiedChanged(bool modified);
     void pathChanged();
@@ -103,8 +145,15 @@ signals:
 
 private:
     [[nodiscard]] FileResult Load(const QString& file, const QString& project);
+    void WriteOwn(int block, const char* name, const ProjectWrite& write);
+    void Step(const EditStep& step, const LooseRows& loose);
+    void ShowModified(bool modified);
+    void AddStep(EditStep step, bool modified);
+    void Tell(const std::vector<ChangedRow>& places);
 
     CSbdData data_;
+    CEditHistory history_;
+    bool stepping_ = false;
     AnalysisResults results_;
     ResultStamp resultsAsRead_;
     QString path_;

@@ -5,7 +5,6 @@
 #include "document/recovery.h"
 #include "document/save_flow.h"
 #include "document/section_doc.h"
-#include "frame/engine_runner.h"
 #include "frame/left_view.h"
 #include "frame/program_icon.h"
 #include "frame/settings.h"
@@ -40,14 +39,6 @@ constexpr int kLeastPane = 80;   // px
 constexpr int kLeastRight = 480; // px, the row numbers and labels of the option blocks
 constexpr int kLeastDown = 160;  // px, the heads and some rows
 
-/// True for the tree's entries of the runs: their texts hold the number.
-bool NamesARun(const QString& text)
-{
-    return std::ranges::any_of(EngineRuns(), [&](const EngineRunInfo& run) {
-        return run.block != 0 && text.contains(QString::number(run.block));
-    });
-}
-
 } // namespace
 
 CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, std::unique_ptr<CProjectLock> lock, QWidget* parent)
@@ -66,6 +57,7 @@ CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, std::unique_ptr<C
             ShowOwnPage();
     });
     connect(doc_.get(), &CKELDSectionDoc::changed, this, [this] { recoveryLacksChanges_ = true; });
+    connect(doc_.get(), &CKELDSectionDoc::historyChanged, this, &CChildFrame::undoChanged);
     connect(doc_.get(), &CKELDSectionDoc::pathChanged, this, [this] { SetTitle(doc_->Title()); });
     connect(tree_, &CLeftView::blockChosen, this, &CChildFrame::SwitchToBlock);
     connect(tree_, &CLeftView::panelWanted, this, &CChildFrame::FocusPanel);
@@ -162,6 +154,7 @@ void CChildFrame::ShowPanel(int block)
         connect(search, &CDown999::jumpRequested, this, &CChildFrame::JumpTo);
     if (panel_ != nullptr) {
         connect(panel_.get(), &CPanel::undoChanged, this, &CChildFrame::undoChanged);
+        connect(panel_.get(), &CPanel::otherBlockWanted, this, &CChildFrame::StepHistory, Qt::QueuedConnection);
         panelPane_->layout()->addWidget(panel_.get());
         panel_->show();
         panelPane_->layout()->activate(); // now, so that a cell can be scrolled to at once
@@ -187,9 +180,17 @@ bool CChildFrame::GoToBlock(int number)
 
 void CChildFrame::RebuildPanel()
 {
-    if (panel_ == nullptr || !panel_->MayClose())
-        return;
-    WithoutPanel(*this, [] {});
+    if (panel_ != nullptr && panel_->MayClose() && !panel_->SetUpAnew())
+        ShowPanel(panel_->Block());
+}
+
+void CChildFrame::ChangeProject(const std::function<void()>& change)
+{
+    if (panel_ != nullptr && panel_->MayClose()) {
+        panel_->CommitGrid();
+        panel_->KeepPlace();
+    }
+    change();
 }
 
 void CChildFrame::JumpTo(int block, int row, int column)
@@ -214,7 +215,28 @@ void CChildFrame::SetTreeView(const TreeView& view)
 
 void CChildFrame::CommitPanel()
 {
-    emit doc_->aboutToSave();
+    doc_->CommitPanels();
+}
+
+void CChildFrame::StepHistory(bool redo)
+{
+    if (panel_ != nullptr) {
+        if (!panel_->MayClose())
+            return;
+        panel_->CommitGrid();
+    }
+    const auto next = [this, redo] { return redo ? doc_->NextRedo() : doc_->NextUndo(); };
+    if (next() == nullptr)
+        return;
+    const int block = next()->place.block;
+    if (block != 0 && (panel_ == nullptr || panel_->Block() != block) && !GoToBlock(block))
+        return;
+    if (next() == nullptr || next()->place.block != block)
+        return; // leaving the other block has made a step of its own
+    if (redo)
+        doc_->Redo();
+    else
+        doc_->Undo();
 }
 
 void CChildFrame::FocusPanel()
@@ -311,19 +333,19 @@ bool CChildFrame::KeepRecoveryCopy()
     return !recoveryLacksChanges_;
 }
 
-void CChildFrame::OnTreePressed(const QString& text)
+void CChildFrame::OnTreePressed(int block)
 {
     ShowOwnPage(); // a click on the item that is selected already
-    if (!NamesARun(text))
+    if (!RunOfBlock(block))
         return;
     doc_->runOnShow = false;
     upView_->update();
 }
 
-void CChildFrame::OnTreeActivated(const QString& text)
+void CChildFrame::OnTreeActivated(int block)
 {
     ShowOwnPage();
-    doc_->runOnShow = NamesARun(text);
+    doc_->runOnShow = RunOfBlock(block).has_value();
     if (!doc_->runOnShow)
         return;
     upView_->Chk().UserAsked();

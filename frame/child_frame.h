@@ -54,10 +54,15 @@ public:
     /// Writes to the document what still stands in the panel alone, an open editor included.
     void CommitPanel();
 
+    /// Takes the last step of the project back, or makes the next one again: goes to its block and shows its cell.
+    void StepHistory(bool redo);
+
     /// Puts the cursor into the panel's grid.
     void FocusPanel();
     /// Builds the panel anew, at the cell where it stands.
     void RebuildPanel();
+    /// Calls `change`, which reads the project anew; the panel stands where it stood.
+    void ChangeProject(const std::function<void()>& change);
     /// Goes to a cell of a block, grid row and column; row 0: to the block as it was left.
     void JumpTo(int block, int row, int column);
     /// Shows the help page, or the model figure instead.
@@ -116,8 +121,8 @@ private:
     void OnModified(bool modified);
     void ShowOwnPage();
     [[nodiscard]] QList<QWidget*> Places() const;
-    void OnTreePressed(const QString& text);
-    void OnTreeActivated(const QString& text);
+    void OnTreePressed(int block);
+    void OnTreeActivated(int block);
 
     std::unique_ptr<CKELDSectionDoc> doc_;
     std::unique_ptr<CProjectLock> lock_;

@@ -1,18 +1,9 @@
 #include "frame/document_steps.h"
 
 #include "document/file_messages.h"
-#include "document/path.h"
 #include "document/section_doc.h"
-#include "sbdfile/grid_names.h"
 
 namespace sbd {
-
-namespace {
-
-constexpr int kControlBlock = 301;
-constexpr int kAnalysisUsedRow = 2; // "KELD_analysis_used", the project's type
-
-} // namespace
 
 CDocumentSteps::CDocumentSteps(CKELDSectionDoc& doc, CProjectLock& lock, DocumentHooks hooks)
     : doc_(doc)
@@ -36,7 +27,7 @@ void CDocumentSteps::SetPathName(const QString& project)
 
 void CDocumentSteps::ReadGridNames(const QString& namesFile)
 {
-    sbd::ReadGridNames(ToPath(namesFile), doc_.Data());
+    doc_.ReadNames(namesFile);
 }
 
 void CDocumentSteps::ReadResultFiles(const QString& project)
@@ -54,9 +45,7 @@ bool CDocumentSteps::OpenDocument(const QString& project)
 
 void CDocumentSteps::SetUcGrid()
 {
-    doc_.Data().SetOption(kControlBlock, kAnalysisUsedRow, "UC-GRID");
-    doc_.NotifyChanged({kControlBlock, kAnalysisUsedRow});
-    doc_.SetModifiedFlag(true);
+    doc_.SetUcGrid();
 }
 
 bool CDocumentSteps::BoxWebFlow()

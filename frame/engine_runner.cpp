@@ -121,7 +121,7 @@ AfterRunResult AfterRun(const RunProject& project)
     CKELDSectionDoc& doc = *project.doc;
     bool reloaded = false;
     if (doc.PathName().isEmpty() || CanBeReadAgain(doc.PathName()))
-        project.withoutPanel([&] { reloaded = ReloadDocument(doc, *project.lock); });
+        project.changeProject([&] { reloaded = ReloadDocument(doc, *project.lock); });
     doc.SetModifiedFlag(false);
     return reloaded ? AfterRunResult::Reloaded : AfterRunResult::NotRead;
 }
@@ -167,7 +167,7 @@ bool CEngineRunner::RunFromPage(EngineRun run, const QString& question, const Ru
 bool CEngineRunner::RunSteps(EngineRun run, const RunProject& project)
 {
     // A cell that is still being edited belongs to the data that is saved, or else to the recovery copy.
-    emit project.doc->aboutToSave();
+    project.doc->CommitPanels();
     if (!MayStart(project))
         return false;
     const QString engine = EnginePath(run, seams_.programFolder());

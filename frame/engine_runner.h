@@ -49,15 +49,12 @@ struct RunProject {
     QPointer<QWidget> window; ///< messages stand over it
     /// The save wrapper: saves under the project's own name and takes the lock. False: not saved, the user knows.
     std::function<bool()> save;
-    /// Calls `change` while no panel stands on the document; the panel of before is built anew after it.
-    std::function<void(const std::function<void()>& change)> withoutPanel;
+    /// Calls `change`, which reads the project anew, and shows it where the user stood.
+    std::function<void(const std::function<void()>& change)> changeProject;
 };
 
 /// The project of a window; `lock` is its lock, `save` its save wrapper.
 [[nodiscard]] RunProject RunProjectOf(CChildFrame& child, CProjectLock& lock, std::function<bool()> save);
-
-/// Calls `change` while the window shows a block without a panel, and builds the panel of before anew.
-void WithoutPanel(CChildFrame& child, const std::function<void()>& change);
 
 /// What came of the project after a run.
 enum class AfterRunResult {

@@ -221,7 +221,7 @@ void CLeftView::keyPressEvent(QKeyEvent* event)
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         QTreeWidget::keyPressEvent(event);
     else if (RunOfBlock(SelectedNumber()))
-        emit runAskedAt(currentItem()->text(0));
+        emit runAskedAt(SelectedNumber());
     else
         emit panelWanted();
 }
@@ -231,16 +231,16 @@ void CLeftView::mousePressEvent(QMouseEvent* event)
     QTreeWidget::mousePressEvent(event);
     const QTreeWidgetItem* item = itemAt(event->position().toPoint());
     if (event->button() == Qt::LeftButton && item != nullptr)
-        emit itemWasPressed(item->text(0));
+        emit itemWasPressed(NumberOf(item));
 }
 
 void CLeftView::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QTreeWidgetItem* item = itemAt(event->position().toPoint());
-    const QString text = item == nullptr ? QString() : item->text(0);
+    const int number = item == nullptr ? 0 : NumberOf(item); // of now: what follows may build the tree anew
     QTreeWidget::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton && !text.isEmpty())
-        emit runAskedAt(text);
+    if (event->button() == Qt::LeftButton && number != 0)
+        emit runAskedAt(number);
 }
 
 void CLeftView::OnCurrentItemChanged(QTreeWidgetItem* item)

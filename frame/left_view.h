@@ -40,10 +40,10 @@ signals:
     void blockChosen(int block);
     /// The user has asked for the panel of the selected block (Enter).
     void panelWanted();
-    /// The left mouse button was pressed on an item with this text.
-    void itemWasPressed(const QString& text);
-    /// An item with this text was double clicked, or Enter pressed on one that stands for a run.
-    void runAskedAt(const QString& text);
+    /// The left mouse button was pressed on the item of a number.
+    void itemWasPressed(int number);
+    /// The item of a number was double clicked, or Enter pressed on one that stands for a run.
+    void runAskedAt(int number);
 
 public slots:
     /// Sets what holds input to bold. Bold stays until the next rebuild.

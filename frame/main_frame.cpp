@@ -90,8 +90,7 @@ void CMainFrame::SetUpChild(CChildFrame& child)
 {
     child.SetTreeView(treeView_);
     connect(&child, &CChildFrame::blockShown, this, &CMainFrame::UpdateCommands);
-    connect(&child, &CChildFrame::undoChanged, this,
-            [this] { actions_->Of(Command::Undo)->setEnabled(Holds(CommandNeeds::Undo)); });
+    connect(&child, &CChildFrame::undoChanged, this, &CMainFrame::ShowHistory);
 }
 
 CMainFrame::~CMainFrame()

@@ -121,6 +121,7 @@ private:
     void FillWindowMenu(QMenu& menu);
     void CreateStatusBar();
     void UpdateCommands();
+    void ShowHistory();
     void UpdateMarks();
     [[nodiscard]] bool Holds(CommandNeeds needs) const;
     [[nodiscard]] bool MayBeGiven(Command command) const;

@@ -7,6 +7,7 @@
 #include "frame/language.h"
 #include "frame/main_frame.h"
 #include "frame/settings.h"
+#include "grid/grid_ctrl.h"
 #include "panels/panel.h"
 #include "panels/print_name.h"
 #include "panels/search_panel.h"
@@ -39,6 +40,21 @@ QString PageName(CChildFrame& child)
     const QString project =
         doc.PathName().isEmpty() ? child.NameWithoutPath() : QFileInfo(doc.PathName()).completeBaseName();
     return project + u'_' + QString::number(doc.HelpBlock() >= 0 ? doc.HelpBlock() : doc.CurrentBlock());
+}
+
+/// An open field takes its own text back first; searches and lists take back theirs, all else is the project's.
+void Undo(CChildFrame& child)
+{
+    auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    CPanel* panel = child.Panel();
+    const bool panelFirst =
+        panel != nullptr && (panel->Model() == nullptr ? panel->CanUndo() : panel->Grid()->IsEditing());
+    if (field != nullptr && field->isUndoAvailable())
+        field->undo();
+    else if (panelFirst)
+        panel->Undo();
+    else
+        child.StepHistory(false);
 }
 
 } // namespace
@@ -128,7 +144,8 @@ void CMainFrame::OnRow(Command command, void (CPanel::*run)())
 
 void CMainFrame::AddEditHandlers()
 {
-    OnEditor(Command::Undo, &QLineEdit::undo, &CPanel::Undo);
+    OnChild(Command::Undo, Undo);
+    OnChild(Command::Redo, [](CChildFrame& child) { child.StepHistory(true); });
     OnEditor(Command::Cut, &QLineEdit::cut, &CPanel::Cut);
     OnEditor(Command::Copy, &QLineEdit::copy, &CPanel::Copy);
     OnEditor(Command::Paste, &QLineEdit::paste, &CPanel::Paste);

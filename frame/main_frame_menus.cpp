@@ -9,6 +9,7 @@
 #include "frame/main_frame.h"
 #include "frame/profile.h"
 #include "frame/settings.h"
+#include "panels/command_text.h"
 #include "panels/panel.h"
 #include "panels/search_panel.h"
 #include "project/block_numbers.h"
@@ -182,8 +183,11 @@ bool CMainFrame::Holds(CommandNeeds needs) const
         return panel != nullptr;
     case CommandNeeds::Undo:
         if (const auto* field = qobject_cast<const QLineEdit*>(QApplication::focusWidget()))
-            return field->isUndoAvailable() || (panel != nullptr && panel->CanUndo());
-        return panel != nullptr && panel->CanUndo();
+            if (field->isUndoAvailable())
+                return true;
+        return child->Doc().NextUndo() != nullptr || (panel != nullptr && panel->CanUndo());
+    case CommandNeeds::Redo:
+        return child->Doc().NextRedo() != nullptr;
     case CommandNeeds::RowUp:
         return hasGrid && panel->CanMoveRowUp();
     case CommandNeeds::RowDown:
@@ -213,6 +217,23 @@ void CMainFrame::UpdateCommands()
             entry.action->setChecked(child != nullptr && child->CurrentBlock() == CanonicalBlock(entry.block));
     }
     UpdateMarks();
+    ShowHistory();
+}
+
+/// What is taken back, and what is made again, next.
+void CMainFrame::ShowHistory()
+{
+    CChildFrame* child = CurrentChild();
+    const auto* field = qobject_cast<const QLineEdit*>(QApplication::focusWidget());
+    const bool ownText = field != nullptr && field->isUndoAvailable();
+    const auto show = [this](Command command, CommandNeeds needs, const EditStep* step) {
+        const QString plain = EntryText(RowOf(command));
+        const QString name = step == nullptr ? QString() : toQString(step->name).replace(u'&', u"&&"_s);
+        actions_->Of(command)->setText(name.isEmpty() ? plain : u"%1 を%2"_s.arg(name, plain));
+        actions_->Of(command)->setEnabled(Holds(needs));
+    };
+    show(Command::Undo, CommandNeeds::Undo, child == nullptr || ownText ? nullptr : child->Doc().NextUndo());
+    show(Command::Redo, CommandNeeds::Redo, child == nullptr ? nullptr : child->Doc().NextRedo());
 }
 
 void CMainFrame::UpdateMarks()

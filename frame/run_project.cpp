@@ -15,8 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kNeutralBlock = 255; // its panel holds no data
-
 /// True: the first answer. Closing the box is the answer that starts nothing.
 bool Ask(QWidget* parent, const QString& text, const QString& first, const QString& second, bool startsWithFirst)
 {
@@ -69,26 +67,12 @@ RunSeams ScreenRunSeams()
             RecoveryFolder};
 }
 
-void WithoutPanel(CChildFrame& child, const std::function<void()>& change)
-{
-    const int block = child.CurrentBlock();
-    const QWidget* focus = child.window()->focusWidget();
-    const bool panelHadFocus = child.Panel() != nullptr && child.Panel()->isAncestorOf(focus);
-    child.setUpdatesEnabled(false);
-    child.SwitchToBlock(kNeutralBlock);
-    change();
-    child.SwitchToBlock(block);
-    child.setUpdatesEnabled(true);
-    if (panelHadFocus)
-        child.FocusPanel();
-}
-
 RunProject RunProjectOf(CChildFrame& child, CProjectLock& lock, std::function<bool()> save)
 {
     const QPointer<CChildFrame> frame = &child;
     return {&child.Doc(), &lock, child.window(), std::move(save), [frame](const std::function<void()>& change) {
                 if (frame)
-                    WithoutPanel(*frame, change);
+                    frame->ChangeProject(change);
             }};
 }
 

@@ -29,7 +29,7 @@ double CellNumber(std::string_view text)
     return LeadingNumber(text).value_or(kNotGiven);
 }
 
-CDown311Model::CDown311Model(CSbdData& data, const PanelSettings& settings)
+CDown311Model::CDown311Model(const CSbdData& data, const PanelSettings& settings)
     : CRecordPanelModel(data, 311, settings, kTypeRows, data.hGirder.records)
     , types_(data.hGirder.types)
     , baselineTypes_(types_)
@@ -153,14 +153,10 @@ bool CDown311Model::Same(const HGirderRecord& a, const HGirderRecord& b) const
            });
 }
 
-std::vector<ChangedRow> CDown311Model::WriteBack()
+void CDown311Model::Commit(CProjectWriter& writer)
 {
-    std::vector<ChangedRow> changed = CRecordPanelModel::WriteBack();
-    if (Data().hGirder.types != types_) {
-        Data().hGirder.types = types_;
-        changed.push_back({Block(), -1});
-    }
-    return changed;
+    CRecordPanelModel::Commit(writer);
+    writer.SetHeightTypes(types_);
 }
 
 bool CDown311Model::IsChanged() const

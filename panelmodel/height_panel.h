@@ -11,18 +11,18 @@ namespace sbd {
 /// numbers a record has.
 class CDown311Model : public CRecordPanelModel<HGirderRecord> {
 public:
-    CDown311Model(CSbdData& data, const PanelSettings& settings);
+    CDown311Model(const CSbdData& data, const PanelSettings& settings);
 
     [[nodiscard]] int ColumnWidth(int column) const override;
     [[nodiscard]] std::string Head(int column, int focusRow = 0) const override;
     [[nodiscard]] bool IsLocked(int row, int column) const override;
     [[nodiscard]] bool IsChanged() const override;
     void TakeBaseline() override;
+    void Commit(CProjectWriter& writer) override;
 
 protected:
     [[nodiscard]] const WordList& DoWords(int row, int column) const override;
     [[nodiscard]] CellTakes Takes(int row, int column) const override;
-    std::vector<ChangedRow> WriteBack() override;
 
     [[nodiscard]] std::string HeadRowText(int row, int column) const override;
     CellEffect SetHeadRowCell(int row, int column, std::string_view text) override;

@@ -3,6 +3,7 @@
 #include "project/text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace sbd {
 
@@ -25,7 +26,7 @@ const WordList& YesNo()
 
 } // namespace
 
-CNameListModel::CNameListModel(CSbdData& data, int block, const PanelSettings& settings)
+CNameListModel::CNameListModel(const CSbdData& data, int block, const PanelSettings& settings)
     : CPanelModel(data, block, settings)
     , panel_(*FindRecordPanel(block))
     , cells_(*data.Names(block))
@@ -127,17 +128,35 @@ void CNameListModel::TakeBaseline()
     changed_ = false;
 }
 
-std::vector<ChangedRow> CNameListModel::WriteBack()
+/// Names with empty cells between them stand in the data closed up: all rows are kept then.
+LooseRows CNameListModel::Loose() const
 {
-    if (!dirty_)
-        return {};
-    dirty_ = false;
-    NameLists lists = Lists();
-    NameLists& target = *Data().Names(Block());
-    if (lists == target)
-        return {};
-    target = std::move(lists);
-    return {{Block(), -1}};
+    LooseRows loose{GridRows(), {}};
+    if (cells_ == Lists())
+        return loose;
+    for (int row = 2; row <= BlockRows(); ++row) {
+        LooseRow& kept = loose.rows.emplace_back(LooseRow{row, {}});
+        for (int column = 1; column < ColumnCount(); ++column)
+            kept.cells.push_back(Text(row, column));
+    }
+    return loose;
+}
+
+void CNameListModel::PutLoose(const LooseRows& loose)
+{
+    if (loose.gridRows > 0)
+        rows_ = std::max(loose.gridRows, BlockRows());
+    for (std::size_t list = 0; !loose.rows.empty() && list < cells_.lists.size(); ++list) {
+        cells_.lists[list].clear();
+        for (const LooseRow& row : loose.rows)
+            cells_.lists[list].push_back(row.cells[list]);
+    }
+}
+
+void CNameListModel::Commit(CProjectWriter& writer)
+{
+    if (std::exchange(dirty_, false))
+        writer.SetNames(Block(), Lists());
 }
 
 } // namespace sbd

@@ -10,7 +10,7 @@ namespace sbd {
 /// the lists are written. The grid grows when its spare rows run out.
 class CNameListModel : public CPanelModel {
 public:
-    CNameListModel(CSbdData& data, int block, const PanelSettings& settings);
+    CNameListModel(const CSbdData& data, int block, const PanelSettings& settings);
 
     [[nodiscard]] int ColumnCount() const override { return static_cast<int>(panel_.widths.size()); }
     [[nodiscard]] int ColumnWidth(int column) const override;
@@ -24,13 +24,15 @@ public:
     [[nodiscard]] bool IsLocked(int row, int column) const override;
     [[nodiscard]] bool IsChanged() const override;
     void TakeBaseline() override;
+    void Commit(CProjectWriter& writer) override;
+    [[nodiscard]] LooseRows Loose() const override;
+    void PutLoose(const LooseRows& loose) override;
 
 protected:
     [[nodiscard]] const WordList& DoWords(int row, int column) const override;
     [[nodiscard]] bool DoIsEditable(int row, int column) const override;
     CellEffect DoSetCell(int row, int column, std::string_view text) override;
     void DropLastRow() override { --rows_; }
-    std::vector<ChangedRow> WriteBack() override;
 
 private:
     [[nodiscard]] NameLists Lists() const;

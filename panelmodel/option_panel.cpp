@@ -19,7 +19,7 @@ const WordList kFreeText;
 
 } // namespace
 
-COptionPanelModel::COptionPanelModel(CSbdData& data, int block, const PanelSettings& settings)
+COptionPanelModel::COptionPanelModel(const CSbdData& data, int block, const PanelSettings& settings)
     : CPanelModel(data, block, settings)
     , rows_(*FindOptionBlock(block))
     , panel_(FindOptionPanel(block))
@@ -99,18 +99,11 @@ CellEffect COptionPanelModel::DoSetCell(int row, int, std::string_view text)
     return CellEffect::Cell;
 }
 
-std::vector<ChangedRow> COptionPanelModel::WriteBack()
+void COptionPanelModel::Commit(CProjectWriter& writer)
 {
-    std::vector<ChangedRow> changed;
-    for (const int row : dirty_) {
-        const std::size_t index = static_cast<std::size_t>(row);
-        if (Data().Option(Block(), index) == values_[index])
-            continue;
-        Data().SetOption(Block(), index, values_[index]);
-        changed.push_back({Block(), row});
-    }
+    for (const int row : dirty_)
+        writer.SetOption(Block(), static_cast<std::size_t>(row), values_[static_cast<std::size_t>(row)]);
     dirty_.clear();
-    return changed;
 }
 
 // --- 301 ---------------------------------------------------------------------------------------------
@@ -170,7 +163,7 @@ std::string_view ValueHead(int focusRow, bool sections)
 
 } // namespace
 
-CDown301Model::CDown301Model(CSbdData& data, const PanelSettings& settings)
+CDown301Model::CDown301Model(const CSbdData& data, const PanelSettings& settings)
     : COptionPanelModel(data, 301, settings)
     , boxWebsGiven_(data.RowCount(305) > 0)
 {
@@ -226,7 +219,7 @@ CellEffect CDown301Model::DoSetCell(int row, int column, std::string_view text)
 
 // --- 302 ---------------------------------------------------------------------------------------------
 
-CDown302Model::CDown302Model(CSbdData& data, const PanelSettings& settings)
+CDown302Model::CDown302Model(const CSbdData& data, const PanelSettings& settings)
     : COptionPanelModel(data, 302, settings)
     , sections_(IsSectionType(data.Type()))
 {

@@ -12,7 +12,7 @@ struct OptionBlock;
 /// An option block: row number, label, value. The values are the only cells that take text.
 class COptionPanelModel : public CPanelModel {
 public:
-    COptionPanelModel(CSbdData& data, int block, const PanelSettings& settings);
+    COptionPanelModel(const CSbdData& data, int block, const PanelSettings& settings);
 
     [[nodiscard]] int ColumnCount() const override { return 3; }
     [[nodiscard]] int ColumnWidth(int column) const override;
@@ -26,6 +26,7 @@ public:
     [[nodiscard]] std::string WhyLocked(int row, int column) const override;
     [[nodiscard]] bool IsChanged() const override { return values_ != baseline_; }
     void TakeBaseline() override { baseline_ = values_; }
+    void Commit(CProjectWriter& writer) override;
 
 protected:
     /// Value of a row, from 1, as it stands in the grid.
@@ -37,7 +38,6 @@ protected:
     /// Only values of the block's own rows: what stood in a spare row would reach nobody.
     [[nodiscard]] bool DoIsEditable(int row, int column) const override;
     CellEffect DoSetCell(int row, int column, std::string_view text) override;
-    std::vector<ChangedRow> WriteBack() override;
 
 private:
     const OptionBlock& rows_;
@@ -51,7 +51,7 @@ private:
 /// Block 301: heads, labels and colours follow the project's type, which stands in its own row 3.
 class CDown301Model : public COptionPanelModel {
 public:
-    CDown301Model(CSbdData& data, const PanelSettings& settings);
+    CDown301Model(const CSbdData& data, const PanelSettings& settings);
 
     [[nodiscard]] std::string Head(int column, int focusRow = 0) const override;
     [[nodiscard]] CellColor HeadColor(int column, int focusRow = 0) const override;
@@ -68,7 +68,7 @@ private:
 /// Block 302: for single sections its first rows are the mandatory ones.
 class CDown302Model : public COptionPanelModel {
 public:
-    CDown302Model(CSbdData& data, const PanelSettings& settings);
+    CDown302Model(const CSbdData& data, const PanelSettings& settings);
 
     [[nodiscard]] std::string Head(int column, int focusRow = 0) const override;
     [[nodiscard]] CellColor HeadColor(int column, int focusRow = 0) const override;

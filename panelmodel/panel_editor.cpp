@@ -33,10 +33,12 @@ CellEffect CPanelEditor::SetInStep(Step& step, int row, int column, std::string_
     return effect;
 }
 
-void CPanelEditor::Keep(Step step)
+void CPanelEditor::Keep(EditCommand command, Step step)
 {
     if (step.cells.empty() && step.movedFrom == 0 && step.addedRows == 0)
         return;
+    const int row = step.inserted ? step.movedTo : step.movedFrom; // the row that moved, where it was
+    done_ = {command, step.cells.empty() ? CellPlace{row, 0} : step.cells.front().place};
     steps_.push_back(std::move(step));
     if (steps_.size() > kMostSteps)
         steps_.pop_front();
@@ -46,7 +48,7 @@ CellEffect CPanelEditor::SetCell(int row, int column, std::string_view text)
 {
     Step step;
     const CellEffect effect = SetInStep(step, row, column, OneLine(text));
-    Keep(std::move(step));
+    Keep(EditCommand::Cell, std::move(step));
     return effect;
 }
 
@@ -58,7 +60,7 @@ CellEffect CPanelEditor::Clear(const CellRange& range)
         for (int column = range.left; column <= range.right; ++column)
             effect = std::max(effect, SetInStep(step, row, column, {}));
     const bool several = step.cells.size() > 1;
-    Keep(std::move(step));
+    Keep(several ? EditCommand::Clear : EditCommand::Cell, std::move(step));
     return several ? CellEffect::Panel : effect;
 }
 
@@ -121,7 +123,7 @@ PasteOutcome CPanelEditor::Paste(int row, int column, std::string_view text)
         model_.TakeBackRows(std::exchange(step.addedRows, 0));
         outcome.effect = CellEffect::None;
     }
-    Keep(std::move(step));
+    Keep(EditCommand::Paste, std::move(step));
     return outcome;
 }
 
@@ -146,25 +148,25 @@ std::optional<UndoOutcome> CPanelEditor::Undo()
     return outcome;
 }
 
-bool CPanelEditor::Move(int from, int to, bool inserted)
+bool CPanelEditor::Move(EditCommand command, int from, int to)
 {
     model_.MoveRow(from, to);
     Step step;
     step.movedFrom = from;
     step.movedTo = to;
-    step.inserted = inserted;
-    Keep(std::move(step));
+    step.inserted = command == EditCommand::InsertRow;
+    Keep(command, std::move(step));
     return true;
 }
 
 bool CPanelEditor::MoveUp(int row)
 {
-    return model_.CanMoveUp(row) && Move(row, row - 1);
+    return model_.CanMoveUp(row) && Move(EditCommand::MoveUp, row, row - 1);
 }
 
 bool CPanelEditor::MoveDown(int row)
 {
-    return model_.CanMoveDown(row) && Move(row, row + 1);
+    return model_.CanMoveDown(row) && Move(EditCommand::MoveDown, row, row + 1);
 }
 
 bool CPanelEditor::InsertRow(int row)
@@ -174,7 +176,7 @@ bool CPanelEditor::InsertRow(int row)
     int blank = model_.GridRows();
     while (blank > row && !model_.IsBlankRow(blank))
         --blank;
-    return blank > row && Move(blank, row, true);
+    return blank > row && Move(EditCommand::InsertRow, blank, row);
 }
 
 } // namespace sbd

@@ -45,6 +45,15 @@ struct PasteOutcome {
     std::string notNumber;
 };
 
+/// What kind of command it was.
+enum class EditCommand { Cell, Clear, Paste, MoveUp, MoveDown, InsertRow };
+
+/// What the user did: the first cell that it concerned, or the row (column 0).
+struct EditDone {
+    EditCommand command = EditCommand::Cell;
+    CellPlace place;
+};
+
 /// Carries out what the user does in a panel. Keeps the last 1024 steps of the panel's life; a step is what one
 /// command did, however many cells it touched.
 class CPanelEditor {
@@ -63,6 +72,10 @@ public:
 
     [[nodiscard]] bool CanUndo() const { return !steps_.empty(); }
     std::optional<UndoOutcome> Undo();
+
+    /// The last command that changed a cell or a row, until it is taken; nothing if there was none.
+    [[nodiscard]] const std::optional<EditDone>& Done() const { return done_; }
+    void ForgetDone() { done_.reset(); }
 
     // Row commands; false if the row does not allow it.
     bool MoveUp(int row);
@@ -84,11 +97,12 @@ private:
 
     void PutPasted(Step& step, CellPlace place, const std::string& text, PasteOutcome& outcome);
     CellEffect SetInStep(Step& step, int row, int column, std::string_view text);
-    void Keep(Step step);
-    bool Move(int from, int to, bool inserted = false);
+    void Keep(EditCommand command, Step step);
+    bool Move(EditCommand command, int from, int to);
 
     CPanelModel& model_;
     std::deque<Step> steps_;
+    std::optional<EditDone> done_;
 };
 
 } // namespace sbd

@@ -25,7 +25,7 @@ int PanelBlock(int block)
     return hasGrid ? shown : 0;
 }
 
-std::unique_ptr<CPanelModel> MakePanelModel(CSbdData& data, int block, const PanelSettings& settings)
+std::unique_ptr<CPanelModel> MakePanelModel(const CSbdData& data, int block, const PanelSettings& settings)
 {
     const int shown = PanelBlock(block);
     switch (shown) {

@@ -1,7 +1,7 @@
 #include "panelmodel/panel_model.h"
 
-#include "panelmodel/links.h"
 #include "project/catalogue.h"
+#include "project/links.h"
 #include "project/text.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ const WordList kNoWords;
 
 } // namespace
 
-CPanelModel::CPanelModel(CSbdData& data, int block, const PanelSettings& settings)
+CPanelModel::CPanelModel(const CSbdData& data, int block, const PanelSettings& settings)
     : data_(data)
     , block_(block)
     , className_(PanelOfBlock(block))
@@ -135,17 +135,12 @@ CellEffect CPanelModel::SetCell(int row, int column, std::string_view text)
     return Text(row, column) == folded ? CellEffect::None : DoSetCell(row, column, folded);
 }
 
-std::vector<ChangedRow> CPanelModel::Commit()
+std::vector<ChangedRow> CommitPanel(CPanelModel& panel, CSbdData& data)
 {
-    std::vector<ChangedRow> changed = WriteBack();
-    const std::vector<ChangedRow> linked = WriteLinks();
-    changed.insert(changed.end(), linked.begin(), linked.end());
-    return changed;
-}
-
-std::vector<ChangedRow> CPanelModel::WriteLinks()
-{
-    return ApplyLinks(data_, block_);
+    CProjectWriter writer(data);
+    panel.Commit(writer);
+    FollowLinks(writer, panel.Block());
+    return ChangedRows(writer.Changes());
 }
 
 bool CPanelModel::CanMoveUp(int) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "panelmodel/number_text.h"
+#include "project/edit_history.h"
 #include "project/panel_columns.h"
 
 #include <cstdint>
@@ -13,19 +14,10 @@
 
 namespace sbd {
 
-class CSbdData;
-
 /// Display settings that a panel follows.
 struct PanelSettings {
     bool wordLists = true; ///< false: no cell has a word list
     int rowWidthMode = 0;  ///< pixels by which columns are wider (or narrower) than their base
-};
-
-/// A place in the data that was written: block and stored row from 0; row -1 means that rows appeared or vanished.
-struct ChangedRow {
-    int block = 0;
-    int row = -1;
-    friend bool operator==(const ChangedRow&, const ChangedRow&) = default;
 };
 
 /// What a view has to show again after a cell was set.
@@ -42,7 +34,8 @@ inline constexpr std::uint32_t kMandatoryColor = 0xFF00FF;
 inline constexpr std::uint32_t kEmphasisColor = 0xFF0000;
 
 /// One block as a grid. Rows and columns are those of the grid: both count from 1 behind the head row and the row
-/// numbers, column 0 is the row number. The cells are a working copy; the data change at Commit(). A cell outside of
+/// numbers, column 0 is the row number. The cells are a working copy; the data change at
+/// Commit(). A cell outside of
 /// the grid is empty and locked. Texts are CP932.
 class CPanelModel {
 public:
@@ -113,9 +106,12 @@ public:
     CellEffect SetCell(int row, int column, std::string_view text);
 
     // --- writing back ------------------------------------------------------------------------------
-    /// Writes to the data what was changed since the last call, and the copies in other blocks that follow it.
-    /// The outcome is that of writing the whole grid. Returns what became different.
-    std::vector<ChangedRow> Commit();
+    /// Writes to the block what was changed since the last call; the outcome is that of writing the whole grid.
+    /// `writer` writes to the data that the model reads.
+    virtual void Commit(CProjectWriter& writer) = 0;
+    /// What the grid holds beside the data, behind a Commit(), and back into a grid that was built from the data.
+    [[nodiscard]] virtual LooseRows Loose() const { return {GridRows(), {}}; }
+    virtual void PutLoose(const LooseRows&) {}
     /// True if the block as it would be written differs from the block as it was opened, or from the last TakeBaseline().
     [[nodiscard]] virtual bool IsChanged() const = 0;
     /// From now on IsChanged() compares with the present state. To be called after a save.
@@ -131,9 +127,8 @@ public:
     [[nodiscard]] bool IsBlankRow(int row) const;
 
 protected:
-    CPanelModel(CSbdData& data, int block, const PanelSettings& settings);
+    CPanelModel(const CSbdData& data, int block, const PanelSettings& settings);
 
-    [[nodiscard]] CSbdData& Data() { return data_; }
     [[nodiscard]] const CSbdData& Data() const { return data_; }
     [[nodiscard]] const PanelSettings& Settings() const { return settings_; }
     [[nodiscard]] bool IsInside(int row, int column) const;
@@ -147,21 +142,22 @@ protected:
     virtual CellEffect DoSetCell(int row, int column, std::string_view text) = 0;
     /// Takes off the last row, which is blank.
     virtual void DropLastRow() {}
-    /// Writes what is dirty to the block itself.
-    virtual std::vector<ChangedRow> WriteBack() = 0;
-    /// Writes the copies in other blocks; behind every WriteBack().
-    virtual std::vector<ChangedRow> WriteLinks();
 
 private:
-    CSbdData& data_;
+    const CSbdData& data_;
     int block_;
     std::string_view className_;
     PanelSettings settings_;
 };
 
 /// The model of the panel that opens for a number, alias step included; null if nothing with a grid opens.
-[[nodiscard]] std::unique_ptr<CPanelModel> MakePanelModel(CSbdData& data, int block,
+/// The data must outlive the model.
+[[nodiscard]] std::unique_ptr<CPanelModel> MakePanelModel(const CSbdData& data, int block,
                                                           const PanelSettings& settings = {});
+
+/// Writes what was changed in a panel to the data that it shows, and the values of other blocks that follow it. Returns
+/// what became different.
+std::vector<ChangedRow> CommitPanel(CPanelModel& panel, CSbdData& data);
 
 /// The block whose data the panel of a number shows (406: 713, 361: 521); 0 if nothing with a grid opens.
 [[nodiscard]] int PanelBlock(int block);

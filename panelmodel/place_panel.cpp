@@ -46,7 +46,7 @@ const WordList kFreeText;
 
 } // namespace
 
-CPlacePanelModel::CPlacePanelModel(CSbdData& data, int block, const PanelSettings& settings)
+CPlacePanelModel::CPlacePanelModel(const CSbdData& data, int block, const PanelSettings& settings)
     : CTablePanelModel(data, block, settings)
     , beams_(ResolveWords({"@beams"}, data))
     , methods_(FindPanelTable(block)->columns[kWebColumn].words)

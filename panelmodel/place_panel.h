@@ -9,7 +9,7 @@ namespace sbd {
 /// what the columns from 5 on mean.
 class CPlacePanelModel : public CTablePanelModel {
 public:
-    CPlacePanelModel(CSbdData& data, int block, const PanelSettings& settings);
+    CPlacePanelModel(const CSbdData& data, int block, const PanelSettings& settings);
 
     [[nodiscard]] bool IsRightAligned(int row, int column) const override;
 

@@ -23,8 +23,8 @@ public:
     }
 
 protected:
-    CRecordPanelModel(CSbdData& data, int block, const PanelSettings& settings, int headRows,
-                      std::vector<Record>& stored)
+    CRecordPanelModel(const CSbdData& data, int block, const PanelSettings& settings, int headRows,
+                      const std::vector<Record>& stored)
         : CRowPanelModel(data, block, settings, headRows, headRows)
         , panel_(*FindRecordPanel(block))
         , store_(stored)
@@ -106,30 +106,31 @@ protected:
         for (const Record& entry : entries_)
             baseline_.push_back(ToBeStored(entry));
     }
-    bool Store(int entry, int storedRow) override
+    void Store(CProjectWriter& writer, int entry, int storedRow) override
     {
-        Record record = ToBeStored(EntryAt(entry));
-        Record& target = store_[static_cast<std::size_t>(storedRow)];
-        if (record == target)
-            return false;
-        target = std::move(record);
-        return true;
+        const std::size_t row = static_cast<std::size_t>(storedRow);
+        if (Record record = ToBeStored(EntryAt(entry)); record != store_[row])
+            writer.SetRecord(row, std::move(record));
     }
-    void InsertStored(int entry, int storedRow) override
+    void InsertStored(CProjectWriter& writer, int entry, int storedRow) override
     {
-        store_.insert(store_.begin() + storedRow, ToBeStored(EntryAt(entry)));
+        writer.InsertRecord(static_cast<std::size_t>(storedRow), ToBeStored(EntryAt(entry)));
     }
-    void EraseStored(int storedRow) override { store_.erase(store_.begin() + storedRow); }
-    void StoreAll(const std::vector<int>& entries) override
+    void EraseStored(CProjectWriter& writer, int storedRow) override
     {
-        store_.clear();
+        writer.template EraseRecord<Record>(static_cast<std::size_t>(storedRow));
+    }
+    void StoreAll(CProjectWriter& writer, const std::vector<int>& entries) override
+    {
+        std::vector<Record> records;
         for (const int entry : entries)
-            store_.push_back(ToBeStored(EntryAt(entry)));
+            records.push_back(ToBeStored(EntryAt(entry)));
+        writer.ReplaceRecords(std::move(records));
     }
 
 private:
     const RecordPanel& panel_;
-    std::vector<Record>& store_;
+    const std::vector<Record>& store_;
     std::vector<Record> entries_;
     std::vector<Record> baseline_;
     std::vector<WordList> words_;

@@ -1,6 +1,5 @@
 #include "panelmodel/rib_panel.h"
 
-#include "panelmodel/links.h"
 #include "project/block_rules.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
@@ -111,8 +110,8 @@ void TakeCount(int& count, std::string_view text, std::initializer_list<RibSpaci
 // --- what both share ---------------------------------------------------------------------------------
 
 template <typename Record>
-CRibPanelModel<Record>::CRibPanelModel(CSbdData& data, int block, const PanelSettings& settings,
-                                       std::vector<Record>& stored, WordList texts, std::vector<int> limits)
+CRibPanelModel<Record>::CRibPanelModel(const CSbdData& data, int block, const PanelSettings& settings,
+                                       const std::vector<Record>& stored, WordList texts, std::vector<int> limits)
     : CRecordPanelModel<Record>(data, block, settings, 1, stored)
     , optionRow_(AutomaticOptionRow(block))
     , automatic_(data.Option(301, static_cast<std::size_t>(optionRow_) - 1))
@@ -185,11 +184,11 @@ CellEffect CRibPanelModel<Record>::SetHeadRowCell(int, int, std::string_view tex
 }
 
 template <typename Record>
-std::vector<ChangedRow> CRibPanelModel<Record>::WriteLinks()
+void CRibPanelModel<Record>::Commit(CProjectWriter& writer)
 {
-    if (automatic_.empty())
-        return {};
-    return LinkAutomaticValue(this->Data(), optionRow_, automatic_);
+    CRecordPanelModel<Record>::Commit(writer);
+    if (!automatic_.empty())
+        writer.SetOption(301, static_cast<std::size_t>(optionRow_) - 1, automatic_);
 }
 
 template <typename Record>
@@ -240,7 +239,7 @@ std::vector<std::array<double, 4>> CellFurtherSizes(std::string_view text)
 
 } // namespace
 
-CDown324Model::CDown324Model(CSbdData& data, const PanelSettings& settings)
+CDown324Model::CDown324Model(const CSbdData& data, const PanelSettings& settings)
     : CRibPanelModel(data, 324, settings, data.crossRibs,
                      {" (301の"_cp932, "LINE18"_cp932, "と自動"_cp932, "リンク)"_cp932}, {-200, -250, -350})
 {
@@ -326,7 +325,7 @@ constexpr int kLeftColumn = 8;
 
 } // namespace
 
-CDown325Model::CDown325Model(CSbdData& data, const PanelSettings& settings)
+CDown325Model::CDown325Model(const CSbdData& data, const PanelSettings& settings)
     : CRibPanelModel(data, 325, settings, data.lRibs,
                      {" (301の"_cp932, "19行目と"_cp932, "325～326)"_cp932, "は同時自動"_cp932, "リンク)"_cp932},
                      {-150, -150})

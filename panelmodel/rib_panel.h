@@ -15,15 +15,15 @@ public:
     [[nodiscard]] CellColor TextColor(int row, int column) const override;
     [[nodiscard]] bool IsChanged() const override;
     void TakeBaseline() override;
+    void Commit(CProjectWriter& writer) override;
 
 protected:
     /// `texts`: the cells of row 1 from column 3 on. `limits`: least row width modes of the last columns.
-    CRibPanelModel(CSbdData& data, int block, const PanelSettings& settings, std::vector<Record>& stored,
+    CRibPanelModel(const CSbdData& data, int block, const PanelSettings& settings, const std::vector<Record>& stored,
                    WordList texts, std::vector<int> limits);
 
     [[nodiscard]] const WordList& DoWords(int row, int column) const override;
     [[nodiscard]] bool DoIsEditable(int row, int column) const override;
-    std::vector<ChangedRow> WriteLinks() override;
     [[nodiscard]] std::string HeadRowText(int row, int column) const override;
     CellEffect SetHeadRowCell(int row, int column, std::string_view text) override;
 
@@ -39,7 +39,7 @@ private:
 /// Block 324. Lengths in mm, spacings in m.
 class CDown324Model : public CRibPanelModel<CrossRibRecord> {
 public:
-    CDown324Model(CSbdData& data, const PanelSettings& settings);
+    CDown324Model(const CSbdData& data, const PanelSettings& settings);
 
 protected:
     [[nodiscard]] std::string Field(const CrossRibRecord& record, int column) const override;
@@ -54,7 +54,7 @@ protected:
 /// Block 325. Spacings in mm.
 class CDown325Model : public CRibPanelModel<LRibRecord> {
 public:
-    CDown325Model(CSbdData& data, const PanelSettings& settings);
+    CDown325Model(const CSbdData& data, const PanelSettings& settings);
 
 protected:
     [[nodiscard]] std::string Field(const LRibRecord& record, int column) const override;

@@ -13,7 +13,8 @@ constexpr std::ptrdiff_t kFewRows = 16;
 
 } // namespace
 
-CRowPanelModel::CRowPanelModel(CSbdData& data, int block, const PanelSettings& settings, int headRows, int fixedRows)
+CRowPanelModel::CRowPanelModel(const CSbdData& data, int block, const PanelSettings& settings, int headRows,
+                               int fixedRows)
     : CPanelModel(data, block, settings)
     , headRows_(headRows)
     , fixedRows_(fixedRows)
@@ -147,22 +148,20 @@ void CRowPanelModel::TakeBaseline()
     comeOrGone_.clear();
 }
 
-std::vector<ChangedRow> CRowPanelModel::WriteBack()
+void CRowPanelModel::Commit(CProjectWriter& writer)
 {
     const auto comesOrGoes = [this](int entry) {
         return IsKept(entry) != bool(stored_[static_cast<std::size_t>(entry)]);
     };
-    std::vector<ChangedRow> changed;
     if (std::ranges::count_if(dirty_, comesOrGoes) > kFewRows) {
         const std::vector<int> kept = KeptEntries();
-        StoreAll(kept);
+        StoreAll(writer, kept);
         std::ranges::fill(stored_, 0);
         for (const int entry : kept)
             stored_[static_cast<std::size_t>(entry)] = 1;
         dirty_.clear();
-        return {{Block(), -1}};
+        return;
     }
-    bool moved = false;
     std::ptrdiff_t counted = 0;
     int storedRow = 0; // stored entries ahead of `counted`
     for (const int entry : dirty_) {
@@ -170,21 +169,53 @@ std::vector<ChangedRow> CRowPanelModel::WriteBack()
         storedRow += static_cast<int>(std::count(begin + counted, begin + entry, 1));
         counted = entry;
         if (!comesOrGoes(entry)) {
-            if (IsKept(entry) && Store(entry, storedRow))
-                changed.push_back({Block(), storedRow});
+            if (IsKept(entry))
+                Store(writer, entry, storedRow);
             continue;
         }
-        moved = true;
         if (IsKept(entry))
-            InsertStored(entry, storedRow);
+            InsertStored(writer, entry, storedRow);
         else
-            EraseStored(storedRow);
+            EraseStored(writer, storedRow);
         stored_[static_cast<std::size_t>(entry)] = IsKept(entry) ? 1 : 0;
     }
     dirty_.clear();
-    if (moved)
-        return {{Block(), -1}};
-    return changed;
+}
+
+LooseRows CRowPanelModel::Loose() const
+{
+    LooseRows loose{GridRows(), {}};
+    const auto lastStored = std::find(stored_.rbegin(), stored_.rend(), 1).base();
+    for (auto entry = std::find(stored_.begin(), stored_.end(), 0); entry != stored_.end();
+         entry = std::find(entry + 1, stored_.end(), 0)) {
+        const int row = headRows_ + 1 + static_cast<int>(entry - stored_.begin());
+        // A row that is kept waits for the commit: the panel puts it there itself.
+        const bool isKept = IsKept(static_cast<int>(entry - stored_.begin()));
+        if (isKept || row > loose.gridRows || (entry >= lastStored && IsBlankRow(row)))
+            continue;
+        LooseRow& kept = loose.rows.emplace_back(LooseRow{row, {}});
+        for (int column = 1; column < ColumnCount(); ++column)
+            kept.cells.push_back(Text(row, column));
+    }
+    return loose;
+}
+
+void CRowPanelModel::PutLoose(const LooseRows& loose)
+{
+    for (const LooseRow& row : loose.rows) {
+        AddRows(1);
+        if (row.row < GridRows())
+            MoveRow(GridRows(), row.row);
+        for (int column = 1; column < ColumnCount(); ++column)
+            if (const std::string& text = row.cells[static_cast<std::size_t>(column) - 1];
+                !text.empty() && !IsLocked(row.row, column))
+                DoSetCell(row.row, column, text);
+    }
+    if (loose.gridRows == 0)
+        return;
+    if (GridRows() < loose.gridRows)
+        AddRows(loose.gridRows - GridRows());
+    TakeBackRows(GridRows() - loose.gridRows);
 }
 
 bool CRowPanelModel::CanMoveUp(int row) const
@@ -205,6 +236,10 @@ bool CRowPanelModel::CanInsert(int row) const
 void CRowPanelModel::MoveRow(int from, int to)
 {
     MoveEntry(EntryOf(from), EntryOf(to));
+    // Whether it stands in the data goes with a row: a blank row moves without a write.
+    const auto first = stored_.begin() + std::min(EntryOf(from), EntryOf(to));
+    const auto last = stored_.begin() + std::max(EntryOf(from), EntryOf(to)) + 1;
+    std::rotate(first, from < to ? first + 1 : last - 1, last);
     for (int row = std::min(from, to); row <= std::max(from, to); ++row)
         Touch(EntryOf(row));
 }

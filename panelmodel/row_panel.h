@@ -29,9 +29,13 @@ public:
     [[nodiscard]] bool CanInsert(int row) const override;
     void MoveRow(int from, int to) override;
 
+    void Commit(CProjectWriter& writer) override;
+    [[nodiscard]] LooseRows Loose() const override;
+    void PutLoose(const LooseRows& loose) override;
+
 protected:
     /// `headRows`: rows of the grid above the first entry. `fixedRows`: rows at the top that do not move, these included.
-    CRowPanelModel(CSbdData& data, int block, const PanelSettings& settings, int headRows, int fixedRows);
+    CRowPanelModel(const CSbdData& data, int block, const PanelSettings& settings, int headRows, int fixedRows);
 
     /// To be called by the constructor of the derived class when its working copy stands. The first `stored` entries
     /// are those in the data; `spare` entries are put behind them.
@@ -46,7 +50,6 @@ protected:
     void TouchAll();
 
     void DropLastRow() override { ++dropped_; }
-    std::vector<ChangedRow> WriteBack() override;
 
     // --- what the derived class knows about its entries --------------------------------------------
     [[nodiscard]] virtual int EntryCount() const = 0;
@@ -56,11 +59,11 @@ protected:
     /// True if the entry would be written as the entry `baseline` of the last baseline was.
     [[nodiscard]] virtual bool SameAsBaseline(int entry, int baseline) const = 0;
     virtual void CopyToBaseline() = 0;
-    /// Writes the entry over a stored row; false if that row is the same already.
-    virtual bool Store(int entry, int storedRow) = 0;
-    virtual void InsertStored(int entry, int storedRow) = 0;
-    virtual void EraseStored(int storedRow) = 0;
-    virtual void StoreAll(const std::vector<int>& entries) = 0;
+    /// Writes the entry over a stored row.
+    virtual void Store(CProjectWriter& writer, int entry, int storedRow) = 0;
+    virtual void InsertStored(CProjectWriter& writer, int entry, int storedRow) = 0;
+    virtual void EraseStored(CProjectWriter& writer, int storedRow) = 0;
+    virtual void StoreAll(CProjectWriter& writer, const std::vector<int>& entries) = 0;
 
 private:
     [[nodiscard]] bool WasInBaseline(int entry) const;
@@ -73,7 +76,7 @@ private:
     int dropped_ = 0;          // entries at the end without a row: blank, but perhaps still to be taken out of the data
     std::vector<char> stored_; // an entry: does it stand in the data
     std::vector<char> baseline_; // an entry: did it stand in the baseline
-    std::set<int> dirty_;        // entries that WriteBack looks at
+    std::set<int> dirty_;        // entries that Commit looks at
     std::set<int> changed_;      // entries in data and baseline that differ
     std::set<int> comeOrGone_;   // entries that stand in just one of both
 };

@@ -1,6 +1,5 @@
 #include "panelmodel/table_panel.h"
 
-#include "panelmodel/links.h"
 #include "panelmodel/project_type.h"
 #include "project/block_rules.h"
 #include "project/text.h"
@@ -42,7 +41,7 @@ std::string ControlValue(int block, const CSbdData& data)
 
 } // namespace
 
-CTablePanelModel::CTablePanelModel(CSbdData& data, int block, const PanelSettings& settings)
+CTablePanelModel::CTablePanelModel(const CSbdData& data, int block, const PanelSettings& settings)
     : CRowPanelModel(data, block, settings, 0, FixedRows(block))
     , panel_(*FindPanelTable(block))
     , cells_(*data.Table(block))
@@ -229,42 +228,34 @@ bool CTablePanelModel::SameAsBaseline(int entry, int baseline) const
     return true;
 }
 
-bool CTablePanelModel::Store(int entry, int storedRow)
+void CTablePanelModel::Store(CProjectWriter& writer, int entry, int storedRow)
 {
-    bool changed = false;
-    TableBlock& table = *Data().Table(Block());
-    for (std::size_t column = 0; column < table.columns.size(); ++column) {
-        const std::string_view text = ToBeStored(entry, column);
-        if (table.columns[column][static_cast<std::size_t>(storedRow)] == text)
-            continue;
-        table.columns[column].Set(static_cast<std::size_t>(storedRow), text);
-        changed = true;
-    }
-    return changed;
+    for (std::size_t column = 0; column < cells_.columns.size(); ++column)
+        writer.SetCell(Block(), static_cast<std::size_t>(storedRow), column, ToBeStored(entry, column));
 }
 
-void CTablePanelModel::InsertStored(int entry, int storedRow)
+void CTablePanelModel::InsertStored(CProjectWriter& writer, int entry, int storedRow)
 {
-    TableBlock& table = *Data().Table(Block());
-    for (std::size_t column = 0; column < table.columns.size(); ++column)
-        table.columns[column].Insert(static_cast<std::size_t>(storedRow), ToBeStored(entry, column));
+    std::vector<std::string> cells;
+    for (std::size_t column = 0; column < cells_.columns.size(); ++column)
+        cells.emplace_back(ToBeStored(entry, column));
+    writer.InsertRow(Block(), static_cast<std::size_t>(storedRow), std::move(cells));
 }
 
-void CTablePanelModel::EraseStored(int storedRow)
+void CTablePanelModel::EraseStored(CProjectWriter& writer, int storedRow)
 {
-    for (ColumnVector& column : Data().Table(Block())->columns)
-        column.Erase(static_cast<std::size_t>(storedRow));
+    writer.EraseRow(Block(), static_cast<std::size_t>(storedRow));
 }
 
-void CTablePanelModel::StoreAll(const std::vector<int>& entries)
+void CTablePanelModel::StoreAll(CProjectWriter& writer, const std::vector<int>& entries)
 {
-    TableBlock& table = *Data().Table(Block());
-    for (std::size_t column = 0; column < table.columns.size(); ++column) {
-        ColumnVector rebuilt;
+    TableBlock table;
+    for (std::size_t column = 0; column < cells_.columns.size(); ++column) {
+        ColumnVector& rebuilt = table.columns.emplace_back();
         for (const int entry : entries)
             rebuilt.Append(ToBeStored(entry, column));
-        table.columns[column] = std::move(rebuilt);
     }
+    writer.ReplaceTable(Block(), std::move(table));
 }
 
 } // namespace sbd

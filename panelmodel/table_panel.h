@@ -9,7 +9,7 @@ namespace sbd {
 /// A table block. Row 1 is the block's automatic row where it has one; a row with an empty first cell is not written.
 class CTablePanelModel : public CRowPanelModel {
 public:
-    CTablePanelModel(CSbdData& data, int block, const PanelSettings& settings);
+    CTablePanelModel(const CSbdData& data, int block, const PanelSettings& settings);
 
     [[nodiscard]] int ColumnCount() const override { return static_cast<int>(panel_.columns.size()); }
     [[nodiscard]] int ColumnWidth(int column) const override;
@@ -40,10 +40,10 @@ protected:
     [[nodiscard]] bool IsKept(int entry) const override;
     [[nodiscard]] bool SameAsBaseline(int entry, int baseline) const override;
     void CopyToBaseline() override;
-    bool Store(int entry, int storedRow) override;
-    void InsertStored(int entry, int storedRow) override;
-    void EraseStored(int storedRow) override;
-    void StoreAll(const std::vector<int>& entries) override;
+    void Store(CProjectWriter& writer, int entry, int storedRow) override;
+    void InsertStored(CProjectWriter& writer, int entry, int storedRow) override;
+    void EraseStored(CProjectWriter& writer, int storedRow) override;
+    void StoreAll(CProjectWriter& writer, const std::vector<int>& entries) override;
 
 private:
     [[nodiscard]] std::string_view ToBeStored(int entry, std::size_t column) const;

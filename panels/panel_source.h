@@ -4,6 +4,8 @@
 #include "grid/grid_source.h"
 #include "panelmodel/panel_editor.h"
 
+#include <functional>
+
 namespace sbd {
 
 /// Between the grid, which speaks Unicode, and the panel model, which speaks CP932.
@@ -42,7 +44,11 @@ public:
     /// Cells with a refused character stay as they are, the others are pasted.
     [[nodiscard]] GridPaste PasteChecked(int row, int column, const QString& text) override;
     std::optional<GridCell> Undo() override;
-    [[nodiscard]] bool CanUndo() const override { return editor_.CanUndo(); }
+    [[nodiscard]] bool CanUndo() const override { return editor_.Done() || (canUndo && canUndo()); }
+
+    /// Takes a step of the project back, and shows it.
+    std::function<void()> undo;
+    std::function<bool()> canUndo;
 
 private:
     CPanelModel& model_;

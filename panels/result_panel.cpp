@@ -347,7 +347,7 @@ void CDown253::FillResultTable()
     }
     ShowState();
     ShowFaults();
-    emit session_.figureChanged();
+    session_.ShowFigureAnew();
 }
 
 void CDown253::ShowState()
@@ -438,7 +438,7 @@ void CDown253::OnFigureItem(int index)
     if (index < 0)
         return;
     session_.selection.figureItem = ComponentWord(session_.selection.kind, static_cast<std::size_t>(index));
-    emit session_.figureChanged();
+    session_.ShowFigureAnew();
 }
 
 void CDown253::OnColumns()

@@ -183,7 +183,7 @@ void CDown999::Search()
     cells_->SetRows(std::move(rows));
     ShowRows();
     ShowDetail();
-    emit searched_->helpCellChanged(); // the page of this block follows the line
+    searched_->ShowHelpAnew(); // the page of this block follows the line
 }
 
 /// Shows the rows without telling the grid: an editor that is open in the line would be filled anew.

@@ -207,45 +207,47 @@ std::size_t ExpectedSize(const CSbdData& data)
     return size;
 }
 
-/// The values of block 301, rebuilt if it has lost them.
-std::vector<std::string>& ControlValues(CSbdData& data)
-{
-    std::vector<std::string>& control = *data.Options(301);
-    if (control.empty())
-        control = RebuiltControlValues();
-    return control;
-}
-
 bool IsHeldBack(const std::vector<std::string>& control)
 {
     return std::ranges::find(control, kPlaceholder) != control.end();
 }
 
-void WriteBlock(std::string& out, int block, const CSbdData& data, bool heldBack, WriteTrace* trace)
+/// The values of block 301; of one that has lost them, those of `rebuilt`, which are put there.
+const std::vector<std::string>& ControlValues(const CSbdData& data, std::vector<std::string>& rebuilt)
+{
+    if (!data.Options(301)->empty())
+        return *data.Options(301);
+    rebuilt = RebuiltControlValues();
+    return rebuilt;
+}
+
+void WriteBlock(std::string& out, int block, const CSbdData& data, const std::vector<std::string>& control,
+                WriteTrace* trace)
 {
     const OptionBlock* options = FindOptionBlock(block);
     if (!options)
         return WriteSection(out, *FindSectionLayout(block), data, trace);
-    if (block == 301 && heldBack)
+    if (block == 301 && IsHeldBack(control))
         return;
     const std::size_t begin = out.size();
-    WriteOptions(out, *options, *data.Options(block));
+    WriteOptions(out, *options, block == 301 ? control : *data.Options(block));
     if (trace)
         trace->sections.push_back({block, begin, out.size() - options->end.size() - 2 * kLineEnd.size()});
 }
 
-std::string WriteAll(CSbdData& data, WriteReport* report, WriteTrace* trace)
+std::string WriteAll(const CSbdData& data, WriteReport* report, WriteTrace* trace)
 {
     std::string out;
     out.reserve(ExpectedSize(data));
-    const std::vector<std::string>& control = ControlValues(data);
+    std::vector<std::string> rebuilt;
+    const std::vector<std::string>& control = ControlValues(data, rebuilt);
     const bool heldBack = IsHeldBack(control);
     if (report)
         report->controlBlockHeldBack = heldBack;
     if (!heldBack)
         AppendLine(out, "TITLE:" + control[0]);
     for (const int block : SectionOrder())
-        WriteBlock(out, block, data, heldBack, trace);
+        WriteBlock(out, block, data, control, trace);
     for (const std::string& line : data.unknownLines)
         AppendLine(out, line);
     return out;
@@ -253,27 +255,27 @@ std::string WriteAll(CSbdData& data, WriteReport* report, WriteTrace* trace)
 
 } // namespace
 
-std::string WriteProject(CSbdData& data, WriteReport* report)
+std::string WriteProject(const CSbdData& data, WriteReport* report)
 {
     return WriteAll(data, report, nullptr);
 }
 
-std::string WriteProject(CSbdData& data, WriteTrace& trace)
+std::string WriteProject(const CSbdData& data, WriteTrace& trace)
 {
     return WriteAll(data, nullptr, &trace);
 }
 
-std::string WriteBlocks(CSbdData& data, std::span<const int> blocks, WriteTrace& trace)
+std::string WriteBlocks(const CSbdData& data, std::span<const int> blocks, WriteTrace& trace)
 {
     std::string out;
-    const std::vector<std::string>& control = ControlValues(data);
-    const bool heldBack = IsHeldBack(control);
+    std::vector<std::string> rebuilt;
+    const std::vector<std::string>& control = ControlValues(data, rebuilt);
     const auto isWanted = [&](int block) { return std::ranges::binary_search(blocks, block); };
-    if (isWanted(301) && !heldBack)
+    if (isWanted(301) && !IsHeldBack(control))
         AppendLine(out, "TITLE:" + control[0]);
     for (const int block : SectionOrder())
         if (isWanted(block))
-            WriteBlock(out, block, data, heldBack, &trace);
+            WriteBlock(out, block, data, control, &trace);
     return out;
 }
 

@@ -15,8 +15,8 @@ struct WriteReport {
     bool controlBlockHeldBack = false; ///< block 301 holds "<?>": title and block are not in the text
 };
 
-/// The text of a project file. `data` is changed only where block 301 has no rows at all: it is rebuilt.
-[[nodiscard]] std::string WriteProject(CSbdData& data, WriteReport* report = nullptr);
+/// The text of a project file. A block 301 without rows, which no document has, is written as a new one.
+[[nodiscard]] std::string WriteProject(const CSbdData& data, WriteReport* report = nullptr);
 
 /// Where a row of a table or record block begins in the text.
 struct WrittenRow {
@@ -39,11 +39,11 @@ struct WriteTrace {
 };
 
 /// The whole text, with what stands where.
-[[nodiscard]] std::string WriteProject(CSbdData& data, WriteTrace& trace);
+[[nodiscard]] std::string WriteProject(const CSbdData& data, WriteTrace& trace);
 
 /// The text of some blocks alone (ascending numbers), as it stands in the whole: the title with block 301, then the
 /// sections. `data`: as for WriteProject.
-[[nodiscard]] std::string WriteBlocks(CSbdData& data, std::span<const int> blocks, WriteTrace& trace);
+[[nodiscard]] std::string WriteBlocks(const CSbdData& data, std::span<const int> blocks, WriteTrace& trace);
 
 /// The message for a block 301 that is held back.
 inline constexpr const char* kControlBlockMessage = "Input error in 301 [SEC_CONTROL]";

@@ -137,7 +137,7 @@ public:
         const int block = panel_->Block();
         std::erase_if(closed_, [block](const ClosedPanel& panel) { return panel.shown.block == block; });
         ShownBlock shown = Show(*panel_);
-        static_cast<void>(panel_->Commit());
+        CommitPanel(*panel_, data_);
         editor_.reset();
         panel_.reset();
         closed_.push_back({std::move(shown), Show(*MakePanelModel(data_, block))});

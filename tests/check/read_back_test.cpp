@@ -47,7 +47,7 @@ std::vector<ChangedRow> Edit(CSbdData& data, int block, int row, int column, std
 {
     const std::unique_ptr<CPanelModel> panel = MakePanelModel(data, block);
     CPanelEditor(*panel).SetCell(row, column, Cp932(utf8));
-    return panel->Commit();
+    return CommitPanel(*panel, data);
 }
 
 constexpr std::string_view kStiffeners =
@@ -138,7 +138,7 @@ TEST(ReadBack, SpacingsFewerThanTheCountComeBackWithZeros)
     const std::unique_ptr<CPanelModel> panel = MakePanelModel(data, 325);
     CPanelEditor(*panel).SetCell(2, 8, "0.5");
     const ShownBlock shown = Show(*panel);
-    static_cast<void>(panel->Commit());
+    CommitPanel(*panel, data);
     EXPECT_THAT(Told(ReturnedCells(data, std::vector{shown})), ElementsAre("325/2/8 0.5>0.5, 0, 0"));
     EXPECT_THAT(Returned(data), IsEmpty()) << "the data hold the zeros once the panel is closed";
 }
@@ -149,7 +149,7 @@ TEST(ReadBack, ARowWithoutItsFirstCellIsToldWhileItsPanelIsOpen)
     const std::unique_ptr<CPanelModel> panel = MakePanelModel(data, 314);
     CPanelEditor(*panel).SetCell(2, 1, "");
     const ShownBlock shown = Show(*panel);
-    static_cast<void>(panel->Commit());
+    CommitPanel(*panel, data);
     const std::vector<std::string> told = Told(ReturnedCells(data, std::vector{shown}));
     ASSERT_EQ(told.size(), 7U);
     EXPECT_EQ(told.front(), "314/2/2 G4>");
@@ -241,7 +241,7 @@ TEST_F(ReadBackRandom, LookingAtChangedRowsTellsWhatLookingAtEverythingTells)
                 what += std::to_string(block) + "/" + std::to_string(row) + "/" + std::to_string(column) + " "
                         + FromCp932(text) + "; ";
             }
-            back.Update(data, panel->Commit());
+            back.Update(data, CommitPanel(*panel, data));
             std::map<int, std::vector<std::string>> whole;
             for (const ReturnedCell& cell : ReturnedCells(data))
                 whole[cell.block].push_back(Told(cell));

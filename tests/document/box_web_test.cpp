@@ -1,5 +1,6 @@
 #include "document/box_web.h"
 #include "document/section_doc.h"
+#include "tests/document/data_of.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -108,7 +109,7 @@ void BoxWebTest::aRowThatIsEmptyKeepsItsProposals()
 void BoxWebTest::proposalsTakenAsTheyAreCompleteTheFlow()
 {
     CKELDSectionDoc doc;
-    doc.Data().gridNames = Bridge({"G1", "G2"}, {"G1L", "G1R"});
+    test::DataOf(doc).gridNames = Bridge({"G1", "G2"}, {"G1L", "G1R"});
     User user;
     QVERIFY(user.Run(doc));
     QVERIFY(user.asked.isEmpty());
@@ -120,7 +121,7 @@ void BoxWebTest::proposalsTakenAsTheyAreCompleteTheFlow()
 void BoxWebTest::namesAreTrimmedBeforeTheyAreStored()
 {
     CKELDSectionDoc doc;
-    doc.Data().gridNames = Bridge({"G1"}, {});
+    test::DataOf(doc).gridNames = Bridge({"G1"}, {});
     User user;
     user.enter = [](BoxWebNames& names) { CommitBoxWebRow(names, 0, "  A ", "\tB"); };
     QVERIFY(user.Run(doc));
@@ -131,7 +132,7 @@ void BoxWebTest::aMissingNameIsStoredAndAskedAbout()
 {
     for (const bool yes : {false, true}) {
         CKELDSectionDoc doc;
-        doc.Data().gridNames = Bridge({"G1", "G2"}, {"G1L", "G1R", "G2L", "G2R"});
+        test::DataOf(doc).gridNames = Bridge({"G1", "G2"}, {"G1L", "G1R", "G2L", "G2R"});
         User user;
         user.yes = yes;
         user.enter = [](BoxWebNames& names) { CommitBoxWebRow(names, 0, "   ", "G1R"); };
@@ -145,8 +146,8 @@ void BoxWebTest::aMissingNameIsStoredAndAskedAbout()
 void BoxWebTest::rowsAreAppendedToWhatStandsThere()
 {
     CKELDSectionDoc doc;
-    doc.Data().gridNames = Bridge({"G1"}, {"G1L", "G1R"});
-    doc.Data().Table(305)->AppendRow({"G0", "A", "B"});
+    test::DataOf(doc).gridNames = Bridge({"G1"}, {"G1L", "G1R"});
+    test::DataOf(doc).Table(305)->AppendRow({"G0", "A", "B"});
     QVERIFY(User().Run(doc));
     QCOMPARE(doc.Data().RowCount(305), std::size_t(2));
     QVERIFY(RowOf305(doc, 0)[0] == "G0");
@@ -156,7 +157,7 @@ void BoxWebTest::cancelLeavesTheBlockAndAsks()
 {
     for (const bool yes : {false, true}) {
         CKELDSectionDoc doc;
-        doc.Data().gridNames = Bridge({"G1"}, {"G1L", "G1R"});
+        test::DataOf(doc).gridNames = Bridge({"G1"}, {"G1L", "G1R"});
         User user;
         user.ok = false;
         user.yes = yes;
@@ -181,7 +182,7 @@ void BoxWebTest::withoutGirdersNothingIsWrittenAndNothingAsked()
 void BoxWebTest::storedNamesAreUnsavedChanges()
 {
     CKELDSectionDoc doc;
-    doc.Data().gridNames = Bridge({"G1"}, {"G1L", "G1R"});
+    test::DataOf(doc).gridNames = Bridge({"G1"}, {"G1L", "G1R"});
     QList<int> changed;
     connect(&doc, &CKELDSectionDoc::changed, &doc, [&](const BlockChange& change) { changed.append(change.block); });
     QVERIFY(User().Run(doc));

@@ -1,6 +1,7 @@
 #include "document/project_lock.h"
 #include "document/save_flow.h"
 #include "document/section_doc.h"
+#include "tests/document/data_of.h"
 
 #include <QDir>
 #include <QFile>
@@ -378,7 +379,7 @@ void SaveFlowTest::aSaveAsThatIsGivenUpChangesNothing()
 void SaveFlowTest::aSaveAsThatIsGivenUpOnAnUntitledProjectKeepsTheData()
 {
     Bench bench;
-    bench.doc.Data().SetOption(301, 0, "entered");
+    test::DataOf(bench.doc).SetOption(301, 0, "entered");
     bench.doc.SetModifiedFlag(true);
     QVERIFY(!bench.SaveAs({}).saved);
     QCOMPARE(bench.titles, QStringList(QString()));
@@ -407,7 +408,7 @@ void SaveFlowTest::aReloadReadsOverThePresentData()
     Bench bench;
     const QString path = bench.Copy();
     bench.Open(path);
-    CSbdData& data = bench.doc.Data();
+    CSbdData& data = test::DataOf(bench.doc);
     const std::vector<std::string> names = {"X1", "X2"};
     data.gridNames.girderNames = names;
     QVERIFY(data.RowCount(313) > 1);
@@ -458,7 +459,7 @@ void SaveFlowTest::aReloadOfAMissingFileLeavesTheDocument()
 void SaveFlowTest::aReloadOfAnUntitledProjectDoesNothing()
 {
     Bench bench;
-    bench.doc.Data().SetOption(301, 0, "entered");
+    test::DataOf(bench.doc).SetOption(301, 0, "entered");
     QVERIFY(!ReloadDocument(bench.doc, bench.lock));
     QVERIFY(bench.doc.Data().Option(301, 0) == "entered");
     QVERIFY(!bench.lock.IsHeld());
@@ -485,7 +486,7 @@ void SaveFlowTest::aPathOfMoreThan260CharactersGoesThroughTheWholeLife()
     Put(folder + u"/橋_計算結果/橋.Z1D"_s, "second, longer");
     QVERIFY(bench.doc.HasNewerResults());
 
-    bench.doc.Data().SetOption(301, 0, "deep");
+    test::DataOf(bench.doc).SetOption(301, 0, "deep");
     QVERIFY(bench.SaveAs(path).saved);
     QVERIFY(Bytes(path).startsWith("TITLE:deep\r\n"));
     QVERIFY(IsHeldByUs(path));
@@ -531,7 +532,7 @@ void SaveFlowTest::aSaveOverAFileThatAnotherProgramHoldsFails()
     const QString second = bench.Copy(u"second.sbd"_s);
     const QByteArray before = Bytes(second);
     bench.Open(path);
-    bench.doc.Data().SetOption(301, 0, "entered");
+    test::DataOf(bench.doc).SetOption(301, 0, "entered");
     bench.doc.SetModifiedFlag(true);
     CProjectLock other;
     QVERIFY(other.Take(second));

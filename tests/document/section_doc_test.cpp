@@ -1,6 +1,7 @@
 #include "document/section_doc.h"
 #include "project/text.h"
 #include "sbdfile/writer.h"
+#include "tests/document/data_of.h"
 
 #include <QDir>
 #include <QFile>
@@ -180,7 +181,7 @@ void SectionDocTest::savingAsksThePanelsBeforeItWrites()
 {
     const QTemporaryDir folder;
     CKELDSectionDoc doc;
-    connect(&doc, &CKELDSectionDoc::aboutToSave, &doc, [&] { doc.Data().SetOption(301, 0, "FROM A PANEL"); });
+    connect(&doc, &CKELDSectionDoc::aboutToSave, &doc, [&] { test::DataOf(doc).SetOption(301, 0, "FROM A PANEL"); });
     const QString path = folder.filePath(u"new.sbd"_s);
     QVERIFY(doc.SaveDocument(path).Ok());
     QVERIFY(Bytes(path).startsWith("TITLE:FROM A PANEL\r\n"));
@@ -228,14 +229,14 @@ void SectionDocTest::aPlaceholderInTheControlBlockIsToldAndTheSaveCounts()
     const QTemporaryDir folder;
     CKELDSectionDoc doc;
     doc.SetModifiedFlag(true);
-    doc.Data().SetOption(301, 4, "<?>");
+    test::DataOf(doc).SetOption(301, 4, "<?>");
     bool heldBack = false;
     QVERIFY(doc.SaveDocument(folder.filePath(u"held.sbd"_s), &heldBack).Ok());
     QVERIFY(heldBack);
     QVERIFY(!doc.IsModified());
     QVERIFY(!Bytes(folder.filePath(u"held.sbd"_s)).contains("[SEC_CONTROL]"));
 
-    doc.Data().SetOption(301, 4, "NO");
+    test::DataOf(doc).SetOption(301, 4, "NO");
     QVERIFY(doc.SaveDocument(folder.filePath(u"held.sbd"_s), &heldBack).Ok());
     QVERIFY(!heldBack);
 }

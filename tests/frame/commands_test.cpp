@@ -287,7 +287,7 @@ void CommandsTest::anAmpersandThatMarksNoLetterIsShown()
 
 void CommandsTest::keysOfTheGridAreTextInTheMenu()
 {
-    QCOMPARE(EntryText(RowOf(Command::Undo)), u"元に戻す(&U)\tCtrl+Z"_s);
+    QCOMPARE(EntryText(RowOf(Command::Cut)), u"切り取り\tCtrl+X"_s);
     QCOMPARE(EntryText(RowOf(Command::NewProject)), u"新規作成(&N)"_s);
     QCOMPARE(EntryText(RowOf(Command::InsertRow)), u"挿入行"_s);
 }

@@ -5,6 +5,7 @@
 #include "grid/grid_ctrl.h"
 #include "panels/panel.h"
 #include "run_bench.h"
+#include "tests/document/data_of.h"
 #include "tests/document/other_process.h"
 
 #include <QAbstractItemModel>
@@ -68,7 +69,7 @@ int RunInside(const QString& project, const QString& recovery)
     auto doc = std::make_unique<CKELDSectionDoc>();
     (void)OnOpenDocument(*doc, lock, project, [](const QString&) { return false; });
     CChildFrame child(std::move(doc));
-    child.Doc().Data().SetOption(301, 0, "UNSAVED");
+    test::DataOf(child.Doc()).SetOption(301, 0, "UNSAVED");
     child.Doc().SetModifiedFlag(true);
     RunSeams seams = ScreenRunSeams();
     seams.programFolder = [] { return QStringLiteral(ENGINE_FOLDER); };

@@ -4,6 +4,7 @@
 #include "frame/child_frame.h"
 #include "frame/file_commands.h"
 #include "frame/profile.h"
+#include "tests/document/data_of.h"
 
 #include <QDir>
 #include <QMdiArea>
@@ -42,7 +43,7 @@ struct Desk {
 void Enter(CChildFrame& child, const char* title)
 {
     child.SwitchToBlock(302); // the panel of 301 would write its own
-    child.Doc().Data().SetOption(301, 0, title);
+    test::DataOf(child.Doc()).SetOption(301, 0, title);
     child.Doc().SetModifiedFlag(true);
 }
 

@@ -1,5 +1,6 @@
 #include "document/section_doc.h"
 #include "frame/left_view.h"
+#include "tests/document/data_of.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -21,8 +22,8 @@ QTreeWidgetItem* ItemWithText(QTreeWidget& tree, const QString& text)
 
 void SetType(CKELDSectionDoc& doc, const char* cp932)
 {
-    doc.Data().SetOption(301, 2, cp932);
-    doc.NotifyChanged({301, 2});
+    test::DataOf(doc).SetOption(301, 2, cp932);
+    test::TellChanged(doc, {301, 2});
 }
 
 const char* const kSectionType = "\x92\x66\x96\xCA"; // 断面
@@ -145,7 +146,7 @@ void LeftViewTest::contentTurnsBoldWhenTheSelectionMoves()
     CKELDSectionDoc doc;
     CLeftView tree(&doc);
     const auto bold = [&] { return ItemWithText(tree, u"405.ソールプレート寸法"_s)->font(0).bold(); };
-    doc.Data().Table(405)->AppendRow({"G1"});
+    test::DataOf(doc).Table(405)->AppendRow({"G1"});
     QVERIFY(!bold());
     tree.setCurrentItem(ItemWithText(tree, u"401.製図基本条件"_s));
     QVERIFY(bold());
@@ -154,10 +155,10 @@ void LeftViewTest::contentTurnsBoldWhenTheSelectionMoves()
 void LeftViewTest::boldStaysUntilTheNextRebuild()
 {
     CKELDSectionDoc doc;
-    doc.Data().Table(405)->AppendRow({"G1"});
+    test::DataOf(doc).Table(405)->AppendRow({"G1"});
     CLeftView tree(&doc);
     const auto bold = [&] { return ItemWithText(tree, u"405.ソールプレート寸法"_s)->font(0).bold(); };
-    doc.Data().ClearBlocks();
+    test::DataOf(doc).ClearBlocks();
     tree.MarkContent();
     QVERIFY(bold());
     tree.Rebuild();

@@ -6,6 +6,7 @@
 #include "frame/child_frame.h"
 #include "frame/left_view.h"
 #include "frame/main_frame.h"
+#include "tests/document/data_of.h"
 
 #include <QApplication>
 #include <QTest>
@@ -73,8 +74,8 @@ struct LifeStation {
 inline void Enter(CChildFrame& child, const char* title)
 {
     child.SwitchToBlock(302); // the panel of 301 would write its own
-    child.Doc().Data().SetOption(301, 0, title);
-    child.Doc().NotifyChanged({301, 0});
+    test::DataOf(child.Doc()).SetOption(301, 0, title);
+    test::TellChanged(child.Doc(), {301, 0});
     child.Doc().SetModifiedFlag(true);
 }
 

@@ -4,6 +4,7 @@
 #include "grid/cell_editor.h"
 #include "panel_desk.h"
 #include "project/text.h"
+#include "tests/document/data_of.h"
 
 #include <QAccessible>
 #include <QElapsedTimer>
@@ -276,7 +277,7 @@ void PanelInputTest::columnsWithoutAHeadAreKept()
 {
     Desk desk;
     desk.child = desk.frame.OpenProject(desk.EmptyProject());
-    TableBlock& table = *desk.child->Doc().Data().Table(512); // more columns than heads
+    TableBlock& table = *test::DataOf(desk.child->Doc()).Table(512); // more columns than heads
     table.AppendRow({Cp932("自動計算(YES_NO)"), "NO"});
     table.AppendRow({"G1", "G2", "A1", "A2", "1", "2", "3"});
     const std::size_t columns = table.columns.size();

@@ -3,6 +3,7 @@
 #include "grid/cell_editor.h"
 #include "panel_desk.h"
 #include "project/text.h"
+#include "tests/document/data_of.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
@@ -167,7 +168,7 @@ void PanelJourneyTest::everythingIsUndoneBackToTheStart()
     Press(Qt::Key_Z, Qt::ControlModifier);
     QVERIFY(*desk.child->Doc().Data().Table(313) == before);
 
-    // Of 1030 edits the last 1024 are taken back.
+    // More than a thousand edits of one cell.
     for (int edit = 0; edit < 1030; ++edit) {
         desk.Grid().SetFocusCell(2, 6);
         Type(QString::number(edit % 2 == 0 ? edit : edit + 5));
@@ -175,7 +176,7 @@ void PanelJourneyTest::everythingIsUndoneBackToTheStart()
     }
     for (int step = 0; step < 1100; ++step)
         Press(Qt::Key_Z, Qt::ControlModifier);
-    QCOMPARE(desk.Cell(2, 6), u"10"_s); // as the sixth edit left it
+    QVERIFY(*desk.child->Doc().Data().Table(313) == before);
 }
 
 void PanelJourneyTest::undoTakesBackWhatWasDoneBeforeRowsWereDeleted()
@@ -298,7 +299,7 @@ void PanelJourneyTest::keysMoveAsInASpreadsheet()
     QFETCH(QList<int>, keys);
     Desk desk;
     desk.child = desk.frame.OpenProject(desk.EmptyProject());
-    TableBlock& table = *desk.child->Doc().Data().Table(313);
+    TableBlock& table = *test::DataOf(desk.child->Doc()).Table(313);
     table.AppendRow({Cp932("自動計算(YES_NO)"), "YES_1", "x", "x", "x", "x", "x", "x", "x"});
     while (table.RowCount() < 5)
         table.AppendRow({"G1", "G2", "A1", "A2", "I", "130", "10", "3", "2.5"});

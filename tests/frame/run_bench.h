@@ -7,6 +7,7 @@
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
 #include "frame/engine_runner.h"
+#include "tests/document/data_of.h"
 
 #include <QDir>
 #include <QMainWindow>
@@ -49,7 +50,7 @@ public:
     [[nodiscard]] RunProject Project()
     {
         RunProject project = RunProjectOf(*child, lock, [this] { return Save(); });
-        project.withoutPanel = [this, real = project.withoutPanel](const std::function<void()>& change) {
+        project.changeProject = [this, real = project.changeProject](const std::function<void()>& change) {
             log += QStringLiteral("panel away");
             real(change);
             log += QStringLiteral("panel back");
@@ -69,7 +70,7 @@ public:
     /// Changes the project in memory.
     void Enter(const char* title)
     {
-        Doc().Data().SetOption(301, 0, title);
+        test::DataOf(Doc()).SetOption(301, 0, title);
         Doc().SetModifiedFlag(true);
     }
     [[nodiscard]] QString Title() { return toQString(Doc().Data().Option(301, 0)); }

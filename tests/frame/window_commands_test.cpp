@@ -11,6 +11,7 @@
 #include "panels/command_text.h"
 #include "panels/panel.h"
 #include "project/catalogue.h"
+#include "tests/document/data_of.h"
 #include "upperview/figure_pane.h"
 #include "upperview/up_view.h"
 
@@ -334,8 +335,8 @@ void WindowCommandsTest::theDataMenuFollowsTheTypeOfTheProject()
 {
     Station station;
     station.child->SwitchToBlock(302); // the panel of 301 would write its own
-    station.Doc().Data().SetOption(301, 2, *fromQString(u"ブラケット"_s));
-    station.Doc().NotifyChanged({301, 2});
+    test::DataOf(station.Doc()).SetOption(301, 2, *fromQString(u"ブラケット"_s));
+    test::TellChanged(station.Doc(), {301, 2});
     for (QAction* top : station.frame->menuBar()->actions()) {
         if (top->text() == u"データ入力(&I)"_s)
             emit top->menu()->aboutToShow();
@@ -639,7 +640,7 @@ void WindowCommandsTest::undoCanBeGivenWhileThereIsSomethingToTakeBack()
 {
     Station station;
     QVERIFY(QTest::qWaitForWindowActive(station.frame.get()));
-    const QAction* undo = station.Action(57643);
+    const QAction* undo = station.Action(Command::Undo);
     station.child->GoToBlock(313);
     station.child->FocusPanel();
     QVERIFY(!undo->isEnabled());
@@ -651,14 +652,14 @@ void WindowCommandsTest::undoCanBeGivenWhileThereIsSomethingToTakeBack()
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_7);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     QVERIFY(undo->isEnabled());
-    station.Give(57643);
+    station.Give(Command::Undo);
     QVERIFY(!undo->isEnabled());
     station.Grid().Delete();
     QVERIFY(undo->isEnabled());
-    station.child->GoToBlock(301); // each block has steps of its own
-    QVERIFY(!undo->isEnabled());
-    station.child->GoToBlock(255); // a report has none
-    QVERIFY(!undo->isEnabled());
+    station.child->GoToBlock(301); // the steps are the project's
+    QVERIFY(undo->isEnabled());
+    station.child->GoToBlock(255);
+    QVERIFY(undo->isEnabled());
 }
 
 void WindowCommandsTest::theSearchKeyStandsInTheSearchLine()

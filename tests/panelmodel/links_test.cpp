@@ -17,7 +17,7 @@ TEST(Links, ASharedOptionIsCopiedToAllItsPlaces)
     CSbdData data;
     const auto panel = MakePanelModel(data, 301);
     Set(*panel, 17, 2, "東北");
-    const std::vector<ChangedRow> changed = panel->Commit();
+    const std::vector<ChangedRow> changed = CommitPanel(*panel, data);
     EXPECT_EQ(Option(data, 521, 5), "東北");
     EXPECT_EQ(Option(data, 721, 10), "東北");
     EXPECT_EQ(Option(data, 701, 17), "東北");
@@ -31,7 +31,7 @@ TEST(Links, EachPlaceOfASharedOptionWritesTheOthers)
     const auto write = [&data](int block, int row, std::string_view text) {
         const auto panel = MakePanelModel(data, block);
         Set(*panel, row, 2, text);
-        panel->Commit();
+        CommitPanel(*panel, data);
     };
     write(521, 3, "横桁腹板");
     EXPECT_EQ(Option(data, 301, 30), "横桁腹板");
@@ -71,7 +71,7 @@ TEST_P(OptionCopies, ACommitOfTheSourceWritesTheTarget)
     CSbdData data;
     const auto panel = MakePanelModel(data, copy.source);
     Set(*panel, copy.sourceRow, 2, "自由な値");
-    EXPECT_THAT(panel->Commit(), Contains(ChangedRow{copy.target, copy.targetRow - 1}));
+    EXPECT_THAT(CommitPanel(*panel, data), Contains(ChangedRow{copy.target, copy.targetRow - 1}));
     EXPECT_EQ(Option(data, copy.target, copy.targetRow), "自由な値");
 }
 
@@ -83,7 +83,7 @@ TEST_P(OptionCopies, AnEmptyValueIsCopiedToo)
     SetOption(data, copy.source, copy.sourceRow, "y");
     const auto panel = MakePanelModel(data, copy.source);
     Set(*panel, copy.sourceRow, 2, "");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(Option(data, copy.target, copy.targetRow), "");
 }
 
@@ -121,7 +121,7 @@ TEST_P(AutomaticRows, TheSwitchOf301MakesTheRowWhereTheBlockIsEmpty)
     ASSERT_EQ(data.RowCount(GetParam().block), 0U);
     const auto panel = MakePanelModel(data, 301);
     Set(*panel, GetParam().optionRow, 2, "値");
-    EXPECT_THAT(panel->Commit(), Contains(ChangedRow{GetParam().block, -1}));
+    EXPECT_THAT(CommitPanel(*panel, data), Contains(ChangedRow{GetParam().block, -1}));
     EXPECT_THAT(Rows(data, GetParam().block), ElementsAre(ElementsAre("自動計算(YES_NO)", "値")));
 }
 
@@ -132,7 +132,7 @@ TEST_P(AutomaticRows, TheSwitchOf301SetsTheValueAndKeepsTheRest)
     AddRow(data, GetParam().block, {"G1", "G2", "b"});
     const auto panel = MakePanelModel(data, 301);
     Set(*panel, GetParam().optionRow, 2, "値");
-    EXPECT_THAT(panel->Commit(), Contains(ChangedRow{GetParam().block, 0}));
+    EXPECT_THAT(CommitPanel(*panel, data), Contains(ChangedRow{GetParam().block, 0}));
     EXPECT_THAT(Rows(data, GetParam().block),
                 ElementsAre(ElementsAre("自動計算(YES_NO)", "値", "a"), ElementsAre("G1", "G2", "b")));
 }
@@ -142,7 +142,7 @@ TEST_P(AutomaticRows, TheValueOfTheRowReachesTheSwitchOf301)
     CSbdData data;
     const auto panel = MakePanelModel(data, GetParam().block);
     Set(*panel, 1, 2, "値");
-    EXPECT_THAT(panel->Commit(), Contains(ChangedRow{301, GetParam().optionRow - 1}));
+    EXPECT_THAT(CommitPanel(*panel, data), Contains(ChangedRow{301, GetParam().optionRow - 1}));
     EXPECT_EQ(Option(data, 301, GetParam().optionRow), "値");
 }
 
@@ -151,7 +151,7 @@ TEST_P(AutomaticRows, TheSiblingsOfTheBlockFollow)
     CSbdData data;
     const auto panel = MakePanelModel(data, GetParam().block);
     Set(*panel, 1, 2, "値");
-    panel->Commit();
+    CommitPanel(*panel, data);
     for (const auto& siblings : {std::vector{331, 332}, std::vector{341, 342, 343, 344}}) {
         if (std::ranges::find(siblings, GetParam().block) == siblings.end())
             continue;
@@ -172,7 +172,7 @@ TEST(Links, TheRibBlocksShowTheirSwitchOf301AndSetIt)
         const auto panel = MakePanelModel(data, block);
         EXPECT_EQ(Text(*panel, 1, 2), "寸法自動") << block;
         Set(*panel, 1, 2, "NO");
-        EXPECT_THAT(panel->Commit(), Contains(ChangedRow{301, row - 1})) << block;
+        EXPECT_THAT(CommitPanel(*panel, data), Contains(ChangedRow{301, row - 1})) << block;
         EXPECT_EQ(Option(data, 301, row), "NO") << block;
     }
 }
@@ -186,13 +186,13 @@ TEST(Links, EachFlangeOf311And721IsThatOf511)
             const auto heights = MakePanelModel(data, 311);
             Set(*heights, row, 2, "");
             Set(*heights, row, 2, type);
-            heights->Commit();
+            CommitPanel(*heights, data);
             EXPECT_EQ(Rows(data, 511).at(static_cast<std::size_t>(row)).at(1), word);
             EXPECT_EQ(Option(data, 721, row), word);
 
             const auto diaphragms = MakePanelModel(data, 721);
             Set(*diaphragms, row, 2, "自由");
-            diaphragms->Commit();
+            CommitPanel(*diaphragms, data);
             EXPECT_EQ(Rows(data, 511).at(static_cast<std::size_t>(row)).at(1), "自由");
         }
     }
@@ -204,9 +204,9 @@ TEST(Links, WhoeverCommitsLastIsRight)
     const auto control = MakePanelModel(data, 301);
     const auto beams = MakePanelModel(data, 521);
     Set(*control, 17, 2, "一般");
-    control->Commit();
+    CommitPanel(*control, data);
     Set(*beams, 5, 2, "東北");
-    beams->Commit();
+    CommitPanel(*beams, data);
     EXPECT_EQ(Option(data, 301, 17), "東北");
     EXPECT_EQ(Option(data, 701, 17), "東北");
 }
@@ -217,7 +217,7 @@ TEST(Links, ASwitchOf301SetsTheAutomaticRowsAndMakesThemWhereMissing)
     AddRow(data, 332, {"自動計算(YES_NO)", "YES", "keep"});
     const auto panel = MakePanelModel(data, 301);
     Set(*panel, 9, 2, "NO");
-    const std::vector<ChangedRow> changed = panel->Commit();
+    const std::vector<ChangedRow> changed = CommitPanel(*panel, data);
     EXPECT_THAT(Rows(data, 331), ElementsAre(ElementsAre("自動計算(YES_NO)", "NO")));
     EXPECT_THAT(Rows(data, 332), ElementsAre(ElementsAre("自動計算(YES_NO)", "NO", "keep")));
     EXPECT_THAT(changed, Contains(ChangedRow{331, -1}));
@@ -231,7 +231,7 @@ TEST(Links, AnAutomaticRowSetsTheSwitchAndItsSiblings)
         AddRow(data, block, {"自動計算(YES_NO)", "YES"});
     const auto panel = MakePanelModel(data, 343);
     Set(*panel, 1, 2, "NO");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(Option(data, 301, 10), "NO");
     for (const int block : {341, 342, 343, 344})
         EXPECT_EQ(Rows(data, block)[0][1], "NO") << block;
@@ -244,7 +244,7 @@ TEST(Links, AnEmptyAutomaticValueIsNotPassedOn)
     SetOption(data, 301, 12, "NO_1");
     const auto panel = MakePanelModel(data, 313);
     Set(*panel, 1, 2, "");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(Option(data, 301, 12), "NO_1");
 }
 
@@ -256,7 +256,7 @@ TEST(Links, TheRibPanelsShowAndSetTheirSwitchOf301)
     EXPECT_EQ(Text(*panel, 1, 2), "YES");
     Set(*panel, 1, 2, "NO");
     EXPECT_TRUE(panel->IsChanged());
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(Option(data, 301, 19), "NO");
     EXPECT_EQ(Rows(data, 326)[0][1], "NO");
     EXPECT_TRUE(data.lRibs.empty());
@@ -267,7 +267,7 @@ TEST(Links, TheFlangeTypesOf311Reach511And721)
     CSbdData data;
     const auto panel = MakePanelModel(data, 311);
     Set(*panel, 1, 2, "桁高に含まない");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_THAT(Rows(data, 511),
                 ElementsAre(ElementsAre("自動計算(YES_NO)", "YES"), ElementsAre("上FLG厚を主桁高に含むか", "NO"),
                             ElementsAre("下FLG厚を主桁高に含むか", "YES")));
@@ -275,7 +275,7 @@ TEST(Links, TheFlangeTypesOf311Reach511And721)
     EXPECT_EQ(Option(data, 721, 2), "YES");
     const auto box = MakePanelModel(data, 721);
     Set(*box, 2, 2, "NO");
-    box->Commit();
+    CommitPanel(*box, data);
     EXPECT_EQ(Rows(data, 511)[2][1], "NO");
 }
 

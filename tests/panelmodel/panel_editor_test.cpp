@@ -139,16 +139,16 @@ TEST_F(PanelEditor, RowsThatAPasteAddedGoWithItsUndo)
     const std::size_t stored = data_.RowCount(panel_->Block());
     editor_->Paste(rows - 1, 1, "a\nb\nc\nd\ne");
     EXPECT_EQ(panel_->GridRows(), rows + 3);
-    panel_->Commit();
+    CommitPanel(*panel_, data_);
     editor_->Undo();
     EXPECT_EQ(panel_->GridRows(), rows);
-    panel_->Commit();
+    CommitPanel(*panel_, data_);
     EXPECT_EQ(data_.RowCount(panel_->Block()), stored) << "the rows are out of the data too";
     EXPECT_FALSE(panel_->IsChanged());
     editor_->Paste(rows, 1, "x\ny");
     EXPECT_EQ(panel_->GridRows(), rows + 1);
     EXPECT_EQ(Text(*panel_, rows + 1, 1), "y");
-    panel_->Commit();
+    CommitPanel(*panel_, data_);
     EXPECT_EQ(data_.RowCount(panel_->Block()), stored + 2);
 }
 
@@ -160,10 +160,10 @@ TEST(PanelEditorOfNames, RowsThatAPasteAddedGoWithItsUndo)
     const int rows = panel->GridRows();
     editor.Paste(rows, 1, "G1\nG2\nG3");
     EXPECT_GT(panel->GridRows(), rows + 2);
-    panel->Commit();
+    CommitPanel(*panel, data);
     editor.Undo();
     EXPECT_EQ(panel->GridRows(), rows);
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_FALSE(panel->IsChanged());
 }
 
@@ -214,10 +214,10 @@ TEST_F(PanelEditor, PasteAndDeletePassOverCellsThatTakeNothing)
 TEST_F(PanelEditor, DeleteIsTakenBackAsAWhole)
 {
     EXPECT_EQ(editor_->Clear({1, 1, 3, 5}), CellEffect::Panel);
-    panel_->Commit();
+    CommitPanel(*panel_, data_);
     EXPECT_EQ(data_.RowCount(305), 0U);
     editor_->Undo();
-    panel_->Commit();
+    CommitPanel(*panel_, data_);
     EXPECT_EQ(data_.RowCount(305), 3U);
     EXPECT_FALSE(panel_->IsChanged());
 }
@@ -232,7 +232,7 @@ TEST_F(PanelEditor, RowsMoveAndComeBack)
     EXPECT_FALSE(editor_->MoveDown(panel_->GridRows()));
     editor_->Undo();
     editor_->Undo();
-    panel_->Commit();
+    CommitPanel(*panel_, data_);
     EXPECT_FALSE(panel_->IsChanged());
 }
 
@@ -244,7 +244,7 @@ TEST_F(PanelEditor, AnInsertedRowPushesTheOthersDown)
     EXPECT_EQ(Text(*panel_, 3, 1), "G2");
     EXPECT_EQ(panel_->GridRows(), rows);
     Set(*panel_, 2, 1, "G1a");
-    panel_->Commit();
+    CommitPanel(*panel_, data_);
     EXPECT_EQ(Rows(data_, 305)[1][0], "G1a");
     EXPECT_EQ(Rows(data_, 305)[3][0], "G3");
 }
@@ -321,7 +321,7 @@ TEST_F(RandomPanelEditing, CommitsAlwaysGiveWhatWritingTheWholeGridGives)
         }
         if (pick(0, 1) == 0)
             continue;
-        panel->Commit();
+        CommitPanel(*panel, data);
         TableBlock expected;
         expected.columns.resize(5);
         for (int gridRow = 1; gridRow <= panel->GridRows(); ++gridRow) {
@@ -335,7 +335,7 @@ TEST_F(RandomPanelEditing, CommitsAlwaysGiveWhatWritingTheWholeGridGives)
     }
     while (editor.Undo()) {
     }
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(*data.Table(305), opened);
     EXPECT_FALSE(panel->IsChanged());
 }

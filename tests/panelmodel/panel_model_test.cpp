@@ -67,9 +67,9 @@ TEST(PanelModel, LookingAtAnyPanelAndLeavingItChangesNothingOfALoadedProjectForT
         const std::unique_ptr<CPanelModel> panel = MakePanelModel(data, number);
         if (!panel)
             continue;
-        panel->Commit();
+        CommitPanel(*panel, data);
         EXPECT_FALSE(panel->IsChanged()) << number;
-        EXPECT_THAT(panel->Commit(), IsEmpty()) << "a second commit wrote again: " << number;
+        EXPECT_THAT(CommitPanel(*panel, data), IsEmpty()) << "a second commit wrote again: " << number;
     }
 }
 
@@ -97,7 +97,7 @@ TEST(OptionPanel, AnEditReachesTheDataAtTheCommit)
     const auto panel = MakePanelModel(data, 302);
     EXPECT_EQ(Set(*panel, 6, 2, "12"), CellEffect::Cell);
     EXPECT_NE(Option(data, 302, 6), "12");
-    EXPECT_THAT(panel->Commit(), Contains(ChangedRow{302, 5}));
+    EXPECT_THAT(CommitPanel(*panel, data), Contains(ChangedRow{302, 5}));
     EXPECT_EQ(Option(data, 302, 6), "12");
 }
 
@@ -109,7 +109,7 @@ TEST(OptionPanel, LabelsAndSpareRowsTakeNothing)
     EXPECT_EQ(Set(*panel, 4, 1, "x"), CellEffect::None);
     EXPECT_EQ(panel->SpareRows(), 50);
     EXPECT_EQ(Set(*panel, 33, 2, "x"), CellEffect::None);
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(data.RowCount(303), 32U);
 }
 
@@ -118,7 +118,7 @@ TEST(OptionPanel, AValueThatIsDeletedLeavesItsRowEmpty)
     CSbdData data;
     const auto panel = MakePanelModel(data, 301);
     Set(*panel, 2, 2, "");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(Option(data, 301, 2), "");
     EXPECT_EQ(data.RowCount(301), 36U);
 }
@@ -129,10 +129,10 @@ TEST(OptionPanel, ChangingBackLeavesTheBlockUnchanged)
     const auto panel = MakePanelModel(data, 302);
     const std::string before = Text(*panel, 2, 2);
     Set(*panel, 2, 2, "局部");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_TRUE(panel->IsChanged());
     Set(*panel, 2, 2, before);
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_FALSE(panel->IsChanged());
 }
 
@@ -142,7 +142,7 @@ TEST(OptionPanel, AfterASaveTheSavedStateIsWhatCounts)
     const auto panel = MakePanelModel(data, 302);
     const std::string before = Text(*panel, 2, 2);
     Set(*panel, 2, 2, "局部");
-    panel->Commit();
+    CommitPanel(*panel, data);
     panel->TakeBaseline();
     EXPECT_FALSE(panel->IsChanged());
     Set(*panel, 2, 2, before);
@@ -211,7 +211,7 @@ TEST(OptionPanel, StringerOptionsStandInATablePanel)
     EXPECT_EQ(panel->ColumnCount(), 3);
     EXPECT_EQ(panel->BlockRows(), 55);
     Set(*panel, 1, 2, "2");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(Option(data, 640, 1), "2");
 }
 
@@ -224,7 +224,7 @@ TEST(TablePanel, AnEditReachesTheDataAtTheCommit)
     AddRow(data, 314, {"G1", "G2", "A1", "A2", "I桁", "200", "16", "SM400"});
     const auto panel = MakePanelModel(data, 314);
     Set(*panel, 2, 8, "SM490Y");
-    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{314, 1}));
+    EXPECT_THAT(CommitPanel(*panel, data), ElementsAre(ChangedRow{314, 1}));
     EXPECT_THAT(Rows(data, 314)[1], ElementsAre("G1", "G2", "A1", "A2", "I桁", "200", "16", "SM490Y"));
 }
 
@@ -234,7 +234,7 @@ TEST(TablePanel, ABlockWithoutRowsBeginsWithItsAutomaticRowAndStaysUnchanged)
     const auto panel = MakePanelModel(data, 314);
     EXPECT_EQ(panel->BlockRows(), 1);
     EXPECT_EQ(Text(*panel, 1, 1), "自動計算(YES_NO)");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_THAT(Rows(data, 314), ElementsAre(ElementsAre("自動計算(YES_NO)", "YES")));
     EXPECT_FALSE(panel->IsChanged());
 }
@@ -245,7 +245,7 @@ TEST(TablePanel, TheAutomaticRowOfANewBlockShowsTheSwitchOf301)
     SetOption(data, 301, 9, "NO");
     const auto panel = MakePanelModel(data, 331);
     EXPECT_EQ(Text(*panel, 1, 2), "NO");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(Option(data, 301, 9), "NO") << "looking at 331 changed the switch";
 }
 
@@ -290,18 +290,18 @@ TEST(TablePanel, ARowAppearsWithItsFirstCellAndGoesWithIt)
     AddRow(data, 305, {"G2", "W3", "W4"});
     const auto panel = MakePanelModel(data, 305);
     Set(*panel, 4, 2, "W7"); // row 4: no first cell yet
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(data.RowCount(305), 2U);
     EXPECT_FALSE(panel->IsChanged());
     Set(*panel, 4, 1, "G4");
-    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{305, -1}));
+    EXPECT_THAT(CommitPanel(*panel, data), ElementsAre(ChangedRow{305, -1}));
     EXPECT_THAT(Rows(data, 305)[2], ElementsAre("G4", "W7"));
     Set(*panel, 1, 1, "");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_THAT(Rows(data, 305), ElementsAre(ElementsAre("G2", "W3", "W4"), ElementsAre("G4", "W7")));
     EXPECT_EQ(Text(*panel, 1, 2), "W1") << "the row left the grid";
     Set(*panel, 2, 2, "W9");
-    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{305, 0})) << "the row stands one higher in the data";
+    EXPECT_THAT(CommitPanel(*panel, data), ElementsAre(ChangedRow{305, 0})) << "the row stands one higher in the data";
     EXPECT_EQ(Rows(data, 305)[0][1], "W9");
 }
 
@@ -312,10 +312,10 @@ TEST(TablePanel, TakingARowOutAndPuttingItBackLeavesTheBlockUnchanged)
     AddRow(data, 305, {"G2", "W3", "W4"});
     const auto panel = MakePanelModel(data, 305);
     Set(*panel, 1, 1, "");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_TRUE(panel->IsChanged());
     Set(*panel, 1, 1, "G1");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_FALSE(panel->IsChanged());
     EXPECT_THAT(Rows(data, 305), ElementsAre(ElementsAre("G1", "W1", "W2"), ElementsAre("G2", "W3", "W4")));
 }
@@ -327,11 +327,11 @@ TEST(TablePanel, RowsMovedInTheGridWithoutTextBetweenLeaveTheBlockUnchanged)
     AddRow(data, 305, {"G2", "W3", "W4"});
     const auto panel = MakePanelModel(data, 305);
     panel->MoveRow(3, 2); // an empty row between the two: nothing to see in the data
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(Text(*panel, 3, 1), "G2");
     EXPECT_FALSE(panel->IsChanged());
     panel->MoveRow(3, 1);
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_TRUE(panel->IsChanged());
     EXPECT_EQ(Rows(data, 305)[0][0], "G2");
 }
@@ -343,7 +343,7 @@ TEST(TablePanel, AStoredRowWithoutFirstCellIsDroppedAndCounts)
     AddRow(data, 305, {"", "W3"});
     AddRow(data, 305, {"G3", "W5"});
     const auto panel = MakePanelModel(data, 305);
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_THAT(Rows(data, 305), ElementsAre(ElementsAre("G1", "W1", "W2"), ElementsAre("G3", "W5")));
     EXPECT_TRUE(panel->IsChanged());
 }
@@ -354,11 +354,11 @@ TEST(TablePanel, ManyNewRowsAtOnceAreWrittenInOrder)
     const auto panel = MakePanelModel(data, 305);
     for (int row = 1; row <= 40; ++row)
         Set(*panel, row, 1, "G" + std::to_string(row));
-    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{305, -1}));
+    EXPECT_THAT(CommitPanel(*panel, data), ElementsAre(ChangedRow{305, -1}));
     ASSERT_EQ(data.RowCount(305), 40U);
     EXPECT_EQ(Rows(data, 305)[39][0], "G40");
     Set(*panel, 40, 2, "W");
-    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{305, 39}));
+    EXPECT_THAT(CommitPanel(*panel, data), ElementsAre(ChangedRow{305, 39}));
 }
 
 TEST(TablePanel, SectionHeadsFollowTheType)
@@ -393,10 +393,10 @@ TEST(TablePanel, TheMethodOf321DecidesWhatTheColumnsMean)
     EXPECT_TRUE(panel->IsLocked(3, 7));
     EXPECT_TRUE(panel->IsLocked(20, 8));
     EXPECT_EQ(Text(*panel, 3, 8), "");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_THAT(Rows(data, 321)[2], ElementsAre("J1", "I桁", "G1", "G2", "C1", "2"));
     Set(*panel, 2, 2, "横桁と垂直補剛材より");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_THAT(Rows(data, 321)[2], ElementsAre("J1", "I桁", "G1", "G2", "C1", "2", "0.5", "溶接継手"))
         << "trying the other method cost what had been typed";
     EXPECT_FALSE(panel->IsChanged());
@@ -414,12 +414,12 @@ TEST(TablePanel, AnEditInABlockOfTenThousandRowsWritesOneRow)
     const auto panel = MakePanelModel(data, 313);
     EXPECT_EQ(panel->BlockRows(), 10000);
     EXPECT_EQ(panel->SpareRows(), 50);
-    EXPECT_THAT(panel->Commit(), IsEmpty());
+    EXPECT_THAT(CommitPanel(*panel, data), IsEmpty());
     Set(*panel, 5000, 6, "140");
-    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{313, 4999}));
+    EXPECT_THAT(CommitPanel(*panel, data), ElementsAre(ChangedRow{313, 4999}));
     EXPECT_TRUE(panel->IsChanged());
     Set(*panel, 5000, 6, "130");
-    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{313, 4999}));
+    EXPECT_THAT(CommitPanel(*panel, data), ElementsAre(ChangedRow{313, 4999}));
     EXPECT_FALSE(panel->IsChanged());
 }
 
@@ -428,11 +428,11 @@ TEST(TablePanel, ALineNameOf412NeverBecomesTheSwitchOfItsFirstRow)
     CSbdData data;
     const auto panel = MakePanelModel(data, 412);
     EXPECT_EQ(Set(*panel, 2, 1, "L1"), CellEffect::Panel);
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_THAT(Rows(data, 412), ElementsAre(ElementsAre("YES"), ElementsAre("L1")));
     Set(*panel, 1, 1, "NO");
     Set(*panel, 3, 1, "L2");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_THAT(Rows(data, 412), ElementsAre(ElementsAre("NO"), ElementsAre("L1"), ElementsAre("L2")));
 }
 

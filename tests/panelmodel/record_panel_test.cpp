@@ -32,7 +32,7 @@ TEST(HeightPanel, ShowsTypesAndRecordsAndWritesThemBack)
     EXPECT_EQ(Text(*panel, 5, 7), "");
     Set(*panel, 5, 7, "0.75");
     Set(*panel, 6, 1, "G2");
-    panel->Commit();
+    CommitPanel(*panel, data);
     ASSERT_EQ(data.hGirder.records.size(), 2U);
     EXPECT_EQ(data.hGirder.records[0].numbers[2], 0.75);
     EXPECT_EQ(data.hGirder.records[1].names[0], "G2");
@@ -51,11 +51,11 @@ TEST(HeightPanel, TheTypesDecideWhichNumbersThereAre)
     EXPECT_TRUE(panel->IsLocked(5, 10));
     Set(*panel, 3, 2, "直線");
     EXPECT_EQ(Text(*panel, 5, 11), "7") << "trying another type cost what had been typed";
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(data.hGirder.records[0].numbers[6], 7);
     Set(*panel, 3, 2, "線形(入力)");
     Set(*panel, 4, 2, "線形(入力)");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(data.hGirder.records[0].numbers[2], 3);
     EXPECT_FALSE(IsGiven(data.hGirder.records[0].numbers[3]));
 }
@@ -67,7 +67,7 @@ TEST(HeightPanel, NumbersThatAreNotTouchedKeepAllTheirDigits)
     const auto panel = MakePanelModel(data, 311);
     EXPECT_EQ(Text(*panel, 5, 5), "2.123457");
     Set(*panel, 5, 6, "1");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(data.hGirder.records[0].numbers[0], 2.123456789);
     Set(*panel, 5, 6, "");
     EXPECT_FALSE(panel->IsChanged());
@@ -79,10 +79,10 @@ TEST(HeightPanel, ARowGoesWhenAllItsCellsAreEmpty)
     data.hGirder.records = {Height({"G1", "", "", ""}, {2}), Height({"G2", "", "", ""}, {3})};
     const auto panel = MakePanelModel(data, 311);
     Set(*panel, 5, 1, "");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(data.hGirder.records.size(), 2U) << "a record without a name still has its number";
     Set(*panel, 5, 5, "");
-    EXPECT_THAT(panel->Commit(), Contains(ChangedRow{311, -1}));
+    EXPECT_THAT(CommitPanel(*panel, data), Contains(ChangedRow{311, -1}));
     ASSERT_EQ(data.hGirder.records.size(), 1U);
     EXPECT_EQ(data.hGirder.records[0].names[0], "G2");
 }
@@ -95,7 +95,7 @@ TEST(HeightPanel, SingleSectionsGetTheirFixedNamesUnasked)
     EXPECT_EQ(Text(*panel, 5, 1), "G");
     EXPECT_EQ(Text(*panel, 5, 4), "右");
     EXPECT_EQ(FromCp932(panel->Head(5)), "\n桁高(m)");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_FALSE(panel->IsChanged());
     ASSERT_EQ(data.hGirder.records.size(), 1U);
     EXPECT_EQ(data.hGirder.records[0].names[1], "G");
@@ -178,7 +178,7 @@ TEST(CrossRibPanel, TheCountSaysHowManySpacingsAreShown)
     Set(*panel, 2, 10, "1");
     EXPECT_EQ(Text(*panel, 2, 11), "1.5");
     Set(*panel, 2, 10, "2");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_FALSE(panel->IsChanged());
 }
 
@@ -235,7 +235,7 @@ TEST(CrossRibPanel, ShowsARecordAndItsAutomaticRow)
     EXPECT_EQ(Text(*panel, 2, 12), "1.5, 2");
     EXPECT_EQ(Text(*panel, 2, 13), "150, 10, 110, 12");
     EXPECT_EQ(Text(*panel, 3, 6), "");
-    EXPECT_THAT(panel->Commit(), IsEmpty());
+    EXPECT_THAT(CommitPanel(*panel, data), IsEmpty());
     EXPECT_EQ(data.crossRibs[0], record);
 }
 
@@ -249,7 +249,7 @@ TEST(CrossRibPanel, WhatIsTypedBecomesAWholeRecord)
     Set(*panel, 2, 11, "1.2, 1.3");
     Set(*panel, 2, 12, "基準線");
     Set(*panel, 2, 13, "100,9");
-    panel->Commit();
+    CommitPanel(*panel, data);
     ASSERT_EQ(data.crossRibs.size(), 1U);
     const CrossRibRecord& record = data.crossRibs[0];
     EXPECT_THAT(record.sizes, ElementsAre(250, 0, 0, 0));
@@ -272,7 +272,7 @@ TEST(LRibPanel, WritesBothSides)
     Set(*panel, 2, 7, "1");
     Set(*panel, 2, 8, "312.5 300");
     Set(*panel, 2, 9, "等間隔");
-    panel->Commit();
+    CommitPanel(*panel, data);
     ASSERT_EQ(data.lRibs.size(), 1U);
     EXPECT_THAT(data.lRibs[0].left.numbers, ElementsAre(312.5, 300));
     EXPECT_EQ(FromCp932(data.lRibs[0].right.word), "等間隔");
@@ -290,7 +290,7 @@ TEST(NamePanel, TheListsCloseUpWhenWritten)
     EXPECT_EQ(Text(*panel, 4, 2), "A2");
     Set(*panel, 3, 2, "");
     Set(*panel, 6, 3, "CL");
-    EXPECT_THAT(panel->Commit(), ElementsAre(ChangedRow{501, -1}));
+    EXPECT_THAT(CommitPanel(*panel, data), ElementsAre(ChangedRow{501, -1}));
     EXPECT_THAT(data.Names(501)->lists[1], ElementsAre("A1", "A2"));
     EXPECT_THAT(data.Names(501)->lists[2], ElementsAre("CL"));
     EXPECT_TRUE(panel->IsChanged());
@@ -303,7 +303,7 @@ TEST(NamePanel, TheSwitchOfRow1IsAValueOfTheBlock)
     EXPECT_EQ(panel->ColumnCount(), 5);
     EXPECT_THAT(Words(*panel, 1, 2), ElementsAre("YES", "NO"));
     Set(*panel, 1, 2, "NO");
-    panel->Commit();
+    CommitPanel(*panel, data);
     EXPECT_EQ(data.Names(702)->autoValue, "NO");
 }
 

@@ -5,6 +5,7 @@
 #include "panelmodel/panel_model.h"
 #include "panels/panel.h"
 #include "project/catalogue.h"
+#include "tests/document/data_of.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -208,8 +209,8 @@ void PanelTest::WhatSomebodyElseWritesIsShownAndAnOpenEditorKeepsItsText()
     Key(Qt::Key_F2);
     EditorLine(Editor())->setText(u"半分"_s);
     EditorLine(Editor())->setCursorPosition(1);
-    doc_->Data().SetOption(301, 2, "UC-GRID");
-    doc_->NotifyChanged({301, 2});
+    test::DataOf(*doc_).SetOption(301, 2, "UC-GRID");
+    test::TellChanged(*doc_, {301, 2});
     QCOMPARE(panel_->Grid()->Source()->Text(3, 2), u"UC-GRID"_s);
     QCOMPARE(panel_->Grid()->FocusCell(), (GridCell{20, 2}));
     QCOMPARE(panel_->Grid()->verticalScrollBar()->value(), scrolled);
@@ -589,7 +590,7 @@ void PanelTest::TheGridIsNamedAfterItsBlock()
 
 void PanelTest::TenThousandRowsOpenQuickly()
 {
-    TableBlock& table = *doc_->Data().Table(313);
+    TableBlock& table = *test::DataOf(*doc_).Table(313);
     while (table.RowCount() < 10000)
         table.AppendRow({"G1", "G4", "S1", "C1", "I", "130", "10", "3", "2.5 2.5 2.5"});
     QElapsedTimer clock;

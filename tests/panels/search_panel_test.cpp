@@ -3,6 +3,7 @@
 #include "grid/cell_editor.h"
 #include "grid/grid_ctrl.h"
 #include "panels/search_panel.h"
+#include "tests/document/data_of.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -337,7 +338,7 @@ void SearchPanelTest::TheAnswerOfAQuestionIsShownWithLinks()
 
 void SearchPanelTest::AnOptionRowIsShownWithItsValue()
 {
-    doc_->Data().SetOption(303, 18, "0.80");
+    test::DataOf(*doc_).SetOption(303, 18, "0.80");
     Line(u"SPLICE_075"_s);
     GoTo(RowWith(u"   303 --->"_s));
     QVERIFY(Detail().contains(u"現在の入力：0.80"_s));

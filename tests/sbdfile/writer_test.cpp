@@ -1,6 +1,7 @@
 #include "project/catalogue.h"
 #include "project/option_rows.h"
 #include "sbdfile/layout.h"
+#include "sbdfile/reader.h"
 #include "sbdfile/writer.h"
 #include "tests/sbdfile/sections.h"
 
@@ -237,9 +238,11 @@ TEST(WriterOptions, ABlock301WithoutRowsIsRebuiltWith32)
     CSbdData data;
     data.Options(301)->clear();
     const std::string saved = WriteProject(data);
-    ASSERT_EQ(data.Options(301)->size(), 32U);
+    CSbdData read;
+    ReadProject(saved, read);
+    ASSERT_EQ(read.Options(301)->size(), 32U);
     std::vector<std::string> values;
-    for (const std::string& value : *data.Options(301))
+    for (const std::string& value : *read.Options(301))
         values.push_back(FromCp932(value));
     std::vector<std::string> expected = {"SBD1", "YES", "YES", "NO", "NO", "NO", "NO", "NO"};
     expected.resize(21, "YES");

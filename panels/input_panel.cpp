@@ -1,0 +1,390 @@
+#include "panels/input_panel.h"
+
+#include "document/cell_input.h"
+#include "document/section_doc.h"
+#include "grid/grid_ctrl.h"
+#include "panelmodel/panel_model.h"
+#include "panels/command_text.h"
+#include "panels/panel_source.h"
+#include "project/catalogue.h"
+#include "project/text.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QInputMethod>
+#include <QMenu>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace sbd {
+
+namespace {
+
+/// "313 垂直補剛材": what the menu calls the block.
+QString NameOfBlock(int block)
+{
+    const CatalogueRow* row = FindBlock(block);
+    const QString number = QString::number(block);
+    const QString text = row ? QString::fromUtf8(row->menuText.data(), qsizetype(row->menuText.size())) : QString();
+    return text.startsWith(number) ? text : number + u' ' + text;
+}
+
+std::string Number(int number)
+{
+    std::string text;
+    AppendFixed(text, number, 0, 0);
+    return text;
+}
+
+/// A head in one line.
+std::string OneLine(std::string head)
+{
+    std::ranges::replace(head, '\n', ' ');
+    return std::string(Trim(head));
+}
+
+/// "313 間隔 5行" for a cell, "313 5行 貼り付け" for more.
+std::string NameOf(const CPanelModel& model, const EditDone& done)
+{
+    const std::string block = Number(model.Block());
+    const std::string row = Number(done.place.row) + Cp932("行");
+    switch (done.command) {
+    case EditCommand::Cell:
+        return block + ' ' + OneLine(model.Head(done.place.column)) + ' ' + row;
+    case EditCommand::Clear:
+        return block + ' ' + row + Cp932(" 消去");
+    case EditCommand::Paste:
+        return block + ' ' + row + Cp932(" 貼り付け");
+    case EditCommand::MoveUp:
+        return block + ' ' + row + Cp932(" 順序上へ移動");
+    case EditCommand::MoveDown:
+        return block + ' ' + row + Cp932(" 順序下へ移動");
+    case EditCommand::InsertRow:
+        break;
+    }
+    return block + ' ' + row + Cp932(" 挿入行");
+}
+
+PanelSettings SettingsOf(const CKELDSectionDoc& doc)
+{
+    return {doc.comboOrList != kPlainCells, doc.rowWidthMode};
+}
+
+} // namespace
+
+CInputPanel::CInputPanel(CKELDSectionDoc* doc, int block, QWidget* parent) : CPanel(doc, block, parent), block_(block)
+{
+    // An edit that ends without moving the focus, as in the last row; most edits are written by the focus before that.
+    connect(Grid(), &CGridCtrl::cellEdited, this, &CInputPanel::CommitGrid, Qt::QueuedConnection);
+    connect(Grid(), &CGridCtrl::listChosen, this, &CInputPanel::CommitGrid);
+    connect(Grid(), &CGridCtrl::cellsChanged, this, &CInputPanel::CommitGrid);
+    connect(doc, &CKELDSectionDoc::aboutToSave, this, &CInputPanel::OnAboutToSave);
+    connect(doc, &CKELDSectionDoc::modifiedChanged, this, &CInputPanel::OnModifiedChanged);
+    connect(doc, &CKELDSectionDoc::changed, this, &CInputPanel::OnChanged);
+    connect(doc, &CKELDSectionDoc::stepped, this, &CInputPanel::OnStepped);
+    connect(doc, &CKELDSectionDoc::historyChanged, this, &CInputPanel::undoChanged);
+    connect(doc, &CKELDSectionDoc::reloaded, this, &CInputPanel::SetUp);
+    Grid()->show();
+    SetUp();
+}
+
+CInputPanel::~CInputPanel()
+{
+    Grid()->SetSource(nullptr);
+}
+
+/// Builds the grid from the document; what an earlier grid had not written is dropped.
+void CInputPanel::SetUp()
+{
+    SetUpWith({});
+}
+
+void CInputPanel::SetUpWith(const LooseRows& loose)
+{
+    Grid()->SetSource(nullptr);
+    source_.reset();
+    model_ = MakePanelModel(Doc().Data(), OpenedFor(), SettingsOf(Doc()));
+    firstCommit_ = true;
+    wasModified_ = false;
+    if (!model_)
+        return;
+    block_ = model_->Block();
+    model_->PutLoose(loose);
+    loose_ = model_->Loose();
+    source_ = std::make_unique<CPanelSource>(*model_);
+    source_->undo = [this] { StepHere(false); };
+    source_->canUndo = [this] { return Doc().NextUndo() != nullptr; };
+    Grid()->SetRowHeight(Doc().display.rowHeight);
+    Grid()->SetSource(source_.get());
+    Grid()->setAccessibleName(NameOfBlock(block_));
+    Doc().SetHelpCell(block_, 0, 0);
+    RestoreCell();
+    emit undoChanged();
+}
+
+// --- writing back ------------------------------------------------------------------------------------
+
+void CInputPanel::CommitGrid()
+{
+    if (!model_ || committing_)
+        return;
+    if (firstCommit_)
+        wasModified_ = wasModified_ || Doc().IsModified();
+    firstCommit_ = false;
+    const QScopedValueRollback committing(committing_, true);
+    const std::optional<EditDone> done = source_->Editor().Done();
+    PanelEdit edit;
+    edit.place.block = block_;
+    if (done) {
+        const int column = done->place.column > 0 ? done->place.column : Grid()->FocusCell().column;
+        edit.place = {block_, done->place.row, column};
+        edit.name = NameOf(*model_, *done);
+    }
+    edit.write = [this](CProjectWriter& writer) { model_->Commit(writer); };
+    edit.isModified = [this] { return model_->IsChanged() || (wasModified_ && Doc().IsModified()); };
+    edit.looseBefore = loose_;
+    edit.looseAfter = [this] { return loose_ = model_->Loose(); };
+    source_->Editor().ForgetDone();
+    Doc().Commit(edit);
+    if (!done)
+        loose_ = model_->Loose();
+}
+
+void CInputPanel::OnCellEntered(int row, int column)
+{
+    CommitGrid();
+    CPanel::OnCellEntered(row, column);
+}
+
+void CInputPanel::OnAboutToSave()
+{
+    Grid()->CommitEditor(tr("それまでは、元の値がファイルに書かれます。"));
+    CommitGrid();
+}
+
+void CInputPanel::OnModifiedChanged(bool modified)
+{
+    if (committing_ || !model_)
+        return;
+    wasModified_ = modified;
+    if (!modified) // saved: this is what the next change is measured by
+        model_->TakeBaseline();
+}
+
+void CInputPanel::OnChanged()
+{
+    if (committing_ || Doc().IsStepping())
+        return;
+    if (model_)
+        SetUpAnew();
+    wasModified_ = true; // somebody else wrote to the document
+}
+
+/// Shows what somebody else wrote: the block's own rows, or what its heads, locks and lists follow. Cell, scroll position
+/// and the text of an open editor stay.
+bool CInputPanel::SetUpAnew()
+{
+    QGuiApplication::inputMethod()->commit();
+    CommitGrid(); // an edit that has ended but waits for its turn
+    ShowAnew(model_->Loose());
+    return true;
+}
+
+/// Builds the grid from the data, with what it holds beside them.
+void CInputPanel::ShowAnew(const LooseRows& loose)
+{
+    const QWidget* focus = QApplication::focusWidget();
+    const bool hadFocus = focus && (focus == Grid() || Grid()->isAncestorOf(focus));
+    const std::optional<CGridCtrl::OpenText> open = Grid()->Edited();
+    KeepPlace();
+    SetUpWith(loose);
+    if (hadFocus)
+        Grid()->setFocus();
+    if (open && model_)
+        Grid()->EditAgain(*open);
+}
+
+// --- taking back and making again --------------------------------------------------------------------
+
+void CInputPanel::StepHere(bool redo)
+{
+    if (Grid()->IsEditing() && !Grid()->CommitEditor())
+        return;
+    CommitGrid();
+    const EditStep* step = redo ? Doc().NextRedo() : Doc().NextUndo();
+    if (step == nullptr)
+        return;
+    if (step->place.block != 0 && step->place.block != block_)
+        emit otherBlockWanted(redo);
+    else if (redo)
+        Doc().Redo();
+    else
+        Doc().Undo();
+}
+
+void CInputPanel::OnStepped(const EditPlace& place, const LooseRows& loose)
+{
+    if (!model_)
+        return;
+    ShowAnew(place.block == block_ ? loose : model_->Loose());
+    if (place.block == block_ && place.row > 0)
+        GoToCell(std::min(place.row, model_->GridRows()), place.column);
+    emit undoChanged();
+}
+
+bool CInputPanel::MayClose()
+{
+    return !model_ || Grid()->CommitEditor();
+}
+
+void CInputPanel::ClosePanel()
+{
+    if (!model_)
+        return;
+    Grid()->CommitEditor();
+    KeepPlace();
+    Doc().SetHelpCell(-1, 0, 0);
+    CommitGrid();
+    Grid()->SetSource(nullptr);
+    source_.reset();
+    model_.reset();
+    Doc().ForgetGrid(block_);
+}
+
+// --- focus and scroll position -----------------------------------------------------------------------
+
+void CInputPanel::KeepPlace()
+{
+    const GridCell focus = Grid()->FocusCell();
+    const GridRange range = Grid()->SelectedRange();
+    const bool allSelected =
+        focus.row <= 1 && focus.column <= 1 && range.top == 1 && range.bottom == model_->GridRows();
+    CellMemory& memory = Doc().MemoryOf(block_);
+    memory.horizontal = Grid()->horizontalScrollBar()->value();
+    memory.vertical = Grid()->verticalScrollBar()->value();
+    memory.row = allSelected ? 0 : focus.row;
+    memory.column = focus.column;
+}
+
+void CInputPanel::RestoreCell()
+{
+    const CellMemory& memory = Doc().MemoryOf(block_);
+    if (memory.row <= 0 || memory.row > model_->GridRows())
+        return;
+    Grid()->SetFocusCell(memory.row, memory.column);
+    scrollToRestore_ = true;
+    if (isVisible())
+        RestoreScroll();
+}
+
+void CInputPanel::RestoreScroll()
+{
+    if (!scrollToRestore_ || !model_)
+        return;
+    scrollToRestore_ = false;
+    const CellMemory& memory = Doc().MemoryOf(block_);
+    Grid()->horizontalScrollBar()->setValue(memory.horizontal);
+    Grid()->verticalScrollBar()->setValue(memory.vertical);
+}
+
+void CInputPanel::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (scrollToRestore_)
+        QTimer::singleShot(0, this, &CInputPanel::RestoreScroll); // when the grid has its size
+}
+
+void CInputPanel::GoToCell(int row, int column)
+{
+    scrollToRestore_ = false;
+    CPanel::GoToCell(row, column);
+}
+
+// --- commands ----------------------------------------------------------------------------------------
+
+bool CInputPanel::CanMoveRowUp() const
+{
+    return model_ && model_->CanMoveUp(Grid()->FocusCell().row);
+}
+
+bool CInputPanel::CanMoveRowDown() const
+{
+    return model_ && model_->CanMoveDown(Grid()->FocusCell().row);
+}
+
+bool CInputPanel::CanInsertRow() const
+{
+    return model_ && model_->CanInsert(Grid()->FocusCell().row);
+}
+
+void CInputPanel::MoveRowUp()
+{
+    if (!Grid()->CommitEditor())
+        return;
+    const int row = Grid()->FocusCell().row;
+    if (model_ && source_->Editor().MoveUp(row))
+        AfterRowCommand(row - 1);
+}
+
+void CInputPanel::MoveRowDown()
+{
+    if (!Grid()->CommitEditor())
+        return;
+    const int row = Grid()->FocusCell().row;
+    if (model_ && source_->Editor().MoveDown(row))
+        AfterRowCommand(row + 1);
+}
+
+void CInputPanel::InsertRow()
+{
+    if (!Grid()->CommitEditor())
+        return;
+    const int row = Grid()->FocusCell().row;
+    if (model_ && source_->Editor().InsertRow(row))
+        AfterRowCommand(row);
+}
+
+void CInputPanel::AfterRowCommand(int row)
+{
+    const int column = Grid()->FocusCell().column;
+    Grid()->ShowAll();
+    Grid()->SetFocusCell(row, column);
+    CommitGrid();
+    emit undoChanged();
+}
+
+bool CInputPanel::CanAddRows() const
+{
+    return model_ && model_->TakesRows();
+}
+
+void CInputPanel::AddRows(int count)
+{
+    if (model_ && count > 0 && model_->AddRows(count))
+        Grid()->ShowAll();
+}
+
+void CInputPanel::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (!model_)
+        return;
+    const QPoint inCells = Grid()->viewport()->mapFromGlobal(event->globalPos());
+    if (!Grid()->viewport()->rect().contains(inCells) || !Grid()->indexAt(inCells).isValid())
+        return;
+    QMenu menu(this);
+    FillContextMenu(menu, MenuId::GridContext,
+                    {{Command::Cut, [this] { Cut(); }},
+                     {Command::Copy, [this] { Copy(); }},
+                     {Command::Paste, [this] { Paste(); }},
+                     {Command::Delete, [this] { Delete(); }},
+                     {Command::MoveRowUp, [this] { MoveRowUp(); }, CanMoveRowUp()},
+                     {Command::MoveRowDown, [this] { MoveRowDown(); }, CanMoveRowDown()},
+                     {Command::InsertRow, [this] { InsertRow(); }, CanInsertRow()}});
+    menu.exec(event->globalPos());
+}
+
+} // namespace sbd

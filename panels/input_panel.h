@@ -1,0 +1,71 @@
+// CInputPanel: one block of the project as a grid to type in.
+#pragma once
+
+#include "panels/panel.h"
+#include "project/edit_history.h"
+
+namespace sbd {
+
+class CPanelSource;
+
+/// One block on show. Holds nothing lasting: what the user types is handed to the document when the focus moves, before
+/// a save and in ClosePanel(). A panel that is deleted without being closed leaves the document as it is.
+class CInputPanel : public CPanel {
+    Q_OBJECT
+
+public:
+    /// `block` with the alias step done; one that has a grid.
+    CInputPanel(CKELDSectionDoc* doc, int block, QWidget* parent = nullptr);
+    ~CInputPanel() override;
+
+    [[nodiscard]] int Block() const override { return block_; }
+    /// Null behind ClosePanel().
+    [[nodiscard]] CPanelModel* Model() const override { return model_.get(); }
+
+    void CommitGrid() override;
+    [[nodiscard]] bool MayClose() override;
+    void ClosePanel() override;
+    void KeepPlace() override;
+    /// Cell, scroll position and the text of an open editor stay.
+    bool SetUpAnew() override;
+    void GoToCell(int row, int column) override;
+    void Redo() override { StepHere(true); }
+
+    [[nodiscard]] bool CanAddRows() const override;
+    [[nodiscard]] bool CanMoveRowUp() const override;
+    [[nodiscard]] bool CanMoveRowDown() const override;
+    [[nodiscard]] bool CanInsertRow() const override;
+    void MoveRowUp() override;
+    void MoveRowDown() override;
+    void InsertRow() override;
+    void AddRows(int count) override;
+
+protected:
+    void OnCellEntered(int row, int column) override;
+    void showEvent(QShowEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    void SetUp();
+    void SetUpWith(const LooseRows& loose);
+    void RestoreCell();
+    void RestoreScroll();
+    void OnAboutToSave();
+    void OnModifiedChanged(bool modified);
+    void OnChanged();
+    void OnStepped(const EditPlace& place, const LooseRows& loose);
+    void StepHere(bool redo);
+    void ShowAnew(const LooseRows& loose);
+    void AfterRowCommand(int row);
+
+    int block_;
+    std::unique_ptr<CPanelModel> model_;
+    std::unique_ptr<CPanelSource> source_;
+    LooseRows loose_; // of the grid, as it was when it was last committed
+    bool firstCommit_ = true;
+    bool wasModified_ = false; // not by this panel: its undoing must not clear the document's flag
+    bool committing_ = false;
+    bool scrollToRestore_ = false;
+};
+
+} // namespace sbd
