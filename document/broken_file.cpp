@@ -1,11 +1,11 @@
 #include "document/broken_file.h"
 
+#include "project/block_rules.h"
 #include "project/catalogue.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
 #include "sbdfile/line_reader.h"
 #include "sbdfile/reader.h"
-#include "sbdfile/reader_rules.h"
 
 #include <algorithm>
 #include <set>
