@@ -19,8 +19,9 @@ namespace sbd {
 
 namespace {
 
-/// The toolkit calls exit() when it loses the screen. What belongs to a thread goes first then, before the tables that a
-/// copy is written by. No window can be used any more.
+#ifdef Q_OS_UNIX
+/// The toolkit calls exit() when it loses the screen, which Windows does not take from a program. What belongs to a thread
+/// goes first then, before the tables that a copy is written by. No window can be used any more.
 class KeepsCopiesAtExit {
 public:
     KeepsCopiesAtExit() = default;
@@ -39,7 +40,6 @@ private:
 
 thread_local KeepsCopiesAtExit atExit;
 
-#ifdef Q_OS_UNIX
 constexpr int kEndSignals[] = {SIGTERM, SIGHUP, SIGINT};
 constexpr int kExitOfSignal = 128; // what shells report for a program that a signal has ended
 
@@ -71,8 +71,8 @@ void SetHandler(void (*handler)(int))
 
 CEndSignals::CEndSignals(CMainFrame& frame) : frame_(frame)
 {
-    atExit.Watch(&frame);
 #ifdef Q_OS_UNIX
+    atExit.Watch(&frame);
     if (::pipe(signalPipe.data()) != 0)
         return;
     for (const int end : signalPipe) {
@@ -87,8 +87,8 @@ CEndSignals::CEndSignals(CMainFrame& frame) : frame_(frame)
 
 CEndSignals::~CEndSignals()
 {
-    atExit.Watch(nullptr);
 #ifdef Q_OS_UNIX
+    atExit.Watch(nullptr);
     if (notifier_ == nullptr)
         return;
     SetHandler(SIG_DFL);

@@ -2,6 +2,7 @@
 #include "commands/commands.h"
 #include "document/file_name.h"
 #include "document/section_doc.h"
+#include "frame/about_text.h"
 #include "frame/child_frame.h"
 #include "frame/command_actions.h"
 #include "frame/language.h"
@@ -350,9 +351,8 @@ void CMainFrame::SavePicture(CChildFrame& child)
 void CMainFrame::ShowAbout()
 {
     QMessageBox::about(this, u"バージョン情報"_s,
-                       u"KELD section\n鋼橋上部工 自動設計システム 入力ステーション\n\n"
-                       u"システムの版: %1\nこのプログラムの版: %2"_s.arg(actions_->Of(Command::Version)->text(),
-                                                                         QApplication::applicationVersion()));
+                       AboutText(actions_->Of(Command::Version)->text(), QApplication::applicationVersion(),
+                                 QApplication::applicationDirPath()));
 }
 
 } // namespace sbd

@@ -1,5 +1,7 @@
 #include "frame/profile.h"
 
+#include "frame/desktop_recent.h"
+
 #include <QFileInfo>
 #include <QStringDecoder>
 
@@ -114,6 +116,7 @@ void CRecentFiles::Add(const QString& path)
     QStringList files = ListWithout(path);
     files.prepend(QFileInfo(path).absoluteFilePath());
     CProfile().setValue(kRecentFilesKey, QStringList(files.mid(0, kMost)));
+    TellDesktopOfProject(path);
 }
 
 } // namespace sbd

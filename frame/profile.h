@@ -30,7 +30,7 @@ public:
     static constexpr int kMost = 20;
 
     [[nodiscard]] static QStringList List();
-    /// Puts a path in front.
+    /// Puts a path in front, and tells the desktop of it.
     static void Add(const QString& path);
     /// Takes a path off the list.
     static void Remove(const QString& path);

@@ -43,6 +43,10 @@ control_fields() {
     for needed in fonts-ipafont-gothic libqt6widgets6 libqt6gui6 libqt6network6 libqt6printsupport6 libc6; do
         [[ $depends == *" $needed "* || $depends == *" $needed, "* ]] || { echo "Depends lacks $needed"; return 1; }
     done
+    depends=" $(dpkg-deb --field "$package" Suggests), "
+    for needed in qt6-wayland fcitx5-frontend-qt6 qt6-qpa-plugins; do
+        [[ $depends == *" $needed, "* ]] || { echo "Suggests lacks $needed"; return 1; }
+    done
     others=$(dpkg-deb --ctrl-tarfile "$package" | tar --list | grep -vxE '\./?|\./(control|md5sums)' || true)
     [[ -z $others ]] || { echo "beside control and md5sums: $others"; return 1; }
     dpkg-deb --show --showformat '${Package} ${Version} ${Architecture}, ${Installed-Size} kB\n' "$package"
@@ -63,6 +67,8 @@ unpacked_files() {
         [[ $file == bin/* ]] || file=share/$file
         [[ -s $files/usr/$file ]] || { echo "missing: /usr/$file"; missing=1; }
     done
+    # What the about box leads to.
+    grep -qF LGPL "$files/usr/share/doc/sbdstation/copyright" || { echo "the copyright file lacks Qt"; missing=1; }
     # Every file of the examples is packed; the README tells another way to start them.
     diff --recursive --brief --exclude=README.md examples "$files/usr/share/doc/sbdstation/examples"
     return "$missing"

@@ -150,6 +150,37 @@ resources() {
     done
 }
 
+# A signature of Windows' kind stands in a program, whoever has given it.
+signed() { x86_64-w64-mingw32-objdump -p "$1" | grep -E '^Entry 4 [0-9a-f]*[1-9a-f][0-9a-f]* .*Security' >/dev/null; }
+signatures() {
+    local file yes=0
+    for file in "$setup" "$portable"/sbd*.exe; do
+        ! signed "$file" || yes=$((yes + 1))
+    done
+    [[ $yes -eq 0 || $yes -eq 4 ]] || fail "$yes of 4 programs are signed"
+    echo "$yes of 4 programs are signed"
+    local warns=no
+    ! grep -q '発行元の署名がない' "$portable/README.ja.txt" || warns=yes
+    [[ $yes$warns == 0yes || $yes$warns == 4no ]] || fail "README.ja.txt tells of the signature otherwise"
+}
+
+winget_manifests() {
+    local file field listed
+    listed() { sed -n "s/^[- ]*$1: *\"\?\([^\"]*\)\"\?\$/\1/p" "$dist/winget/KELD.Section$2.yaml" | sort -u; }
+    ! grep -n '@[A-Z0-9_]*@' "$dist"/winget/*.yaml || fail "names that should have been replaced"
+    for file in '' .installer .locale.ja-JP; do
+        for field in PackageIdentifier:KELD.Section PackageVersion:"$version" ManifestVersion:1.6.0; do
+            expect "${field%%:*}$file" "$(listed "${field%%:*}" "$file")" "${field#*:}"
+        done
+    done
+    expect "manifests" "$(find "$dist/winget" -type f | wc -l)" 3
+    expect "DefaultLocale" "$(listed DefaultLocale '')" "$(listed PackageLocale .locale.ja-JP)"
+    expect "InstallerType" "$(listed InstallerType .installer)" nullsoft
+    expect "Scope" "$(listed Scope .installer)" user
+    expect "InstallerSha256" "$(listed InstallerSha256 .installer)" "$(sha256sum "$setup" | cut -d ' ' -f 1 | tr a-f A-F)"
+    [[ $(listed InstallerUrl .installer) == https://*/${setup##*/} ]] || fail "InstallerUrl"
+}
+
 fresh_prefix() {
     windows wineboot --init >/dev/null 2>&1
     windows reg add 'HKCU\Software\Wine' /v Version /d win10 /f >/dev/null
@@ -218,6 +249,13 @@ silent_install() {
     expect "DisplayVersion" "$(value "$uninstall_key" DisplayVersion)" "$version"
     expect "UninstallString" "$(value "$uninstall_key" UninstallString)" "\"$place\\uninstall.exe\""
     (($(value "$uninstall_key" EstimatedSize) > 20000)) || fail "EstimatedSize"
+    expect "winget's name of the entry" "$(value "$uninstall_key" DisplayName)" \
+        "$(sed -n 's/^ *ProductCode: //p' "$dist/winget/KELD.Section.installer.yaml")"
+    ! signed "$setup" || signed "$installed/uninstall.exe" || fail "the uninstaller is not signed"
+    # An installation that was broken off, before its list came, is done again.
+    rm "$installed"/{uninstall.lst,examples/plate4/plate4.abd}
+    windows "$setup" /S
+    diff --recursive --brief --exclude='uninstall.*' "$portable" "$installed"
 }
 
 # A double click on a project, and what installer and uninstaller say while it is open.
@@ -230,6 +268,7 @@ association() {
     wait_for 60 window '橋 予備①' || { shoot association-failed; fail "no window with the project's name"; }
     sleep 3
     shoot association
+    [[ -f "$user/AppData/Roaming/Microsoft/Windows/Recent/橋 予備①.sbd.lnk" ]] || fail "not among Windows' recent files"
     windows "$setup" /S || code=$?
     expect "installing over a program that runs" "$code" 2
     windows "$installed/uninstall.exe" /S
@@ -258,31 +297,40 @@ windows_open() { window "$2" && [[ $(wc -l <"$work/window") -eq $1 ]]; }
 
 changed_by_user() {
     [[ $(<"$installed/HOLM4_W_CROSS.exe") == engine && $(<"$installed/deployment.ini") == '[Version]' &&
-        $(<"$installed/examples/box2/box2.sbd") == changed && $(<"$installed/examples/box2/new.sbd") == new ]]
+        $(<"$installed/examples/box2/box2.sbd") == changed && $(<"$installed/examples/box2/new.sbd") == new &&
+        $(<"$installed/$calculated_file") == calculated ]]
 }
+calculated_file=examples/single1/single1_計算結果/single1.Z1D
 upgrade() {
     local old="$installed/plugins/old"
     echo engine >"$installed/HOLM4_W_CROSS.exe"
     echo '[Version]' >"$installed/deployment.ini"
     echo changed >"$installed/examples/box2/box2.sbd"
     echo new >"$installed/examples/box2/new.sbd"
+    echo calculated >"$installed/$calculated_file"
+    # Examples of an older version: one that nobody has touched goes, what stands beside the user's own stays.
+    mkdir "$installed/examples/old"
+    echo old | tee "$installed"/examples/{old/old.sbd,old/old.abd,box2/old.abd} >/dev/null
+    touch --reference="$installed/uninstall.lst" "$installed"/examples/{old/old.sbd,old/old.abd,box2/old.abd}
     mkdir "$old"
     echo old >"$old/旧.dll"
     echo outside >"$user/outside.txt"
     echo broken >"$installed/Qt6Core.dll"
     rm "$installed/translations/qtbase_ja.qm"
     # What an older version would have brought.
-    printf '%s\r\n' 'plugins\old\旧.dll' 'plugins\old\' '..\..\..\..\outside.txt' '..\..\..\..\..\outside.txt' |
+    printf '%s\r\n' 'plugins\old\旧.dll' 'plugins\old\' 'examples\old\old.sbd' 'examples\old\old.abd' \
+        'examples\old\' 'examples\box2\old.abd' '..\..\..\..\outside.txt' '..\..\..\..\..\outside.txt' |
         iconv -f UTF-8 -t UTF-16LE | cat - "$installed/uninstall.lst" >"$work/list"
     touch --reference="$installed/uninstall.lst" "$work/list"
     cp --preserve=timestamps "$work/list" "$installed/uninstall.lst"
     windows "$setup" /S
-    [[ ! -e $old ]] || fail "what the older version brought is left behind"
+    [[ ! -e $old && ! -e $installed/examples/old ]] || fail "what the older version brought is left behind"
+    [[ -f $installed/examples/box2/old.abd ]] || fail "a file beside a changed project was removed"
     [[ -f $user/outside.txt ]] || fail "a file outside the folder was removed"
     changed_by_user || fail "what the user has put there is gone"
     diff --recursive --brief "$portable" "$installed" >"$work/differences" || true
     # The list and the uninstaller are not in the archive.
-    grep -vE 'Only in .*(HOLM4|deployment.ini|new.sbd|uninstall)|box2.sbd' "$work/differences" >"$work/unexpected" || true
+    grep -vE 'Only in .*(HOLM4|deployment.ini|new.sbd|old.abd|uninstall)|box2.sbd|single1.Z1D' "$work/differences" >"$work/unexpected" || true
     expect "differences after the upgrade" "$(<"$work/unexpected")" ""
     expect "what *.sbd was before" "$(value "$uninstall_key" PreviousType)" Other.Program
     # An older version over a newer one asks; where nobody can be asked nothing is done.
@@ -291,12 +339,17 @@ upgrade() {
     windows "$setup" /S || code=$?
     expect "installing over a newer version" "$code" 4
     expect "the version behind that" "$(value "$uninstall_key" DisplayVersion)" 99.0.0
-    windows reg add "$uninstall_key" /v DisplayVersion /d "$version" /f >/dev/null
+    windows "$setup" /S /FORCE
+    expect "the version behind an order" "$(value "$uninstall_key" DisplayVersion)" "$version"
 }
 
+# Examples stay whole once one of their files was changed, in whatever folder of theirs.
 left_by_user() {
-    expect "files that are left" "$(files_of "$installed" | tr '\n' ' ')" \
-        './HOLM4_W_CROSS.exe ./deployment.ini ./examples/box2/box2.sbd ./examples/box2/new.sbd '
+    {
+        printf './%s\n' HOLM4_W_CROSS.exe deployment.ini examples/box2/{new.sbd,old.abd}
+        (cd "$portable" && find ./examples/{box2,single1} -type f)
+    } | sort >"$work/expected"
+    files_of "$installed" | diff "$work/expected" - || fail "not what should be left"
 }
 
 # To another folder and back.
@@ -365,6 +418,8 @@ installer_pages() {
 step "files of the archive" unpacked_files
 step "DLLs" needed_dlls
 step "resources of the programs" resources
+step "signatures" signatures
+step "manifests of winget" winget_manifests
 step "fresh Windows" fresh_prefix
 step "programs from the archive" portable_programs
 if [[ $quick == no ]]; then

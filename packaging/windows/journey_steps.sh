@@ -135,7 +135,7 @@ edit_cells() {
     settle
     picture 02-option-block
 
-    keys F6
+    keys shift+F6
     in_tree Down 12 # 313
     to_cells
     keys Down Right Right Right Right Right
@@ -229,7 +229,7 @@ run_engine() {
     picture 05-run-after
     # The window has what the engine wrote, and writes it again.
     cp "$project" "$out/engine.sbd"
-    keys F6
+    keys shift+F6
     in_tree Up 12 # 301
     to_cells
     keys Right
@@ -240,7 +240,7 @@ run_engine() {
     LC_ALL=C grep -q '^  DONOT_DESIGN_CROSS .*YES' "$project" || fail 'the value of the engine in the saved file'
     settle
     picture 05-run-value
-    keys F6
+    keys shift+F6
     in_tree Up 5 # 255
     picture 05-report
     [[ $(red_pixels) -gt 300 ]] || fail 'a report in red on the page of 255'

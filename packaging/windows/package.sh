@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
-# Packs what stands in a build folder for users of Windows: a .zip to unpack anywhere and an installer.
+# Packs what stands in a build folder for users of Windows: a .zip to unpack anywhere, an installer, and what winget has to
+# know of it.
 #   packaging/windows/package.sh BUILD_FOLDER OUT_FOLDER
-# The same build gives the same bytes: times are those of the last commit, or of SOURCE_DATE_EPOCH.
+# Programs and installer are signed if the environment says by what (sign.sh). SBD_DOWNLOAD_URL is the folder where the
+# installer can be fetched. The same build gives the same bytes: times are those of the last commit, or of
+# SOURCE_DATE_EPOCH; only signatures tell of their own time.
 set -euo pipefail
 if [[ $# -ne 2 ]]; then
-    sed -n '2,4s/^# \?//p' "${BASH_SOURCE[0]}" >&2
+    sed -n '2,7s/^# \?//p' "${BASH_SOURCE[0]}" >&2
     exit 2
 fi
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
@@ -19,6 +22,8 @@ cached() { sed -n "s/^$1:[A-Z]*=//p" "$build/CMakeCache.txt"; }
 version=$(cached CMAKE_PROJECT_VERSION)
 IFS=';' read -r -a roots <<<"$(cached SBD_WINDOWS_ROOTS)" # Qt, and the compiler's DLLs
 name=sbdstation-$version-windows-x86_64
+copyright=$(grep -m 1 '^Copyright' "$root/LICENSE")
+authors=${copyright#Copyright (c) [0-9]* }
 stage=$build/package/$name
 rm -rf "$build/package"
 mkdir -p "$stage"
@@ -59,6 +64,7 @@ programs() {
     local program plugin
     for program in app/sbdstation.exe tools/sbdtool.exe tools/sbdpage.exe; do
         take "$build/$program" "${program#*/}"
+        "$here/sign.sh" "$stage/${program#*/}"
     done
     for plugin in "${plugins[@]}"; do
         take "$(find_in_roots "plugins/$plugin")" "plugins/$plugin"
@@ -99,7 +105,9 @@ licences() {
 }
 
 documents() {
-    sed "s/@VERSION@/$version/g" "$here/README.ja.txt" | text /dev/stdin "$stage/README.ja.txt"
+    local unsigned=p # the lines about what Windows says of programs without a publisher
+    ! "$here/sign.sh" --wanted || unsigned=d
+    sed -e "/^@UNSIGNED@/{s///;$unsigned;d}" -e "s/@VERSION@/$version/g" "$here/README.ja.txt" | text /dev/stdin "$stage/README.ja.txt"
     text "$here/deployment.sample.ini" "$stage/deployment.sample.ini"
 }
 
@@ -128,6 +136,7 @@ PYTHON
 # What the installer brings and its uninstaller takes away, from what stands in the stage.
 #   files.nsh       the statements
 #   uninstall.lst   the same list for the installer of a later version: UTF-16, folders behind their files
+example_of() { cut -d / -f 1,2 <<<"$1" | tr / '\\'; } # what stays whole once the user has worked in it
 file_list() {
     local path folder
     (cd "$stage" && find . -mindepth 1 -type f -printf '%P\n' | LC_ALL=C sort) >"$build/package/files"
@@ -142,7 +151,7 @@ file_list() {
             echo "  SetOutPath \"\$INSTDIR${folder:+\\}${folder//\//\\}\""
             while read -r path; do
                 if [[ $path == examples/* ]]; then
-                    echo "  !insertmacro InstallExample \"${path//\//\\}\" \"$path\""
+                    echo "  !insertmacro InstallExample \"$(example_of "$path")\" \"$path\""
                 else
                     echo "  File \"\${STAGE}/$path\""
                 fi
@@ -152,7 +161,7 @@ file_list() {
         echo '!macro RemoveFiles'
         while read -r path; do
             if [[ $path == examples/* ]]; then
-                echo "  !insertmacro RemoveExample \"${path//\//\\}\""
+                echo "  !insertmacro RemoveExample \"$(example_of "$path")\" \"${path//\//\\}\""
             else
                 echo "  Delete \"\$INSTDIR\\${path//\//\\}\""
             fi
@@ -173,15 +182,28 @@ file_list() {
 }
 
 installer() {
-    local copyright
-    copyright=$(grep -m 1 '^Copyright' "$root/LICENSE")
     rsvg-convert "$here/welcome.svg" | convert png:- -type TrueColor "BMP3:$build/package/welcome.bmp"
     touch --date="@$SOURCE_DATE_EPOCH" "$build/package/welcome.bmp"
     rm -f "$out/$name-setup.exe"
     makensis -V2 -WX -INPUTCHARSET UTF8 -DVERSION="$version" -DCOPYRIGHT="$copyright" \
-        -DAUTHORS="${copyright#Copyright (c) [0-9]* }" -DSTAGE="$stage" -DLISTS="$build/package" \
+        -DAUTHORS="$authors" -DSIGN="$here/sign.sh" -DSTAGE="$stage" -DLISTS="$build/package" \
         -DICON="$build/app/windows/sbdstation.ico" -DKILOBYTES="$(du -sk --apparent-size "$stage" | cut -f 1)" \
         -DOUTPUT="$out/$name-setup.exe" "$here/setup.nsi"
+}
+
+# The manifests of winget; the address comes from outside, since nobody knows it while it is packed.
+winget() {
+    local template to=$out/winget url
+    url=${SBD_DOWNLOAD_URL:-https://example.org/sbdstation/$version}
+    rm -rf "$to"
+    mkdir "$to"
+    for template in "$here"/winget/*.yaml.in; do
+        sed -e "s/@VERSION@/$version/g" -e "s/@PUBLISHER@/$authors/g" -e "s/@COPYRIGHT@/$copyright/g" \
+            -e "s|@URL@|${url%/}/$name-setup.exe|g" -e "s/@DATE@/$(date --date="@$SOURCE_DATE_EPOCH" +%F)/g" \
+            -e "s/@SHA256@/$(sha256sum "$out/$name-setup.exe" | cut -d ' ' -f 1 | tr a-f A-F)/g" \
+            "$template" >"$to/$(basename "$template" .in)"
+    done
+    [[ -n ${SBD_DOWNLOAD_URL:-} ]] || echo "winget: SBD_DOWNLOAD_URL is not set; the manifests name $url"
 }
 
 programs
@@ -192,5 +214,6 @@ same_times
 archive
 file_list
 installer
+winget
 printf '%s\n' "$(wc -l <"$build/package/files") files, $(du -sh --apparent-size "$stage" | cut -f 1)"
 (cd "$out" && du -h --apparent-size "$name.zip" "$name-setup.exe")

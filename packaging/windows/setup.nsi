@@ -1,8 +1,11 @@
 ; Installs KELD section for one user, without rights of an administrator. package.sh says what VERSION, AUTHORS,
-; COPYRIGHT, STAGE, LISTS, ICON, KILOBYTES and OUTPUT are, and makes files.nsh.
+; COPYRIGHT, SIGN, STAGE, LISTS, ICON, KILOBYTES and OUTPUT are, and makes files.nsh.
 ;
 ; Nothing is overwritten or removed but what an installer of this program has put there: engines, documents and
-; deployment.ini beside the program stay, and so do examples that the user has changed.
+; deployment.ini beside the program stay, and so do the folders of examples that the user has worked in, whole.
+;   /S        asks nothing. Exit codes stand below
+;   /FORCE    replaces a newer version without a question
+;   /D=PATH   the folder; comes last, without quotation marks
 Target amd64-unicode
 Unicode true
 ManifestLongPathAware true
@@ -16,6 +19,7 @@ AllowSkipFiles off
 !include LogicLib.nsh
 !include WinVer.nsh
 !include WordFunc.nsh
+!include FileFunc.nsh
 !include StrFunc.nsh
 ${Using:StrFunc} StrLoc
 ${Using:StrFunc} StrTrimNewLines
@@ -32,6 +36,8 @@ ${Using:StrFunc} StrTrimNewLines
 
 Name "${NAME}"
 OutFile "${OUTPUT}"
+!finalize '"${SIGN}" "%1"' = 0
+!uninstfinalize '"${SIGN}" "%1"' = 0
 InstallDir "$LOCALAPPDATA\Programs\${NAME}"
 InstallDirRegKey HKCU "${UNINSTALL_KEY}" InstallLocation
 BrandingText "${NAME} ${VERSION}"
@@ -104,15 +110,17 @@ LangString NewerStands ${LANG_ENGLISH} "A newer version, ${NAME} $R0, is install
 Replace it by the older version ${VERSION}? Projects and settings stay, but parts of projects that the newer version \
 has saved may not be shown by the older one.$\r$\n$\r$\n[No] gives up and changes nothing."
 LangString FilesLeft ${LANG_JAPANESE} "${NAME} を取り除きました。$\r$\n$\r$\n\
-次のフォルダには、インストーラーが入れたのではないファイルか、ご自分で書き換えた例題が残っています。\
-要らなければ、フォルダごと削除してください。$\r$\n$\r$\n$INSTDIR"
+次のフォルダには、インストーラーが入れたのではないファイルか、ファイルを書き換えたり加えたりした例題が残っています。\
+そのような例題は、計算結果なども含めてフォルダごと残してあります。要らなければ、フォルダごと削除してください。$\r$\n$\r$\n$INSTDIR"
 LangString FilesLeft ${LANG_ENGLISH} "${NAME} was removed.$\r$\n$\r$\n\
-This folder still holds files that the installer has not brought, or examples that you have changed. Delete it if you \
-do not need them.$\r$\n$\r$\n$INSTDIR"
+This folder still holds files that the installer has not brought, or examples in which you have changed or added \
+files; those stay whole, results included. Delete it if you do not need them.$\r$\n$\r$\n$INSTDIR"
 
 Var folder   ; the one that is worked on
 Var listHigh ; time of the list of files in it, which is that of every file that came with it
 Var listLow
+Var newHigh  ; the same of the list that this installer brings
+Var newLow
 
 ; FolderUnused, un.FolderUnused: waits until no program of $folder runs; gives up if the user wants it so.
 !macro FolderUnused un
@@ -156,21 +164,55 @@ FunctionEnd
 !insertmacro ReadListTime ""
 !insertmacro ReadListTime "un."
 
-; Only these files are looked into before they are touched: they are projects, which users change and save.
-!macro IfUsersOwn path
-  GetFileTime "${path}" $R4 $R5
-  ${If} ${FileExists} "${path}"
-  ${AndIf} "$R4:$R5" != "$listHigh:$listLow"
+; LookForChanges, un.LookForChanges: sets $R9 if the file $R8, or any file in the folder $R8 and below, is not as it came
+; with the program. Asked for examples only: they are projects, which users change, save and calculate; and a project is
+; worth little without its results and the files beside it.
+!macro LookForChanges un
+Function ${un}LookForChanges
+  Push $R4
+  Push $R5
+  ${If} ${FileExists} "$R8\*.*"
+    FindFirst $R4 $R5 "$R8\*.*"
+    ${DoWhile} $R5 != ""
+      ${If} $R5 != "."
+      ${AndIf} $R5 != ".."
+        Push $R8
+        StrCpy $R8 "$R8\$R5"
+        Call ${un}LookForChanges
+        Pop $R8
+      ${EndIf}
+      FindNext $R4 $R5
+    ${Loop}
+    FindClose $R4
+  ${ElseIf} ${FileExists} "$R8"
+    GetFileTime "$R8" $R4 $R5
+    ${If} "$R4:$R5" != "$listHigh:$listLow"
+    ${AndIf} "$R4:$R5" != "$newHigh:$newLow" ; brought by an installation that was broken off
+      StrCpy $R9 changed
+    ${EndIf}
+  ${EndIf}
+  Pop $R5
+  Pop $R4
+  ClearErrors
+FunctionEnd
 !macroend
-!macro InstallExample path source
-  !insertmacro IfUsersOwn "$INSTDIR\${path}"
-  ${Else}
+!insertmacro LookForChanges ""
+!insertmacro LookForChanges "un."
+
+; IfAsShipped UN EXAMPLE: an example is all that stands in one folder of examples, or a file beside these folders.
+!macro IfAsShipped un example
+  StrCpy $R9 ""
+  StrCpy $R8 "${example}"
+  Call ${un}LookForChanges
+  ${If} $R9 == ""
+!macroend
+!macro InstallExample example source
+  !insertmacro IfAsShipped "" "$INSTDIR\${example}"
     File "${STAGE}/${source}"
   ${EndIf}
 !macroend
-!macro RemoveExample path
-  !insertmacro IfUsersOwn "$INSTDIR\${path}"
-  ${Else}
+!macro RemoveExample example path
+  !insertmacro IfAsShipped "un." "$INSTDIR\${example}"
     Delete "$INSTDIR\${path}"
   ${EndIf}
 !macroend
@@ -218,7 +260,9 @@ Function RemoveOldFile
   ${If} $R2 == shipped
     Return
   ${ElseIf} $R3 == "examples\"
-    !insertmacro IfUsersOwn "$folder\$R1"
+    ${WordFind} "$R1" "\" "+2" $R2
+    !insertmacro IfAsShipped "" "$folder\examples\$R2"
+    ${Else}
       Return
     ${EndIf}
   ${EndIf}
@@ -271,7 +315,11 @@ Function .onInit
   ${If} $R0 != ""
   ${AndIf} ${FileExists} "$R1\sbdstation.exe"
     ${VersionCompare} "$R0" "${VERSION}" $R1
-    ${If} $R1 == 1 ; the one that stands there is newer
+    ${GetParameters} $R2
+    ClearErrors
+    ${GetOptions} $R2 "/FORCE" $R3
+    ${If} ${Errors} ; not given
+    ${AndIf} $R1 == 1 ; the one that stands there is newer
       MessageBox MB_YESNO|MB_ICONQUESTION|MB_DEFBUTTON2 "$(NewerStands)" /SD IDNO IDYES replace
       SetErrorLevel ${NEWER_STANDS}
       Quit
@@ -301,6 +349,9 @@ Section
 
   ; The new list comes last: what is broken off is done again by the next start.
   Call ReadListTime
+  InitPluginsDir
+  File "/oname=$PLUGINSDIR\${FILE_LIST}" "${LISTS}/${FILE_LIST}"
+  GetFileTime "$PLUGINSDIR\${FILE_LIST}" $newHigh $newLow
   !insertmacro InstallFiles
   SetOutPath "$INSTDIR"
   WriteUninstaller "$INSTDIR\uninstall.exe"
