@@ -7,6 +7,7 @@
 #include "frame/main_frame.h"
 #include "grid/grid_ctrl.h"
 #include "panels/panel.h"
+#include "tests/document/data_of.h"
 
 #include <QApplication>
 #include <QFile>
@@ -40,7 +41,7 @@ int EditUntilEnded(const QString& how, const QString& project)
         QTest::keyClick(child->Panel()->Grid(), Qt::Key_A);
         child->Panel()->Grid()->viewport()->findChild<QLineEdit*>()->setText(u"TYPED"_s); // stands there alone
     } else {
-        child->Doc().Data().SetOption(301, 0, "ENTERED");
+        test::DataOf(child->Doc()).SetOption(301, 0, "ENTERED");
         child->Doc().SetModifiedFlag(true);
         QTimer::singleShot(0, [] { std::exit(1); });
     }

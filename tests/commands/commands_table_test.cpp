@@ -83,7 +83,7 @@ TEST(CommandTable, FindsACommandByEachOfItsKeysInItsScopeAlone)
 {
     EXPECT_EQ(CommandOfKey(KeyScope::Grid, "Ctrl+C"), Command::Copy);
     EXPECT_EQ(CommandOfKey(KeyScope::Grid, "Ctrl+Ins"), Command::Copy);
-    EXPECT_EQ(CommandOfKey(KeyScope::Grid, "Alt+Backspace"), Command::Undo);
+    EXPECT_EQ(CommandOfKey(KeyScope::Window, "Alt+Backspace"), Command::Undo);
     EXPECT_EQ(CommandOfKey(KeyScope::Grid, "Del"), Command::Delete);
     EXPECT_EQ(CommandOfKey(KeyScope::Grid, "Ctrl+S"), std::nullopt);
     EXPECT_EQ(CommandOfKey(KeyScope::Window, "Ctrl+S"), Command::Save);

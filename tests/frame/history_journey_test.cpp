@@ -128,7 +128,7 @@ void HistoryJourneyTest::otherSettingsOfTheCellsKeepARowThatIsNotWrittenYet()
     desk.Open(desk.folder.Example(u"plate4"_s), 313);
     const int row = desk.Panel().Model()->BlockRows() + 2;
     EnterText(desk, row, 9, u"half"_s);
-    desk.frame.RunCommand(33033); // higher rows
+    desk.frame.RunCommand(Command::RowsHigher);
     QCOMPARE(desk.Cell(row, 9), u"half"_s);
     desk.Panel().Undo();
     QCOMPARE(desk.Cell(row, 9), QString());

@@ -309,7 +309,7 @@ void SessionEndTest::aRunningEngineStopsTheEnd()
     station.Engine(u"plate4"_s, "sleep 1000\n");
     System system;
     QTimer::singleShot(400, &station.frame, [&] { station.frame.OnSessionEnd(system.End()); });
-    station.frame.RunCommand(39254);
+    station.frame.RunCommand(Command::CheckData);
     QCOMPARE(station.user.warned, QStringList());
     QCOMPARE(system.asked, 0);
     QCOMPARE(system.cancelled, 1);

@@ -590,8 +590,8 @@ void WindowCommandsTest::withoutAPrinterTheUserIsTold()
     QStringList told;
     station.prompts.warn = [&](QWidget*, const QString& text) { told += text; };
     station.Start();
-    station.Give(57607);
-    station.Give(57609);
+    station.Give(Command::Print);
+    station.Give(Command::PrintPreview);
     QCOMPARE(dialogs, 0);
     QCOMPARE(told.size(), 2);
     QVERIFY(told[0].contains(u"プリンター"_s));

@@ -279,7 +279,7 @@ void SvgPictureTest::thePaneIsSavedAsItIsShown()
     doc.SetHelpCell(block, 2, 2);
     ResultSessionOf(doc).selection = FirstUseSelection(doc.Results().model);
     CUpView view(&doc);
-    view.resize(1000, 1700); // a page whole
+    view.resize(1000, 2600); // a page whole
     view.show();
     view.Refresh();
     QApplication::processEvents();
