@@ -272,11 +272,12 @@ void DropCrowded(Values& values, const CDrawContext& dc, const Sketch& sketch, c
     const int rightEdge = corner.x + static_cast<int>(sketch.width * (dc.unitX * sketch.fx));
     for (const auto& [element, place] : labels) {
         const std::vector<Primitive>& all = trial.Primitives();
-        const DrawBox box = trial.BoxOf(all[place]);
+        const Primitive& label = all[place];
+        const DrawBox box = trial.BoxOf(label);
         const auto disturbs = [&](const Primitive& other) {
             if (other.kind == PrimitiveKind::Line)
                 return box.IsCrossedBy(other.points[0], other.points[1]);
-            return other.kind == PrimitiveKind::Text && &other != &all[place] && box.Overlaps(trial.BoxOf(other));
+            return other.kind == PrimitiveKind::Text && &other != &label && box.Overlaps(trial.BoxOf(other));
         };
         if (box.left < 0 || box.right > rightEdge || std::ranges::any_of(all, disturbs))
             values.erase(element);
