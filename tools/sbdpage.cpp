@@ -122,10 +122,19 @@ bool WritePdf(const Job& job, const QString& path)
     return painter.end();
 }
 
+/// To a file, which is put in place whole; "-" is the standard output. A pipe or device is written to as it is.
 bool WriteRecord(const Job& job, const QString& path)
 {
     PageExtent extent;
     const std::string json = Record(job, extent).ToJson();
+    if (path == u"-"_s)
+        return PrintText(stdout, json);
+    const QFileInfo place(path);
+    if (place.exists() && !place.isFile()) {
+        QFile stream(path);
+        return stream.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
+               && stream.write(json.data(), static_cast<qint64>(json.size())) == static_cast<qint64>(json.size());
+    }
     QSaveFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(json.data(), static_cast<qint64>(json.size())) >= 0
            && file.commit();
@@ -347,7 +356,7 @@ int main(int count, char** values)
                        {u"text"_s, u"Prints the text."_s},
                        {u"png"_s, u"Writes a picture."_s, u"file"_s},
                        {u"pdf"_s, u"Writes a PDF of one sheet."_s, u"file"_s},
-                       {u"record"_s, u"Writes what is drawn as JSON."_s, u"file"_s},
+                       {u"record"_s, u"Writes what is drawn as JSON; - is the standard output."_s, u"file"_s},
                        {u"pages"_s, u"Takes all pages from this folder in place of those built in."_s, u"folder"_s},
                        {u"cells"_s,
                         u"Many cells in one call: lines BLOCK ROW COLUMN [PNG] of a file, - for the standard input. "

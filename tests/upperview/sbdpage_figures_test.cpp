@@ -1,5 +1,7 @@
 #include <QFile>
 #include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -62,6 +64,7 @@ private slots:
     void theRowUnderTheCursorIsRed();
     void aDiagramIsThatOfItsChoices();
     void oneCallWritesAllThreeKindsOfFile();
+    void aRecordGoesIntoAPipe();
     void aWrongCallSaysWhatThereIs_data();
     void aWrongCallSaysWhatThereIs();
 };
@@ -121,6 +124,22 @@ void SbdpageFiguresTest::oneCallWritesAllThreeKindsOfFile()
     QCOMPARE(bytes[1].count("/Type /Page\n"), 1);
     QVERIFY(bytes[2].contains("viewBox=\"0 0 900 400\""));
     QVERIFY(bytes[2].trimmed().endsWith("</svg>"));
+}
+
+void SbdpageFiguresTest::aRecordGoesIntoAPipe()
+{
+    QStringList places = {u"-"_s};
+#ifdef Q_OS_UNIX
+    places += u"/dev/stdout"_s;
+#endif
+    for (const QString& place : places) {
+        QProcess process;
+        process.start(QStringLiteral(SBDPAGE), {u"313"_s, u"--record"_s, place});
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitCode(), 0);
+        const QJsonDocument record = QJsonDocument::fromJson(process.readAllStandardOutput());
+        QVERIFY2(record.array().size() > 10, qPrintable(place));
+    }
 }
 
 void SbdpageFiguresTest::aWrongCallSaysWhatThereIs_data()
