@@ -6,6 +6,7 @@
 #include "document/save_flow.h"
 #include "document/section_doc.h"
 #include "frame/left_view.h"
+#include "frame/notice_bar.h"
 #include "frame/program_icon.h"
 #include "frame/settings.h"
 #include "grid/grid_ctrl.h"
@@ -96,6 +97,9 @@ void CChildFrame::CreatePanes()
     panelPane_ = new QWidget;
     auto* panelLayout = new QVBoxLayout(panelPane_);
     panelLayout->setContentsMargins(0, 0, 0, 0);
+    panelLayout->setSpacing(0);
+    notices_ = new CNoticeBar;
+    panelLayout->addWidget(notices_);
     for (QSplitter* splitter : {outer_, inner_}) {
         splitter->setHandleWidth(kSplitterHandle);
         splitter->setChildrenCollapsible(false);
@@ -155,7 +159,7 @@ void CChildFrame::ShowPanel(int block)
     if (panel_ != nullptr) {
         connect(panel_.get(), &CPanel::undoChanged, this, &CChildFrame::undoChanged);
         connect(panel_.get(), &CPanel::otherBlockWanted, this, &CChildFrame::StepHistory, Qt::QueuedConnection);
-        panelPane_->layout()->addWidget(panel_.get());
+        static_cast<QVBoxLayout*>(panelPane_->layout())->addWidget(panel_.get(), 1);
         panel_->show();
         panelPane_->layout()->activate(); // now, so that a cell can be scrolled to at once
     }

@@ -14,6 +14,7 @@ namespace sbd {
 
 class CKELDSectionDoc;
 class CLeftView;
+class CNoticeBar;
 class CPanel;
 class CRecoveryCopy;
 class CUpView;
@@ -38,6 +39,8 @@ public:
     [[nodiscard]] CProjectLock& Lock() { return *lock_; }
     [[nodiscard]] CLeftView& Tree() { return *tree_; }
     [[nodiscard]] CUpView& UpView() { return *upView_; }
+    /// What the window has to say of its project, above the panel.
+    [[nodiscard]] CNoticeBar& Notices() { return *notices_; }
     /// The panel on show; null for a block whose panel is empty.
     [[nodiscard]] CPanel* Panel() { return panel_.get(); }
 
@@ -134,6 +137,7 @@ private:
     QSplitter* inner_ = nullptr; // help pane over panel
     CLeftView* tree_ = nullptr;
     CUpView* upView_ = nullptr;
+    CNoticeBar* notices_ = nullptr;
     std::unique_ptr<CPanel> panel_;
     QWidget* panelPane_ = nullptr; // holds the panel; blank for blocks without one
     int currentBlock_ = 0;
