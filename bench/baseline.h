@@ -4,10 +4,15 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <ctime>
 #include <limits>
 #include <map>
+
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
 
 namespace sbd::bench {
 
@@ -45,6 +50,22 @@ void Measure(benchmark::State& state, ShortestTimes& times, Task task)
         times.Take(state.range(0), seconds);
     }
     state.counters["shortest_ms"] = times.Of(state.range(0)) * 1e3;
+}
+
+/// Bytes in use on the heap; 0 where the system does not tell.
+[[nodiscard]] inline std::size_t HeapInUse()
+{
+#if defined(__GLIBC__)
+    const struct mallinfo2 info = ::mallinfo2();
+    return info.uordblks + info.hblkhd;
+#else
+    return 0;
+#endif
+}
+
+inline void CountBytes(benchmark::State& state, std::size_t bytes)
+{
+    state.SetBytesProcessed(static_cast<std::int64_t>(bytes) * static_cast<std::int64_t>(state.iterations()));
 }
 
 } // namespace sbd::bench

@@ -1,6 +1,7 @@
 // Painting the figure of a large bridge against the bare painting of the same lines, and with many rows of lateral
 // bracing against without. The limits stand in docs/performance.md.
 #include "bench/baseline.h"
+#include "bench/window_main.h"
 #include "project/sbd_data.h"
 #include "upperview/model_figure.h"
 
@@ -139,10 +140,5 @@ BENCHMARK(BM_ModelFigure)->ArgName("lateral")->Arg(0)->Arg(2000)->UseManualTime(
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return sbd::bench::RunBenchmarks<QGuiApplication>(argc, argv);
 }

@@ -5,10 +5,6 @@
 #include "sbdfile/reader.h"
 #include "sbdfile/writer.h"
 
-#if defined(__GLIBC__)
-#include <malloc.h>
-#endif
-
 namespace sbd::bench {
 
 namespace {
@@ -64,22 +60,6 @@ CSbdData Read(std::string_view text)
     CSbdData data;
     ReadProject(text, data);
     return data;
-}
-
-/// Bytes in use on the heap; 0 where the system does not tell.
-std::size_t HeapInUse()
-{
-#if defined(__GLIBC__)
-    const struct mallinfo2 info = ::mallinfo2();
-    return info.uordblks + info.hblkhd;
-#else
-    return 0;
-#endif
-}
-
-void CountBytes(benchmark::State& state, std::size_t bytes)
-{
-    state.SetBytesProcessed(static_cast<std::int64_t>(bytes) * static_cast<std::int64_t>(state.iterations()));
 }
 
 void BM_BareSplit(benchmark::State& state)

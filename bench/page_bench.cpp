@@ -1,5 +1,6 @@
 // Help pages, painted against a bare painter that draws the same primitives. The limits stand in docs/performance.md.
 #include "bench/baseline.h"
+#include "bench/window_main.h"
 #include "document/section_doc.h"
 #include "upperview/draw_painter.h"
 #include "upperview/help_page.h"
@@ -24,6 +25,7 @@ constexpr double kScale = 96 / kPageUnitsPerInch;
 ShortestTimes bareTimes;
 ShortestTimes pageTimes;
 ShortestTimes parseTimes;
+ShortestTimes firstTimes;
 
 QImage Sheet()
 {
@@ -127,6 +129,15 @@ void BM_ParsePages(benchmark::State& state)
     });
 }
 
+/// What a start parses: the shared sketches and the page of the first block. The others come when they are shown.
+void BM_ParseFirstPage(benchmark::State& state)
+{
+    Measure(state, firstTimes, [] {
+        CPageStore store(PageSources());
+        return store.Find(301)->branches.size();
+    });
+}
+
 void Blocks(benchmark::internal::Benchmark* benchmark)
 {
     benchmark->ArgName("block")->Arg(301)->Arg(313)->Arg(543)->Arg(551)->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -136,6 +147,7 @@ void Blocks(benchmark::internal::Benchmark* benchmark)
 BENCHMARK(BM_BarePainter)->Apply(Blocks);
 BENCHMARK(BM_PaintPage)->Apply(Blocks);
 BENCHMARK(BM_ParsePages)->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ParseFirstPage)->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 
@@ -143,10 +155,5 @@ BENCHMARK(BM_ParsePages)->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond)
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return sbd::bench::RunBenchmarks<QGuiApplication>(argc, argv);
 }

@@ -1,6 +1,7 @@
 // A block of 10,000 rows: opened, and typed in, against a plain table view of the same cells; written at a focus change,
 // against a block of 10 rows. The limits stand in docs/performance.md.
 #include "bench/baseline.h"
+#include "bench/window_main.h"
 #include "document/section_doc.h"
 #include "grid/grid_ctrl.h"
 #include "panels/panel.h"
@@ -287,10 +288,5 @@ BENCHMARK(BM_CommitOfARow)->Apply(LargeAndSmall);
 
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return sbd::bench::RunBenchmarks<QApplication>(argc, argv);
 }

@@ -15,10 +15,6 @@
 #include <random>
 #include <string>
 
-#if defined(__GLIBC__)
-#include <malloc.h>
-#endif
-
 namespace sbd::bench {
 
 namespace {
@@ -170,22 +166,6 @@ AnalysisResults Read(const std::filesystem::path& project)
     if (ReadResultFiles(project, results) != ResultFilesRead{true, true, true, true, true, true, kAlong})
         std::abort();
     return results;
-}
-
-/// Bytes in use on the heap; 0 where the system does not tell.
-std::size_t HeapInUse()
-{
-#if defined(__GLIBC__)
-    const struct mallinfo2 info = ::mallinfo2();
-    return info.uordblks + info.hblkhd;
-#else
-    return 0;
-#endif
-}
-
-void CountBytes(benchmark::State& state, std::size_t bytes)
-{
-    state.SetBytesProcessed(static_cast<std::int64_t>(bytes) * static_cast<std::int64_t>(state.iterations()));
 }
 
 void BM_PlainFread(benchmark::State& state)

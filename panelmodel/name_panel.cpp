@@ -1,5 +1,6 @@
 #include "panelmodel/name_panel.h"
 
+#include "panelmodel/panel_parts.h"
 #include "project/text.h"
 
 #include <algorithm>
@@ -11,18 +12,7 @@ namespace {
 
 using namespace literals;
 
-constexpr int kValueColumn = 2;
-constexpr int kLeastWidth = 10;
-constexpr int kSpareRows = 50;
 constexpr int kLeastSpareRows = 10;
-
-const WordList kFreeText;
-
-const WordList& YesNo()
-{
-    static const WordList words{"YES", "NO"};
-    return words;
-}
 
 } // namespace
 
@@ -38,7 +28,7 @@ CNameListModel::CNameListModel(const CSbdData& data, int block, const PanelSetti
 int CNameListModel::ColumnWidth(int column) const
 {
     const int base = panel_.widths[static_cast<std::size_t>(column)];
-    return column == 0 ? base : std::max(kLeastWidth, base + Settings().rowWidthMode);
+    return column == 0 ? base : WidenedWidth(base, Settings().rowWidthMode);
 }
 
 std::string CNameListModel::Head(int column, int) const

@@ -1,5 +1,6 @@
 #include "panelmodel/option_panel.h"
 
+#include "panelmodel/panel_parts.h"
 #include "panelmodel/project_type.h"
 #include "project/option_rows.h"
 #include "project/sbd_data.h"
@@ -13,9 +14,6 @@ namespace {
 
 constexpr int kNumberColumn = 0;
 constexpr int kLabelColumn = 1;
-constexpr int kValueColumn = 2;
-
-const WordList kFreeText;
 
 } // namespace
 
@@ -39,7 +37,7 @@ int COptionPanelModel::ColumnWidth(int column) const
     if (panel_)
         return column == kLabelColumn ? panel_->labelWidth + std::clamp(mode, 0, 100)
                                       : panel_->valueWidth + std::max(mode, panel_->lowerLimit);
-    return table_ ? std::max(10, table_->columns[static_cast<std::size_t>(column)].width + mode) : numberWidth;
+    return table_ ? WidenedWidth(table_->columns[static_cast<std::size_t>(column)].width, mode) : numberWidth;
 }
 
 std::string COptionPanelModel::Head(int column, int) const

@@ -1,5 +1,6 @@
 #include "panelmodel/place_panel.h"
 
+#include "panelmodel/panel_parts.h"
 #include "project/text.h"
 
 #include <algorithm>
@@ -41,8 +42,6 @@ const WordList& Webs()
     static const WordList words{"I桁"_cp932, "左腹板"_cp932, "右腹板"_cp932, "両腹板"_cp932};
     return words;
 }
-
-const WordList kFreeText;
 
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "panelmodel/rib_panel.h"
 
+#include "panelmodel/panel_parts.h"
 #include "project/block_rules.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
@@ -17,8 +18,6 @@ constexpr int kNames = 5; // columns 1 to 5
 constexpr int kAutomaticColumn = 2;
 constexpr int kFixedTextColumn = 3;
 constexpr int kNoCount = -1; // a count whose cell is empty
-
-const WordList kFreeText;
 
 std::string CountCell(int count)
 {

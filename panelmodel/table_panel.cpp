@@ -1,5 +1,6 @@
 #include "panelmodel/table_panel.h"
 
+#include "panelmodel/panel_parts.h"
 #include "panelmodel/project_type.h"
 #include "project/block_rules.h"
 #include "project/text.h"
@@ -12,19 +13,8 @@ namespace {
 
 using namespace literals;
 
-constexpr int kSpareRows = 50;
-constexpr int kLeastWidth = 10;
-constexpr int kWordColumn = 1;  // "自動計算(YES_NO)" and other words at the head of a row
-constexpr int kValueColumn = 2; // the value of such a row
+constexpr int kWordColumn = 1; // "自動計算(YES_NO)" and other words at the head of a row
 constexpr int kFixedTextColumn = 3;
-
-const WordList kFreeText;
-
-const WordList& YesNo()
-{
-    static const WordList words{"YES", "NO"};
-    return words;
-}
 
 /// Rows at the top that stay where they are.
 int FixedRows(int block)
@@ -87,7 +77,7 @@ bool CTablePanelModel::PutFixedTexts()
 int CTablePanelModel::ColumnWidth(int column) const
 {
     const int base = panel_.columns[static_cast<std::size_t>(column)].width;
-    return column == 0 ? base : std::max(kLeastWidth, base + Settings().rowWidthMode);
+    return column == 0 ? base : WidenedWidth(base, Settings().rowWidthMode);
 }
 
 std::string CTablePanelModel::Head(int column, int) const

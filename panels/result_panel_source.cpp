@@ -1,6 +1,7 @@
 #include "panels/result_panel_source.h"
 
 #include "document/section_doc.h"
+#include "panelmodel/panel_parts.h"
 
 #include <algorithm>
 
@@ -9,7 +10,6 @@ namespace sbd {
 namespace {
 
 constexpr int kHeadHeight = 16;
-constexpr int kLeastWidth = 10;
 constexpr std::size_t kMostSteps = 100;
 
 std::size_t Place(int number)

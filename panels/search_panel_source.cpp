@@ -1,5 +1,6 @@
 #include "panels/search_panel_source.h"
 
+#include "panelmodel/panel_parts.h"
 #include "search/search_index.h"
 
 #include <QCoreApplication>
@@ -17,7 +18,6 @@ constexpr int kLineRow = 1;
 constexpr int kFirstRow = 2; // of the rows below the line
 constexpr int kNumberWidth = 35;
 constexpr int kColumnWidth = 600;
-constexpr int kLeastWidth = 10;
 constexpr int kHeadHeight = 30;
 constexpr QRgb kTitleColor = 0xFF0000FF;
 
@@ -115,7 +115,7 @@ const SearchEntry* CSearchPanelSource::Entry(int row) const
 
 int CSearchPanelSource::ColumnWidth(int column) const
 {
-    return column == 0 ? kNumberWidth : std::max(kLeastWidth, kColumnWidth + rowWidthMode_);
+    return column == 0 ? kNumberWidth : WidenedWidth(kColumnWidth, rowWidthMode_);
 }
 
 int CSearchPanelSource::HeadHeight() const

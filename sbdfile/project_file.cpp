@@ -130,6 +130,15 @@ std::filesystem::path NamesFileBeside(const std::filesystem::path& project)
     return names;
 }
 
+void TakeProject(std::string_view bytes, const std::optional<std::filesystem::path>& names, CSbdData& data)
+{
+    if (names)
+        ReadGridNames(*names, data);
+    else
+        ReadGridNamesFromBytes({}, data);
+    ReadProject(bytes, data);
+}
+
 FileResult LoadProject(const std::filesystem::path& path, const std::optional<std::filesystem::path>& names,
                        CSbdData& data)
 {
@@ -137,11 +146,7 @@ FileResult LoadProject(const std::filesystem::path& path, const std::optional<st
     FileResult result = ReadFileBytes(path, bytes);
     if (!result.Ok())
         return result;
-    if (names)
-        ReadGridNames(*names, data);
-    else
-        ReadGridNamesFromBytes({}, data);
-    ReadProject(bytes, data);
+    TakeProject(bytes, names, data);
     return result;
 }
 

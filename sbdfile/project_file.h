@@ -38,6 +38,8 @@ struct FileResult {
 /// Path of the *.abd file beside a project: base path + ".abd".
 [[nodiscard]] std::filesystem::path NamesFileBeside(const std::filesystem::path& project);
 
+/// Takes the bytes of a project file, with the names of `names` (nothing: none).
+void TakeProject(std::string_view bytes, const std::optional<std::filesystem::path>& names, CSbdData& data);
 /// Loads a project: names from `names` (nothing: none), then ReadProject.
 [[nodiscard]] FileResult LoadProject(const std::filesystem::path& path,
                                      const std::optional<std::filesystem::path>& names, CSbdData& data);

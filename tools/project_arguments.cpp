@@ -2,7 +2,6 @@
 
 #include "project/console.h"
 #include "project/sbd_data.h"
-#include "sbdfile/grid_names.h"
 #include "sbdfile/reader.h"
 #include "tools/command_support.h"
 
@@ -114,11 +113,7 @@ FileResult LoadInput(const std::string& file, const std::optional<std::filesyste
     FileResult result = ReadInput(file, bytes);
     if (!result.Ok())
         return result;
-    if (names)
-        ReadGridNames(*names, data);
-    else
-        ReadGridNamesFromBytes({}, data);
-    ReadProject(bytes, data);
+    TakeProject(bytes, names, data);
     return result;
 }
 
