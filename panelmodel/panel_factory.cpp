@@ -7,20 +7,12 @@
 #include "panelmodel/table_panel.h"
 #include "project/catalogue.h"
 #include "project/option_rows.h"
-#include "project/text.h"
 
 namespace sbd {
 
 int PanelBlock(int block)
 {
-    constexpr std::string_view classPrefix = "CDown";
-    constexpr std::string_view tablePrefix = "CDown_DATA_";
-    const std::string_view panel = PanelOfBlock(block);
-    if (panel.empty())
-        return 0;
-    // A class that serves one block carries its number: 361 opens CDown521.
-    const int shown =
-        panel.starts_with(tablePrefix) ? CanonicalBlock(block) : LeadingInteger(panel.substr(classPrefix.size()));
+    const int shown = BlockOnPanel(block);
     const bool hasGrid = FindOptionBlock(shown) || FindRecordPanel(shown) || FindPanelTable(shown);
     return hasGrid ? shown : 0;
 }

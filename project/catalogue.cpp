@@ -1,6 +1,7 @@
 #include "project/catalogue.h"
 
 #include "project/catalogue_table.h"
+#include "project/text.h"
 
 #include <algorithm>
 #include <vector>
@@ -137,6 +138,16 @@ std::string_view PanelOfBlock(int block)
         if (canonical == number)
             return panel;
     return {};
+}
+
+int BlockOnPanel(int block)
+{
+    constexpr std::string_view classPrefix = "CDown";
+    constexpr std::string_view tablePrefix = "CDown_DATA_";
+    const std::string_view panel = PanelOfBlock(block);
+    if (panel.empty() || panel.starts_with(tablePrefix))
+        return panel.empty() ? 0 : CanonicalBlock(block);
+    return LeadingInteger(panel.substr(classPrefix.size()));
 }
 
 } // namespace sbd

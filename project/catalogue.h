@@ -70,5 +70,8 @@ struct CatalogueRow {
 
 /// The panel class that opens for a number, alias step included; empty if nothing opens.
 [[nodiscard]] std::string_view PanelOfBlock(int block);
+/// The block that the panel of a number shows: a class that serves one block carries its number (569 opens CDown521, and
+/// with it 521). 0 if nothing opens.
+[[nodiscard]] int BlockOnPanel(int block);
 
 } // namespace sbd

@@ -312,7 +312,7 @@ int RunCells(Job& job, CPageStore& pages, const std::optional<Page>& edited, con
         if (line.isEmpty() || line.startsWith(u'#'))
             continue;
         const QStringList words = line.split(u' ');
-        const int block = CanonicalBlock(words.front().toInt());
+        const int block = PageBlock(words.front().toInt());
         if (words.size() < 3 || !HasPage(block)) {
             code = Fail(u"no cell: "_s + line);
             continue;
@@ -375,7 +375,7 @@ int main(int count, char** values)
         return 0;
     }
     const QStringList arguments = parser.positionalArguments();
-    const int block = arguments.size() == 1 ? CanonicalBlock(arguments.front().toInt()) : 0;
+    const int block = arguments.size() == 1 ? PageBlock(arguments.front().toInt()) : 0;
     const QString cells = parser.value(u"cells"_s);
     if (cells.isEmpty() && !HasPage(block))
         return Fail(u"no page for this block; sbdpage --report lists the blocks"_s);

@@ -4,6 +4,7 @@
 #include "document/section_doc.h"
 #include "project/catalogue.h"
 #include "upperview/display_look.h"
+#include "upperview/page/page_store.h"
 #include "upperview/paper.h"
 
 #include <QFontMetricsF>
@@ -156,7 +157,7 @@ HelpCell CHelpView::Cell() const
 {
     const int block = doc_->HelpBlock() >= 0 ? doc_->HelpBlock() : doc_->CurrentBlock();
     const std::string searched = fromQString(SearchSessionOf(*doc_).line).value_or(std::string());
-    return {CanonicalBlock(block), doc_->HelpRow(), doc_->HelpColumn(), searched};
+    return {PageBlock(block), doc_->HelpRow(), doc_->HelpColumn(), searched};
 }
 
 void CHelpView::Refresh()

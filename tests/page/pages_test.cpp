@@ -102,6 +102,22 @@ TEST(Pages, EveryPageDrawsForEveryRowAndColumn)
                 }
 }
 
+TEST(Pages, EveryBlockHasAPageThatWasWrittenForIt)
+{
+    for (const int block : BlocksWithPage())
+        EXPECT_TRUE(FindPage(block)->full) << block;
+}
+
+TEST(Pages, ASecondNumberOfABlockShowsThePageOfThatBlock)
+{
+    for (const auto& [number, block] :
+         {std::pair{569, 521}, {570, 522}, {361, 521}, {406, 713}, {722, 702}, {313, 313}}) {
+        EXPECT_EQ(PageBlock(number), block) << number;
+        EXPECT_TRUE(HasPage(block)) << block;
+        EXPECT_EQ(HasPage(number), number == block) << number;
+    }
+}
+
 TEST(Pages, NoLabelLeavesThePageOrStandsInTheWayAtAnyPaneWidth)
 {
     std::set<std::string> faults; // each once, whatever the row and the width

@@ -14,11 +14,17 @@ constexpr int kNotes = 100;
 
 } // namespace
 
+int PageBlock(int block)
+{
+    const int shown = BlockOnPanel(block);
+    return shown == 0 ? CanonicalBlock(block) : shown;
+}
+
 bool HasPage(int block)
 {
     if (block == kNotes)
         return true;
-    return block > 256 && FindBlock(block) != nullptr && CanonicalBlock(block) == block
+    return block > 256 && FindBlock(block) != nullptr && PageBlock(block) == block
            && (GridColumns(block) > 0 || !PageTitleText(block).empty());
 }
 

@@ -23,7 +23,10 @@ struct PageSource {
 /// The page files in order of name.
 [[nodiscard]] std::span<const PageSource> PageSources();
 
-/// True for a block with a page: the blocks of the catalogue that are no alias, and 100. 253 to 256 draw their own.
+/// The block whose page a number shows.
+[[nodiscard]] int PageBlock(int block);
+/// True for a block with a page: the blocks of the catalogue that are not a second number of another one, and 100. 253 to
+/// 256 draw their own.
 [[nodiscard]] bool HasPage(int block);
 /// The blocks with a page in order of number.
 [[nodiscard]] std::vector<int> BlocksWithPage();
