@@ -44,7 +44,7 @@ std::string AppendCells(const CSbdData& data)
     std::string out;
     for (const SectionLayout& layout : SectionLayouts()) {
         const TableBlock* table = data.Table(layout.block);
-        if (!table)
+        if (table == nullptr)
             continue;
         for (std::size_t row = 0; row < table->RowCount(); ++row) {
             for (const ColumnVector& column : table->columns)

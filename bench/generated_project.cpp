@@ -61,7 +61,7 @@ CSbdData FilledProject(std::size_t rows)
     CellMaker cells;
     for (const SectionLayout& layout : SectionLayouts()) {
         TableBlock* table = data.Table(layout.block);
-        if (!table || layout.rule != RowRule::ShortestThatHolds || !HeadRowsOf(layout.block).empty())
+        if (table == nullptr || layout.rule != RowRule::ShortestThatHolds || !HeadRowsOf(layout.block).empty())
             continue;
         if (const ControlRowRule* control = ControlRowOf(layout.block))
             table->AppendRow({control->cells.begin(), control->cells.end()});

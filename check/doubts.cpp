@@ -120,7 +120,7 @@ const ClosedWords* ClosedListOf(const PanelColumn& column)
 /// A column of a range: it takes a name, whatever its list offers.
 bool IsRangeColumn(const RangeBlock* block, int column)
 {
-    return block && std::ranges::any_of(block->ranges, [column](const RangeColumns& range) {
+    return block != nullptr && std::ranges::any_of(block->ranges, [column](const RangeColumns& range) {
                return column == range.start || column == range.start + 1;
            });
 }
@@ -284,7 +284,7 @@ private:
 
     void JudgeRange(int row)
     {
-        if (!Judges(FindingKind::RangeReversed) || !judged_.range || singleSections_)
+        if (!Judges(FindingKind::RangeReversed) || judged_.range == nullptr || singleSections_)
             return;
         for (const RangeColumns& range : judged_.range->ranges)
             if (const auto places = PlacesOf(row, range); places && places->first > places->second)
@@ -313,7 +313,8 @@ private:
     {
         constexpr std::size_t mostBoxes =
             1000; // of one key: enough for any bridge, and no more work than the rows need
-        if (!Judges(FindingKind::RowCovered) || !judged_.range || !judged_.range->laterRowWins || singleSections_)
+        if (!Judges(FindingKind::RowCovered) || judged_.range == nullptr || !judged_.range->laterRowWins
+            || singleSections_)
             return;
         std::map<std::pair<std::string_view, std::string_view>, std::vector<Box>> later;
         std::vector<std::pair<int, int>> covered; // row, the row that rules
@@ -355,7 +356,7 @@ private:
 /// Rows that an engineer has entered.
 bool HasRows(const CSbdData& data, int block)
 {
-    const int ahead = data.Table(block) ? FixedRowsOf(block) : 0;
+    const int ahead = data.Table(block) != nullptr ? FixedRowsOf(block) : 0;
     return static_cast<int>(data.RowCount(block)) > ahead;
 }
 
@@ -424,7 +425,7 @@ void JudgeAutomatic(const CSbdData& data, int block, FindingList& doubts)
 {
     const TableBlock* table = data.Table(block);
     const int option = AutomaticOptionRow(block);
-    if (!table || option == 0 || table->RowCount() == 0)
+    if (table == nullptr || option == 0 || table->RowCount() == 0)
         return;
     const std::string_view value = data.Option(301, static_cast<std::size_t>(option) - 1);
     if (table->columns[1][0] != value)
@@ -457,7 +458,7 @@ void AddDoubtsWith(const CSbdData& data, int block, const KnownNames& names, con
         JudgeAutomatic(data, block, doubts);
         JudgeStringerNames(data, block, doubts);
     }
-    if (data.Table(block) && JudgedBlocks().contains(block))
+    if (data.Table(block) != nullptr && JudgedBlocks().contains(block))
         BlockJudge(data, block, names, silent, doubts).Judge();
 }
 

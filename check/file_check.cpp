@@ -30,7 +30,8 @@ std::size_t FirstOtherLine(std::string_view a, std::string_view b)
 bool StaysOutOfFile(int block, const CSbdData& data)
 {
     const SectionLayout* layout = FindSectionLayout(block);
-    return layout && data.Table(block) && data.RowCount(block) < static_cast<std::size_t>(layout->leastRows);
+    return layout != nullptr && data.Table(block) != nullptr
+           && data.RowCount(block) < static_cast<std::size_t>(layout->leastRows);
 }
 
 void AddForm(FileCheck& check)

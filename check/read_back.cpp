@@ -16,7 +16,7 @@ constexpr int kControlBlock = 301; // title, type and switches: all others may f
 
 bool HasSection(int block)
 {
-    return FindOptionBlock(block) || FindSectionLayout(block);
+    return FindOptionBlock(block) != nullptr || FindSectionLayout(block) != nullptr;
 }
 
 /// For each block: the blocks that a load lets it follow.
@@ -57,7 +57,7 @@ std::size_t RowsAlways(int block)
 {
     const SectionLayout* layout = FindSectionLayout(block);
     const int atTop = std::max(FixedRowsOf(block), 1);
-    return static_cast<std::size_t>(std::max(atTop, layout ? layout->leastRows : 0));
+    return static_cast<std::size_t>(std::max(atTop, layout != nullptr ? layout->leastRows : 0));
 }
 
 /// A part of a table: the rows always there, and the doubtful ones. `rows`: where each stood.
@@ -79,7 +79,7 @@ TableBlock PartOf(const TableBlock& table, int block, const std::vector<int>& do
 
 void CopyOwnStores(const CSbdData& data, int block, CSbdData& part)
 {
-    if (FindOptionBlock(block))
+    if (FindOptionBlock(block) != nullptr)
         *part.Options(block) = *data.Options(block);
     else if (block == 311)
         part.hGirder = data.hGirder;
@@ -161,7 +161,7 @@ void CReadBack::Update(const CSbdData& data, std::span<const ChangedRow> changed
     for (const ChangedRow& change : changed) {
         blocks.insert(change.block);
         const TableBlock* table = data.Table(change.block);
-        if (!table)
+        if (table == nullptr)
             continue;
         std::vector<int>& rows = doubtful_[change.block];
         const RowScreen screen(change.block);

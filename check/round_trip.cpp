@@ -149,7 +149,7 @@ bool CRoundTrip::SurelySame(int block) const
 {
     // Rows that are the same, each from its own line, are shown the same.
     const TableBlock* before = before_.Table(block);
-    if (!before || !(*before == *after_.Table(block)))
+    if (before == nullptr || !(*before == *after_.Table(block)))
         return false;
     for (std::size_t row = static_cast<std::size_t>(FixedRowsOf(block)); row < before->RowCount(); ++row)
         if (ReturnedRow(block, static_cast<int>(row)) != static_cast<int>(row))
@@ -159,23 +159,24 @@ bool CRoundTrip::SurelySame(int block) const
 
 std::vector<ReturnedCell> CRoundTrip::Different(int block, const ShownBlock* shown) const
 {
-    if (FindOptionBlock(block))
+    if (FindOptionBlock(block) != nullptr)
         return DifferentOptions(block, before_, after_);
-    if (!shown && SurelySame(block))
+    if (shown == nullptr && SurelySame(block))
         return {};
     CSbdData& before = const_cast<CSbdData&>(before_); // a panel that is never committed changes nothing
     CSbdData& after = const_cast<CSbdData&>(after_);
     ShownBlock own;
-    if (!shown) {
+    if (shown == nullptr) {
         own = Show(*MakePanelModel(before, block));
         shown = &own;
     }
     const ShownBlock back = Show(*MakePanelModel(after, block));
-    if (before_.Names(block))
+    if (before_.Names(block) != nullptr)
         return DifferentNames(*shown, back);
 
     std::vector<ReturnedCell> cells;
-    const int ahead = before_.Table(block) ? 0 : FixedRowsOf(block); // rows of the panel that are no stored rows
+    const int ahead =
+        before_.Table(block) != nullptr ? 0 : FixedRowsOf(block); // rows of the panel that are no stored rows
     const int backRows = static_cast<int>(after_.RowCount(block)) + ahead;
     for (int row = 1; row <= std::max(shown->rows, std::min(shown->fixedRows, back.rows)); ++row) {
         int other = row;

@@ -64,7 +64,7 @@ constexpr LineWord kLineWords[] = {
 RowScreen::RowScreen(int block) : block_(block)
 {
     const SectionLayout* layout = FindSectionLayout(block);
-    if (layout && !layout->formats.empty())
+    if (layout != nullptr && !layout->formats.empty())
         fields_ = layout->formats.back().fields.size();
 }
 

@@ -27,7 +27,7 @@ std::size_t Place(const ShownBlock& shown, int row, int column)
 /// The word that heads a row which keeps its place: what makes the row what it is.
 bool IsHeadWord(const ShownBlock& shown, int row, int column)
 {
-    return column == 1 && row <= shown.fixedRows && shown.block != 412 && !FindOptionBlock(shown.block);
+    return column == 1 && row <= shown.fixedRows && shown.block != 412 && FindOptionBlock(shown.block) == nullptr;
 }
 
 /// A panel of a block without rows shows its automatic row alone: what is typed below it is no head row.
@@ -44,7 +44,7 @@ int HeadRowsThere(const CPanelModel& panel, std::span<const HeadRow> heads)
 
 int FixedRowsOf(int block)
 {
-    if (FindOptionBlock(block))
+    if (FindOptionBlock(block) != nullptr)
         return std::numeric_limits<int>::max();
     const RowsAtTop* const own = std::ranges::find(kRowsAtTop, block, &RowsAtTop::block);
     return own != std::end(kRowsAtTop) ? own->rows : WordRowsOf(block);
@@ -75,7 +75,7 @@ ShownBlock Show(const CPanelModel& panel)
         shown.fixedRows = HeadRowsThere(panel, heads);
     shown.columns = panel.ColumnCount();
     shown.rows = panel.BlockRows();
-    if (!FindOptionBlock(shown.block))
+    if (FindOptionBlock(shown.block) == nullptr)
         shown.rows = std::min(panel.GridRows(), std::max(shown.rows, shown.fixedRows));
     const std::size_t cells = static_cast<std::size_t>(shown.rows) * static_cast<std::size_t>(shown.columns);
     shown.texts.resize(cells);

@@ -34,18 +34,19 @@ int COptionPanelModel::ColumnWidth(int column) const
     const int mode = Settings().rowWidthMode;
     if (column == kNumberColumn)
         return numberWidth;
-    if (panel_)
+    if (panel_ != nullptr)
         return column == kLabelColumn ? panel_->labelWidth + std::clamp(mode, 0, 100)
                                       : panel_->valueWidth + std::max(mode, panel_->lowerLimit);
-    return table_ ? WidenedWidth(table_->columns[static_cast<std::size_t>(column)].width, mode) : numberWidth;
+    return table_ != nullptr ? WidenedWidth(table_->columns[static_cast<std::size_t>(column)].width, mode)
+                             : numberWidth;
 }
 
 std::string COptionPanelModel::Head(int column, int) const
 {
     const std::size_t index = static_cast<std::size_t>(column);
-    if (panel_)
+    if (panel_ != nullptr)
         return panel_->heads[index];
-    return table_ ? table_->columns[index].head : std::string();
+    return table_ != nullptr ? table_->columns[index].head : std::string();
 }
 
 std::string COptionPanelModel::Label(int row) const
@@ -85,7 +86,7 @@ bool COptionPanelModel::DoIsEditable(int row, int column) const
 const WordList& COptionPanelModel::DoWords(int row, int column) const
 {
     const std::size_t index = static_cast<std::size_t>(row) - 1;
-    if (!panel_ || column != kValueColumn || index >= panel_->words.size())
+    if (panel_ == nullptr || column != kValueColumn || index >= panel_->words.size())
         return kFreeText;
     return panel_->words[index];
 }

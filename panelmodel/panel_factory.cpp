@@ -13,7 +13,8 @@ namespace sbd {
 int PanelBlock(int block)
 {
     const int shown = BlockOnPanel(block);
-    const bool hasGrid = FindOptionBlock(shown) || FindRecordPanel(shown) || FindPanelTable(shown);
+    const bool hasGrid =
+        (FindOptionBlock(shown) != nullptr) || FindRecordPanel(shown) != nullptr || FindPanelTable(shown) != nullptr;
     return hasGrid ? shown : 0;
 }
 
@@ -42,9 +43,9 @@ std::unique_ptr<CPanelModel> MakePanelModel(const CSbdData& data, int block, con
     default:
         break;
     }
-    if (FindOptionBlock(shown))
+    if (FindOptionBlock(shown) != nullptr)
         return std::make_unique<COptionPanelModel>(data, shown, settings);
-    return data.Table(shown) ? std::make_unique<CTablePanelModel>(data, shown, settings) : nullptr;
+    return data.Table(shown) != nullptr ? std::make_unique<CTablePanelModel>(data, shown, settings) : nullptr;
 }
 
 } // namespace sbd

@@ -19,7 +19,7 @@ constexpr int kFixedTextColumn = 3;
 /// Rows at the top that stay where they are.
 int FixedRows(int block)
 {
-    return FindOwnFirstRow(block) ? 1 : WordRowsOf(block);
+    return FindOwnFirstRow(block) != nullptr ? 1 : WordRowsOf(block);
 }
 
 std::string ControlValue(int block, const CSbdData& data)
@@ -156,7 +156,7 @@ CellEffect CTablePanelModel::DoSetCell(int row, int column, std::string_view tex
     cells_.columns[static_cast<std::size_t>(column) - 1].Set(static_cast<std::size_t>(entry), text);
     Touch(entry);
     const OwnFirstRow* const first = FindOwnFirstRow(Block());
-    if (!first || first->value.empty() || row == 1 || !Cell(1, kWordColumn).empty())
+    if (first == nullptr || first->value.empty() || row == 1 || !Cell(1, kWordColumn).empty())
         return CellEffect::Cell;
     cells_.columns.front().Set(0, first->value);
     Touch(0);

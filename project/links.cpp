@@ -32,7 +32,7 @@ void ShareOptions(CProjectWriter& writer, int block)
 void SetAutomaticRow(CProjectWriter& writer, int block, const std::string& value)
 {
     const TableBlock* table = writer.Data().Table(block);
-    if (!table) // 324 and 325 hold no automatic row of their own
+    if (table == nullptr) // 324 and 325 hold no automatic row of their own
         return;
     if (table->RowCount() > 0)
         writer.SetCell(block, 0, 1, value);
@@ -90,7 +90,7 @@ std::string SwitchOf301(const CSbdData& data, int optionRow)
 std::string AutomaticValue(const CSbdData& data, int block, int optionRow)
 {
     const TableBlock* table = data.Table(block);
-    if (!table)
+    if (table == nullptr)
         return SwitchOf301(data, optionRow);
     return table->RowCount() > 0 ? std::string(table->columns[1][0]) : std::string();
 }

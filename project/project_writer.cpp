@@ -285,7 +285,8 @@ void CProjectWriter::SetNames(int block, NameLists names)
 void CProjectWriter::Replace(const CSbdData& other)
 {
     for (const CatalogueRow& row : Catalogue())
-        if (const TableBlock* table = other.Table(row.block); table && !(*table == *data_.Table(row.block)))
+        if (const TableBlock* table = other.Table(row.block);
+            (table != nullptr) && !(*table == *data_.Table(row.block)))
             ReplaceTable(row.block, *table);
     for (const OptionBlock& block : OptionBlocks())
         for (std::size_t row = 0; row < block.rows.size(); ++row)

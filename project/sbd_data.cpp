@@ -100,13 +100,13 @@ void CSbdData::ClearBlocks()
 int CSbdData::ColumnCount(int block) const
 {
     const CatalogueRow* row = FindBlock(block);
-    return row && row->columns > 0 ? row->columns : 2;
+    return row != nullptr && row->columns > 0 ? row->columns : 2;
 }
 
 void CSbdData::Append(int block, int column, std::string_view text)
 {
     TableBlock* table = Table(block);
-    if (table && column >= 0 && static_cast<std::size_t>(column) < table->columns.size())
+    if (table != nullptr && column >= 0 && static_cast<std::size_t>(column) < table->columns.size())
         table->columns[static_cast<std::size_t>(column)].Append(text);
 }
 
@@ -155,13 +155,13 @@ const std::vector<std::string>* CSbdData::Options(int block) const
 std::string_view CSbdData::Option(int block, std::size_t row) const
 {
     const std::vector<std::string>* values = Options(block);
-    return values && row < values->size() ? std::string_view((*values)[row]) : std::string_view();
+    return values != nullptr && row < values->size() ? std::string_view((*values)[row]) : std::string_view();
 }
 
 void CSbdData::SetOption(int block, std::size_t row, std::string_view value)
 {
     const OptionBlock* definition = FindOptionBlock(block);
-    if (!definition || row >= definition->rows.size())
+    if (definition == nullptr || row >= definition->rows.size())
         return;
     std::vector<std::string>& values = *Options(block);
     if (row >= values.size())

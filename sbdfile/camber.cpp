@@ -71,7 +71,7 @@ TableBlock CleanedCamber(const TableBlock& table, std::vector<int>* from)
         if (load.empty() || load == "?")
             continue;
         cleaned.AppendRow({kind, load});
-        if (from)
+        if (from != nullptr)
             from->push_back(static_cast<int>(row));
     }
     return cleaned;

@@ -97,9 +97,9 @@ std::string ColumnName(int block, std::size_t column)
         std::ranges::replace(text, '\n', ' ');
         return text;
     };
-    if (const PanelTable* panel = FindPanelTable(block); panel && column + 1 < panel->columns.size())
+    if (const PanelTable* panel = FindPanelTable(block); panel != nullptr && column + 1 < panel->columns.size())
         return oneLine(panel->columns[column + 1].head);
-    if (const RecordPanel* panel = FindRecordPanel(block); panel && column + 1 < panel->heads.size())
+    if (const RecordPanel* panel = FindRecordPanel(block); panel != nullptr && column + 1 < panel->heads.size())
         return oneLine(panel->heads[column + 1]);
     return {};
 }
@@ -301,7 +301,7 @@ std::vector<Difference> CompareProjects(const CSbdData& before, const CSbdData& 
             CompareRows(block, CrossRibRows(before), CrossRibRows(after), found);
         else if (block == 325)
             CompareRows(block, LRibRows(before), LRibRows(after), found);
-        else if (const TableBlock* table = before.Table(block); table && !(*table == *after.Table(block)))
+        else if (const TableBlock* table = before.Table(block); table != nullptr && !(*table == *after.Table(block)))
             CompareRows(block, TableRows(*table), TableRows(*after.Table(block)), found);
     }
     if (before.versionWord != after.versionWord)

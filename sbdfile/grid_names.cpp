@@ -57,7 +57,7 @@ struct NameList {
     {
         size = newSize;
         names.resize(std::min(names.size(), size));
-        if (marks)
+        if (marks != nullptr)
             marks->resize(names.size());
     }
     /// Puts a name in place `place`, which is at most the one behind the last.
@@ -65,17 +65,17 @@ struct NameList {
     {
         if (place == names.size()) {
             names.emplace_back();
-            if (marks)
+            if (marks != nullptr)
                 marks->emplace_back();
         }
         names[place] = name;
-        if (marks)
+        if (marks != nullptr)
             (*marks)[place] = mark;
     }
     void Complete()
     {
         names.resize(size);
-        if (marks)
+        if (marks != nullptr)
             marks->resize(size);
     }
 };
@@ -116,7 +116,7 @@ public:
 private:
     void Take(std::string_view name)
     {
-        const int mark = list_.marks ? TakeMark(name) : 0;
+        const int mark = list_.marks != nullptr ? TakeMark(name) : 0;
         list_.Set(taken_, name.substr(0, kLongestName), mark);
         ++taken_;
     }

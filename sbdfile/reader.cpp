@@ -234,7 +234,7 @@ private:
     {
         for (const HeadRow& head : heads)
             table.AppendRow({head.word, head.value});
-        if (control && std::ranges::none_of(control->words, [&](const std::string& word) {
+        if (control != nullptr && std::ranges::none_of(control->words, [&](const std::string& word) {
                 return firstWord.starts_with(word);
             }))
             table.AppendRow({control->cells.begin(), control->cells.end()});
@@ -331,7 +331,7 @@ private:
 
 void ReadSections(std::string_view bytes, CSbdData& data, std::vector<ReadNote>* notes)
 {
-    if (!notes)
+    if (notes == nullptr)
         return ProjectReader(bytes, data, nullptr).Read();
     NoteTaker taker(*notes);
     ProjectReader(bytes, data, &taker).Read();

@@ -15,7 +15,7 @@ struct ReadSource {
 
     void Tell(ReadStep step, int block, int row = -1, std::string_view text = {}) const
     {
-        if (observer)
+        if (observer != nullptr)
             observer->Met({step, lines.Number(), lines.Offset(), block, row, text});
     }
 };

@@ -121,7 +121,7 @@ void WriteTableRows(std::string& out, const SectionLayout& layout, const TableBl
                     std::string_view ahead = {})
 {
     const auto writeRow = [&](std::size_t row) {
-        if (trace)
+        if (trace != nullptr)
             trace->rows.push_back({out.size(), layout.block, static_cast<int>(row)});
         WriteRow(out, layout, table, row);
     };
@@ -144,9 +144,9 @@ void WriteTableRows(std::string& out, const SectionLayout& layout, const TableBl
 void WriteCamber(std::string& out, const SectionLayout& layout, const TableBlock& table, WriteTrace* trace)
 {
     std::vector<int> from;
-    const std::size_t first = trace ? trace->rows.size() : 0;
+    const std::size_t first = trace != nullptr ? trace->rows.size() : 0;
     WriteTableRows(out, layout, CleanedCamber(table, &from), trace);
-    if (!trace)
+    if (trace == nullptr)
         return;
     for (std::size_t i = first; i < trace->rows.size(); ++i)
         trace->rows[i].row = from[static_cast<std::size_t>(trace->rows[i].row)];
@@ -164,7 +164,7 @@ std::size_t NamesOf(const NameLists& names)
 void WriteSection(std::string& out, const SectionLayout& layout, const CSbdData& data, WriteTrace* trace)
 {
     const NameLists* names = data.Names(layout.block);
-    const std::size_t rows = names ? NamesOf(*names) : data.RowCount(layout.block);
+    const std::size_t rows = names != nullptr ? NamesOf(*names) : data.RowCount(layout.block);
     if (rows < static_cast<std::size_t>(layout.leastRows))
         return;
     const std::size_t begin = out.size();
@@ -181,12 +181,12 @@ void WriteSection(std::string& out, const SectionLayout& layout, const CSbdData&
         WriteCrossRibs(out, data, trace);
     } else if (layout.block == 325) {
         WriteLRibs(out, data, trace);
-    } else if (names) {
+    } else if (names != nullptr) {
         WriteNames(out, layout.block, data);
     } else {
         WriteTableRows(out, layout, *data.Table(layout.block), trace);
     }
-    if (trace)
+    if (trace != nullptr)
         trace->sections.push_back({layout.block, begin, out.size()});
     AppendLine(out, layout.end);
     out.append(kLineEnd);
@@ -225,13 +225,13 @@ void WriteBlock(std::string& out, int block, const CSbdData& data, const std::ve
                 WriteTrace* trace)
 {
     const OptionBlock* options = FindOptionBlock(block);
-    if (!options)
+    if (options == nullptr)
         return WriteSection(out, *FindSectionLayout(block), data, trace);
     if (block == 301 && IsHeldBack(control))
         return;
     const std::size_t begin = out.size();
     WriteOptions(out, *options, block == 301 ? control : *data.Options(block));
-    if (trace)
+    if (trace != nullptr)
         trace->sections.push_back({block, begin, out.size() - options->end.size() - 2 * kLineEnd.size()});
 }
 
@@ -242,7 +242,7 @@ std::string WriteAll(const CSbdData& data, WriteReport* report, WriteTrace* trac
     std::vector<std::string> rebuilt;
     const std::vector<std::string>& control = ControlValues(data, rebuilt);
     const bool heldBack = IsHeldBack(control);
-    if (report)
+    if (report != nullptr)
         report->controlBlockHeldBack = heldBack;
     if (!heldBack)
         AppendLine(out, "TITLE:" + control[0]);

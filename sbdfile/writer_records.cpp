@@ -22,7 +22,7 @@ void AppendLine(std::string& out, std::string_view line)
 
 void TraceRow(WriteTrace* trace, const std::string& out, int block, std::ptrdiff_t row)
 {
-    if (trace)
+    if (trace != nullptr)
         trace->rows.push_back({out.size(), block, static_cast<int>(row)});
 }
 

@@ -75,7 +75,7 @@ json Tables(const CSbdData& data)
     json tables = json::object();
     for (const CatalogueRow& row : Catalogue()) {
         const TableBlock* table = data.Table(row.block);
-        if (!table || table->RowCount() == 0)
+        if (table == nullptr || table->RowCount() == 0)
             continue;
         json rows = json::array();
         for (std::size_t i = 0; i < table->RowCount(); ++i)

@@ -77,7 +77,7 @@ json OptionRowEntry(const OptionBlock& block, std::size_t row)
             {"default", FromCp932(option.defaultValue)},
             {"label", block.shape == OptionShape::KeywordLabelValue ? json(FromCp932(option.label)) : json()},
             {"panelLabel", FromCp932(option.panelLabel)},
-            {"words", panel && row < panel->words.size() ? WordsOrNull(panel->words[row]) : json()}};
+            {"words", (panel != nullptr) && row < panel->words.size() ? WordsOrNull(panel->words[row]) : json()}};
 }
 
 json OptionBlockEntry(const OptionBlock& block)
@@ -87,7 +87,7 @@ json OptionBlockEntry(const OptionBlock& block)
         rows.push_back(OptionRowEntry(block, row));
     const CatalogueRow* entry = FindBlock(block.block);
     return {{"block", block.block},
-            {"tag", entry ? TextOrNull(entry->tag) : json()},
+            {"tag", entry != nullptr ? TextOrNull(entry->tag) : json()},
             {"header", FromCp932(block.header)},
             {"end", FromCp932(block.end)},
             {"rows", rows}};
@@ -151,7 +151,7 @@ json OptionsListing()
 std::optional<json> OptionsListing(int block)
 {
     const OptionBlock* found = FindOptionBlock(CanonicalBlock(block));
-    if (!found)
+    if (found == nullptr)
         return std::nullopt;
     return json{{"blocks", json::array({OptionBlockEntry(*found)})}};
 }
@@ -167,7 +167,7 @@ json ColumnsListing()
 std::optional<json> ColumnsListing(int block)
 {
     const PanelTable* found = FindPanelTable(CanonicalBlock(block));
-    if (!found)
+    if (found == nullptr)
         return std::nullopt;
     return json{{"blocks", json::array({PanelEntry(*found)})}};
 }

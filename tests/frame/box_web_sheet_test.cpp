@@ -219,7 +219,7 @@ void BoxWebSheetTest::aCharacterThatAProjectCannotHoldIsRefused()
     Sheet sheet(1);
     QVERIFY(sheet.IsUp());
     QTest::keyClick(&sheet.Grid(), Qt::Key_F2);
-    qobject_cast<QLineEdit*>(sheet.sheet.focusWidget())
+    qobject_cast<QLineEdit*>(sheet.sheet.focusWidget()) != nullptr
         ? qobject_cast<QLineEdit*>(sheet.sheet.focusWidget())->setText(u"G1é"_s)
         : qobject_cast<QComboBox*>(sheet.sheet.focusWidget())->setEditText(u"G1é"_s);
     sheet.sheet.accept();

@@ -190,7 +190,8 @@ void CompareCells(Station& station, CGridCtrl& grid, const CPanelModel& model)
 void CompareWithTable(Station& station, CGridCtrl& grid, int block, const CSbdData& data)
 {
     const PanelTable* table = FindPanelTable(block);
-    if (!table || FindOptionBlock(block) || block == 321 || block == 322) // those two change with their second row
+    if (table == nullptr || FindOptionBlock(block) != nullptr || block == 321
+        || block == 322) // those two change with their second row
         return;
     const int dataRow = table->automaticRows + 4; // behind rows whose first cell is a word of the file
     for (int column = 1; column < int(table->columns.size()); ++column) {
@@ -233,7 +234,7 @@ void CompareEditors(Station& station, CGridCtrl& grid, int block)
         QTest::keyClick(&grid, Qt::Key_F2);
         const QComboBox* combo = qobject_cast<QComboBox*>(grid.indexWidget(grid.currentIndex()));
         QStringList offered;
-        for (int i = 0; combo && i < combo->count(); ++i)
+        for (int i = 0; combo != nullptr && i < combo->count(); ++i)
             offered << combo->itemText(i);
         QStringList expected = grid.Source()->Words(row, column);
         expected.removeDuplicates();
@@ -316,9 +317,9 @@ Typed TypeRow(CChildFrame& child, int block, int row)
             continue;
         grid.SetFocusCell(row, column);
         // One of everything in the blocks of records, so that counts and lists of numbers agree.
-        const QString text = column == 1 && !option   ? u"T%1"_s.arg(block)
-                             : FindRecordPanel(block) ? u"1"_s
-                                                      : QString::number(block % 10 + column);
+        const QString text = column == 1 && !option              ? u"T%1"_s.arg(block)
+                             : FindRecordPanel(block) != nullptr ? u"1"_s
+                                                                 : QString::number(block % 10 + column);
         Type(text);
         Press(Qt::Key_Tab);
         if (HasField(block, column))
@@ -332,7 +333,7 @@ Typed TypeRow(CChildFrame& child, int block, int row)
 Typed TypeIn(CChildFrame& child, int block)
 {
     const CPanelModel& model = *child.Panel()->Model();
-    if (FindOptionBlock(block))
+    if (FindOptionBlock(block) != nullptr)
         return TypeRow(child, block, UnlinkedOptionRow(block));
     if (IsNameBlock(block))
         return TypeRow(child, block, 2);
@@ -446,11 +447,11 @@ void PanelProofTest::theRowWidthModeWidensAndNarrowsEveryPanel()
                 const int base = columns.widths[std::size_t(column)];
                 const int width = grid.columnWidth(column - 1);
                 const QString name = u"block %1 mode %2 width %3"_s.arg(block).arg(mode).arg(column);
-                if (option && column == 1)
+                if (option != nullptr && column == 1)
                     station.Compare(width, base + std::clamp(mode, 0, 100), name);
-                else if (option)
+                else if (option != nullptr)
                     station.Compare(width, base + std::max(mode, option->lowerLimit), name);
-                else if (FindPanelTable(block))
+                else if (FindPanelTable(block) != nullptr)
                     station.Compare(width, std::max(base + mode, 10), name);
                 else
                     station.Expect(width >= 10, name);

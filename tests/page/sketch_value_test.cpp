@@ -172,6 +172,7 @@ TEST(PageText, TheCurrentValueStandsUnderTheHeadingOnce)
     EXPECT_EQ(FromCp932(lines("説明")[3].text), "    25  <--- 現在の入力");
     data.SetOption(310, 0, "");
     EXPECT_EQ(FromCp932(lines("説明")[3].text), "    (空白)  <--- 現在の入力");
+    EXPECT_EQ(FromCp932(lines("値： @{310:1}  <--- 現在の入力")[3].text), "値： (空白)  <--- 現在の入力");
     EXPECT_EQ(lines("値 @{310:1}").size(), 4U); // the text quotes it itself
     EXPECT_EQ(lines("値 @{310:2}").size(), 5U);
 }

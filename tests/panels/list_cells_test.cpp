@@ -74,7 +74,7 @@ private slots:
 bool ListCellsTest::Open(int block)
 {
     panel_ = CreatePanel(doc_.get(), block);
-    if (!panel_ || !panel_->Model())
+    if (!panel_ || panel_->Model() == nullptr)
         return false;
     panel_->resize(1200, 600);
     panel_->show();
@@ -88,10 +88,10 @@ bool ListCellsTest::OpenAndLeaveByKey()
 {
     QTest::keyClick(&Grid(), Qt::Key_Down, Qt::AltModifier);
     CCellCombo* combo = Combo();
-    if (!combo || !combo->view()->isVisible())
+    if (combo == nullptr || !combo->view()->isVisible())
         return false;
     QTest::keyClick(combo->view(), Qt::Key_Escape);
-    if (combo->view()->isVisible() || !Combo())
+    if (combo->view()->isVisible() || Combo() == nullptr)
         return false;
     QTest::keyClick(combo, Qt::Key_Return);
     return !Grid().IsEditing();
@@ -103,7 +103,7 @@ bool ListCellsTest::OpenAndLeaveByMouse()
     const GridCell cell = Grid().FocusCell();
     QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, CGridDelegate::ButtonRect(CellRect()).center());
     CCellCombo* combo = Combo();
-    if (!combo || !combo->view()->isVisible())
+    if (combo == nullptr || !combo->view()->isVisible())
         return false;
     combo->hidePopup();
     const int elsewhere = cell.row == 1 ? 2 : cell.row - 1;
@@ -138,7 +138,12 @@ void ListCellsTest::EveryListIsOpenedAndLeftWithoutAChange_data()
 {
     QTest::addColumn<QString>("project");
     QTest::addColumn<bool>("byKey");
-    for (const char* name : {"plate4", "box2", "single1"}) {
+#ifdef __SANITIZE_ADDRESS__ // ten times as long, and no list of the larger ones is of another kind
+    const QList<const char*> projects{"single1"};
+#else
+    const QList<const char*> projects{"plate4", "box2", "single1"};
+#endif
+    for (const char* name : projects) {
         for (const bool byKey : {true, false}) {
             const QString title = QString::fromLatin1(name) + (byKey ? u", key"_s : u", mouse"_s);
             QTest::newRow(qPrintable(title))

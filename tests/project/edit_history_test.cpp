@@ -24,10 +24,10 @@ TEST(EditHistory, HoldsAThousandStepsAndMoreAndLetsTheOldestGo)
     EXPECT_GE(history.Size(), 1024U);
     EXPECT_LT(history.Size(), 10000U);
     const std::size_t steps = history.Size();
-    while (history.NextUndo())
+    while (history.NextUndo() != nullptr)
         history.Undo(data);
     EXPECT_EQ(data.Option(301, 0), std::to_string(10000 - steps));
-    while (history.NextRedo())
+    while (history.NextRedo() != nullptr)
         history.Redo(data);
     EXPECT_EQ(data.Option(301, 0), "10000");
 }
@@ -42,7 +42,7 @@ TEST(EditHistory, HoldsNoMoreThan64MegabytesHoweverLargeTheSteps)
     }
     EXPECT_GT(history.Size(), 50U);
     std::size_t steps = 0;
-    for (; history.NextUndo(); ++steps)
+    for (; history.NextUndo() != nullptr; ++steps)
         history.Undo(data);
     EXPECT_LE(history.Bytes(), 64U << 20) << "the states have changed places";
     EXPECT_GT(steps, 50U);

@@ -135,8 +135,9 @@ TEST(PanelColumns, EveryOptionAndRecordPanelIsCanonicalAndOpensTheClassOfItsNumb
 TEST(PanelColumns, EveryBlockWithASectionHasExactlyOnePanel)
 {
     for (const CatalogueRow& row : Catalogue()) {
-        const int panels = (FindPanelTable(row.block) ? 1 : 0) + (FindOptionPanel(row.block) ? 1 : 0)
-                           + (FindRecordPanel(row.block) ? 1 : 0);
+        const int panels = (FindPanelTable(row.block) != nullptr ? 1 : 0)
+                           + (FindOptionPanel(row.block) != nullptr ? 1 : 0)
+                           + (FindRecordPanel(row.block) != nullptr ? 1 : 0);
         EXPECT_EQ(panels, row.kind == BlockKind::None ? 0 : 1) << row.block;
     }
 }

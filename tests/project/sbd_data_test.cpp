@@ -56,7 +56,7 @@ TEST(SbdData, EveryTableBlockHasItsColumns)
     for (const CatalogueRow& row : Catalogue()) {
         const TableBlock* table = data.Table(row.block);
         ASSERT_EQ(table != nullptr, IsReadByRows(row)) << row.block;
-        if (table) {
+        if (table != nullptr) {
             EXPECT_EQ(table->columns.size(), static_cast<std::size_t>(row.columns)) << row.block;
         }
     }

@@ -110,7 +110,7 @@ TEST(SectionLayouts, EachIsWrittenFromItsLeastNumberOfRowsOn)
 {
     for (const Place& place : kOrder) {
         const SectionLayout* layout = FindSectionLayout(place.block);
-        if (!layout)
+        if (layout == nullptr)
             continue;
         EXPECT_EQ(layout->leastRows, place.leastRows) << place.block;
     }

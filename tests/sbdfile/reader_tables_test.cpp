@@ -241,7 +241,7 @@ TEST(ReaderRules, ABlockHasAControlRowOrHeadRowsNeverBoth)
         EXPECT_FALSE(control && head) << row.block;
         if (head)
             heads.push_back(row.block);
-        if (control) {
+        if (control != nullptr) {
             EXPECT_LE(control->cells.size(), static_cast<std::size_t>(row.columns)) << row.block;
             EXPECT_TRUE(std::ranges::any_of(
                 control->words, [&](const std::string& word) { return control->cells[0].starts_with(word); }))

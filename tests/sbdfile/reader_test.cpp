@@ -23,13 +23,13 @@ std::vector<int> FilledBlocks(const CSbdData& data)
     const CSbdData fresh;
     std::vector<int> blocks;
     for (const CatalogueRow& row : Catalogue()) {
-        const bool filled = data.Options(row.block) ? *data.Options(row.block) != *fresh.Options(row.block)
-                            : data.Names(row.block) ? !(*data.Names(row.block) == *fresh.Names(row.block))
-                            : data.Table(row.block) ? data.RowCount(row.block) > 0
-                            : row.block == 311      ? !data.hGirder.records.empty()
-                            : row.block == 324      ? !data.crossRibs.empty()
-                            : row.block == 325      ? !data.lRibs.empty()
-                                                    : false;
+        const bool filled = data.Options(row.block) != nullptr ? *data.Options(row.block) != *fresh.Options(row.block)
+                            : data.Names(row.block) != nullptr ? !(*data.Names(row.block) == *fresh.Names(row.block))
+                            : data.Table(row.block) != nullptr ? data.RowCount(row.block) > 0
+                            : row.block == 311                 ? !data.hGirder.records.empty()
+                            : row.block == 324                 ? !data.crossRibs.empty()
+                            : row.block == 325                 ? !data.lRibs.empty()
+                                                               : false;
         if (filled)
             blocks.push_back(row.block);
     }
@@ -69,8 +69,8 @@ TEST(ReaderHeaders, TheHeaderThatIsWrittenOpensItsOwnBlockAlone)
     for (const int block : SectionOrder()) {
         const OptionBlock* options = FindOptionBlock(block);
         const SectionLayout* layout = FindSectionLayout(block);
-        const std::string& header = options ? options->header : layout->header;
-        const std::string& end = options ? options->end : layout->end;
+        const std::string& header = options != nullptr ? options->header : layout->header;
+        const std::string& end = options != nullptr ? options->end : layout->end;
         const CSbdData data = ReadBytes(header + "\r\n" + SomeRow(block) + end + "\r\n" + "  behind the end\r\n");
         EXPECT_THAT(FilledBlocks(data), ElementsAre(block));
         EXPECT_THAT(data.unknownLines, IsEmpty()) << block;

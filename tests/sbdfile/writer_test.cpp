@@ -65,7 +65,7 @@ TEST(Writer, ANewDocumentHoldsOptionsForcesNamesAndTheLateralPositionsAlone)
     CSbdData data;
     std::vector<int> expected;
     for (const int block : SectionOrder())
-        if (FindOptionBlock(block) || FindSectionLayout(block)->leastRows == 0)
+        if (FindOptionBlock(block) != nullptr || FindSectionLayout(block)->leastRows == 0)
             expected.push_back(block);
     EXPECT_EQ(BlocksOf(WriteProject(data)), expected);
     EXPECT_EQ(expected.size(), 19U + 12U + 2U);

@@ -51,7 +51,7 @@ TEST(SearchIndex, EveryColumnIsFoundByItsHeads)
 {
     int columns = 0;
     for (const PanelTable& table : PanelTables()) {
-        if (FindOptionBlock(table.block))
+        if (FindOptionBlock(table.block) != nullptr)
             continue;
         for (std::size_t i = 1; i < table.columns.size(); ++i) {
             const SearchPlace place{table.block, table.automaticRows + 1, static_cast<int>(i)};

@@ -28,7 +28,8 @@ testing::AssertionResult IsCell(const SearchPlace& place)
         return bad(": not a block of its own");
     if (place.row < 0 || place.row > panel->GridRows())
         return bad(": no such row");
-    if (const OptionBlock* options = FindOptionBlock(place.block); options && place.row > int(options->rows.size()))
+    if (const OptionBlock* options = FindOptionBlock(place.block);
+        (options != nullptr) && place.row > int(options->rows.size()))
         return bad(": behind the last row");
     if (place.column < 0 || place.column >= panel->ColumnCount())
         return bad(": no such column");

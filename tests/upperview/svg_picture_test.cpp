@@ -71,7 +71,7 @@ public:
     {
         sums_.resize(qsizetype(width_) * (image.height() + 1));
         for (int y = 0; y < image.height(); ++y) {
-            int row = 0;
+            qint64 row = 0;
             for (int x = 0; x < image.width(); ++x) {
                 row += image.pixel(x, y) >> shift & 0xFF;
                 At(x + 1, y + 1) = At(x + 1, y) + row;
@@ -82,14 +82,15 @@ public:
     /// The mean of a square.
     [[nodiscard]] double Mean(int x, int y, int side)
     {
-        return (At(x + side, y + side) - At(x, y + side) - At(x + side, y) + At(x, y)) / double(side * side);
+        const qint64 sum = At(x + side, y + side) - At(x, y + side) - At(x + side, y) + At(x, y);
+        return double(sum) / (side * side);
     }
 
 private:
-    [[nodiscard]] int& At(int x, int y) { return sums_[qsizetype(y) * width_ + x]; }
+    [[nodiscard]] qint64& At(int x, int y) { return sums_[qsizetype(y) * width_ + x]; }
 
     int width_;
-    QList<int> sums_;
+    QList<qint64> sums_;
 };
 
 /// Where two pictures differ: the square of 9 pixels whose mean colours lie farthest apart; empty if all are alike. Two

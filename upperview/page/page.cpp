@@ -9,14 +9,27 @@
 
 namespace sbd {
 
+namespace {
+
+const std::string kCurrentInput = Cp932("<--- 現在の入力");
+const std::string kNoInput = Cp932("(空白)"); // a cell without a text is told, not left out
+
+} // namespace
+
 std::string PageLine::Text(const PageView& view) const
 {
+    const bool tellsInput = std::ranges::any_of(pieces, [](const auto& piece) {
+        const auto* words = std::get_if<std::string>(&piece);
+        return words != nullptr && words->find(kCurrentInput) != std::string::npos;
+    });
     std::string text;
     for (const auto& piece : pieces) {
-        if (const auto* words = std::get_if<std::string>(&piece))
+        if (const auto* words = std::get_if<std::string>(&piece)) {
             text += *words;
-        else
-            text += std::get<PageOperand>(piece).Text(view);
+            continue;
+        }
+        const std::string value = std::get<PageOperand>(piece).Text(view);
+        text += tellsInput && Trim(value).empty() ? kNoInput : value;
     }
     return text;
 }
