@@ -2,8 +2,11 @@
 #pragma once
 
 #include "results/result_selection.h"
+#include "results/result_state.h"
 
 #include <QObject>
+
+#include <string>
 
 namespace sbd {
 
@@ -15,16 +18,36 @@ class CResultSession : public QObject {
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    explicit CResultSession(CKELDSectionDoc& doc);
 
     ResultSelection selection;
 
     /// Says that the figure of the selection is another one.
     void ShowFigureAnew() { emit figureChanged(); }
 
+    /// From which files the results are, and whether the input is newer, as at the last look.
+    [[nodiscard]] const ResultState& State() const { return state_; }
+    /// Looks at the files again.
+    void RefreshState();
+
+    /// The name of the row of the table under the cursor, in CP932; empty: none.
+    [[nodiscard]] const std::string& Marked() const { return marked_; }
+    void Mark(std::string name);
+
+    /// Says that a member or node was clicked in the figure.
+    void Pick(const std::string& name, std::size_t component, bool rightEnd) { emit picked(name, component, rightEnd); }
+
 signals:
     /// The figure of the selection is another one.
     void figureChanged();
+    void stateChanged();
+    void markChanged();
+    void picked(const std::string& name, std::size_t component, bool rightEnd);
+
+private:
+    CKELDSectionDoc& doc_;
+    ResultState state_;
+    std::string marked_;
 };
 
 /// The session of a document, made at the first call.

@@ -58,6 +58,8 @@ public:
     void ReadResults(const QString& project);
     /// True if result files of this project were written after they were read, or have come since. Reads none.
     [[nodiscard]] bool HasNewerResults() const;
+    /// The files that Results() was read from, as they stood then.
+    [[nodiscard]] const ResultStamp& ResultsAsRead() const { return resultsAsRead_; }
 
     /// Full path of the project file; empty for a project that was never saved.
     [[nodiscard]] QString PathName() const { return path_; }

@@ -15,6 +15,7 @@
 #include "project/catalogue.h"
 #include "sbdfile/writer.h"
 #include "upperview/chk_view.h"
+#include "upperview/figure_pane.h"
 #include "upperview/help_view.h"
 #include "upperview/up_view.h"
 
@@ -66,6 +67,7 @@ CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, std::unique_ptr<C
     connect(tree_, &CLeftView::runAskedAt, this, &CChildFrame::OnTreeActivated);
     connect(&upView_->Chk(), &CChkView::runIsDue, this, &CChildFrame::runIsDue);
     connect(&upView_->Help(), &CHelpView::blockWanted, this, &CChildFrame::GoToBlock);
+    connect(&upView_->Figure(), &CFigurePane::cellWanted, this, &CChildFrame::JumpTo);
     SetTitle(doc_->Title());
     GoToBlock(kFirstBlock);
 }

@@ -2,6 +2,8 @@
 #include "fuzz/property.h"
 #include "results/byte_source.h"
 #include "results/diagram_drawing.h"
+#include "results/figure_heading.h"
+#include "results/figure_pick.h"
 #include "results/model_overlay.h"
 #include "results/result_table.h"
 
@@ -97,7 +99,11 @@ void CheckDiagram(const sbd::AnalysisResults& results, const sbd::ResultSelectio
     Require(diagram.bays.size() <= results.model.girderElements.size(), "a bay stands for a member of the grid");
     Require(diagram.positions.size() == diagram.bays.size() + 1, "points stand around bays");
     const sbd::DiagramScale scale = sbd::FitDiagram(diagram, {900, 500, 1920, 1080}, sbd::kFitZoom, {});
-    static_cast<void>(sbd::DrawDiagram(diagram, scale));
+    const sbd::TextMetrics metrics{[](std::string_view text) { return 6.0 * static_cast<double>(text.size()); }, 12};
+    const sbd::DiagramPage page = sbd::LayOutDiagram(diagram, scale, metrics, {});
+    Require(page.valuesShown <= page.values, "a value is shown once");
+    static_cast<void>(sbd::DiagramHeading(results, selection, diagram, scale, {}));
+    static_cast<void>(sbd::PickOrdinate(results, diagram, scale, {450, 250}));
 }
 
 void CheckFigure(const sbd::AnalysisResults& results, sbd::CSbdData& data)

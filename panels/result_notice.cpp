@@ -1,5 +1,6 @@
 #include "panels/result_notice.h"
 
+#include "document/result_session.h"
 #include "document/section_doc.h"
 
 #include <QEvent>
@@ -66,6 +67,7 @@ CResultNotice::CResultNotice(CKELDSectionDoc* doc, QWidget* panel)
 
 void CResultNotice::Check()
 {
+    ResultSessionOf(*doc_).RefreshState();
     const bool newer = doc_->HasNewerResults();
     if (newer == read_->isEnabled())
         return;

@@ -1,6 +1,7 @@
 #include "panels/result_output.h"
 
 #include "document/section_doc.h"
+#include "results/figure_heading.h"
 #include "results/result_title.h"
 
 #include <QFontMetricsF>
@@ -18,17 +19,28 @@ namespace {
 
 constexpr double kPixelsPerInch = 96; // of the column widths
 constexpr double kPadding = 3;        // pixels between a line and a text
-constexpr std::size_t kHeadRows = 2;  // a blank line, the heads; below the title
+constexpr std::size_t kHeadRows = 3;  // a blank line, the heads, their units; below the title
 
 QString CellOf(const CResultTable& table, std::size_t row, std::size_t column)
 {
     return toQString(table.CellText(row, column)).trimmed();
 }
 
-/// What stands over the table: its title, and a word of warning where its files have faults.
-QStringList HeadLines(const CResultTable& table, const ResultSelection& selection)
+/// "[kN]"; empty for a column without a unit.
+QString UnitOf(const CResultTable& table, std::size_t column)
+{
+    const QString unit = toQString(table.Unit(column));
+    return unit.isEmpty() ? unit : u'[' + unit + u']';
+}
+
+/// What stands over the table: its title, from where it is, and words of warning where the input is newer or the files
+/// have faults.
+QStringList HeadLines(const CResultTable& table, const ResultSelection& selection, const ResultState& state)
 {
     QStringList lines{ResultTitle(selection)};
+    for (const std::string& line : {OriginText(state), StaleLine(state)})
+        if (!line.empty())
+            lines << toQString(line);
     if (const QString warning = toQString(table.FaultLine()); !warning.isEmpty())
         lines << warning;
     return lines;
@@ -90,7 +102,8 @@ public:
     void Row(std::size_t row, double top)
     {
         for (std::size_t column = 0; column < table_.GridColumnCount(); ++column) {
-            const QRectF cell(lefts_[column], top, lefts_[column + 1] - lefts_[column], rowHeight_);
+            const double lines = row == 0 ? 2 : 1;
+            const QRectF cell(lefts_[column], top, lefts_[column + 1] - lefts_[column], lines * rowHeight_);
             if (table_.CellBackground(row, column))
                 painter_.fillRect(cell, QColor(0xE0, 0xE0, 0xE0));
             painter_.drawRect(cell);
@@ -98,7 +111,8 @@ public:
                                        : column == kNameColumn ? Qt::AlignLeft
                                                                : Qt::AlignRight;
             painter_.drawText(cell.adjusted(kPadding, 0, -kPadding, 0), int(side | Qt::AlignVCenter),
-                              CellOf(table_, row, column));
+                              row == 0 ? CellOf(table_, 0, column) + u'\n' + UnitOf(table_, column)
+                                       : CellOf(table_, row, column));
         }
     }
 
@@ -106,7 +120,8 @@ private:
     /// That of the grid, or that of the widest of its texts.
     [[nodiscard]] double ColumnWidth(std::size_t column) const
     {
-        double width = table_.GridColumnWidth(column);
+        double width = std::max<double>(table_.GridColumnWidth(column),
+                                        metrics_.horizontalAdvance(UnitOf(table_, column)) + 2 * kPadding);
         for (std::size_t row = 0; row < FilledRows(table_); ++row)
             width = std::max(width, metrics_.horizontalAdvance(CellOf(table_, row, column)) + 2 * kPadding);
         return width;
@@ -126,16 +141,17 @@ QString ResultTitle(const ResultSelection& selection)
     return toQString(TableTitle(selection));
 }
 
-QByteArray ResultCsv(const CResultTable& table, const ResultSelection& selection)
+QByteArray ResultCsv(const CResultTable& table, const ResultSelection& selection, const ResultState& state)
 {
     QString text;
-    for (const QString& line : HeadLines(table, selection))
+    for (const QString& line : HeadLines(table, selection, state))
         text += CsvCell(line) + u"\r\n"_s;
     for (std::size_t row = 0; row < FilledRows(table); ++row) {
         for (std::size_t column = kNameColumn; column < table.GridColumnCount(); ++column) {
             if (column > kNameColumn)
                 text += u',';
-            text += CsvCell(CellOf(table, row, column));
+            const QString unit = row == 0 ? UnitOf(table, column) : QString();
+            text += CsvCell(CellOf(table, row, column) + (unit.isEmpty() ? unit : u' ' + unit));
         }
         text += u"\r\n";
     }
@@ -143,7 +159,7 @@ QByteArray ResultCsv(const CResultTable& table, const ResultSelection& selection
 }
 
 bool PrintResultTable(QPagedPaintDevice& device, const CResultTable& table, const ResultSelection& selection,
-                      const QFont& font)
+                      const QFont& font, const ResultState& state)
 {
     QPainter painter;
     if (!painter.begin(&device))
@@ -163,7 +179,7 @@ bool PrintResultTable(QPagedPaintDevice& device, const CResultTable& table, cons
     const QString widestNumber = u"　9999 / 9999"_s;
     const QFontMetricsF metrics(pixels);
     const QStringList title =
-        Wrapped(HeadLines(table, selection), metrics, page.width() - metrics.horizontalAdvance(widestNumber));
+        Wrapped(HeadLines(table, selection, state), metrics, page.width() - metrics.horizontalAdvance(widestNumber));
     const std::size_t headRows = static_cast<std::size_t>(title.size()) + kHeadRows;
     const auto fitting = static_cast<std::size_t>(page.height() / height);
     const std::size_t rowsOnPage = fitting > headRows ? fitting - headRows : 1;
@@ -179,7 +195,7 @@ bool PrintResultTable(QPagedPaintDevice& device, const CResultTable& table, cons
         painter.drawText(titleLine, int(Qt::AlignRight | Qt::AlignVCenter), u"%1 / %2"_s.arg(number + 1).arg(pages));
         if (end == 0)
             break;
-        printer.Row(0, static_cast<double>(headRows - 1) * height);
+        printer.Row(0, static_cast<double>(headRows - 2) * height);
         for (std::size_t i = 0; i < rowsOnPage && number * rowsOnPage + i + 1 < end; ++i)
             printer.Row(number * rowsOnPage + i + 1, static_cast<double>(headRows + i) * height);
     }

@@ -20,7 +20,9 @@
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QMessageBox>
@@ -73,12 +75,12 @@ QString TableFile(const CKELDSectionDoc& doc, const ResultSelection& selection, 
 }
 
 bool PrintOnPaper(const CKELDSectionDoc& doc, QWidget* parent, const CResultTable& table,
-                  const ResultSelection& selection)
+                  const ResultSelection& selection, const ResultState& state)
 {
     QPrinter printer(QPrinter::HighResolution);
     NamePrint(printer, TableFile(doc, selection, u".pdf"_s));
     QPrintDialog dialog(&printer, parent);
-    return dialog.exec() != QDialog::Accepted || PrintResultTable(printer, table, selection, parent->font());
+    return dialog.exec() != QDialog::Accepted || PrintResultTable(printer, table, selection, parent->font(), state);
 }
 
 /// A drop list that the wheel changes only while it has the focus: who scrolls the choices must not change one.
@@ -119,7 +121,7 @@ CDown253::CDown253(CKELDSectionDoc* doc, QWidget* parent)
     : CPanel(doc, kBlock, parent)
     , askFile(&AskFile)
     , print([doc](QWidget* owner, const CResultTable& table, const ResultSelection& selection) {
-        return PrintOnPaper(*doc, owner, table, selection);
+        return PrintOnPaper(*doc, owner, table, selection, ResultSessionOf(*doc).State());
     })
     , warn([](QWidget* owner, const QString& message) {
         QMessageBox::warning(owner, QStringLiteral("KELD section"), message);
@@ -148,6 +150,7 @@ CDown253::~CDown253()
     memory.row = focus.row;
     memory.column = focus.column;
     Commit();
+    session_.Mark({});
     Grid()->SetSource(nullptr); // before the cells go
 }
 
@@ -181,11 +184,23 @@ void CDown253::MakeControls()
     form->addRow(tr("主桁(すべて･なし･桁名)"), girder_);
     form->addRow(stationLabel_, station_);
     form->addRow(tr("図出力項目"), figureItem_);
+    magnification_ = MakeBox();
+    for (const int times : kMagnifications)
+        magnification_->addItem(times == 0 ? tr("自動") : QString::number(times));
+    form->addRow(tr("変形の倍率"), magnification_);
+    filter_ = new QLineEdit;
+    filter_->setClearButtonEnabled(true);
+    filter_->setPlaceholderText(tr("名称の一部"));
+    filter_->setToolTip(tr("この文字を含む名称だけを表に出します。図は変わりません。"));
+    form->addRow(tr("絞り込み"), filter_);
 
     save_ = new QPushButton(tr("CSVに保存..."));
     print_ = new QPushButton(tr("印刷..."));
     connect(save_, &QPushButton::clicked, this, &CDown253::SaveCsv);
     connect(print_, &QPushButton::clicked, this, &CDown253::Print);
+    fileOrder_ = new QPushButton(tr("ファイルの順に戻す"));
+    fileOrder_->hide();
+    connect(fileOrder_, &QPushButton::clicked, this, [this] { SortBy(0); });
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(save_);
     buttons->addWidget(print_);
@@ -199,6 +214,7 @@ void CDown253::MakeControls()
     left->addLayout(form);
     left->addWidget(MakeColumnChoice());
     left->addLayout(buttons);
+    left->addWidget(fileOrder_);
     left->addWidget(state_);
     left->addStretch();
     auto* scroll = new QScrollArea;
@@ -215,6 +231,14 @@ void CDown253::MakeControls()
     row->addWidget(Grid(), 1);
     auto* rows = static_cast<QVBoxLayout*>(layout());
     rows->addLayout(row);
+    origin_ = new QLabel;
+    origin_->setAccessibleName(tr("結果の状態"));
+    origin_->setTextFormat(Qt::PlainText);
+    origin_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    origin_->setWordWrap(true);
+    origin_->setMargin(kSpacing);
+    origin_->hide();
+    rows->addWidget(origin_);
     faults_ = new QLabel;
     faults_->setAccessibleName(tr("結果ファイルの不備"));
     faults_->setTextFormat(Qt::PlainText);
@@ -268,6 +292,13 @@ void CDown253::ConnectControls()
     connect(girder_, &QComboBox::currentIndexChanged, this, &CDown253::OnGirder);
     connect(station_, &QComboBox::editTextChanged, this, &CDown253::OnStation);
     connect(figureItem_, &QComboBox::currentIndexChanged, this, &CDown253::OnFigureItem);
+    connect(magnification_, &QComboBox::currentIndexChanged, this, &CDown253::OnMagnification);
+    connect(filter_, &QLineEdit::textChanged, this, &CDown253::OnFilter);
+    connect(Grid()->horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
+            [this](int section) { SortBy(section + 1); });
+    connect(Grid(), &CGridCtrl::currentCellChanged, this, &CDown253::MarkRow);
+    connect(&session_, &CResultSession::picked, this, &CDown253::OnPicked);
+    connect(&session_, &CResultSession::stateChanged, this, &CDown253::ShowOrigin);
     for (QCheckBox* box : columnOn_)
         connect(box, &QCheckBox::clicked, this, &CDown253::OnColumns);
     connect(excluded_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &CDown253::OnExcluded);
@@ -291,6 +322,13 @@ void CDown253::SetUpControls()
     ShowOffered();
     for (std::size_t i = 0; i < columnOn_.size(); ++i)
         columnOn_[i]->setChecked(selection.columnOn[i]);
+    const auto* const times = std::ranges::find(kMagnifications, selection.magnification);
+    {
+        const QSignalBlocker quiet(magnification_);
+        magnification_->setCurrentIndex(static_cast<int>(times - std::begin(kMagnifications)));
+        const QSignalBlocker quietToo(filter_);
+        filter_->setText(toQString(selection.filter));
+    }
     ShowKindWords();
     FillResultTable();
 }
@@ -347,6 +385,9 @@ void CDown253::FillResultTable()
     }
     ShowState();
     ShowFaults();
+    ShowOrigin();
+    ShowOrder();
+    MarkRow();
     session_.ShowFigureAnew();
 }
 
@@ -374,6 +415,85 @@ void CDown253::ShowFaults()
     }
     faults_->setText(lines.join(u'\n'));
     faults_->setVisible(!lines.isEmpty());
+}
+
+void CDown253::ShowOrigin()
+{
+    const ResultState& state = session_.State();
+    QStringList parts;
+    for (const std::string& line : {ResultStateLine(state), StaleLine(state)})
+        if (!line.empty())
+            parts << toQString(line);
+    if (const std::size_t count = cells_->Table().NotNumbers(); count > 0)
+        parts << tr("表の %1 個の値は数ではありません (最大・最小と図には含まれません)").arg(count);
+    origin_->setText(parts.join(u'　'));
+    origin_->setVisible(!parts.isEmpty());
+    const bool warns = !state.newerInput.empty() || cells_->Table().NotNumbers() > 0;
+    origin_->setAutoFillBackground(warns);
+    origin_->setBackgroundRole(warns ? QPalette::ToolTipBase : QPalette::Window);
+    origin_->setForegroundRole(warns ? QPalette::ToolTipText : QPalette::WindowText);
+}
+
+void CDown253::MarkRow()
+{
+    const int row = Grid()->FocusCell().row - static_cast<int>(kFirstValueRow);
+    const CResultTable& table = cells_->Table();
+    session_.Mark(row >= 0 && static_cast<std::size_t>(row) < table.RowCount()
+                      ? std::string(table.Name(static_cast<std::size_t>(row)))
+                      : std::string());
+}
+
+void CDown253::OnPicked(const std::string& name, std::size_t component, bool rightEnd)
+{
+    const CResultTable& table = cells_->Table();
+    std::size_t row = 0;
+    while (row < table.RowCount() && table.Name(row) != name)
+        ++row;
+    if (row == table.RowCount())
+        return; // left out of the table
+    const std::vector<ResultColumn>& columns = table.Columns();
+    std::size_t column = kNameColumn;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        if (columns[i].component == component && (columns[i].place != component) == rightEnd)
+            column = kFirstValueColumn + i;
+    Grid()->SetFocusCell(static_cast<int>(kFirstValueRow + row), static_cast<int>(column));
+}
+
+void CDown253::OnFilter(const QString& text)
+{
+    const std::optional<std::string> filter = fromQString(text.trimmed());
+    if (!filter) // no name holds such a character; the input goes on
+        return;
+    session_.selection.filter = *filter;
+    FillResultTable();
+}
+
+void CDown253::SortBy(int column)
+{
+    ResultSelection& selection = session_.selection;
+    const auto place = static_cast<std::size_t>(std::max(column, 0));
+    const bool again = selection.sortColumn == place;
+    selection.sortColumn = again && selection.descending ? 0 : place;
+    selection.descending = again && !selection.descending;
+    FillResultTable();
+}
+
+void CDown253::ShowOrder()
+{
+    const ResultSelection& selection = session_.selection;
+    const QString head = toQString(SortHead(selection));
+    fileOrder_->setVisible(!head.isEmpty());
+    fileOrder_->setEnabled(!head.isEmpty());
+    fileOrder_->setToolTip(
+        tr("いまは %1 の%2に並んでいます。").arg(head, selection.descending ? tr("降順") : tr("昇順")));
+}
+
+void CDown253::OnMagnification(int index)
+{
+    if (index < 0 || static_cast<std::size_t>(index) >= std::size(kMagnifications))
+        return;
+    session_.selection.magnification = kMagnifications[index];
+    session_.ShowFigureAnew();
 }
 
 void CDown253::ShowNewResults()
@@ -445,6 +565,7 @@ void CDown253::OnColumns()
 {
     for (std::size_t i = 0; i < columnOn_.size(); ++i)
         session_.selection.columnOn[i] = columnOn_[i]->isChecked();
+    session_.selection.sortColumn = 0; // the columns are others
     FillResultTable();
 }
 
@@ -469,7 +590,7 @@ void CDown253::SaveCsv()
     const QString path = askFile(this, TableFile(*shown_, session_.selection, u".csv"_s));
     if (path.isEmpty())
         return;
-    const QByteArray csv = ResultCsv(cells_->Table(), session_.selection);
+    const QByteArray csv = ResultCsv(cells_->Table(), session_.selection, session_.State());
     const FileResult result = ReplaceFileBytes(ToPath(path), {csv.constData(), static_cast<std::size_t>(csv.size())});
     if (!result.Ok())
         warn(this, tr("表を保存できませんでした。%1\n元のファイルがあれば、そのまま残っています。\n"
@@ -496,6 +617,9 @@ void CDown253::contextMenuEvent(QContextMenuEvent* event)
                      {Command::Paste, [this] { Paste(); }},
                      {Command::Delete, [this] { Delete(); }}});
     menu.addSeparator();
+    const int column = Grid()->FocusCell().column;
+    menu.addAction(tr("この列で並べ替え (昇順・降順・ファイルの順)"), this, [this, column] { SortBy(column); });
+    menu.addAction(fileOrder_->text(), this, [this] { SortBy(0); })->setEnabled(session_.selection.sortColumn > 0);
     menu.addAction(save_->text(), this, &CDown253::SaveCsv)->setEnabled(save_->isEnabled());
     menu.addAction(print_->text(), this, &CDown253::Print)->setEnabled(print_->isEnabled());
     menu.exec(event->globalPos());

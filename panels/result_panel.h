@@ -14,6 +14,7 @@ class QCheckBox;
 class QComboBox;
 class QFont;
 class QLabel;
+class QLineEdit;
 class QListView;
 class QPushButton;
 class QStringListModel;
@@ -67,6 +68,16 @@ private:
     void FillResultTable();
     void ShowState();
     void ShowFaults();
+    void ShowOrigin();
+    /// The figure marks the row under the cursor.
+    void MarkRow();
+    /// The cursor goes to what was clicked in the figure.
+    void OnPicked(const std::string& name, std::size_t component, bool rightEnd);
+    void OnMagnification(int index);
+    void OnFilter(const QString& text);
+    /// Upward, downward, and then in the order of the files again; 0: at once in that.
+    void SortBy(int column);
+    void ShowOrder();
     /// Shows results that were read anew; what is chosen stays as far as they have it.
     void ShowNewResults();
 
@@ -96,7 +107,11 @@ private:
     QStringListModel* offered_ = nullptr;
     QStringListModel* stations_ = nullptr;
     QLabel* state_ = nullptr;
-    QLabel* faults_ = nullptr; // below everything; hidden without a fault
+    QLabel* origin_ = nullptr; // below the table: from which files it is
+    QComboBox* magnification_ = nullptr;
+    QLineEdit* filter_ = nullptr;
+    QPushButton* fileOrder_ = nullptr; // there while the rows stand in another one
+    QLabel* faults_ = nullptr;         // below everything; hidden without a fault
     QPushButton* save_ = nullptr;
     QPushButton* print_ = nullptr;
 };

@@ -7,9 +7,11 @@
 
 namespace sbd {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-constexpr int kHeadHeight = 16;
+constexpr int kHeadHeight = 2 * 16; // the unit stands below the head
 constexpr std::size_t kMostSteps = 100;
 
 std::size_t Place(int number)
@@ -60,7 +62,9 @@ int CResultSource::HeadHeight() const
 
 QString CResultSource::Head(int column, int) const
 {
-    return toQString(table_.CellText(0, Place(column)));
+    const QString head = toQString(table_.CellText(0, Place(column)));
+    const QString unit = toQString(table_.Unit(Place(column)));
+    return unit.isEmpty() ? head : head + u"\n["_s + unit + u']';
 }
 
 QString CResultSource::Text(int row, int column) const

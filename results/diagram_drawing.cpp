@@ -41,8 +41,12 @@ public:
         for (std::size_t point = 0; point < labels.size(); ++point) {
             const double position = diagram_.positions[point];
             const bool valuesBelow = labels[point].empty() ? mostlyBelow : labels[point].front().value > 0;
-            drawing_.stationNames.push_back(
-                {diagram_.stationNames[point], {scale_.X(position), scale_.AxisY()}, TextPlace::Middle, !valuesBelow});
+            drawing_.stationNames.push_back({diagram_.stationNames[point],
+                                             {scale_.X(position), scale_.AxisY()},
+                                             TextPlace::Middle,
+                                             !valuesBelow,
+                                             point,
+                                             0});
             const bool apart = labels[point].size() > 1;
             for (std::size_t i = 0; i < labels[point].size(); ++i) {
                 const DiagramLabel& label = labels[point][i];
@@ -50,7 +54,7 @@ public:
                                            !apart   ? TextPlace::Middle
                                            : i == 0 ? TextPlace::Left
                                                     : TextPlace::Right,
-                                           label.value > 0});
+                                           label.value > 0, point, label.value});
             }
         }
     }

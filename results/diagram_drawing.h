@@ -23,7 +23,9 @@ struct FigureText {
     std::string text; ///< CP932
     FigurePoint at;
     TextPlace place = TextPlace::Middle;
-    bool below = true; ///< the text hangs from its point, else it stands on it
+    bool below = true;     ///< the text hangs from its point, else it stands on it
+    std::size_t point = 0; ///< of the diagram
+    double value = 0;      ///< the ordinate that the text tells, if it is one
 };
 
 struct DiagramDrawing {

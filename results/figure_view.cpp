@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace sbd {
 
@@ -28,6 +29,9 @@ void SetZoom(FigureView& view, double zoom)
         view.zoom = std::clamp(zoom, kLeastZoom, kMostZoom);
 }
 
+constexpr double kDegreesPerPixel = 0.5;
+constexpr double kMostElevation = 89.9; // degrees; at the pole itself the direction of the plan is lost
+
 /// Whole steps; what is no number leaves the steps as they were.
 int Steps(double steps, int before)
 {
@@ -38,8 +42,8 @@ int Steps(double steps, int before)
 
 FigurePan Dragged(const FigureView& view, const FigureScreen& screen)
 {
-    return {Steps(view.panX + (view.rightMovePoint.x - view.rightDownPoint.x) / screen.StepX(), view.panX),
-            Steps(view.panY + (view.rightMovePoint.y - view.rightDownPoint.y) / screen.StepY(), view.panY)};
+    return {double(Steps(view.panX + (view.rightMovePoint.x - view.rightDownPoint.x) / screen.StepX(), view.panX)),
+            double(Steps(view.panY + (view.rightMovePoint.y - view.rightDownPoint.y) / screen.StepY(), view.panY))};
 }
 
 void ApplyZoomBox(FigureView& view, const FigureScreen& screen)
@@ -50,8 +54,10 @@ void ApplyZoomBox(FigureView& view, const FigureScreen& screen)
     const double height = std::abs(to.y - from.y);
     if (!(std::max(width, height) >= kLeastBox) || screen.clientWidth <= 0 || screen.clientHeight <= 0)
         return;
-    view.panX = Steps(view.panX - ((to.x + from.x) * 0.5 - screen.HalfWidth()) / screen.StepX(), view.panX);
-    view.panY = Steps(view.panY - ((to.y + from.y) * 0.5 - screen.HalfHeight()) / screen.StepY(), view.panY);
+    const FigurePan pan = PanOf(view);
+    view.panX = Steps(pan.x - ((to.x + from.x) * 0.5 - screen.HalfWidth()) / screen.StepX(), view.panX);
+    view.panY = Steps(pan.y - ((to.y + from.y) * 0.5 - screen.HalfHeight()) / screen.StepY(), view.panY);
+    view.slideX = view.slideY = 0;
     SetZoom(view, view.zoom * std::max(width / screen.clientWidth, height / screen.clientHeight));
 }
 
@@ -69,9 +75,7 @@ bool ApplyViewCommand(FigureView& view, Command command)
 {
     if (const auto* const side = std::ranges::find(kViewCommands, command, &ViewCommand::command);
         side != std::end(kViewCommands)) {
-        view.zoom = kFitZoom;
-        view.panX = 0;
-        view.panY = 0;
+        FitAgain(view);
         view.viewDirection = side->direction;
         return true;
     }
@@ -96,14 +100,70 @@ FigurePan TakeMouseMarks(FigureView& view, const FigureScreen& screen)
         ApplyZoomBox(view, screen);
     if (view.panPending) {
         const FigurePan pan = Dragged(view, screen);
-        view.panX = pan.x;
-        view.panY = pan.y;
+        view.panX = static_cast<int>(pan.x);
+        view.panY = static_cast<int>(pan.y);
     }
-    const FigurePan pan = view.panPreview ? Dragged(view, screen) : FigurePan{view.panX, view.panY};
+    FigurePan pan = PanOf(view);
+    if (view.panPreview) {
+        pan = Dragged(view, screen);
+        pan.x += view.slideX;
+        pan.y += view.slideY;
+    }
     view.zoomBoxPending = false;
     view.panPending = false;
     view.panPreview = false;
     return pan;
+}
+
+FigurePan PanOf(const FigureView& view)
+{
+    return {view.panX + view.slideX, view.panY + view.slideY};
+}
+
+void ZoomAt(FigureView& view, const FigureScreen& screen, FigurePoint at, double factor)
+{
+    if (!(factor > 0) || !(screen.StepX() > 0) || !(screen.StepY() > 0))
+        return;
+    const double before = view.zoom;
+    SetZoom(view, before / factor);
+    const double grown = before / view.zoom; // less where the zoom has come to its bound
+    const FigurePan pan = PanOf(view);
+    const double x = at.x - screen.HalfWidth() - pan.x * screen.StepX();
+    const double y = at.y - screen.HalfHeight() - pan.y * screen.StepY();
+    Slide(view, screen, x - x * grown, y - y * grown);
+}
+
+void Slide(FigureView& view, const FigureScreen& screen, double dx, double dy)
+{
+    const double x = view.slideX + dx / screen.StepX();
+    const double y = view.slideY + dy / screen.StepY();
+    if (!std::isfinite(x) || !std::isfinite(y))
+        return;
+    view.slideX = std::clamp(x, -double{kMostSteps}, double{kMostSteps});
+    view.slideY = std::clamp(y, -double{kMostSteps}, double{kMostSteps});
+}
+
+void FitAgain(FigureView& view)
+{
+    view.zoom = kFitZoom;
+    view.panX = view.panY = 0;
+    view.slideX = view.slideY = 0;
+}
+
+void TurnView(FigureView& view, double dx, double dy)
+{
+    constexpr double degree = std::numbers::pi / 180;
+    const auto [x, y, z] = view.viewDirection;
+    const double plan = std::hypot(x, y);
+    const double straightAhead = std::numbers::pi / 2; // as a plan is seen, which has no direction of its own
+    double azimuth = plan > 0 ? std::atan2(y, x) : straightAhead;
+    double elevation = std::atan2(z, plan) / degree;
+    azimuth -= dx * kDegreesPerPixel * degree;
+    elevation = std::clamp(elevation + dy * kDegreesPerPixel, -kMostElevation, kMostElevation);
+    if (!std::isfinite(azimuth) || !std::isfinite(elevation))
+        return;
+    const double level = std::cos(elevation * degree);
+    view.viewDirection = {level * std::cos(azimuth), level * std::sin(azimuth), std::sin(elevation * degree)};
 }
 
 void FigureBounds::Widen(double x, double y)

@@ -25,6 +25,8 @@ struct FigureView {
     double zoom = kFitZoom; ///< divisor of the fitted scale: larger shows the model smaller
     int panX = 0;           ///< steps, see FigureScreen
     int panY = 0;
+    double slideX = 0; ///< further steps, parts of one included: wheel and middle button move by pixels
+    double slideY = 0;
     std::array<double, 3> viewDirection{1, 1, 1};
 
     bool zoomBoxPending = false; ///< a rectangle with the corners leftDownPoint and leftUpPoint is to fill the pane
@@ -63,6 +65,8 @@ struct FigureScreen {
     double clientHeight = 0;
     double horzRes = 1920;
     double vertRes = 1080;
+    double millimetresPerPixel = 25.4 / 96;
+    bool isPaper = false; ///< what is measured on it is true; the fineness of a screen is not known
 
     [[nodiscard]] double HalfWidth() const { return clientWidth * 0.5; }
     [[nodiscard]] double HalfHeight() const { return clientHeight * 0.5; }
@@ -73,9 +77,21 @@ struct FigureScreen {
 
 /// Pan of one paint, in steps.
 struct FigurePan {
-    int x = 0;
-    int y = 0;
+    double x = 0;
+    double y = 0;
 };
+
+/// The pan that a view has.
+[[nodiscard]] FigurePan PanOf(const FigureView& view);
+
+/// Enlarges (above 1) or reduces the figure; what lies at the point of the screen stays there.
+void ZoomAt(FigureView& view, const FigureScreen& screen, FigurePoint at, double factor);
+/// Moves the figure by pixels.
+void Slide(FigureView& view, const FigureScreen& screen, double dx, double dy);
+/// The whole figure in the middle of its pane, seen from where it is.
+void FitAgain(FigureView& view);
+/// Turns the frame by a drag of so many pixels: along x around the vertical, along y over it, as far as to the poles.
+void TurnView(FigureView& view, double dx, double dy);
 
 /// Carries out what the mouse has left in the view and clears the marks. Gives the pan to paint with, which differs
 /// from that of the view while a drag is on its way. A rectangle of less than 4 pixels is nothing, in whichever

@@ -115,15 +115,21 @@ private:
     std::vector<std::size_t> next_; ///< the place itself while it is free, else one behind it
 };
 
+/// A place and the direction in which it was found.
+struct LabelPlace {
+    FigurePoint at;
+    FigurePoint away;
+};
+
 /// `distance` pixels from `end` away from `other`; nothing if both lie at the same place or are no numbers.
-std::optional<FigurePoint> Beyond(FigurePoint end, FigurePoint other, double distance)
+std::optional<LabelPlace> Beyond(FigurePoint end, FigurePoint other, double distance)
 {
     const double dx = end.x - other.x;
     const double dy = end.y - other.y;
     const double length = std::hypot(dx, dy);
     if (!(length > 0) || !std::isfinite(length))
         return std::nullopt;
-    return FigurePoint{end.x + dx * distance / length, end.y + dy * distance / length};
+    return LabelPlace{{end.x + dx * distance / length, end.y + dy * distance / length}, {dx / length, dy / length}};
 }
 
 /// The two nodes of a member by its number; nothing if member or nodes are not there.
@@ -137,9 +143,8 @@ std::optional<NodePlace> EndsOf(const ElementTable& table, std::int32_t element,
     return NodePlace{ends[0], ends[1]};
 }
 
-std::optional<FigurePoint> GirderLabelPlace(std::span<const std::int32_t> elements, const ElementTable& table,
-                                            const CModelProjection& projection, const ModelScale& scale,
-                                            double distance)
+std::optional<LabelPlace> GirderLabelPlace(std::span<const std::int32_t> elements, const ElementTable& table,
+                                           const CModelProjection& projection, const ModelScale& scale, double distance)
 {
     const auto isThere = [&](std::int32_t element) { return EndsOf(table, element, projection).has_value(); };
     const auto first = std::ranges::find_if(elements, isThere);
@@ -264,6 +269,15 @@ std::vector<CrossLine> VisibleCrossLines(const AnalysisModel& model, const std::
     return lines;
 }
 
+std::string SelectedRowName(const CSbdData& data, FigureSelection selection)
+{
+    std::string name = Cp932(std::to_string(selection.block) + " " + std::to_string(selection.row) + "行");
+    if (selection.block != kCrossBlock || selection.row < 1)
+        return name;
+    const std::string_view type = CellOf(*data.Table(kCrossBlock), static_cast<std::size_t>(selection.row) - 1, kType);
+    return type.empty() ? name : name + " " + std::string(type);
+}
+
 std::vector<std::int32_t> DottedNodes(const NodeTable& table, std::size_t nodeCount)
 {
     std::vector<std::int32_t> nodes;
@@ -296,7 +310,7 @@ std::vector<FigureLabel> GirderLabels(const AnalysisResults& results, const CMod
         const std::span row(model.girderElements.begin() + static_cast<std::ptrdiff_t>(first),
                             std::min(bays, model.girderElements.size() - first));
         if (const auto at = GirderLabelPlace(row, results.elementTable, projection, scale, distance))
-            labels.push_back({model.girderNames[girder], *at});
+            labels.push_back({model.girderNames[girder], at->at, at->away});
     }
     return labels;
 }
@@ -315,7 +329,7 @@ std::vector<FigureLabel> StationLabels(const AnalysisModel& model, const CModelP
         if (last == 0 || before == 0)
             continue;
         if (const auto at = Beyond(ScreenOf(last, projection, scale), ScreenOf(before, projection, scale), distance))
-            labels.push_back({model.stationNames[station], *at});
+            labels.push_back({model.stationNames[station], at->at, at->away});
     }
     return labels;
 }

@@ -81,6 +81,9 @@ struct CrossLine {
 [[nodiscard]] std::vector<CrossLine> VisibleCrossLines(const AnalysisModel& model,
                                                        const std::vector<CrossBeamRow>& rows, std::size_t nodeCount);
 
+/// "523 3行 対傾構": block, grid row and, where it has one, the type of a row under the cursor, in CP932.
+[[nodiscard]] std::string SelectedRowName(const CSbdData& data, FigureSelection selection);
+
 /// Numbers of the nodes with a dot (that take part in the results) and with a support.
 [[nodiscard]] std::vector<std::int32_t> DottedNodes(const NodeTable& table, std::size_t nodeCount);
 [[nodiscard]] std::vector<std::int32_t> SupportedNodes(const NodeTable& table, std::size_t nodeCount);
@@ -89,6 +92,7 @@ struct CrossLine {
 struct FigureLabel {
     std::string_view text; ///< CP932
     FigurePoint at;
+    FigurePoint away; ///< of length 1: where it may go on from there
 };
 
 /// Names in front of the girders and beside the last girder; those that have no place are left out. `characterWidth`

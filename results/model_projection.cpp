@@ -72,7 +72,41 @@ std::vector<Point3> FigurePlaces(const AnalysisResults& results)
     return places;
 }
 
-std::vector<Point3> DeformedPlaces(const AnalysisResults& results, std::size_t loadCase)
+double SuitingMagnification(const AnalysisResults& results, std::size_t loadCase)
+{
+    constexpr double share = 0.05; // of the frame's longest side
+    constexpr std::size_t moves = 3;
+    const auto loads = static_cast<std::size_t>(std::max(results.model.loadCaseCount, 0));
+    const std::vector<Point3> places = FigurePlaces(results);
+    double largest = 0;
+    double side = 0;
+    for (std::size_t k = 0; k < moves; ++k) {
+        double least = std::numeric_limits<double>::max();
+        double most = std::numeric_limits<double>::lowest();
+        for (std::size_t node = 0; node < places.size(); ++node) {
+            const double move =
+                std::abs(results.displacement.At(node, loadCase, k, loads, kNodeComponents).value_or(0));
+            if (std::isfinite(move))
+                largest = std::max(largest, move);
+            if (std::isfinite(places[node][k])) {
+                least = std::min(least, places[node][k]);
+                most = std::max(most, places[node][k]);
+            }
+        }
+        if (least <= most)
+            side = std::max(side, most - least);
+    }
+    const double wanted = largest > 0 ? side * share / largest : 1;
+    constexpr double mostTimes = 1e9;
+    double times = 1;
+    for (double power = 1; power <= mostTimes; power *= 10)
+        for (const double digit : {1.0, 2.0, 5.0})
+            if (digit * power <= wanted)
+                times = digit * power;
+    return times;
+}
+
+std::vector<Point3> DeformedPlaces(const AnalysisResults& results, std::size_t loadCase, double magnification)
 {
     constexpr double none = std::numeric_limits<double>::quiet_NaN();
     constexpr double signs[] = {-1, -1, 1};
@@ -81,7 +115,7 @@ std::vector<Point3> DeformedPlaces(const AnalysisResults& results, std::size_t l
     for (std::size_t node = 0; node < places.size(); ++node)
         for (std::size_t k = 0; k < std::size(signs); ++k) {
             const std::optional<double> move = results.displacement.At(node, loadCase, k, loads, kNodeComponents);
-            places[node][k] += move ? signs[k] * kDeformedMagnification * *move : none;
+            places[node][k] += move ? signs[k] * magnification * *move : none;
         }
     return places;
 }

@@ -23,11 +23,17 @@ using Point3 = std::array<double, 3>;
 /// The places of all nodes in the figures: plan turned by 180 degrees.
 [[nodiscard]] std::vector<Point3> FigurePlaces(const AnalysisResults& results);
 
-/// Displacements are shown this many times too large.
+/// Displacements are shown this many times too large, unless another number was chosen.
 inline constexpr int kDeformedMagnification = 100;
+/// What can be chosen; 0: what suits the largest displacement.
+inline constexpr int kMagnifications[] = {0, 1, 10, 100, 1000};
+/// A number of 1, 2 or 5 and noughts by which the largest displacement of a load case is about a twentieth of the frame;
+/// 1 where nothing moves.
+[[nodiscard]] double SuitingMagnification(const AnalysisResults& results, std::size_t loadCase);
 
 /// The same, moved by the displacements in a load case; a node that has none is no number.
-[[nodiscard]] std::vector<Point3> DeformedPlaces(const AnalysisResults& results, std::size_t loadCase);
+[[nodiscard]] std::vector<Point3> DeformedPlaces(const AnalysisResults& results, std::size_t loadCase,
+                                                 double magnification = kDeformedMagnification);
 
 /// All nodes projected, by their numbers from 1, and the bounds of the figure. A place that is no number stays one.
 class CModelProjection {

@@ -86,7 +86,7 @@ std::string_view StationName(const AnalysisModel& model, std::size_t station)
     return station < model.stationNames.size() ? std::string_view(model.stationNames[station]) : std::string_view();
 }
 
-void AppendBay(GirderDiagram& diagram, const AnalysisModel& model, const DiagramBay& bay)
+void AppendBay(GirderDiagram& diagram, const AnalysisModel& model, const DiagramBay& bay, const Member& member)
 {
     diagram.bays.push_back(bay);
     diagram.positions.push_back(bay.x1);
@@ -94,6 +94,9 @@ void AppendBay(GirderDiagram& diagram, const AnalysisModel& model, const Diagram
     diagram.stationNames.resize(point + 1);
     diagram.stationNames[point - 1] = StationName(model, bay.bay);
     diagram.stationNames[point] = StationName(model, bay.bay + 1);
+    diagram.nodes.resize(point + 1);
+    diagram.nodes[point - 1] = static_cast<std::int32_t>(member.nodes[0] + 1);
+    diagram.nodes[point] = static_cast<std::int32_t>(member.nodes[1] + 1);
     if (diagram.kind == ResultKind::Force)
         return;
     diagram.points.resize(point + 1);
@@ -104,14 +107,28 @@ void AppendBay(GirderDiagram& diagram, const AnalysisModel& model, const Diagram
 void FindExtremes(GirderDiagram& diagram)
 {
     bool any = false;
+    const auto count = [&diagram](double value) { diagram.notNumbers += std::isfinite(value) ? 0 : 1; };
+    std::ranges::for_each(diagram.points, count);
     for (const DiagramBay& bay : diagram.bays)
         for (const double value : {bay.left, bay.right}) {
+            if (diagram.points.empty())
+                count(value);
             if (!std::isfinite(value))
                 continue;
             diagram.least = any ? std::min(diagram.least, value) : value;
             diagram.greatest = any ? std::max(diagram.greatest, value) : value;
             any = true;
         }
+}
+
+void FindSupports(GirderDiagram& diagram, const NodeTable& table)
+{
+    constexpr std::int32_t supportMark = 1;
+    for (std::size_t point = 0; point < diagram.nodes.size(); ++point) {
+        const auto node = static_cast<std::size_t>(diagram.nodes[point]) - 1;
+        if (node < table.nodeValues.size() && table.nodeValues[node][2] == supportMark)
+            diagram.supports.push_back(point);
+    }
 }
 
 std::size_t GirderOf(const AnalysisModel& model, std::string_view name)
@@ -122,7 +139,7 @@ std::size_t GirderOf(const AnalysisModel& model, std::string_view name)
 
 void AppendLabel(std::vector<DiagramLabel>& labels, double value)
 {
-    if (std::abs(value) < kLeastLabel)
+    if (!std::isfinite(value) || std::abs(value) < kLeastLabel)
         return;
     std::string number;
     AppendFixed(number, value, 0, 1);
@@ -134,12 +151,14 @@ void AppendLabel(std::vector<DiagramLabel>& labels, double value)
 /// The values of a force in front of and behind each point.
 void AppendJump(std::vector<DiagramLabel>& labels, double before, double behind)
 {
-    if (std::abs(behind - before) <= kOneLabelStep) {
+    if (std::isfinite(before) != std::isfinite(behind))
+        AppendLabel(labels, std::isfinite(before) ? before : behind);
+    else if (std::abs(behind - before) <= kOneLabelStep) {
         AppendLabel(labels, std::abs(before) > std::abs(behind) ? before : behind);
-        return;
+    } else {
+        AppendLabel(labels, before);
+        AppendLabel(labels, behind);
     }
-    AppendLabel(labels, before);
-    AppendLabel(labels, behind);
 }
 
 } // namespace
@@ -147,6 +166,17 @@ void AppendJump(std::vector<DiagramLabel>& labels, double before, double behind)
 double GirderDiagram::Amplitude() const
 {
     return std::max(std::abs(least), std::abs(greatest));
+}
+
+std::string StationOf(const GirderDiagram& diagram, double ordinate)
+{
+    for (std::size_t i = 0; i < diagram.bays.size(); ++i) {
+        if (diagram.bays[i].left == ordinate)
+            return diagram.stationNames[i];
+        if (diagram.bays[i].right == ordinate)
+            return diagram.stationNames[i + 1];
+    }
+    return {};
 }
 
 GirderDiagram MakeGirderDiagram(const AnalysisResults& results, std::size_t loadCase, std::string_view girder,
@@ -170,9 +200,11 @@ GirderDiagram MakeGirderDiagram(const AnalysisResults& results, std::size_t load
         if (!values || !std::isfinite(length))
             continue;
         const double x0 = diagram.Length();
-        AppendBay(diagram, model, {bay, model.girderElements[at], x0, x0 + length, (*values)[0], (*values)[1]});
+        AppendBay(diagram, model, {bay, model.girderElements[at], x0, x0 + length, (*values)[0], (*values)[1]},
+                  *member);
     }
     FindExtremes(diagram);
+    FindSupports(diagram, results.nodeTable);
     return diagram;
 }
 

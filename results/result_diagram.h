@@ -39,12 +39,18 @@ struct GirderDiagram {
     std::vector<double> positions{0};      ///< of the points
     std::vector<std::string> stationNames; ///< of the points; none without bays
     std::vector<double> points;            ///< ordinates of the points; none for forces, which have two
+    std::vector<std::int32_t> nodes;       ///< numbers of the nodes at the points; none without bays
+    std::vector<std::size_t> supports;     ///< the points that stand on a support
     double least = 0;                      ///< of all ordinates that are numbers
     double greatest = 0;
+    std::size_t notNumbers = 0; ///< ordinates that are none: they are not drawn
 
     [[nodiscard]] double Length() const { return positions.back(); }
     [[nodiscard]] double Amplitude() const;
 };
+
+/// The station at which an ordinate stands first among equal ones, in CP932; empty where there is none.
+[[nodiscard]] std::string StationOf(const GirderDiagram& diagram, double ordinate);
 
 /// A girder that is not there stands for the first one.
 [[nodiscard]] GirderDiagram MakeGirderDiagram(const AnalysisResults& results, std::size_t loadCase,

@@ -15,6 +15,7 @@ constexpr ResultKindInfo kKinds[] = {
     {.kind = ResultKind::Displacement,
      .word = "変位",
      .components = {"Ux", "Uy", "Uz", "θx", "θy", "θz"},
+     .units = {"mm", "mm", "mm", "1/1000 rad", "1/1000 rad", "1/1000 rad"},
      .defaultComponent = 2,
      .stationLabel = kNodeStation,
      .excludedLabel = kNodeExcluded,
@@ -27,6 +28,7 @@ constexpr ResultKindInfo kKinds[] = {
     {.kind = ResultKind::Force,
      .word = "断面力",
      .components = {"Nx", "Sy", "Sz", "Tx", "My", "Mz"},
+     .units = {"kN", "kN", "kN", "kN・m", "kN・m", "kN・m"},
      .defaultComponent = 4,
      .stationLabel = "要素(主桁なし選択の場合)",
      .excludedLabel = "出力しない要素名選択",
@@ -39,6 +41,7 @@ constexpr ResultKindInfo kKinds[] = {
     {.kind = ResultKind::Reaction,
      .word = "反力",
      .components = {"Fx", "Fy", "Fz", "Mx", "My", "Mz"},
+     .units = {"kN", "kN", "kN", "kN・m", "kN・m", "kN・m"},
      .defaultComponent = 2,
      .stationLabel = kNodeStation,
      .excludedLabel = kNodeExcluded,
@@ -85,6 +88,11 @@ std::string KindWord(ResultKind kind)
 std::string ComponentWord(ResultKind kind, std::size_t component)
 {
     return Cp932(InfoOf(kind).components[component]);
+}
+
+std::string UnitWord(ResultKind kind, std::size_t component)
+{
+    return Cp932(InfoOf(kind).units[component]);
 }
 
 const std::vector<std::string>& NamesOf(const AnalysisModel& model, ResultKind kind)

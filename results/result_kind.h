@@ -20,7 +20,8 @@ struct ResultKindInfo {
     ResultKind kind;
     std::string_view word;
     std::array<std::string_view, kNodeComponents> components;
-    std::size_t defaultComponent; ///< of the figure
+    std::array<std::string_view, kNodeComponents> units; ///< of the values as tables and figures show them
+    std::size_t defaultComponent;                        ///< of the figure
     std::string_view stationLabel;
     std::string_view excludedLabel;
     std::string_view nameHead;
@@ -42,6 +43,7 @@ struct ResultKindInfo {
 /// The word and the components of a kind in CP932.
 [[nodiscard]] std::string KindWord(ResultKind kind);
 [[nodiscard]] std::string ComponentWord(ResultKind kind, std::size_t component);
+[[nodiscard]] std::string UnitWord(ResultKind kind, std::size_t component);
 
 /// The nodes or the members that the results of a kind stand at.
 [[nodiscard]] const std::vector<std::string>& NamesOf(const AnalysisModel& model, ResultKind kind);

@@ -139,6 +139,7 @@ ResultSelection KeptSelection(const ResultSelection& selection, const AnalysisMo
 
 void SelectKind(ResultSelection& selection, const AnalysisModel& model, ResultKind kind)
 {
+    selection.sortColumn = 0; // the columns are others
     selection.kind = kind;
     if (selection.load.starts_with(kRaisedLoad))
         selection.load.erase(0, 1);

@@ -1,6 +1,7 @@
 // What the user has chosen to see of the results, and what there is to choose from. Texts are CP932.
 #pragma once
 
+#include "results/model_projection.h"
 #include "results/result_kind.h"
 
 #include <array>
@@ -22,6 +23,10 @@ struct ResultSelection {
     std::vector<std::string> excludedNames;
     std::vector<std::string> offeredNames;
     std::string figureItem; ///< component of the figure; each fill of the table sets the default of the kind
+    int magnification = kDeformedMagnification; ///< of the deformed frame, one of kMagnifications
+    std::string filter;                         ///< only names that hold this text stand in the table
+    std::size_t sortColumn = 0;                 ///< grid column that rules the order of the rows; 0: that of the files
+    bool descending = false;
     bool panelUsed = false; ///< the panel was on show once
 
     friend bool operator==(const ResultSelection&, const ResultSelection&) = default;

@@ -66,7 +66,40 @@ private:
     std::string_view lastFound_;
 };
 
+std::vector<ResultColumn> ColumnsOf(const ResultSelection& selection)
+{
+    const ResultKind kind = selection.kind;
+    const ResultKindInfo& info = InfoOf(kind);
+    std::vector<ResultColumn> columns;
+    const auto add = [&](std::string_view prefix, std::size_t component, std::size_t place, double factor) {
+        columns.push_back({Cp932(prefix) + ComponentWord(kind, component), info.valueWidth, component, place, factor});
+    };
+    for (std::size_t component = 0; component < kNodeComponents; ++component) {
+        if (!selection.columnOn[component])
+            continue;
+        if (info.bothEnds) {
+            add("左", component, component, 1);
+            add("右", component, component + kNodeComponents, -1);
+        } else if (kind == ResultKind::Displacement) {
+            add(info.headPrefix, component, component, component == kDeflection ? -kPerMille : kPerMille);
+        } else {
+            add(info.headPrefix, component, component, 1);
+        }
+    }
+    return columns;
+}
+
 } // namespace
+
+std::string SortHead(const ResultSelection& selection)
+{
+    if (selection.sortColumn == kNameColumn)
+        return Cp932(InfoOf(selection.kind).nameHead);
+    const std::vector<ResultColumn> columns = ColumnsOf(selection);
+    return selection.sortColumn >= kFirstValueColumn && selection.sortColumn - kFirstValueColumn < columns.size()
+               ? columns[selection.sortColumn - kFirstValueColumn].head
+               : std::string();
+}
 
 CResultTable::CResultTable(const AnalysisResults& results, const ResultSelection& selection)
     : results_(&results)
@@ -78,37 +111,20 @@ CResultTable::CResultTable(const AnalysisResults& results, const ResultSelection
     const std::uint64_t values = ValuesOfItem(kind_);
     valuesOfItem_ = values * static_cast<std::uint32_t>(std::max(results.model.loadCaseCount, 1));
     valuesBefore_ = values * *load_;
-    AddColumns(selection);
+    columns_ = ColumnsOf(selection);
+    for (const ResultColumn& column : columns_)
+        valuesBehind_ = std::max<std::uint64_t>(valuesBehind_, column.place + 1);
     TakeNames(selection);
     if (kind_ == ResultKind::Reaction)
         DropSmallReactions();
+    Filter(selection.filter);
+    Sort(selection.sortColumn, selection.descending);
     FindExtremes();
 }
 
 std::string CResultTable::FaultLine() const
 {
     return results_ == nullptr ? std::string() : ResultFaultLine(*results_);
-}
-
-void CResultTable::AddColumns(const ResultSelection& selection)
-{
-    const ResultKindInfo& info = InfoOf(kind_);
-    const auto add = [&](std::string_view prefix, std::size_t component, std::size_t place, double factor) {
-        columns_.push_back({Cp932(prefix) + ComponentWord(kind_, component), info.valueWidth, place, factor});
-        valuesBehind_ = std::max<std::uint64_t>(valuesBehind_, place + 1);
-    };
-    for (std::size_t component = 0; component < kNodeComponents; ++component) {
-        if (!selection.columnOn[component])
-            continue;
-        if (info.bothEnds) {
-            add("左", component, component, 1);
-            add("右", component, component + kNodeComponents, -1);
-        } else if (kind_ == ResultKind::Displacement) {
-            add(info.headPrefix, component, component, component == kDeflection ? -kPerMille : kPerMille);
-        } else {
-            add(info.headPrefix, component, component, 1);
-        }
-    }
 }
 
 std::size_t CResultTable::ItemsThere() const
@@ -136,12 +152,49 @@ void CResultTable::TakeNames(const ResultSelection& selection)
             items_.push_back(static_cast<std::uint32_t>(item));
 }
 
+/// What is no number stays: it has to be seen.
 void CResultTable::DropSmallReactions()
 {
     std::erase_if(items_, [&](std::uint32_t item) {
         const double* const values = ValuesOf(item);
         return std::ranges::none_of(
-            columns_, [&](const ResultColumn& column) { return std::abs(values[column.place]) > kLeastReaction; });
+            columns_, [&](const ResultColumn& column) { return !(std::abs(values[column.place]) <= kLeastReaction); });
+    });
+}
+
+void CResultTable::Filter(std::string_view text)
+{
+    if (text.empty())
+        return;
+    const std::vector<std::string>& names = NamesOf(results_->model, kind_);
+    const auto holds = [text](std::string_view name) {
+        for (std::size_t at = 0; at < name.size(); at += CharacterLength(name, at))
+            if (name.substr(at).starts_with(text))
+                return true;
+        return false;
+    };
+    std::erase_if(items_, [&](std::uint32_t item) { return !holds(names[item]); });
+}
+
+void CResultTable::Sort(std::size_t gridColumn, bool descending)
+{
+    if (gridColumn < kNameColumn || gridColumn >= GridColumnCount())
+        return;
+    if (gridColumn == kNameColumn) {
+        const std::vector<std::string>& names = NamesOf(results_->model, kind_);
+        std::ranges::stable_sort(items_, [&](std::uint32_t a, std::uint32_t b) {
+            return descending ? names[b] < names[a] : names[a] < names[b];
+        });
+        return;
+    }
+    const ResultColumn& column = columns_[gridColumn - kFirstValueColumn];
+    const auto valueOf = [&](std::uint32_t item) { return ValuesOf(item)[column.place] * column.factor; };
+    std::ranges::stable_sort(items_, [&](std::uint32_t a, std::uint32_t b) {
+        const double first = valueOf(a);
+        const double second = valueOf(b);
+        if (std::isnan(first) || std::isnan(second))
+            return !std::isnan(first) && std::isnan(second);
+        return descending ? second < first : first < second;
     });
 }
 
@@ -163,6 +216,10 @@ void CResultTable::FindExtremes()
         const double* const values = ValuesOf(items_[row]);
         for (Probe& probe : probes) {
             const double value = values[probe.place] * probe.factor;
+            if (!std::isfinite(value)) {
+                ++notNumbers_;
+                continue;
+            }
             if (value > probe.max) {
                 probe.max = value;
                 probe.maxRow = row;
@@ -212,9 +269,24 @@ std::string CResultTable::HeadText(std::size_t gridColumn) const
     return gridColumn == kNameColumn ? Cp932(InfoOf(kind_).nameHead) : columns_[gridColumn - kFirstValueColumn].head;
 }
 
+std::string CResultTable::Unit(std::size_t gridColumn) const
+{
+    return gridColumn >= kFirstValueColumn && gridColumn < GridColumnCount()
+               ? UnitWord(kind_, columns_[gridColumn - kFirstValueColumn].component)
+               : std::string();
+}
+
 std::string CResultTable::ValueText(double value) const
 {
     std::string text;
+    if (!std::isfinite(value)) { // the sign of what is no number says nothing
+        AppendPadded(text,
+                     std::isnan(value) ? "NaN"
+                     : value > 0       ? "Inf"
+                                       : "-Inf",
+                     static_cast<std::size_t>(InfoOf(kind_).textWidth), false);
+        return text;
+    }
     AppendFixed(text, value, InfoOf(kind_).textWidth, kDecimals);
     return text;
 }

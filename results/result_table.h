@@ -32,6 +32,7 @@ inline constexpr std::uint32_t kExtremesBackground = 11842740; ///< grey
 struct ResultColumn {
     std::string head; ///< CP932
     int width = 0;
+    std::size_t component = 0;
     std::size_t place = 0; ///< of the value among those of its item and load case
     double factor = 1;
 };
@@ -44,6 +45,9 @@ struct ColumnExtremes {
     double max = -1e100;
     double min = 1e100;
 };
+
+/// The head of the column that rules the order of the rows, in CP932; empty: none does.
+[[nodiscard]] std::string SortHead(const ResultSelection& selection);
 
 /// The taken names count as rows from 0, the columns of values as columns from 0. A table without its load case is
 /// empty. The results must outlive the table. Where they have become other ones, the cells of rows that are not there
@@ -63,6 +67,8 @@ public:
     [[nodiscard]] std::string_view Name(std::size_t row) const;
     [[nodiscard]] double Value(std::size_t row, std::size_t column) const;
     [[nodiscard]] const ColumnExtremes& Extremes(std::size_t column) const { return extremes_[column]; }
+    /// Values of the rows that are no numbers. They stand in the table as texts and are no extremes.
+    [[nodiscard]] std::size_t NotNumbers() const { return notNumbers_; }
 
     // The same as a grid with its head row, its rows of extremes and its margin.
 
@@ -71,14 +77,18 @@ public:
     [[nodiscard]] int GridColumnWidth(std::size_t gridColumn) const;
     /// Text of a cell in CP932, blanks included; empty outside of what is filled.
     [[nodiscard]] std::string CellText(std::size_t gridRow, std::size_t gridColumn) const;
+    /// The unit of a column of values in CP932; empty for the others.
+    [[nodiscard]] std::string Unit(std::size_t gridColumn) const;
     /// Nothing: the grid's own colour.
     [[nodiscard]] std::optional<std::uint32_t> CellColor(std::size_t gridRow, std::size_t gridColumn) const;
     [[nodiscard]] std::optional<std::uint32_t> CellBackground(std::size_t gridRow, std::size_t gridColumn) const;
 
 private:
-    void AddColumns(const ResultSelection& selection);
     void TakeNames(const ResultSelection& selection);
     void DropSmallReactions();
+    void Filter(std::string_view text);
+    /// Stable; what is no number stands last.
+    void Sort(std::size_t gridColumn, bool descending);
     void FindExtremes();
     /// Items that have all their values of the columns in the cube.
     [[nodiscard]] std::size_t ItemsThere() const;
@@ -100,6 +110,7 @@ private:
     std::vector<ResultColumn> columns_;
     std::vector<std::uint32_t> items_; ///< the item of each row
     std::vector<ColumnExtremes> extremes_;
+    std::size_t notNumbers_ = 0;
 };
 
 } // namespace sbd

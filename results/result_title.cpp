@@ -1,6 +1,8 @@
 #include "results/result_title.h"
 
 #include "project/text.h"
+#include "results/model_projection.h"
+#include "results/result_table.h"
 
 #include <algorithm>
 
@@ -15,6 +17,13 @@ constexpr std::size_t kNamedExclusions = 8;
 std::string Part(std::string_view word, const std::string& cp932)
 {
     return Cp932("　" + std::string(word) + ": ") + cp932;
+}
+
+std::string Times(double magnification)
+{
+    std::string text;
+    AppendFixed(text, magnification, 0, 0);
+    return text;
 }
 
 std::string Exclusions(const std::vector<std::string>& names)
@@ -42,20 +51,26 @@ std::string ShortTableTitle(const ResultSelection& selection)
 std::string TableTitle(const ResultSelection& selection)
 {
     std::string title = ShortTableTitle(selection);
+    if (!selection.filter.empty())
+        title += Part("絞り込み", selection.filter);
+    if (selection.sortColumn > 0)
+        title += Part("並び", SortHead(selection) + (selection.descending ? " 降順"_cp932 : " 昇順"_cp932));
     if (!selection.excludedNames.empty())
         title += Part("出力しない名称", Exclusions(selection.excludedNames));
     return title;
 }
 
-std::string FigureTitle(const AnalysisModel& model, const ResultSelection& selection)
+std::string FigureTitle(const AnalysisModel& model, const ResultSelection& selection, double magnification)
 {
     std::string title = KindWord(selection.kind);
     const std::string load = Part("荷重", ShownLoad(selection.load));
     if (selection.kind == ResultKind::Displacement && selection.girder == AllWord())
-        return title + load + Part("主桁", selection.girder) + Part("変形の倍率", "100");
+        return title + load + Part("主桁", selection.girder)
+               + Part("変形の倍率", Times(selection.magnification == 0 ? magnification : selection.magnification)
+                                        + (selection.magnification == 0 ? " (自動)"_cp932 : ""));
     const std::size_t component =
         ComponentOf(selection.kind, selection.figureItem).value_or(InfoOf(selection.kind).defaultComponent);
-    title += " " + ComponentWord(selection.kind, component) + load;
+    title += " " + ComponentWord(selection.kind, component) + " [" + UnitWord(selection.kind, component) + "]" + load;
     const bool isThere = std::ranges::find(model.girderNames, selection.girder) != model.girderNames.end();
     if (isThere)
         return title + Part("主桁", selection.girder);

@@ -16,8 +16,9 @@ namespace sbd {
 /// The same for a file's name: without the names that are left out.
 [[nodiscard]] std::string ShortTableTitle(const ResultSelection& selection);
 
-/// "断面力 My　荷重: 死荷重　主桁: G1": what the figure of the selection draws, which has no station. Where no single
-/// girder is chosen the diagram is that of the first one.
-[[nodiscard]] std::string FigureTitle(const AnalysisModel& model, const ResultSelection& selection);
+/// "断面力 My [kN・m]　荷重: 死荷重　主桁: G1": what the figure of the selection draws, which has no station. Where no single
+/// girder is chosen the diagram is that of the first one. `magnification`: that of a deformed frame, if the selection leaves it open.
+[[nodiscard]] std::string FigureTitle(const AnalysisModel& model, const ResultSelection& selection,
+                                      double magnification = kDeformedMagnification);
 
 } // namespace sbd

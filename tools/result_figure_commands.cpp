@@ -191,7 +191,7 @@ json ViewJson(const AnalysisResults& results, const CSbdData* data, const Figure
     if (projection.NodeCount() == 0)
         return shown;
     const FigureBounds& bounds = projection.Bounds();
-    const ModelScale scale = FitModel(bounds, screen, view.zoom, {view.panX, view.panY});
+    const ModelScale scale = FitModel(bounds, screen, view.zoom, PanOf(view));
     for (std::size_t number = 1; number <= projection.NodeCount(); ++number) {
         const auto node = static_cast<std::int32_t>(number);
         shown["nodes"].push_back({{"node", node},

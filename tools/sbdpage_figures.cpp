@@ -1,5 +1,6 @@
 #include "sbdpage_figures.h"
 
+#include "document/result_session.h"
 #include "document/section_doc.h"
 #include "project/catalogue.h"
 #include "project/console.h"
@@ -10,6 +11,7 @@
 #include <QBuffer>
 #include <QCommandLineParser>
 #include <QImage>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSaveFile>
@@ -161,12 +163,13 @@ int DrawInPane(const QCommandLineParser& parser, const CKELDSectionDoc& doc, con
     const std::optional<int> height = Number(parser, u"height"_s, 1, kMostPixels);
     if (!width || !height)
         return kBadCall;
-    const FigureScreen screen{static_cast<double>(*width), static_cast<double>(*height)};
     const FigureLook look{PaperColour(doc.display), FigureFont(doc.display)};
     return WritePictures(parser, {*width, *height}, [&](QPainter& painter) {
         const QRect pane(0, 0, *width, *height);
         painter.setClipRect(pane);
         painter.fillRect(pane, look.backColor);
+        FigureScreen screen{static_cast<double>(*width), static_cast<double>(*height)};
+        screen.isPaper = painter.paintEngine()->type() != QPaintEngine::Raster; // its inches are true
         draw(painter, screen, look);
     });
 }
@@ -202,7 +205,8 @@ int DrawFigure(const QStringList& arguments)
     return DrawInPane(parser, doc, [&](QPainter& painter, const FigureScreen& screen, const FigureLook& look) {
         FigureView shown;
         ApplyViewCommand(shown, view->command);
-        DrawModelFigure(painter, screen, doc.Results(), doc.Data(), {CanonicalBlock(*block), *row}, look, shown);
+        DrawModelFigure(painter, screen, doc.Results(), doc.Data(), {CanonicalBlock(*block), *row}, look, shown,
+                        ResultSessionOf(doc).State());
     });
 }
 
@@ -264,22 +268,28 @@ int DrawDiagram(const QStringList& arguments)
     parser.setApplicationDescription(
         u"sbdpage diagram: draws a result along a girder, or the deformed frame of all girders."_s);
     AddCommonOptions(parser);
-    parser.addOptions({{u"kind"_s, u"変位, 断面力 or 反力; 断面力 if not given."_s, u"word"_s},
-                       {u"load"_s, u"Load case, by its whole name."_s, u"name"_s},
-                       {u"girder"_s, u"Girder; すべて with 変位 for the deformed frame."_s, u"name"_s},
-                       {u"item"_s, u"Component, such as Uz, My or Fz."_s, u"name"_s}});
+    parser.addOptions(
+        {{u"kind"_s, u"変位, 断面力 or 反力; 断面力 if not given."_s, u"word"_s},
+         {u"load"_s, u"Load case, by its whole name."_s, u"name"_s},
+         {u"girder"_s, u"Girder; すべて with 変位 for the deformed frame."_s, u"name"_s},
+         {u"item"_s, u"Component, such as Uz, My or Fz."_s, u"name"_s},
+         {u"magnification"_s, u"Of the deformed frame: 0 (what suits), 1, 10, 100 or 1000."_s, u"number"_s, u"100"_s}});
     parser.process(arguments);
 
     CKELDSectionDoc doc;
     int code = 0;
     if (!Open(parser, doc, code))
         return code;
-    const std::optional<ResultSelection> selection = SelectionOf(parser, doc.Results().model);
+    std::optional<ResultSelection> selection = SelectionOf(parser, doc.Results().model);
     if (!selection)
         return kBadCall;
+    bool isNumber = false;
+    selection->magnification = parser.value(u"magnification"_s).toInt(&isNumber);
+    if (!isNumber || std::ranges::find(kMagnifications, selection->magnification) == std::end(kMagnifications))
+        return Fail(u"--magnification takes 0, 1, 10, 100 or 1000"_s);
     return DrawInPane(parser, doc, [&](QPainter& painter, const FigureScreen& screen, const FigureLook& look) {
         FigureView view;
-        DrawResultPage(painter, screen, doc.Results(), *selection, look, view);
+        DrawResultPage(painter, screen, doc.Results(), *selection, look, view, ResultSessionOf(doc).State());
     });
 }
 

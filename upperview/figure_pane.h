@@ -2,6 +2,7 @@
 #pragma once
 
 #include "commands/commands.h"
+#include "results/figure_pick.h"
 #include "upperview/model_figure.h"
 
 #include <QWidget>
@@ -12,7 +13,9 @@ namespace sbd {
 
 class CKELDSectionDoc;
 
-/// Paints the figure that fits the pane, and takes the mouse: left a rectangle to fill the pane, right a drag.
+/// Paints the figure that fits the pane, and takes the mouse: left a rectangle to fill the pane, right a drag; the wheel
+/// zooms at the pointer, the middle button (or the left one with the space bar) moves, a double click fits, the left one
+/// with Ctrl turns a frame. A click selects in the panel what lies under it, and the pointer at rest is told what that is.
 class CFigurePane : public QWidget {
     Q_OBJECT
 
@@ -31,7 +34,19 @@ public:
     /// Paints the figure in the middle of the sheet, in the proportions that it has on the screen.
     void PrintFigure(QPainter& painter);
 
+    /// What lies at a place of the pane, in words; empty: nothing.
+    [[nodiscard]] QString WordsAt(QPointF place);
+
+signals:
+    /// A line was clicked that this row of a block has made; rows from 1.
+    void cellWanted(int block, int row, int column);
+
 protected:
+    bool event(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -40,7 +55,18 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void Paint(QPainter& painter, const QColor& paper);
+    /// What a button that is down does with the figure, beside what CFigureMouse knows.
+    enum class Hold { None, Slide, Turn };
+
+    void Paint(QPainter& painter, const QColor& paper, const FigureScreen& screen);
+    /// The pane as a sheet whose pixels are known, where `painter` paints on one.
+    [[nodiscard]] FigureScreen ScreenFor(const QPainter& painter) const;
+    void PickAt(QPointF place);
+    [[nodiscard]] std::optional<DiagramPick> OrdinateAt(QPointF place) const;
+    /// The frame as it stands in the pane; made once a paint.
+    [[nodiscard]] const FramePlaces& Places();
+    [[nodiscard]] bool ShowsDiagram() const;
+    void HoldSpace(bool down);
     void Follow(FigureMouseEffect effect);
     void FigureIsAnother();
     [[nodiscard]] bool ShowsResult() const;
@@ -50,6 +76,11 @@ private:
     FigureView view_;
     bool showedResult_ = false; // when it was refreshed last
     CFigureMouse mouse_{view_};
+    Hold hold_ = Hold::None;
+    QPointF heldAt_;
+    bool spaceDown_ = false;
+    std::optional<QPointF> pressedAt_; // by the left button, for a click
+    std::optional<FramePlaces> places_;
 };
 
 } // namespace sbd

@@ -1,6 +1,7 @@
 #include "upperview/model_figure.h"
 
-#include "document/section_doc.h"
+#include "results/model_labels.h"
+#include "upperview/figure_texts.h"
 #include "upperview/paper.h"
 
 #include <QFontMetricsF>
@@ -19,6 +20,7 @@ namespace sbd {
 
 namespace {
 
+constexpr int kCrossBlock = 523;
 constexpr int kDotRadius = 3;
 constexpr double kSupportHalfWidth = 5;
 constexpr double kSupportHeight = 10;
@@ -137,8 +139,11 @@ public:
             LateralBracing(results_.model, data, projection_.NodeCount(), selection);
         for (const FigurePen pen : {FigurePen::Lateral, FigurePen::Selected}) {
             for (const LateralLine& line : lateral)
-                if (line.pen == pen)
+                if (line.pen == pen) {
                     lines_.Add(At(line.from), At(line.to));
+                    if (pen == FigurePen::Selected)
+                        selected_.push_back({At(line.from), At(line.to), pen});
+                }
             lines_.Paint(painter_, PenOf(pen, look_));
         }
     }
@@ -153,6 +158,8 @@ public:
                 lines_.Paint(painter_, PenOf(pen, look_));
             pen = line.pen;
             lines_.Add(At(line.node1), At(line.node2));
+            if (selection.block == kCrossBlock && static_cast<int>(line.row) + 1 == selection.row)
+                selected_.push_back({At(line.node1), At(line.node2), pen});
         }
         lines_.Paint(painter_, PenOf(pen, look_));
     }
@@ -171,14 +178,26 @@ public:
         lines_.Paint(painter_, PenOf(FigurePen::Plain, look_));
     }
 
-    void Names()
+    /// Names beside what is in `taken`, that of the selected row first.
+    void Names(const CSbdData& data, FigureSelection selection, const std::vector<LabelBox>& taken)
     {
-        painter_.setPen(Ink(Qt::black, look_.backColor));
-        painter_.setFont(look_.font);
-        const QFontMetricsF metrics(look_.font, painter_.device());
-        const double characterWidth = metrics.averageCharWidth();
-        Texts(GirderLabels(results_, projection_, scale_, characterWidth), metrics);
-        Texts(StationLabels(results_.model, projection_, scale_, characterWidth), metrics);
+        const double characterWidth = QFontMetricsF(look_.font, painter_.device()).averageCharWidth();
+        const TextMetrics metrics = MetricsOf(painter_, look_.font);
+        CLabelRoom room({0, 0, scale_.screen.clientWidth, scale_.screen.clientHeight});
+        for (const LabelBox& box : taken)
+            room.Take(box);
+        std::vector<PlacedText> selected;
+        if (const auto middle = SelectedMiddle(); middle && IsNumber(*middle))
+            if (auto name = PlaceBeside(SelectedRowName(data, selection), *middle,
+                                        MetricsOf(painter_, SmallFont(look_)), room)) {
+                name->mark = FigureMark::Warning; // as red as the row
+                selected.push_back(std::move(*name));
+            }
+        const std::vector<FigureLabel> girders = GirderLabels(results_, projection_, scale_, characterWidth);
+        const std::vector<FigureLabel> stations = StationLabels(results_.model, projection_, scale_, characterWidth);
+        PaintTexts(painter_, PlaceModelLabels(girders, stations, metrics, room), look_.font, look_,
+                   TextRim::None);                               // they stand beside the frame
+        PaintTexts(painter_, selected, SmallFont(look_), look_); // small: the frame lies under it
     }
 
 private:
@@ -207,17 +226,21 @@ private:
     [[nodiscard]] FigurePoint At(std::int32_t node) const { return points_[static_cast<std::size_t>(node) - 1]; }
     [[nodiscard]] FigurePoint At(const NodePlace& place) const { return ScreenOf(place, projection_, scale_); }
 
-    /// The texts with their middle at their points.
-    void Texts(const std::vector<FigureLabel>& labels, const QFontMetricsF& metrics)
+    /// The middle of the line of the selected row that lies nearest to the middle of the pane.
+    [[nodiscard]] std::optional<FigurePoint> SelectedMiddle() const
     {
-        for (const FigureLabel& label : labels) {
-            const QString text = toQString(label.text);
-            const double width = metrics.horizontalAdvance(text);
-            if (IsInPane(label.at, scale_.screen, width))
-                painter_.drawText(QPointF(std::trunc(label.at.x) - width / 2,
-                                          std::trunc(label.at.y) + (metrics.ascent() - metrics.descent()) / 2),
-                                  text);
+        std::optional<FigurePoint> best;
+        double bestDistance = 0;
+        for (const FigureLine& line : selected_) {
+            const FigurePoint middle{(line.from.x + line.to.x) / 2, (line.from.y + line.to.y) / 2};
+            const double distance =
+                std::hypot(middle.x - scale_.screen.HalfWidth(), middle.y - scale_.screen.HalfHeight());
+            if (best && !(distance < bestDistance))
+                continue;
+            best = middle;
+            bestDistance = distance;
         }
+        return best;
     }
 
     QPainter& painter_;
@@ -227,6 +250,7 @@ private:
     const ModelScale& scale_;
     CFigureLines lines_;
     std::vector<FigurePoint> points_;
+    std::vector<FigureLine> selected_; // of the row under the cursor
 };
 
 } // namespace
@@ -273,7 +297,8 @@ void CFigureLines::Paint(QPainter& painter, const QPen& pen)
 }
 
 void DrawModelFigure(QPainter& painter, const FigureScreen& screen, const AnalysisResults& results,
-                     const CSbdData& data, FigureSelection selection, const FigureLook& look, FigureView& view)
+                     const CSbdData& data, FigureSelection selection, const FigureLook& look, FigureView& view,
+                     const ResultState& state)
 {
     const FigurePan pan = TakeMouseMarks(view, screen);
     const CModelProjection projection(FigurePlaces(results), view.viewDirection);
@@ -286,7 +311,8 @@ void DrawModelFigure(QPainter& painter, const FigureScreen& screen, const Analys
     figure.Lateral(data, selection);
     figure.CrossBeams(data, selection);
     figure.Nodes();
-    figure.Names();
+    const FigureHeading heading = FrameHeading(results, ModelTitle(view.viewDirection), screen, scale.scale, state);
+    figure.Names(data, selection, PaintHeading(painter, heading, screen, look));
     painter.restore();
 }
 

@@ -3,6 +3,7 @@
 
 #include "results/figure_view.h"
 #include "results/model_overlay.h"
+#include "results/result_state.h"
 
 #include <QColor>
 #include <QFont>
@@ -31,7 +32,8 @@ struct FigureLook {
 /// Paints the frame with bracing, cross beams, nodes and names into the pane of `screen`, whose ground is painted
 /// already. Carries out the marks of the mouse in `view`. Without results it paints nothing.
 void DrawModelFigure(QPainter& painter, const FigureScreen& screen, const AnalysisResults& results,
-                     const CSbdData& data, FigureSelection selection, const FigureLook& look, FigureView& view);
+                     const CSbdData& data, FigureSelection selection, const FigureLook& look, FigureView& view,
+                     const ResultState& state = {});
 
 /// The pen of a line; those of the members are two pixels wide, that of the selected row three.
 [[nodiscard]] QPen PenOf(FigurePen pen, const FigureLook& look);

@@ -4,13 +4,16 @@
 #include "panels/result_output.h"
 #include "panels/result_panel.h"
 #include "panels/result_panel_source.h"
+#include "results/result_title.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QPdfWriter>
 #include <QPushButton>
@@ -93,6 +96,11 @@ private slots:
     void copiedValuesAreNumbersToASpreadsheet();
     void theCsvFileHoldsTheWholeTable();
     void aFileThatCannotBeWrittenIsTold();
+    void whatIsClickedInTheFigureIsFoundInTheTable();
+    void theStateOfTheResultsIsSaidBelowTheTable();
+    void theMagnificationIsChosenInThePanel();
+    void aHeadSortsTheRowsAndTheOrderOfTheFilesComesBack();
+    void theFilterLeavesNamesThatHoldIt();
     void aLongTablePrintsOnSeveralPages();
     void withoutResultsItSaysSo();
     void resultsThatComeLaterAreShown();
@@ -134,7 +142,7 @@ void ResultPanelTest::eachChoiceFillsTheTable()
     QCOMPARE(boxes.size(), 6);
     boxes[0]->click();
     QCOMPARE(panel_->Grid()->Source()->ColumnCount(), 11);
-    QCOMPARE(panel_->Grid()->Source()->Head(2, 0), u"左Sy"_s);
+    QCOMPARE(panel_->Grid()->Source()->Head(2, 0), u"左Sy\n[kN]"_s);
     QCOMPARE(figure.count(), 3);
 }
 
@@ -290,10 +298,14 @@ void ResultPanelTest::theCsvFileHoldsTheWholeTable()
     const QByteArray bytes = file.readAll();
     QVERIFY(bytes.startsWith("\xEF\xBB\xBF"));
     const QStringList lines = QString::fromUtf8(bytes.mid(3)).split(u"\r\n"_s);
-    QCOMPARE(lines.size(), 2 + 2 + 20 + 1); // title, heads, extremes, rows, behind the last line end
-    QCOMPARE(lines[1], u"要素名,左Nx,右Nx,左Sy,右Sy,左Sz,右Sz,左Tx,右Tx,左My,右My,左Mz,右Mz"_s);
-    QVERIFY(lines[2].startsWith(u"最大値,"_s));
-    QVERIFY(lines[4].startsWith(u"G1-S1,"_s));
+    QCOMPARE(lines.size(), 3 + 2 + 20 + 1); // title, origin, heads, extremes, rows, behind the last line end
+    QVERIFY2(lines[1].startsWith(u"計画: single1.sbd　結果: 20"_s)
+                 || lines[1].startsWith(u"計画: plate4.sbd　結果: 20"_s),
+             qPrintable(lines[1]));
+    QVERIFY2(lines[2].startsWith(u"要素名,左Nx [kN],右Nx [kN],左Sy [kN]"_s), qPrintable(lines[2]));
+    QVERIFY2(lines[2].endsWith(u"左Mz [kN・m],右Mz [kN・m]"_s), qPrintable(lines[2]));
+    QVERIFY(lines[3].startsWith(u"最大値,"_s));
+    QVERIFY(lines[5].startsWith(u"G1-S1,"_s));
 }
 
 void ResultPanelTest::aFileThatCannotBeWrittenIsTold()
@@ -314,6 +326,101 @@ void ResultPanelTest::aFileThatCannotBeWrittenIsTold()
     panel_->print = [](QWidget*, const CResultTable&, const ResultSelection&) { return false; };
     panel_->Print();
     QVERIFY(!told.isEmpty());
+}
+
+void ResultPanelTest::whatIsClickedInTheFigureIsFoundInTheTable()
+{
+    OpenProject("plate4");
+    CResultSession& session = ResultSessionOf(*doc_);
+    const std::string name = fromQString(Cell(6, 1)).value();
+    session.Pick(name, 4, true);
+    QCOMPARE(panel_->Grid()->FocusCell().row, 6);
+    QCOMPARE(panel_->Grid()->Source()->Head(panel_->Grid()->FocusCell().column, 0), u"右My\n[kN・m]"_s);
+    QVERIFY(session.Marked() == name); // and the figure marks it
+    panel_->Grid()->SetFocusCell(8, 3);
+    QVERIFY(session.Marked() == fromQString(Cell(8, 1)).value());
+    panel_->Grid()->SetFocusCell(1, 3);
+    QVERIFY(session.Marked().empty());
+    session.Pick("nobody", 4, true);
+    QCOMPARE(panel_->Grid()->FocusCell().row, 1);
+}
+
+void ResultPanelTest::theStateOfTheResultsIsSaidBelowTheTable()
+{
+    OpenProject("plate4");
+    const auto labels = panel_->findChildren<QLabel*>();
+    const auto line = std::ranges::find(labels, u"結果の状態"_s, &QLabel::accessibleName);
+    QVERIFY(line != labels.end());
+    QVERIFY2((*line)->text().contains(u"ファイル: Z1D, Z1F, Z1R, Z3D, Z3F, Z3R"_s), qPrintable((*line)->text()));
+    doc_->SetModifiedFlag(true);
+    QVERIFY2((*line)->text().contains(u"結果は入力より古い: 保存していない変更"_s), qPrintable((*line)->text()));
+    QVERIFY(QString::fromUtf8(ResultCsv(panel_->Table(), Selection(), ResultSessionOf(*doc_).State()))
+                .contains(u"結果は入力より古い"_s));
+    doc_->SetModifiedFlag(false);
+    QVERIFY2(!(*line)->text().contains(u"保存していない変更"_s), qPrintable((*line)->text()));
+}
+
+void ResultPanelTest::theMagnificationIsChosenInThePanel()
+{
+    OpenProject("box2");
+    QCOMPARE(Selection().magnification, 100);
+    QCOMPARE(Box(5)->currentText(), u"100"_s);
+    QSignalSpy figure(&ResultSessionOf(*doc_), &CResultSession::figureChanged);
+    Choose(Box(5), u"自動"_s);
+    QCOMPARE(Selection().magnification, 0);
+    QCOMPARE(figure.count(), 1);
+}
+
+void ResultPanelTest::aHeadSortsTheRowsAndTheOrderOfTheFilesComesBack()
+{
+    OpenProject("plate4");
+    const QString first = Cell(3, 1);
+    const int rows = panel_->Grid()->Source()->UsedRows();
+    const auto doubleClick = [&](int column) {
+        QHeaderView* head = panel_->Grid()->horizontalHeader();
+        const QPoint at(head->sectionViewportPosition(column - 1) + head->sectionSize(column - 1) / 2, 8);
+        QTest::mouseDClick(head->viewport(), Qt::LeftButton, {}, at);
+    };
+    const auto inOrder = [&](int column, bool descending) {
+        for (int row = 4; row <= rows; ++row) {
+            const double before = Cell(row - 1, column).toDouble();
+            const double behind = Cell(row, column).toDouble();
+            if (descending ? before < behind : before > behind)
+                return false;
+        }
+        return true;
+    };
+    doubleClick(3);
+    QVERIFY(inOrder(3, false));
+    QVERIFY(TableTitle(Selection()).find(fromQString(u"右Nx 昇順"_s).value()) != std::string::npos);
+    doubleClick(3);
+    QVERIFY(inOrder(3, true));
+    QCOMPARE(panel_->Grid()->Source()->UsedRows(), rows);
+    const auto buttons = panel_->findChildren<QPushButton*>();
+    const auto back = std::ranges::find(buttons, u"ファイルの順に戻す"_s, &QPushButton::text);
+    QVERIFY(back != buttons.end() && (*back)->isVisible());
+    (*back)->click();
+    QCOMPARE(Cell(3, 1), first);
+    QVERIFY(!(*back)->isVisible());
+    doubleClick(3);
+    panel_->findChildren<QCheckBox*>()[0]->click(); // the columns are others
+    QCOMPARE(Cell(3, 1), first);
+}
+
+void ResultPanelTest::theFilterLeavesNamesThatHoldIt()
+{
+    OpenProject("plate4");
+    const int rows = panel_->Grid()->Source()->UsedRows();
+    const auto edits = panel_->findChildren<QLineEdit*>();
+    auto* filter = *std::ranges::find(edits, u"名称の一部"_s, &QLineEdit::placeholderText);
+    filter->setText(u"-C1"_s);
+    const int left = panel_->Grid()->Source()->UsedRows();
+    QVERIFY(left > 3 && left < rows);
+    for (int row = 3; row <= left; ++row)
+        QVERIFY(Cell(row, 1).contains(u"-C1"_s));
+    QVERIFY(TableTitle(Selection()).find("-C1") != std::string::npos); // CSV and paper say so
+    filter->clear();
+    QCOMPARE(panel_->Grid()->Source()->UsedRows(), rows);
 }
 
 void ResultPanelTest::aLongTablePrintsOnSeveralPages()

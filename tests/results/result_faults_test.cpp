@@ -175,14 +175,14 @@ TEST(FigureTitle, NamesWhatTheFigureDraws)
     selection.station = "G1-S1"; // the figure has none
     selection.figureItem = "Uz";
     const auto title = [&] { return FromCp932(FigureTitle(model, selection)); };
-    EXPECT_EQ(title(), "変位 Uz　荷重: D　主桁: G2");
+    EXPECT_EQ(title(), "変位 Uz [mm]　荷重: D　主桁: G2");
     selection.girder = NoneWord();
-    EXPECT_EQ(title(), "変位 Uz　荷重: D　主桁: G1 (最初の主桁)");
+    EXPECT_EQ(title(), "変位 Uz [mm]　荷重: D　主桁: G1 (最初の主桁)");
     selection.girder = AllWord();
     EXPECT_EQ(title(), "変位　荷重: D　主桁: すべて　変形の倍率: 100");
     selection.kind = ResultKind::Reaction;
     selection.figureItem = "?";
-    EXPECT_EQ(title(), "反力 Fz　荷重: D　主桁: G1 (最初の主桁)");
+    EXPECT_EQ(title(), "反力 Fz [kN]　荷重: D　主桁: G1 (最初の主桁)");
 }
 
 } // namespace sbd

@@ -219,9 +219,50 @@ TEST(ResultTable, ValuesThatAreNoNumbersAreShownAndAreNoExtremes)
     const CResultTable table(results, Selection(ResultKind::Force, "G1"));
     EXPECT_EQ(table.Extremes(0).maxRow, std::nullopt);
     EXPECT_EQ(table.CellText(kMaxRow, kFirstValueColumn), "");
-    EXPECT_NE(table.CellText(kFirstValueRow, kFirstValueColumn), "");
-    EXPECT_EQ(table.Extremes(2).maxRow, 1U);
+    EXPECT_TRUE(table.CellText(kFirstValueRow, kFirstValueColumn).ends_with(" NaN"));
+    EXPECT_TRUE(table.CellText(kFirstValueRow + 1, kFirstValueColumn + 2).ends_with(" Inf"));
+    EXPECT_EQ(table.Extremes(2).maxRow, std::nullopt) << "of infinity nothing is the largest";
     EXPECT_EQ(table.Extremes(2).minRow, std::nullopt);
+    EXPECT_EQ(table.NotNumbers(), table.RowCount() * table.Columns().size());
+    results.reaction.values.assign(results.reaction.values.size(), none);
+    EXPECT_GT(CResultTable(results, Selection(ResultKind::Reaction, "G1")).RowCount(), 0U) << "has to be seen";
+}
+
+TEST(ResultTable, RowsStandInTheOrderOfAColumnAndWhatIsNoNumberLast)
+{
+    AnalysisResults results = SmallBridge();
+    ResultSelection selection = Selection(ResultKind::Displacement, AllWord());
+    const CResultTable files(results, selection);
+    ASSERT_GT(files.RowCount(), 3U);
+    selection.sortColumn = kFirstValueColumn;
+    selection.descending = true;
+    const CResultTable sorted(results, selection);
+    ASSERT_EQ(sorted.RowCount(), files.RowCount());
+    for (std::size_t row = 0; row < files.RowCount(); ++row)
+        EXPECT_EQ(sorted.Name(row), files.Name(files.RowCount() - 1 - row));
+    EXPECT_EQ(sorted.Extremes(0).maxRow, 0U) << "the extremes follow";
+    for (const bool descending : {false, true}) {
+        selection.descending = descending;
+        AnalysisResults broken = results;
+        broken.displacement.values[0] = std::numeric_limits<double>::quiet_NaN();
+        const CResultTable table(broken, selection);
+        EXPECT_EQ(table.Name(table.RowCount() - 1), files.Name(0)) << descending;
+    }
+    selection.sortColumn = 1000;
+    EXPECT_EQ(CResultTable(results, selection).Name(0), files.Name(0));
+}
+
+TEST(ResultTable, AFilterKeepsNamesThatHoldItAndTheirExtremes)
+{
+    const AnalysisResults results = SmallBridge();
+    ResultSelection selection = Selection(ResultKind::Displacement, AllWord());
+    selection.filter = "-C1";
+    const CResultTable table(results, selection);
+    ASSERT_GT(table.RowCount(), 0U);
+    for (std::size_t row = 0; row < table.RowCount(); ++row)
+        EXPECT_TRUE(table.Name(row).ends_with("-C1")) << table.Name(row);
+    selection.filter = "?";
+    EXPECT_EQ(CResultTable(results, selection).RowCount(), 0U);
 }
 
 TEST(ResultTable, ResultsThatAreReadAnewUnderItLeaveItsCellsEmpty)

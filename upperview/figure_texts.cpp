@@ -1,0 +1,126 @@
+#include "upperview/figure_texts.h"
+
+#include "document/section_doc.h"
+#include "results/result_table.h"
+#include "upperview/paper.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace sbd {
+
+namespace {
+
+constexpr double kFontShare = 0.6; // of the font of the model figure
+constexpr double kMargin = 3;      // pixels around the heading
+constexpr double kRim = 3;         // pixels, both sides together
+
+QColor ColorOf(std::uint32_t color)
+{
+    return QColor(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
+                  static_cast<int>((color >> 16) & 0xFF));
+}
+
+QColor InkOf(FigureMark mark, const FigureLook& look)
+{
+    switch (mark) {
+    case FigureMark::Greatest:
+        return Ink(ColorOf(kMaxColor), look.backColor);
+    case FigureMark::Least:
+        return Ink(ColorOf(kMinColor), look.backColor);
+    case FigureMark::Warning:
+        return Ink(Qt::red, look.backColor);
+    case FigureMark::None:
+        break;
+    }
+    return Ink(Qt::black, look.backColor);
+}
+
+std::vector<HeadingPart> Placed(const QPainter& painter, const FigureHeading& heading, const FigureScreen& screen,
+                                const FigureLook& look)
+{
+    return PlaceHeading(heading, MetricsOf(painter, SmallFont(look)), kMargin, kMargin,
+                        screen.clientWidth - 2 * kMargin);
+}
+
+} // namespace
+
+QFont SmallFont(const FigureLook& look)
+{
+    QFont font = look.font;
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(QFontInfo(look.font).pixelSize() * kFontShare))));
+    return font;
+}
+
+TextMetrics MetricsOf(const QPainter& painter, const QFont& font)
+{
+    const QFontMetricsF metrics(font, painter.device());
+    return {[metrics](std::string_view text) { return metrics.horizontalAdvance(toQString(text)); }, metrics.height()};
+}
+
+std::vector<LabelBox> BoxesOfHeading(const QPainter& painter, const FigureHeading& heading, const FigureScreen& screen,
+                                     const FigureLook& look)
+{
+    std::vector<LabelBox> boxes;
+    for (const HeadingPart& part : Placed(painter, heading, screen, look))
+        boxes.push_back(part.box);
+    return boxes;
+}
+
+std::vector<LabelBox> PaintHeading(QPainter& painter, const FigureHeading& heading, const FigureScreen& screen,
+                                   const FigureLook& look)
+{
+    const QFont font = SmallFont(look);
+    const QFontMetricsF metrics(font, painter.device());
+    painter.setFont(font);
+    std::vector<LabelBox> boxes;
+    for (const HeadingPart& part : Placed(painter, heading, screen, look)) {
+        const LabelBox& box = part.box;
+        painter.fillRect(QRectF(box.left, box.top, box.width, box.height), look.backColor);
+        painter.setPen(InkOf(part.words.mark, look));
+        painter.drawText(QPointF(box.left, box.top + metrics.ascent()), toQString(part.words.text));
+        boxes.push_back(box);
+    }
+    return boxes;
+}
+
+void PaintTexts(QPainter& painter, std::span<const PlacedText> texts, const QFont& font, const FigureLook& look,
+                TextRim rim)
+{
+    const QFontMetricsF metrics(font, painter.device());
+    painter.save();
+    painter.setFont(font);
+    painter.setBrush(Qt::NoBrush);
+    QPen leader = PenOf(FigurePen::Faint, look);
+    leader.setStyle(Qt::DotLine);
+    painter.setPen(leader);
+    for (const PlacedText& text : texts)
+        if (text.leader)
+            painter.drawLine(QPointF(text.leader->from.x, text.leader->from.y),
+                             QPointF(text.leader->to.x, text.leader->to.y));
+    const QPen ground(look.backColor, kRim, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    for (const PlacedText& text : texts) {
+        const QString words = toQString(text.text);
+        painter.save();
+        if (text.upright) {
+            painter.translate(std::trunc(text.box.left), std::trunc(text.box.Bottom()));
+            painter.rotate(-90);
+        } else {
+            painter.translate(std::trunc(text.box.left), std::trunc(text.box.top));
+        }
+        if (rim == TextRim::Ground) {
+            QPainterPath letters;
+            letters.addText(QPointF(0, metrics.ascent()), font, words);
+            painter.strokePath(letters, ground);
+        }
+        painter.setPen(InkOf(text.mark, look));
+        painter.drawText(QPointF(0, metrics.ascent()), words);
+        painter.restore();
+    }
+    painter.restore();
+}
+
+} // namespace sbd
