@@ -29,9 +29,7 @@ void TakeNoticeColours(QWidget& line, QLabel& text, bool weighs)
 
 } // namespace
 
-CNoticeBar::CNoticeBar(QWidget* parent)
-    : QWidget(parent)
-    , lines_(new QVBoxLayout(this))
+CNoticeBar::CNoticeBar(QWidget* parent) : QWidget(parent), lines_(new QVBoxLayout(this))
 {
     lines_->setContentsMargins(0, 0, 0, 0);
     lines_->setSpacing(1);
