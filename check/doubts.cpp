@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <set>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -471,6 +472,22 @@ FindingList Doubts(const CSbdData& data, const SilentKinds& silent)
     for (const CatalogueRow& row : Catalogue())
         AddDoubtsWith(data, row.block, names, silent, doubts);
     return doubts;
+}
+
+std::vector<int> BlocksJudgedWith(int block)
+{
+    // Type and switches, names, webs, box sections: any block may be judged by them.
+    constexpr std::array<int, 6> ruling = {301, 305, 333, 501, 640, 702};
+    std::set<int> blocks = {block};
+    if (std::ranges::find(ruling, block) != ruling.end())
+        for (const CatalogueRow& row : Catalogue())
+            blocks.insert(row.block);
+    for (const SharedOption& places : SharedOptions())
+        if (places[0].block == block)
+            for (const OptionPlace& place : places)
+                if (place.block != 0)
+                    blocks.insert(place.block);
+    return {blocks.begin(), blocks.end()};
 }
 
 void AddDoubts(const CSbdData& data, int block, const SilentKinds& silent, FindingList& doubts)

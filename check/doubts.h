@@ -18,4 +18,7 @@ using SilentKinds = std::set<FindingKind>;
 /// Those of one block.
 void AddDoubts(const CSbdData& data, int block, const SilentKinds& silent, FindingList& doubts);
 
+/// The blocks that may be judged otherwise when `block` has changed, itself included, ascending.
+[[nodiscard]] std::vector<int> BlocksJudgedWith(int block);
+
 } // namespace sbd

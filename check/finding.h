@@ -65,6 +65,7 @@ struct Finding {
     std::string text;    ///< a sentence in Japanese, UTF-8: what stands there, what becomes of it, what to do
     std::string is;      ///< CP932: the text of the cell
     std::string returns; ///< CP932: the text that comes back
+    friend bool operator==(const Finding&, const Finding&) = default;
 };
 
 /// True for a finding that costs nothing: the form, a repair, a section that is unknown but for its name.

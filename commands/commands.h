@@ -35,6 +35,9 @@ enum class Command {
     InsertRow,
     AddRows,
     JumpToHit,
+    NextFinding,
+    PreviousFinding,
+    FindingList,
 
     // Help page and model figure
     SwitchFigureAndHelp,

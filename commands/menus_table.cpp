@@ -15,7 +15,7 @@ using enum Command;
 constexpr MenuItem kFile[] = {NewProject, Open, Close, kSeparator, Save, SaveAs, kSeparator, Print, PrintPreview,
                               SavePicture, kSeparator, MenuFill::RecentFiles, kSeparator, Exit};
 constexpr MenuItem kEdit[] = {Undo, Redo, kSeparator, Cut, Copy, Paste, Delete, kSeparator, MoveRowUp, MoveRowDown, InsertRow,
-                              kSeparator, AddRows};
+                              kSeparator, AddRows, kSeparator, NextFinding, PreviousFinding, FindingList};
 constexpr MenuItem kView[] = {SwitchFigureAndHelp, Notes, kSeparator, ViewAll, ViewXY, ViewYZ, ViewXZ, kSeparator,
                               ZoomIn, ZoomOut, kSeparator, MoveUp, MoveDown, MoveLeft, MoveRight, kSeparator,
                               MenuId::TreeItems, MenuId::Cells};

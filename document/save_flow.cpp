@@ -1,7 +1,10 @@
 #include "document/save_flow.h"
 
+#include "check/file_findings.h"
+#include "document/path.h"
 #include "document/project_lock.h"
 #include "document/section_doc.h"
+#include "project/sbd_data.h"
 
 #include <QDir>
 #include <QFile>
@@ -74,6 +77,23 @@ bool IsReadOnly(const QString& path)
     const QString target = file.canonicalFilePath(); // a link stays a link
     return !file.isWritable() || !QFileInfo(QFileInfo(target).path()).isWritable();
 #endif
+}
+
+QString ForeignFileQuestion(const QString& path)
+{
+    std::string bytes;
+    if (!QFileInfo(path).isFile() || !ReadFileBytes(ToPath(path), bytes).Ok())
+        return {};
+    CSbdData scratch;
+    const FileFindings found = ReadWithFindings(bytes, scratch);
+    if (found.isProject && !found.isForeign)
+        return {};
+    const QString what =
+        found.findings.list.empty() ? QString() : QString::fromStdString(found.findings.list.front().text);
+    return u"このファイルは本システムのプロジェクトの形ではありません。上書き保存しますか。\n"_s
+           + QDir::toNativeSeparators(path) + u"\n\n"_s + what
+           + u"\n\n「はい」を選ぶと、今ある内容は画面のプロジェクトに置き換わり、元に戻せません。"
+             u"\n「いいえ」を選ぶと、ファイルはそのまま残り、入力内容も画面に残ります。別の名前で保存できます。"_s;
 }
 
 QString HeldProjectQuestion(const QString& path)

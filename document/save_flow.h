@@ -21,6 +21,10 @@ class CProjectLock;
 /// a project that has no file yet.
 [[nodiscard]] bool IsReadOnly(const QString& path);
 
+/// What is to be asked before a save puts a project in the place of a file that holds none, or stands in another
+/// encoding; empty: nothing, as for a file that is not there or cannot be read.
+[[nodiscard]] QString ForeignFileQuestion(const QString& path);
+
 /// Shows a question with the answers yes and no; true: yes.
 using YesNoQuestion = std::function<bool(const QString& text)>;
 

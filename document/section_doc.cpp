@@ -4,7 +4,6 @@
 #include "project/links.h"
 #include "project/text.h"
 #include "sbdfile/grid_names.h"
-#include "sbdfile/reader.h"
 #include "sbdfile/repairs.h"
 #include "sbdfile/writer.h"
 
@@ -31,6 +30,16 @@ constexpr int kNamesBlock = 501;
 bool HoldsNames(const std::vector<ChangedRow>& places)
 {
     return std::ranges::find(places, kNamesBlock, &ChangedRow::block) != places.end();
+}
+
+/// Reads a project as ReadProject() does, and says what of it was not understood.
+FileFindings ReadWhole(std::string_view bytes, CSbdData& data)
+{
+    data.ClearBlocks();
+    FileFindings found = ReadWithFindings(bytes, data);
+    RepairAfterRead(data);
+    data.Shrink();
+    return found;
 }
 
 /// The project of the result files; its full path, so that the stamps of two readings compare.
@@ -102,10 +111,10 @@ FileResult CKELDSectionDoc::Load(const QString& file, const QString& project)
         ReadStampedResultFiles(FullPath(project), results, resultsAsRead);
         ReadGridNames(NamesFileBeside(ToPath(project)), data);
     }
-    ReadProject(bytes, data);
-    data.Shrink();
+    FileFindings asRead = ReadWhole(bytes, data);
 
     data_ = std::move(data);
+    asRead_ = std::move(asRead);
     results_ = std::move(results);
     resultsAsRead_ = std::move(resultsAsRead);
     path_ = project.isEmpty() ? QString() : QFileInfo(project).absoluteFilePath();
@@ -148,6 +157,7 @@ FileResult CKELDSectionDoc::SaveDocument(const QString& path, bool* controlBlock
 
     if (controlBlockHeldBack != nullptr)
         *controlBlockHeldBack = report.controlBlockHeldBack;
+    asRead_ = {};
     SetModifiedFlag(false);
     SetPathName(path);
     return result;
@@ -270,8 +280,7 @@ bool CKELDSectionDoc::Reload()
     if (path_.isEmpty() || !ReadFileBytes(ToPath(path_), bytes).Ok())
         return false;
     CSbdData read = data_;
-    ReadProject(bytes, read);
-    read.Shrink();
+    asRead_ = ReadWhole(bytes, read);
     CProjectWriter writer(data_);
     writer.Replace(read);
     data_.gridNames = std::move(read.gridNames);

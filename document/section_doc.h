@@ -1,6 +1,7 @@
 // CKELDSectionDoc: one open project, its path and its session state.
 #pragma once
 
+#include "check/file_findings.h"
 #include "document/display_settings.h"
 #include "project/edit_history.h"
 #include "results/result_stamp.h"
@@ -51,6 +52,9 @@ public:
     ~CKELDSectionDoc() override;
 
     [[nodiscard]] const CSbdData& Data() const { return data_; }
+
+    /// What of the project's file was not understood when it was read last; nothing once it was saved.
+    [[nodiscard]] const FileFindings& AsRead() const { return asRead_; }
 
     /// Results of the frame analysis, as they were at the last open.
     [[nodiscard]] const AnalysisResults& Results() const { return results_; }
@@ -154,6 +158,7 @@ private:
     void Tell(const std::vector<ChangedRow>& places);
 
     CSbdData data_;
+    FileFindings asRead_;
     CEditHistory history_;
     bool stepping_ = false;
     AnalysisResults results_;

@@ -5,9 +5,11 @@
 #include "document/recovery.h"
 #include "document/save_flow.h"
 #include "document/section_doc.h"
+#include "frame/finding_pane.h"
 #include "frame/left_view.h"
 #include "frame/notice_bar.h"
 #include "frame/program_icon.h"
+#include "frame/project_findings.h"
 #include "frame/settings.h"
 #include "grid/grid_ctrl.h"
 #include "panels/panel.h"
@@ -25,6 +27,7 @@
 #include <QMenu>
 #include <QScopedValueRollback>
 #include <QSplitter>
+#include <QTableView>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -102,7 +105,9 @@ void CChildFrame::CreatePanes()
     panelLayout->setSpacing(0);
     notices_ = new CNoticeBar;
     panelLayout->addWidget(notices_);
-    for (QSplitter* splitter : {outer_, inner_}) {
+    lower_ = new QSplitter(Qt::Vertical);
+    findings_ = std::make_unique<CProjectFindings>(*this);
+    for (QSplitter* splitter : {outer_, inner_, lower_}) {
         splitter->setHandleWidth(kSplitterHandle);
         splitter->setChildrenCollapsible(false);
         connect(splitter, &QSplitter::splitterMoved, this, [this] { panesMoved_ = true; });
@@ -111,7 +116,13 @@ void CChildFrame::CreatePanes()
         pane->setMinimumSize(kLeastPane, kLeastPane);
 
     inner_->addWidget(upView_);
-    inner_->addWidget(panelPane_);
+    lower_->addWidget(panelPane_);
+    lower_->addWidget(findings_->Pane());
+    lower_->setStretchFactor(0, 1); // a higher window heightens the panel
+    lower_->setStretchFactor(1, 0);
+    lower_->setSizes({kLeastDown, CSettings().FindingsHeight()});
+    connect(lower_, &QSplitter::splitterMoved, this, [this] { CSettings().SetFindingsHeight(lower_->sizes().at(1)); });
+    inner_->addWidget(lower_);
     outer_->addWidget(tree_);
     outer_->addWidget(inner_);
     outer_->setStretchFactor(0, 0); // a wider window widens the right side
@@ -166,6 +177,7 @@ void CChildFrame::ShowPanel(int block)
         panelPane_->layout()->activate(); // now, so that a cell can be scrolled to at once
     }
     upView_->Refresh();
+    findings_->OnPanelShown();
     if (panelHadFocus)
         FocusPanel();
 }
@@ -265,6 +277,8 @@ QList<QWidget*> CChildFrame::Places() const
         if (const auto beside = std::ranges::find_if(inPanel, isBeside); beside != inPanel.end())
             places << *beside;
     }
+    if (findings_->Pane()->isVisible())
+        places << findings_->Pane()->Lines();
     places << upView_->currentWidget();
     return places;
 }
@@ -360,7 +374,7 @@ void CChildFrame::OnTreeActivated(int block)
 
 PaneSizes CChildFrame::Panes() const
 {
-    return {tree_->width(), upView_->height(), panelPane_->height()}; // the tree with its scroll bar
+    return {tree_->width(), upView_->height(), lower_->height()}; // the tree with its scroll bar
 }
 
 PaneSizes CChildFrame::ComputedPanes() const

@@ -16,6 +16,7 @@ class CKELDSectionDoc;
 class CLeftView;
 class CNoticeBar;
 class CPanel;
+class CProjectFindings;
 class CRecoveryCopy;
 class CUpView;
 struct PaneSizes;
@@ -41,6 +42,8 @@ public:
     [[nodiscard]] CUpView& UpView() { return *upView_; }
     /// What the window has to say of its project, above the panel.
     [[nodiscard]] CNoticeBar& Notices() { return *notices_; }
+    /// What is to be told of the project's data.
+    [[nodiscard]] CProjectFindings& Findings() { return *findings_; }
     /// The panel on show; null for a block whose panel is empty.
     [[nodiscard]] CPanel* Panel() { return panel_.get(); }
 
@@ -98,6 +101,10 @@ public:
     /// Removes the copy: the user does not want these changes. If the window stays after all, the next copy has them.
     void DropRecoveryCopy();
 
+    /// The file that is no project, and that the user has let a save replace; empty: none.
+    [[nodiscard]] QString ForeignFile() const { return foreignFile_; }
+    void SetForeignFile(const QString& path) { foreignFile_ = path; }
+
     /// Asked before the window closes; the window stays if the answer is false.
     std::function<bool(CChildFrame&)> mayClose;
 
@@ -133,11 +140,14 @@ private:
     bool recoveryLacksChanges_ = true;
     bool leaveRecoveryCopy_ = false;
     QString title_;
+    QString foreignFile_;
     QSplitter* outer_ = nullptr; // tree | inner
     QSplitter* inner_ = nullptr; // help pane over panel
     CLeftView* tree_ = nullptr;
     CUpView* upView_ = nullptr;
     CNoticeBar* notices_ = nullptr;
+    QSplitter* lower_ = nullptr; // panel over the list of findings
+    std::unique_ptr<CProjectFindings> findings_;
     std::unique_ptr<CPanel> panel_;
     QWidget* panelPane_ = nullptr; // holds the panel; blank for blocks without one
     int currentBlock_ = 0;

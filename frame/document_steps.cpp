@@ -14,6 +14,9 @@ CDocumentSteps::CDocumentSteps(CKELDSectionDoc& doc, CProjectLock& lock, Documen
 
 bool CDocumentSteps::SaveDocument(const QString& project)
 {
+    if (const QString question = ForeignFileQuestion(project);
+        !question.isEmpty() && hooks_.askAboutForeignFile && !hooks_.askAboutForeignFile(question))
+        return false;
     const FileResult result = OnSaveDocument(doc_, lock_, project);
     if (!result.Ok())
         hooks_.warn(FileMessage(FileOperation::Save, project, result));

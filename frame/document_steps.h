@@ -21,6 +21,7 @@ struct DocumentHooks {
     BoxWebPrompts boxWebs;
     YesNoQuestion askAboutHeldFile;
     std::function<void(const QString& text)> warn;
+    YesNoQuestion askAboutForeignFile = {}; ///< a save would put a project in its place; empty: it does
 };
 
 /// NewDocumentSteps over a document and its lock.

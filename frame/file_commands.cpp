@@ -96,6 +96,7 @@ bool CFileCommands::OnNewDocument(CChildFrame& child)
     hooks.runMain = [this, &child] { return runner_.RunAndReload(EngineRun::Main, ProjectOf(child)); };
     hooks.boxWebs.showSheet = [this](BoxWebNames& names) { return prompts_.showBoxWebs(area_.window(), names); };
     hooks.boxWebs.ask = [this](const QString& text) { return AskYesNo(text); };
+    hooks.askAboutForeignFile = [this](const QString& text) { return AskYesNo(text); };
     hooks.askAboutHeldFile = [this](const QString& text) { return AskYesNo(text); };
     hooks.warn = [this](const QString& text) { Warn(text); };
     CDocumentSteps steps(doc, child.Lock(), std::move(hooks));
@@ -279,6 +280,11 @@ bool CFileCommands::SaveTo(CChildFrame& child, const QString& path)
                u"そのプログラムでファイルを閉じてから保存し直すか、別の名前を付けて保存してください。"_s);
         return false;
     }
+    if (const QString question = ForeignFileQuestion(path); !question.isEmpty() && path != child.ForeignFile()) {
+        if (!AskYesNo(question))
+            return false;
+        child.SetForeignFile(path); // once is enough
+    }
     bool controlBlockHeldBack = false;
     const FileResult result = child.Doc().SaveDocument(path, &controlBlockHeldBack);
     if (!result.Ok()) {
@@ -286,6 +292,8 @@ bool CFileCommands::SaveTo(CChildFrame& child, const QString& path)
         return false;
     }
     CRecentFiles::Add(path);
+    if (saved)
+        saved(child);
     if (controlBlockHeldBack)
         Warn(QString::fromUtf8(kControlBlockMessage));
     return true;

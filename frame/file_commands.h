@@ -57,6 +57,9 @@ public:
     /// Called for the window of each project when it has been made.
     std::function<void(CChildFrame&)> setUpChild;
 
+    /// Called for the window of a project that was saved.
+    std::function<void(CChildFrame&)> saved;
+
 private:
     [[nodiscard]] std::unique_ptr<CChildFrame> MakeChild(std::unique_ptr<CKELDSectionDoc> doc,
                                                          std::unique_ptr<CProjectLock> lock);

@@ -2,6 +2,8 @@
 
 #include "document/engine_command.h"
 #include "document/section_doc.h"
+#include "frame/finding_text.h"
+#include "panelmodel/panel_model.h"
 
 #include <QHash>
 #include <QHeaderView>
@@ -45,7 +47,8 @@ public:
             sizes_.clear();
         }
         const bool bold = index.data(Qt::FontRole).value<QFont>().bold();
-        QSize& size = sizes_[{index.data().toString(), bold}];
+        const bool marked = index.data(Qt::DecorationRole).isValid();
+        QSize& size = sizes_[{index.data().toString() + (marked ? u"!"_s : QString()), bold}];
         if (!size.isValid())
             size = QStyledItemDelegate::sizeHint(option, index) + QSize(air, air);
         return size;
@@ -132,6 +135,44 @@ void CLeftView::Fill()
         if (row.level == 0)
             head = item;
     }
+    ShowMarks();
+}
+
+void CLeftView::SetMarks(std::map<int, MarkKind> marks)
+{
+    if (marks == marks_)
+        return;
+    marks_ = std::move(marks);
+    ShowMarks();
+}
+
+void CLeftView::ShowMarks()
+{
+    const auto markOf = [this](const QTreeWidgetItem* item) {
+        const auto found = marks_.find(PanelBlock(NumberOf(item)));
+        return found == marks_.end() || IsGroup(item) ? std::nullopt : std::optional(found->second);
+    };
+    std::map<MarkKind, QIcon> icons;
+    for (QTreeWidgetItemIterator it(this); *it != nullptr; ++it) {
+        std::optional<MarkKind> mark = markOf(*it);
+        for (int i = 0; IsGroup(*it) && i < (*it)->childCount(); ++i)
+            if (const auto below = markOf((*it)->child(i)); below && (!mark || *below < *mark))
+                mark = below;
+        if (!mark && (*it)->icon(0).isNull())
+            continue;
+        if (mark && !icons.contains(*mark))
+            icons[*mark] = SignIcon(*mark, palette());
+        (*it)->setIcon(0, mark ? icons[*mark] : QIcon());
+        (*it)->setData(0, Qt::AccessibleDescriptionRole, mark ? u"指摘があります"_s : QString());
+        (*it)->setToolTip(0, (*it)->text(0) + (mark ? u"\n指摘があります。F8 でその場所へ移動します。"_s : QString()));
+    }
+}
+
+void CLeftView::changeEvent(QEvent* event)
+{
+    QTreeWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        ShowMarks();
 }
 
 QTreeWidgetItem* CLeftView::FindItem(int number, int group)

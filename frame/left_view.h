@@ -1,6 +1,7 @@
 // CLeftView: the tree of blocks, the left pane.
 #pragma once
 
+#include "grid/cell_marks.h"
 #include "panelmodel/tree_rows.h"
 
 #include <QElapsedTimer>
@@ -32,6 +33,9 @@ public:
     /// Number of the selected item; 0 if none.
     [[nodiscard]] int SelectedNumber() const;
 
+    /// The blocks that show a sign beside their title; a group shows the one that weighs most of its blocks.
+    void SetMarks(std::map<int, MarkKind> marks);
+
     /// Goes to the block whose number is typed, whether its group is open or not; other keys search what is in view.
     void keyboardSearch(const QString& typed) override;
 
@@ -50,6 +54,7 @@ public slots:
     void MarkContent();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -58,11 +63,13 @@ private:
     void OnCurrentItemChanged(QTreeWidgetItem* item);
     void OnDocumentChanged(const BlockChange& change);
     void Fill();
+    void ShowMarks();
     [[nodiscard]] QTreeWidgetItem* FindItem(int number, int group);
     [[nodiscard]] QTreeWidgetItem* FindTyped(const QString& digits);
 
     CKELDSectionDoc* doc_;
     TreeView view_;
+    std::map<int, MarkKind> marks_;
     std::string key_; // of the project, when the tree was built
     bool rebuilding_ = false;
     QString digits_; // typed so far

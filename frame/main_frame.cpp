@@ -3,8 +3,11 @@
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
 #include "frame/command_actions.h"
+#include "frame/finding_pane.h"
+#include "frame/finding_text.h"
 #include "frame/profile.h"
 #include "frame/program_icon.h"
+#include "frame/project_findings.h"
 #include "frame/settings.h"
 
 #include <QCloseEvent>
@@ -17,6 +20,7 @@
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
+#include <QToolButton>
 
 #include <chrono>
 
@@ -67,6 +71,10 @@ CMainFrame::CMainFrame(Prompts prompts, QWidget* parent)
     files_ = std::make_unique<CFileCommands>(*area_, prompts_);
     files_->setUpDocument = SetUpDocument;
     files_->setUpChild = [this](CChildFrame& child) { SetUpChild(child); };
+    files_->saved = [this](CChildFrame& child) {
+        if (const QString line = child.Findings().LineBehindSave(); !line.isEmpty())
+            statusBar()->showMessage(line, kNoticeTime);
+    };
     treeView_.language = CSettings().Language();
 
     CreateHandlers();
@@ -91,6 +99,16 @@ void CMainFrame::SetUpChild(CChildFrame& child)
     child.SetTreeView(treeView_);
     connect(&child, &CChildFrame::blockShown, this, &CMainFrame::UpdateCommands);
     connect(&child, &CChildFrame::undoChanged, this, &CMainFrame::ShowHistory);
+    connect(&child.Findings(), &CProjectFindings::countsChanged, this, &CMainFrame::ShowFindingCounts);
+    connect(&child.Findings(), &CProjectFindings::told, this,
+            [this](const QString& text) { statusBar()->showMessage(text, kNoticeTime); });
+    connect(&child.Findings(), &CProjectFindings::listWanted, this, [this] { ShowFindingList(true); });
+    connect(child.Findings().Pane(), &CFindingPane::silentChosen, this, [this](const SilentKinds& kinds) {
+        CSettings().SetSilentFindings(kinds);
+        for (CChildFrame* other : Children())
+            other->Findings().SetSilent(kinds);
+    });
+    connect(child.Findings().Pane(), &CFindingPane::closeWanted, this, [this] { ShowFindingList(false); });
 }
 
 CMainFrame::~CMainFrame()
@@ -163,7 +181,34 @@ void CMainFrame::CreateStatusBar()
     cellLabel_ = new QLabel(this);
     cellLabel_->setContentsMargins(kMargin, 0, kMargin, 0);
     statusBar()->addWidget(pathLabel_, 1);
+    findingsButton_ = new QToolButton(this);
+    findingsButton_->setAutoRaise(true);
+    findingsButton_->setFocusPolicy(Qt::NoFocus); // a click goes to a cell
+    findingsButton_->setToolTip(tr("クリックか F8 で次の指摘へ、Shift+F8 で前の指摘へ移動します。一覧は Ctrl+F8。"));
+    connect(findingsButton_, &QToolButton::clicked, this, [this] { RunCommand(Command::NextFinding); });
+    findingsButton_->hide();
+    statusBar()->addPermanentWidget(findingsButton_);
     statusBar()->addPermanentWidget(cellLabel_);
+}
+
+/// The severity that weighs most stands first, with its sign.
+void CMainFrame::ShowFindingCounts()
+{
+    CChildFrame* child = CurrentChild();
+    const QString text = child == nullptr ? QString() : CountsText(child->Findings().Check().Counts());
+    findingsButton_->setText(text);
+    findingsButton_->setAccessibleName(text.isEmpty() ? QString() : tr("データの指摘: %1").arg(text));
+    findingsButton_->setVisible(!text.isEmpty());
+}
+
+void CMainFrame::ShowFindingList(bool show)
+{
+    CSettings().SetShowsFindings(show);
+    for (CChildFrame* child : Children())
+        child->Findings().ShowPane(show);
+    if (CChildFrame* child = CurrentChild(); child != nullptr && show)
+        child->Findings().FocusPane();
+    UpdateMarks();
 }
 
 void CMainFrame::OnChildActivated()
@@ -182,6 +227,7 @@ void CMainFrame::OnChildActivated()
     }
     UpdateCommands();
     UpdateStatus();
+    ShowFindingCounts();
     ShowTitle();
 }
 

@@ -21,6 +21,7 @@ class QLineEdit;
 class QMdiArea;
 class QMenu;
 class QPrinter;
+class QToolButton;
 
 namespace sbd {
 
@@ -154,6 +155,8 @@ private:
     void SetUpChild(CChildFrame& child);
     void OnChildActivated();
     void UpdateStatus();
+    void ShowFindingCounts();
+    void ShowFindingList(bool show);
 
     QMdiArea* area_;
     Prompts prompts_;
@@ -172,6 +175,7 @@ private:
     QList<QMetaObject::Connection> letGoLinks_; // look out for changes behind that answer
     QLabel* pathLabel_ = nullptr;
     QLabel* cellLabel_ = nullptr;
+    QToolButton* findingsButton_ = nullptr;
     QList<QMetaObject::Connection> docConnections_;
 };
 

@@ -7,6 +7,7 @@
 #include "frame/command_actions.h"
 #include "frame/language.h"
 #include "frame/main_frame.h"
+#include "frame/project_findings.h"
 #include "frame/settings.h"
 #include "grid/grid_ctrl.h"
 #include "panels/panel.h"
@@ -155,6 +156,9 @@ void CMainFrame::AddEditHandlers()
     OnRow(Command::MoveRowDown, &CPanel::MoveRowDown);
     OnRow(Command::InsertRow, &CPanel::InsertRow);
     OnRow(Command::AddRows, &CPanel::AskRows);
+    OnChild(Command::NextFinding, [](CChildFrame& child) { child.Findings().GoToNext(false); });
+    OnChild(Command::PreviousFinding, [](CChildFrame& child) { child.Findings().GoToNext(true); });
+    OnChild(Command::FindingList, [this](CChildFrame& child) { ShowFindingList(!child.Findings().ShowsPane()); });
     OnChild(Command::JumpToHit, [](CChildFrame& child) {
         if (auto* search = qobject_cast<CDown999*>(child.Panel()))
             search->JumpToHit();

@@ -8,6 +8,7 @@
 #include "frame/language.h"
 #include "frame/main_frame.h"
 #include "frame/profile.h"
+#include "frame/project_findings.h"
 #include "frame/settings.h"
 #include "panels/command_text.h"
 #include "panels/panel.h"
@@ -248,6 +249,7 @@ void CMainFrame::UpdateMarks()
     }
     actions_->SetMark(Command::TabbedWindows, area_->viewMode() == QMdiArea::TabbedView);
     CChildFrame* child = CurrentChild();
+    actions_->SetMark(Command::FindingList, child != nullptr && child->Findings().ShowsPane());
     actions_->SetMark(Command::WordLists, child == nullptr || child->Doc().comboOrList == kWordLists);
 }
 

@@ -31,6 +31,10 @@ const auto kRowHeight = u"row_height/up"_s;
 const auto kRowWidth = u"row_width/up"_s;
 const auto kComboOrList = u"combo_or_list/cc"_s;
 
+const auto kFindingsShown = u"Findings/List"_s;
+const auto kFindingsHeight = u"Findings/Height"_s;
+const auto kFindingsSilent = u"Findings/Silent"_s;
+
 constexpr int kRowWidthForChanges = 18;
 
 // No screen needs more; a profile that says more must not stop the program.
@@ -198,6 +202,45 @@ bool CSettings::TabbedWindows() const
 void CSettings::SetTabbedWindows(bool tabbed)
 {
     profile_.setValue(kTabbed, tabbed ? 1 : 0);
+}
+
+bool CSettings::ShowsFindings() const
+{
+    return Number(kFindingsShown, 0) != 0;
+}
+
+void CSettings::SetShowsFindings(bool shows)
+{
+    profile_.setValue(kFindingsShown, shows ? 1 : 0);
+}
+
+int CSettings::FindingsHeight() const
+{
+    constexpr int first = 160; // px: some lines
+    return std::clamp(Number(kFindingsHeight, first), 0, kMostPixels);
+}
+
+void CSettings::SetFindingsHeight(int pixels)
+{
+    profile_.setValue(kFindingsHeight, pixels);
+}
+
+SilentKinds CSettings::SilentFindings() const
+{
+    const QStringList words = profile_.value(kFindingsSilent).toString().split(u' ');
+    SilentKinds kinds;
+    for (const FindingRule& rule : FindingRules())
+        if (rule.severity != Severity::Loss && words.contains(QString::fromUtf8(rule.word)))
+            kinds.insert(rule.kind);
+    return kinds;
+}
+
+void CSettings::SetSilentFindings(const SilentKinds& kinds)
+{
+    QStringList words;
+    for (const FindingKind kind : kinds)
+        words << QString::fromUtf8(RuleOf(kind).word);
+    profile_.setValue(kFindingsSilent, words.join(u' '));
 }
 
 QColor ToQColor(std::uint32_t color)

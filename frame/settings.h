@@ -1,6 +1,7 @@
 // CSettings: the user's display settings in the profile.
 #pragma once
 
+#include "check/doubts.h"
 #include "document/display_settings.h"
 #include "frame/profile.h"
 #include "panelmodel/tree_rows.h"
@@ -61,6 +62,15 @@ public:
     /// True if projects stand as tabs, false if as windows.
     [[nodiscard]] bool TabbedWindows() const;
     void SetTabbedWindows(bool tabbed);
+
+    /// True if the list of findings stands below the panel, and its height.
+    [[nodiscard]] bool ShowsFindings() const;
+    void SetShowsFindings(bool shows);
+    [[nodiscard]] int FindingsHeight() const;
+    void SetFindingsHeight(int pixels);
+    /// The kinds of doubts that the user has switched off.
+    [[nodiscard]] SilentKinds SilentFindings() const;
+    void SetSilentFindings(const SilentKinds& kinds);
 
 private:
     [[nodiscard]] int Number(const QString& key, int absent) const;

@@ -32,6 +32,7 @@ CGridCtrl::CGridCtrl(QWidget* parent)
     };
     setHorizontalHeader(head_);
     setVerticalHeader(numbers_);
+    numbers_->SetMarks(&model_->Marks());
     setModel(model_);
     setItemDelegate(new CGridDelegate(*this));
     SetUpView();
@@ -87,6 +88,16 @@ void CGridCtrl::SetSource(CGridSource* source)
 CGridSource* CGridCtrl::Source() const
 {
     return model_->Source();
+}
+
+void CGridCtrl::SetMarks(MarkSource source, std::vector<CellMark> marks)
+{
+    model_->SetMarks(source, std::move(marks));
+}
+
+const CCellMarks& CGridCtrl::Marks() const
+{
+    return model_->Marks();
 }
 
 void CGridCtrl::SetRowHeight(int pixels)

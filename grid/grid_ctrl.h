@@ -1,6 +1,7 @@
 // CGridCtrl: the spreadsheet of a panel.
 #pragma once
 
+#include "grid/cell_marks.h"
 #include "grid/grid_source.h"
 
 #include <QTableView>
@@ -25,6 +26,9 @@ public:
     /// The cells. The source must live until another one, or none, is set.
     void SetSource(CGridSource* source);
     [[nodiscard]] CGridSource* Source() const;
+    /// What somebody has to say of the cells; it stays with the grid when it gets another source.
+    void SetMarks(MarkSource source, std::vector<CellMark> marks);
+    [[nodiscard]] const CCellMarks& Marks() const;
     /// Height of a row of one line, in pixels.
     void SetRowHeight(int pixels);
 

@@ -46,6 +46,16 @@ void DrawCellText(QPainter& painter, const QRect& rect, const QString& text, Qt:
     painter.restore();
 }
 
+/// A corner that is seen where the tint is not: in the focused cell, and by who tells no colours apart.
+void DrawMarkCorner(QPainter& painter, const QRect& cell, const QColor& color)
+{
+    constexpr int size = 6; // px
+    const QPoint corner[] = {cell.topLeft(), cell.topLeft() + QPoint(size, 0), cell.topLeft() + QPoint(0, size)};
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawPolygon(corner, 3);
+}
+
 void DrawButton(QPainter& painter, const QRect& rect, const Colors& colors)
 {
     painter.setPen(QPen(QColor::fromRgba(colors.headLine), 0));
@@ -104,6 +114,9 @@ void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->save();
     painter->setClipRect(option.rect);
     painter->fillRect(option.rect, Ground(index));
+    const std::optional<MarkKind> mark = grid_.Marks().Of(cell.row, cell.column);
+    if (mark && index != grid_.currentIndex())
+        painter->fillRect(option.rect, TintOf(*mark, grid_.palette()));
     if ((option.state & QStyle::State_Selected) && index != grid_.currentIndex())
         painter->fillRect(option.rect, QColor::fromRgba(colors.selected));
     painter->setPen(QPen(QColor::fromRgba(colors.line), 0));
@@ -120,6 +133,8 @@ void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                  source.IsRightAligned(cell.row, cell.column) ? Qt::AlignRight : Qt::AlignLeft);
     if (HasButton(index))
         DrawButton(*painter, ButtonRect(option.rect), colors);
+    if (mark)
+        DrawMarkCorner(*painter, option.rect, SignColorOf(*mark, grid_.palette()));
     if (index == grid_.currentIndex()) {
         QPen frame(QColor::fromRgba(colors.focusFrame), 2);
         frame.setJoinStyle(Qt::MiterJoin);
@@ -139,11 +154,15 @@ bool CGridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const 
     constexpr int mostShown = 4000; // characters
     const QString text = SeenPart(grid_.Source()->Text(cell.row, cell.column), mostShown);
     const int width = grid_.fontMetrics().boundingRect(QRect(), Qt::AlignLeft, text).width();
+    QStringList parts;
     if (width > TextRect(option.rect, index).width())
-        QToolTip::showText(event->globalPos(),
-                           QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped()), view);
-    else
+        parts << QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped());
+    if (const QString told = grid_.Marks().ToolTip(cell.row, cell.column); !told.isEmpty())
+        parts << QStringLiteral("<p>%1</p>").arg(told.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")));
+    if (parts.isEmpty())
         QToolTip::hideText();
+    else
+        QToolTip::showText(event->globalPos(), parts.join(QString()), view);
     return true;
 }
 

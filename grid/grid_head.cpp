@@ -14,12 +14,28 @@ using namespace gridstyle;
 
 namespace {
 
+constexpr int kMarkWidth = 10; // px
+
 void DrawHeadGround(QPainter& painter, const QRect& rect, const Colors& colors)
 {
     painter.fillRect(rect, QColor::fromRgba(colors.head));
     painter.setPen(QPen(QColor::fromRgba(colors.headLine), 0));
     painter.drawLine(rect.bottomLeft(), rect.bottomRight());
     painter.drawLine(rect.topRight(), rect.bottomRight());
+}
+
+/// The sign at the left edge, on the tint of its kind: it can be told by its shape alone.
+void DrawMark(QPainter& painter, const QRect& rect, MarkKind kind, const QPalette& palette)
+{
+    const QRect place(rect.left(), rect.top(), kMarkWidth, rect.height() - 1);
+    painter.fillRect(place, TintOf(kind, palette));
+    QFont bold = painter.font();
+    bold.setBold(true);
+    painter.save();
+    painter.setFont(bold);
+    painter.setPen(SignColorOf(kind, palette));
+    painter.drawText(place, int(Qt::AlignCenter | Qt::TextSingleLine), QString(QChar(LookOf(kind).sign)));
+    painter.restore();
 }
 
 /// A line that is too wide for its column is drawn with narrower letters, but not so narrow that it cannot be read.
@@ -97,8 +113,11 @@ void CGridHead::paintSection(QPainter* painter, const QRect& rect, int logicalIn
                  source_->Head(logicalIndex + 1, focusRow_),
                  TextColorFor(palette(), source_->HeadColor(logicalIndex + 1, focusRow_)));
     } else {
+        const auto mark = marks_ == nullptr ? std::nullopt : marks_->OfRow(logicalIndex + 1);
+        if (mark)
+            DrawMark(*painter, rect, *mark, palette());
         painter->setPen(TextColorFor(palette(), {}));
-        const QRect inner = rect.adjusted(kPadding, 0, -kPadding - 1, -1);
+        const QRect inner = rect.adjusted(mark ? kMarkWidth : kPadding, 0, -kPadding - 1, -1);
         const QString number =
             painter->fontMetrics().elidedText(source_->RowNumber(logicalIndex + 1), Qt::ElideRight, inner.width());
         painter->drawText(inner, int(Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine), number);

@@ -1,6 +1,7 @@
 // The head row and the row numbers of a grid.
 #pragma once
 
+#include "grid/cell_marks.h"
 #include "grid/grid_source.h"
 
 #include <QHeaderView>
@@ -15,6 +16,8 @@ public:
     CGridHead(Qt::Orientation orientation, QWidget* parent);
 
     void SetSource(const CGridSource* source) { source_ = source; }
+    /// What row numbers show the signs of; must live as long as the head.
+    void SetMarks(const CCellMarks* marks) { marks_ = marks; }
     /// The heads may follow the focused row.
     void SetFocusRow(int row);
 
@@ -25,6 +28,7 @@ private:
     [[nodiscard]] QRect TextRect(const QPainter& painter, const QRect& section, const QString& text) const;
 
     const CGridSource* source_ = nullptr;
+    const CCellMarks* marks_ = nullptr;
     int focusRow_ = 0;
 };
 

@@ -13,6 +13,14 @@ void CGridModel::SetSource(CGridSource* source)
     endResetModel();
 }
 
+void CGridModel::SetMarks(MarkSource source, std::vector<CellMark> marks)
+{
+    if (!marks_.Set(source, std::move(marks)) || rows_ == 0 || columns_ == 0)
+        return;
+    emit dataChanged(index(0, 0), index(rows_ - 1, columns_ - 1), {Qt::ToolTipRole, Qt::AccessibleDescriptionRole});
+    emit headerDataChanged(Qt::Vertical, 0, rows_ - 1);
+}
+
 void CGridModel::Show(GridEffect effect, GridCell cell)
 {
     if (effect == GridEffect::None || !source_)
@@ -58,8 +66,13 @@ QVariant CGridModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
     case Qt::EditRole:
         return source_->Text(cell.row, cell.column);
-    case Qt::AccessibleDescriptionRole:
-        return source_->Description(cell.row, cell.column);
+    case Qt::AccessibleDescriptionRole: {
+        const QString told = marks_.ToolTip(cell.row, cell.column);
+        const QString description = source_->Description(cell.row, cell.column);
+        return told.isEmpty() ? description : description + u'、' + told;
+    }
+    case Qt::ToolTipRole:
+        return marks_.ToolTip(cell.row, cell.column);
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter
                    | (source_->IsRightAligned(cell.row, cell.column) ? Qt::AlignRight : Qt::AlignLeft));
@@ -70,6 +83,8 @@ QVariant CGridModel::data(const QModelIndex& index, int role) const
 
 QVariant CGridModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    if (source_ && orientation == Qt::Vertical && role == Qt::ToolTipRole)
+        return marks_.RowToolTip(section + 1);
     if (!source_ || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole))
         return {};
     if (orientation == Qt::Vertical)

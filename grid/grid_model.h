@@ -1,6 +1,7 @@
 // The item model between a grid source and Qt's table view.
 #pragma once
 
+#include "grid/cell_marks.h"
 #include "grid/grid_source.h"
 
 #include <QAbstractTableModel>
@@ -17,6 +18,8 @@ public:
     /// The source must live as long as it is set. Null: an empty grid.
     void SetSource(CGridSource* source);
     [[nodiscard]] CGridSource* Source() const { return source_; }
+    void SetMarks(MarkSource source, std::vector<CellMark> marks);
+    [[nodiscard]] const CCellMarks& Marks() const { return marks_; }
     /// Tells the view what an edit did.
     void Show(GridEffect effect, GridCell cell);
 
@@ -31,6 +34,7 @@ public:
 
 private:
     CGridSource* source_ = nullptr;
+    CCellMarks marks_;
     int rows_ = 0;
     int columns_ = 0;
 };

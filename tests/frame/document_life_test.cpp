@@ -406,7 +406,11 @@ void DocumentLifeTest::aBrokenProjectIsToldWithItsCopy()
     CChildFrame* recovered = station.frame.CurrentChild();
     QVERIFY(recovered->Doc().IsModified());
     QCOMPARE(recovered->Doc().PathName(), path);
+    // What the engine has left is no project: a save over it asks, and yes is the answer here.
+    const qsizetype asked = station.user.asked.size();
+    station.user.yes = {true};
     station.Trigger(u"上書き保存"_s);
+    QCOMPARE(station.user.asked.size(), asked + 1);
     QVERIFY(Bytes(path).size() > before.size() / 2);
     QVERIFY(FindRecoveryCopies().isEmpty());
 }

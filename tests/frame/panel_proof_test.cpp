@@ -218,7 +218,9 @@ void CompareGrounds(Station& station, CGridCtrl& grid, int block)
                 continue;
             const QRgb ground =
                 grid.Source()->IsLocked(row, column) ? gridstyle::kLight.locked : gridstyle::kLight.cell;
-            station.Compare(QColor(image.pixel(corner)), QColor(ground), Place{block, row, column}, " ground"_L1);
+            const auto mark = grid.Marks().Of(row, column); // its corner lies on the ground
+            station.Compare(QColor(image.pixel(corner)), mark ? SignColorOf(*mark, grid.palette()) : QColor(ground),
+                            Place{block, row, column}, " ground"_L1);
         }
     }
 }
