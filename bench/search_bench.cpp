@@ -1,7 +1,7 @@
-// A search over everything against std::string::find over the same texts. The limit stands in docs/performance.md.
+// A search over everything against find over the same texts. The limit stands in docs/performance.md.
 #include "bench/baseline.h"
-#include "search/fold.h"
 #include "search/search_index.h"
+#include "search/understand.h"
 
 #include <string>
 #include <vector>
@@ -20,18 +20,18 @@ const std::string& Line(std::int64_t number)
     return lines[static_cast<std::size_t>(number)];
 }
 
-/// The first word of the line in each text, and nothing else.
+/// The line in each text, and nothing else.
 void BM_PlainFind(benchmark::State& state)
 {
     const CSearchIndex& index = SearchIndex();
-    std::vector<std::string> texts;
+    std::vector<std::u16string> texts;
     for (std::size_t i = 0; i < index.Entries().size(); ++i)
         texts.emplace_back(index.OwnText(i));
-    const std::string word = SearchWords(Line(state.range(0))).front();
+    const std::u16string word = Skeleton(Line(state.range(0)));
     Measure(state, plainTimes, [&] {
         std::size_t found = 0;
         for (const std::string& text : texts)
-            found += text.find(word) != std::string::npos;
+            found += text.find(word) != std::u16string::npos;
         return found;
     });
     state.counters["texts"] = static_cast<double>(texts.size());

@@ -3,6 +3,7 @@
 #include "check/doubt_tables.h"
 #include "check/list_columns.h"
 #include "check/shown_block.h"
+#include "compare/difference_text.h"
 #include "panelmodel/project_type.h"
 #include "project/block_rules.h"
 #include "project/catalogue.h"

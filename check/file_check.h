@@ -3,7 +3,7 @@
 
 #include "check/finding.h"
 #include "check/round_trip.h"
-#include "sbdfile/compare.h"
+#include "compare/difference_text.h"
 #include "sbdfile/reader.h"
 
 #include <cstddef>

@@ -2,6 +2,7 @@
 
 #include "check/encoding.h"
 #include "check/list_columns.h"
+#include "compare/difference_text.h"
 #include "project/block_rules.h"
 #include "project/catalogue.h"
 #include "project/option_rows.h"

@@ -1,8 +1,5 @@
 #include "check/finding.h"
 
-#include "project/catalogue.h"
-#include "project/text.h"
-
 #include <algorithm>
 
 namespace sbd {
@@ -65,26 +62,6 @@ void FindingList::Add(Finding finding)
         list.push_back(std::move(finding));
     else
         ++more;
-}
-
-std::string NumberAndTitle(int block)
-{
-    const CatalogueRow* row = FindBlock(block);
-    const std::string number = std::to_string(block);
-    if (row == nullptr)
-        return number;
-    std::string_view title = row->menuText.substr(0, row->menuText.find('['));
-    title.remove_prefix(std::min(title.find_first_not_of("0123456789."), title.size()));
-    return number + " " + std::string(CutTrailingBlanks(title));
-}
-
-std::string Quoted(std::string_view cp932)
-{
-    constexpr std::size_t longest = 60;
-    std::size_t end = 0;
-    while (end < cp932.size() && end < longest)
-        end += CharacterLength(cp932, end);
-    return "「" + FromCp932(cp932.substr(0, end)) + (end < cp932.size() ? "…" : "") + "」";
 }
 
 } // namespace sbd

@@ -81,9 +81,4 @@ struct FindingList {
     void Add(Finding finding);
 };
 
-/// "313 垂直補剛材": number and title of a block, UTF-8.
-[[nodiscard]] std::string NumberAndTitle(int block);
-/// A text of the project between 「 and 」, cut where it is long. UTF-8.
-[[nodiscard]] std::string Quoted(std::string_view cp932);
-
 } // namespace sbd

@@ -1,6 +1,7 @@
 #include "check/read_back.h"
 
 #include "check/row_screen.h"
+#include "compare/difference_text.h"
 #include "project/block_rules.h"
 #include "project/catalogue.h"
 #include "project/option_rows.h"

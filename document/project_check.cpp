@@ -61,9 +61,10 @@ std::vector<Finding> LostWith(const CPanelModel& panel, const LooseRows& loose)
             finding.row = row.row;
             finding.column = column;
             finding.is = text;
-            finding.text = Quoted(text)
-                           + "の行は、行に必要な欄が空なのでファイルに書かれません。ほかのブロックへ移るか閉じると失われます。"
-                             "行の先頭の欄を入力してください。";
+            finding.text =
+                Quoted(text)
+                + "の行は、行に必要な欄が空なのでファイルに書かれません。ほかのブロックへ移るか閉じると失われます。"
+                  "行の先頭の欄を入力してください。";
             findings.push_back(std::move(finding));
         }
     }
@@ -192,9 +193,8 @@ bool CProjectCheck::TellReturned()
     for (const int block : readBack_.Blocks()) {
         const std::span<const ReturnedCell> own = readBack_.CellsOf(block);
         std::vector<ReturnedCell>& told = cells[block];
-        std::ranges::copy_if(own, std::back_inserter(told), [&](const ReturnedCell& cell) {
-            return !Holds(FindingsOfANewProject().cells, cell);
-        });
+        std::ranges::copy_if(own, std::back_inserter(told),
+                             [&](const ReturnedCell& cell) { return !Holds(FindingsOfANewProject().cells, cell); });
         if (told.empty())
             cells.erase(block);
     }

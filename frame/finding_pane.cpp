@@ -35,8 +35,8 @@ struct ColumnLook {
     QStringView head;
     int width; // px at first
 };
-constexpr ColumnLook kColumns[ColumnCount] = {{u"種別", 80}, {u"ブロック", 200},      {u"行", 90},
-                                              {u"列", 130},  {u"今の値", 110}, {u"開き直した値", 110},
+constexpr ColumnLook kColumns[ColumnCount] = {{u"種別", 80},       {u"ブロック", 200}, {u"行", 90},
+                                              {u"列", 130},        {u"今の値", 110},   {u"開き直した値", 110},
                                               {u"内容と対処", 600}};
 
 // What the filters hold beside the number of a severity or a block.

@@ -45,7 +45,8 @@ QString FileNoticeText(const FileFindings& found)
     else if (!list.anyLoss)
         text = u"知らない区分をそのまま残して開きました。"_s;
     else
-        text = u"ファイルに、読み取れなかったか違う意味に読まれた所が %1 件あります。そのまま開いています。"_s.arg(count);
+        text =
+            u"ファイルに、読み取れなかったか違う意味に読まれた所が %1 件あります。そのまま開いています。"_s.arg(count);
     text += u'\n';
     if (first.line > 0)
         text += u"%1 行目: "_s.arg(first.line);
@@ -57,10 +58,7 @@ QString FileNoticeText(const FileFindings& found)
 
 } // namespace
 
-CProjectFindings::CProjectFindings(CChildFrame& frame)
-    : frame_(frame)
-    , check_(frame.Doc())
-    , pane_(new CFindingPane)
+CProjectFindings::CProjectFindings(CChildFrame& frame) : frame_(frame), check_(frame.Doc()), pane_(new CFindingPane)
 {
     check_.openPanel = [this]() -> const CPanelModel* {
         return frame_.Panel() == nullptr ? nullptr : frame_.Panel()->Model();

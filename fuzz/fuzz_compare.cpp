@@ -1,7 +1,7 @@
 // Two projects from the two halves of the input: comparing ends, and finds nothing exactly where they are the same.
+#include "compare/compare.h"
 #include "fuzz/property.h"
 #include "project/sbd_data.h"
-#include "sbdfile/compare.h"
 #include "sbdfile/reader.h"
 
 namespace {

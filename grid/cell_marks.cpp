@@ -108,10 +108,9 @@ QString CCellMarks::RowToolTip(int row) const
     constexpr qsizetype mostLines = 6;
     QStringList lines;
     for (const CellMark* mark : In(row, 0, kLastColumn))
-        lines << (mark->column == 0 ? mark->toolTip
-                                    : QCoreApplication::translate("CGridCtrl", "%1 列: %2")
-                                          .arg(mark->column)
-                                          .arg(mark->toolTip));
+        lines << (mark->column == 0
+                      ? mark->toolTip
+                      : QCoreApplication::translate("CGridCtrl", "%1 列: %2").arg(mark->column).arg(mark->toolTip));
     if (const qsizetype more = lines.size() - mostLines; more > 0) {
         lines.resize(mostLines);
         lines << QCoreApplication::translate("CGridCtrl", "ほか %1 件").arg(more);

@@ -82,7 +82,7 @@ void CDown999::SetUpGrid()
 {
     CGridCtrl* grid = Grid();
     grid->SetSource(nullptr);
-    const int titleAndHits = static_cast<int>(SearchIndex().Entries().size()) + 1;
+    const int titleAndHits = static_cast<int>(SearchIndex().Entries().size() + 1 + kMostNotes);
     cells_ = std::make_unique<CSearchPanelSource>(kBlock, titleAndHits, searched_->rowWidthMode,
                                                   searched_->comboOrList != kPlainCells);
     cells_->SetLine(session_.line);
@@ -175,10 +175,15 @@ void CDown999::Search()
             add(entry);
     } else {
         const SearchResult result = SearchIndex().Search(line, {session_.allWords, session_.topics, session_.items});
-        if (!result.title.empty())
-            rows.push_back({Text8(result.title)});
+        QString title = Text8(result.title);
+        for (const std::string& note : result.notes)
+            title += u"　"_s + Text8(note); // the hits begin in the same row, with notes or without
+        if (!title.isEmpty())
+            rows.push_back({title});
         for (const SearchEntry* entry : result.hits)
             add(entry);
+        for (const std::string& tip : result.tips)
+            rows.push_back({Text8(tip)});
     }
     cells_->SetRows(std::move(rows));
     ShowRows();

@@ -10,21 +10,23 @@ declare -A arrows=(
     [commands]=""
     [project]="commands"
     [sbdfile]="project"
+    [compare]="sbdfile"
     [results]="project"
     [panelmodel]="project"
-    [check]="sbdfile panelmodel"
-    [search]="panelmodel"
+    [check]="compare panelmodel"
+    [page]="project"
+    [search]="panelmodel page"
     [document]="check results"
     [grid]="commands"
     [panels]="grid panelmodel search document"
-    [upperview]="document"
+    [upperview]="document page"
     [frame]="panels upperview"
     [app]="frame"
-    [tools]="sbdfile results panelmodel check search"
+    [tools]="compare results panelmodel check search"
     [sbdpage]="upperview"
 )
-order="commands project sbdfile results panelmodel check search document grid panels upperview frame app tools sbdpage"
-without_qt="commands project sbdfile results panelmodel check search tools"
+order="commands project sbdfile compare results panelmodel check page search document grid panels upperview frame app tools sbdpage"
+without_qt="commands project sbdfile compare results panelmodel check page search tools"
 
 declare -A reach
 for folder in $order; do
@@ -50,6 +52,7 @@ lines_of() {
         if [[ $line =~ ^[[:space:]]*#[[:space:]]*include[[:space:]]*\"([^\"]+)\" ]]; then
             name=${BASH_REMATCH[1]}
             target=${name%%/*}
+            [[ $name == upperview/page/* ]] && target=page
             if [[ $name == *..* ]]; then
                 complain "$file:$number: include \"$name\" from the root of the tree, without .."
             elif [[ $name == */* && -n ${arrows[$target]+known} ]] && ! is_in "$target" "${reach[$folder]}"; then
@@ -67,11 +70,12 @@ lines_of() {
 
 files=0
 for folder in $order; do
-    [[ $folder != sbdpage && -d $folder ]] || continue
+    [[ -d $folder ]] || continue
     while IFS= read -r -d '' file; do
         files=$((files + 1))
         case $file in
             tools/sbdpage*) lines_of sbdpage "$file" ;;
+            upperview/page/*) lines_of page "$file" ;;
             *) lines_of "$folder" "$file" ;;
         esac
     done < <(find "$folder" -type f \( -name '*.h' -o -name '*.cpp' \) -print0 | sort -z)

@@ -6,9 +6,16 @@
 #include "project/page_titles.h"
 #include "project/panel_columns.h"
 #include "project/text.h"
-#include "search/fold.h"
+#include "search/page_texts.h"
+#include "search/understand.h"
+#include "upperview/page/page_parser.h"
+#include "upperview/page/page_store.h"
 
 #include <algorithm>
+#include <cmath>
+#include <map>
+#include <set>
+#include <utility>
 
 namespace sbd {
 
@@ -16,7 +23,6 @@ namespace {
 
 constexpr std::string_view kIndent = "   ";
 constexpr std::string_view kArrow = " ---> ";
-constexpr std::size_t kNothingAround = 0;
 constexpr int kOptionColumn = 2;
 constexpr char kBetween = '\n'; // no word reaches over it
 
@@ -180,17 +186,26 @@ std::vector<std::string> ChoicesAt(const SearchPlace& place)
 
 // --- the entries -------------------------------------------------------------------------------------
 
-CSearchIndex::CSearchIndex() : around_(1)
+CSearchIndex::CSearchIndex() : around_(1), choices_(1), pages_(1)
 {
     AddTopics();
     AddQuestions();
     AddItems();
+    AddPages();
+    CountAlike();
+    CollectWords();
 }
 
-void CSearchIndex::Add(EntryKind kind, SearchPlace place, std::string text, std::string_view own, std::size_t around)
+CSearchIndex::Texts& CSearchIndex::Add(EntryKind kind, SearchPlace place, std::string text, std::string_view title,
+                                       std::string_view more)
 {
     entries_.push_back({kind, place, std::move(text)});
-    texts_.push_back({Fold(own), around});
+    Texts& texts = texts_.emplace_back();
+    texts.own = Skeleton(title);
+    texts.titleSize = texts.own.size();
+    if (!more.empty())
+        texts.own += u' ' + Skeleton(more);
+    return texts;
 }
 
 /// A topic of a whole block is found by all that names the block; a block without one gets it from its title.
@@ -199,14 +214,12 @@ void CSearchIndex::AddTopics()
     std::vector<int> blocks = OwnBlocks();
     for (const HelpTopic& topic : HelpTopics()) {
         const SearchPlace place = PlaceOfKey(topic.key);
-        std::string own(topic.title);
-        if (place.row == 0 && std::erase(blocks, place.block) > 0)
-            own += kBetween + NamesOfBlock(place.block);
-        Add(EntryKind::Topic, place, TopicText(topic), own, kNothingAround);
+        const bool whole = place.row == 0 && std::erase(blocks, place.block) > 0;
+        Add(EntryKind::Topic, place, TopicText(topic), topic.title, whole ? NamesOfBlock(place.block) : std::string());
     }
     for (const int block : blocks) {
         const std::string text = std::string(kIndent) + BlockTitle(block) + std::string(kArrow) + std::to_string(block);
-        Add(EntryKind::Topic, {block}, text, NamesOfBlock(block), kNothingAround);
+        Add(EntryKind::Topic, {block}, text, ShortTitle(block), NamesOfBlock(block));
     }
     // Both kinds in order of block; the sort moves entries and texts alike.
     std::vector<std::size_t> order(entries_.size());
@@ -226,103 +239,121 @@ void CSearchIndex::AddTopics()
 void CSearchIndex::AddQuestions()
 {
     for (const Question& question : Questions()) {
-        const std::string own = std::string(question.question) + kBetween + std::string(question.answer);
         Add(EntryKind::Question, question.places.empty() ? SearchPlace() : question.places.front(),
-            std::string(question.question), own, kNothingAround);
+            std::string(question.question), question.question, question.answer);
         entries_.back().question = &question;
     }
 }
 
 void CSearchIndex::AddItems()
 {
+    ChoicePlaces places;
     for (const int block : OwnBlocks()) {
-        around_.push_back(Fold(NamesOfBlock(block)));
+        around_.push_back(Skeleton(NamesOfBlock(block)));
         const std::size_t around = around_.size() - 1;
         const OptionBlock* options = FindOptionBlock(block);
         if (!options) {
-            AddColumns(block, around);
+            AddColumns(block, around, places);
             continue;
         }
         for (std::size_t i = 0; i < options->rows.size(); ++i) {
             const OptionRow& option = options->rows[i];
-            const int row = static_cast<int>(i) + 1;
+            const SearchPlace place{block, static_cast<int>(i) + 1, kOptionColumn};
             const std::string label = FromCp932(option.panelLabel);
-            const std::string own = label + kBetween + FromCp932(option.keyword) + kBetween + FromCp932(option.label);
-            Add(EntryKind::Item, {block, row, kOptionColumn}, ItemText(block, Trim(label), row, "行"), own, around);
+            const std::string more = FromCp932(option.keyword) + kBetween + FromCp932(option.label);
+            Texts& texts = Add(EntryKind::Item, place, ItemText(block, Trim(label), place.row, "行"), label, more);
+            texts.around = around;
+            SetChoices(texts, place, FromCp932(option.defaultValue), places);
         }
     }
 }
 
-void CSearchIndex::AddColumns(int block, std::size_t around)
+void CSearchIndex::AddColumns(int block, std::size_t around, ChoicePlaces& places)
 {
     const ColumnTexts heads(block);
     for (int column = 1; column < heads.Count(); ++column) {
-        const std::string text = ItemText(block, ShortTitle(block) + "　" + heads.Title(column), column, "列");
-        Add(EntryKind::Item, {block, heads.FirstDataRow(), column}, text, heads.Words(column), around);
+        const SearchPlace place{block, heads.FirstDataRow(), column};
+        const std::string title = heads.Title(column);
+        Texts& texts = Add(EntryKind::Item, place, ItemText(block, ShortTitle(block) + "　" + title, column, "列"),
+                           title, heads.Words(column));
+        texts.around = around;
+        SetChoices(texts, place, {}, places);
     }
 }
 
-// --- the search --------------------------------------------------------------------------------------
-
-/// The words of a search, and in which of the texts around the entries each one stands.
-class CSearchIndex::Needles {
-public:
-    Needles(std::vector<std::string> words, const std::vector<std::string>& around) : words_(std::move(words))
-    {
-        if (words_.size() < 2) // the only word must stand in the entry's own text
-            return;
-        for (const std::string& word : words_) {
-            std::vector<bool>& found = inAround_.emplace_back();
-            for (const std::string& text : around)
-                found.push_back(text.find(word) != std::string::npos);
-        }
-    }
-
-    [[nodiscard]] bool AnyIn(std::string_view own) const
-    {
-        return std::ranges::any_of(words_, [&](const std::string& word) { return Holds(own, word); });
-    }
-    [[nodiscard]] bool AllIn(std::string_view own, std::size_t around) const
-    {
-        bool anyInOwn = false;
-        for (std::size_t i = 0; i < words_.size(); ++i) {
-            if (Holds(own, words_[i]))
-                anyInOwn = true;
-            else if (inAround_.empty() || !inAround_[i][around])
-                return false;
-        }
-        return anyInOwn;
-    }
-
-private:
-    static bool Holds(std::string_view text, const std::string& word) { return text.find(word) != text.npos; }
-
-    std::vector<std::string> words_;
-    std::vector<std::vector<bool>> inAround_; // by word and text; empty with one word
-};
-
-SearchResult CSearchIndex::Search(std::string_view line, SearchFlags flags) const
+void CSearchIndex::SetChoices(Texts& texts, const SearchPlace& place, std::string_view more, ChoicePlaces& places)
 {
-    const std::string prefix = Fold(kSearchPrefix);
-    std::string_view shown = Trim(line);
-    if (Fold(shown).starts_with(prefix)) {
-        // Wide or narrow, the prefix ends with its colon.
-        const std::size_t colon = std::min(shown.find("："), shown.find(':'));
-        shown.remove_prefix(colon + (shown[colon] == ':' ? 1 : std::string_view("：").size()));
-        shown = Trim(shown);
-    }
-    std::vector<std::string> words = SearchWords(shown);
-    SearchResult result;
+    std::string words(more);
+    for (const std::string& choice : ChoicesAt(place))
+        words += kBetween + choice;
     if (words.empty())
-        return result;
-    const Needles needles(std::move(words), around_);
-    for (std::size_t i = 0; i < entries_.size(); ++i) {
-        const bool inScope = entries_[i].kind == EntryKind::Item ? flags.items : flags.topics;
-        if (inScope && (flags.allWords ? needles.AllIn(texts_[i].own, texts_[i].around) : needles.AnyIn(texts_[i].own)))
-            result.hits.push_back(&entries_[i]);
+        return;
+    const auto [known, added] = places.try_emplace(words, choices_.size());
+    texts.choices = known->second;
+    if (added)
+        choices_.push_back(Skeleton(words));
+}
+
+/// The page of a block belongs to its topic; what tells of some rows alone, to these rows. A page without a file says
+/// what labels and lists of words say already.
+void CSearchIndex::AddPages()
+{
+    std::map<int, std::size_t> ofBlock;
+    std::map<std::pair<int, int>, std::size_t> ofRow;
+    for (const PageSource& source : PageSources()) {
+        if (source.name == kSharedFile)
+            continue;
+        std::u16string whole;
+        std::map<int, std::size_t> rows;
+        for (const PageText& text : TextsOfPage(source.text)) {
+            std::u16string skeleton = Skeleton(text.text);
+            whole += skeleton + u' ';
+            if (text.rows.empty())
+                continue;
+            pages_.push_back(std::move(skeleton));
+            for (const int row : text.rows)
+                rows.try_emplace(row, pages_.size() - 1);
+        }
+        pages_.push_back(std::move(whole));
+        for (const int number : BlocksOfFileName(source.name)) {
+            const int block = CanonicalBlock(number);
+            ofBlock.try_emplace(block, pages_.size() - 1);
+            for (const auto& [row, page] : rows)
+                ofRow.try_emplace({block, row}, page);
+        }
     }
-    result.title = "「" + std::string(shown) + "」の検索結果：(計" + std::to_string(result.hits.size()) + "件)";
-    return result;
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        const SearchPlace& place = entries_[i].place;
+        if (entries_[i].kind == EntryKind::Question)
+            continue;
+        if (place.row == 0) {
+            if (const auto page = ofBlock.find(place.block); page != ofBlock.end())
+                texts_[i].page = page->second;
+        } else if (const auto page = ofRow.find({place.block, place.row}); page != ofRow.end()) {
+            texts_[i].page = page->second;
+        }
+    }
+}
+
+/// A head that a hundred tables have tells little of any of them.
+void CSearchIndex::CountAlike()
+{
+    std::map<std::u16string_view, std::size_t> counts;
+    const auto title = [](const Texts& texts) { return std::u16string_view(texts.own).substr(0, texts.titleSize); };
+    for (const Texts& texts : texts_)
+        ++counts[title(texts)];
+    for (Texts& texts : texts_)
+        texts.alike = std::log2(double(counts[title(texts)]));
+}
+
+/// The runs of one script in titles, labels and heads: what a mistyped word may have meant.
+void CSearchIndex::CollectWords()
+{
+    std::set<std::u16string> words;
+    for (const Texts& texts : texts_)
+        for (std::u16string& run : PlainRuns(std::u16string_view(texts.own).substr(0, texts.titleSize)))
+            words.insert(std::move(run));
+    words_.assign(words.begin(), words.end());
 }
 
 std::vector<const SearchEntry*> CSearchIndex::AllQuestions() const

@@ -4,6 +4,7 @@
 #include "search/search_tables.h"
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,44 +33,74 @@ struct SearchEntry {
     const Question* question = nullptr; ///< of a question
 };
 
+/// Where a hit holds most of what was asked for; the order is that of their weight.
+enum class HitField {
+    Title,    ///< title of a block or topic
+    Label,    ///< option label or head of a column, and the names that the file has for it
+    Choice,   ///< a word of the cell's list
+    Question, ///< a question or its answer
+    Page,     ///< the help page
+};
+
+/// So many lines of notes and tips a result has at most.
+inline constexpr std::size_t kMostNotes = 40;
+
 /// What a search found.
 struct SearchResult {
     std::string title; ///< with the number of hits; empty if there was no word to look for
     std::vector<const SearchEntry*> hits;
+    std::vector<HitField> fields;   ///< one a hit
+    std::vector<std::string> notes; ///< what was read as another word, and that not all words were found. UTF-8
+    std::vector<std::string> tips;  ///< of a search that found nothing: what to try. UTF-8
 };
 
-/// The index of all topics, questions and input items. Does not change once it is made.
+/// The index of all topics, questions and input items, with the help pages that speak of them. Does not change once it is
+/// made.
 class CSearchIndex {
 public:
     CSearchIndex();
 
     [[nodiscard]] const std::vector<SearchEntry>& Entries() const { return entries_; }
-    /// The texts in which entry `i` is looked for, folded: its own, and those of the block around it. An entry is found
-    /// if its own text holds a word; with all words asked for, the others may stand in the text around it.
-    [[nodiscard]] std::string_view OwnText(std::size_t i) const { return texts_[i].own; }
-    [[nodiscard]] std::string_view TextAround(std::size_t i) const { return around_[texts_[i].around]; }
+    /// The text by which entry `i` itself is found, as a skeleton.
+    [[nodiscard]] std::u16string_view OwnText(std::size_t i) const { return texts_[i].own; }
 
-    /// Looks for the words of a search line. Topics come first, then questions, then items in order of block.
+    /// Looks for the words of a search line, best hits first. With all words asked for, each word stands in the entry, in
+    /// the block around it, in its list of words or on its page, and one in the entry itself; where no entry has them all,
+    /// those with most of them are given, and a note says so.
     [[nodiscard]] SearchResult Search(std::string_view line, SearchFlags flags) const;
     /// All questions, as the word "Q&A" lists them.
     [[nodiscard]] std::vector<const SearchEntry*> AllQuestions() const;
 
 private:
-    class Needles;
+    class Finder;
     struct Texts {
-        std::string own;
-        std::size_t around = 0; // place in around_
+        std::u16string own;
+        std::size_t titleSize = 0; // of `own`, from its beginning: what is listed
+        double alike = 0;          // how many entries have the same title, as a logarithm
+        std::size_t around = 0;    // places in the lists below
+        std::size_t choices = 0;
+        std::size_t page = 0;
     };
 
-    void Add(EntryKind kind, SearchPlace place, std::string text, std::string_view own, std::size_t around);
+    using ChoicePlaces =
+        std::map<std::string, std::size_t>; // lists of words that are known, by their place in choices_
+
+    Texts& Add(EntryKind kind, SearchPlace place, std::string text, std::string_view title, std::string_view more);
     void AddTopics();
     void AddQuestions();
     void AddItems();
-    void AddColumns(int block, std::size_t around);
+    void AddColumns(int block, std::size_t around, ChoicePlaces& places);
+    void AddPages();
+    void SetChoices(Texts& texts, const SearchPlace& place, std::string_view more, ChoicePlaces& places);
+    void CountAlike();
+    void CollectWords();
 
     std::vector<SearchEntry> entries_;
-    std::vector<Texts> texts_;        // one an entry
-    std::vector<std::string> around_; // one a block; the first one is empty
+    std::vector<Texts> texts_;            // one an entry
+    std::vector<std::u16string> around_;  // one a block; the first one is empty, as in the lists that follow
+    std::vector<std::u16string> choices_; // each list of words once
+    std::vector<std::u16string> pages_;   // of a block, or of some rows of it
+    std::vector<std::u16string> words_;   // words without synonyms, for mistyped ones
 };
 
 /// The index of the program, made at the first call.

@@ -10,6 +10,7 @@
 #include "tools/result_panel_commands.h"
 #include "tools/search_command.h"
 #include "tools/set_command.h"
+#include "tools/version_commands.h"
 
 #include <algorithm>
 #include <array>
@@ -120,6 +121,19 @@ constexpr ToolCommand kCommands[] = {
      "Lists what differs between two projects, by block, row and column. Exit code 1 if anything does.",
      "二つのプロジェクトの違いをブロック・行・列で示します。違いがあれば終了コードは 1 です。",
      RunDiff},
+    {"text", "text IN [--names F | --no-names]",
+     "Prints a project as lines of text, one a row, in UTF-8: for a version control that compares line by line\n"
+     "(docs/version-control.md).",
+     "プロジェクトを一行ごとの文字(UTF-8)で出力します。行ごとに比べる版管理のためのものです(docs/version-control.md)。",
+     RunText},
+    {"merge", "merge BASE OURS THEIRS OUT [PATH] [--names F | --no-names]",
+     "Puts together what OURS and THEIRS have made of BASE, row by row, and writes OUT. Where both have changed the same value,\n"
+     "that of OURS stays; each such place is named, and the exit code is 1. PATH: the project's own place, for the names beside\n"
+     "it and the messages. A file of which a load would lose something is not merged.",
+     "BASE から OURS と THEIRS がそれぞれ変えたものを行ごとに合わせ、OUT に書き出します。両方が同じ値を変えた所は OURS の値を残し、\n"
+     "その所をすべて示して、終了コードは 1 になります。PATH は物件ファイルの本来の場所で、名称のファイルと案内に使います。\n"
+     "読み込むと失われるものがあるファイルは統合しません。",
+     RunMerge},
     {"search", "search WORD... [--any] [--topics] [--items] | search --qa",
      "Prints what the search panel finds for the words, as JSON: help topics, questions and input items with the cell that\n"
      "each leads to. --any: one of the words is enough. --topics, --items: only there. --qa: all questions with their answers.",

@@ -1,8 +1,8 @@
 #include "tools/project_commands.h"
 
 #include "check/file_check.h"
+#include "compare/compare.h"
 #include "project/sbd_data.h"
-#include "sbdfile/compare.h"
 #include "sbdfile/grid_names.h"
 #include "sbdfile/writer.h"
 #include "tools/command_support.h"

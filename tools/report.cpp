@@ -12,18 +12,6 @@ namespace {
 
 using nlohmann::json;
 
-std::string PlaceText(const Difference& difference)
-{
-    std::string text = NumberAndTitle(difference.block);
-    if (difference.row > 0)
-        text += " " + std::to_string(difference.row) + "行目";
-    if (difference.column > 0)
-        text += " " + std::to_string(difference.column) + "列目";
-    if (!difference.place.empty())
-        text += "(" + FromCp932(difference.place) + ")";
-    return text;
-}
-
 std::string_view KindWord(DifferenceKind kind)
 {
     switch (kind) {
@@ -96,23 +84,6 @@ json MoreJson(const FileCheck& check)
 }
 
 } // namespace
-
-std::string DifferenceText(const Difference& difference)
-{
-    switch (difference.kind) {
-    case DifferenceKind::Value:
-        return PlaceText(difference) + ": " + Quoted(difference.before) + "→" + Quoted(difference.after);
-    case DifferenceKind::RowAdded:
-        return PlaceText(difference) + ": 行が増える " + Quoted(difference.after);
-    case DifferenceKind::RowRemoved:
-        return PlaceText(difference) + ": 行がなくなる " + Quoted(difference.before);
-    case DifferenceKind::RowMoved:
-        return PlaceText(difference) + ": この列から後ろの値が別の列に移る " + Quoted(difference.after);
-    case DifferenceKind::UnknownLine:
-        return "未知の区分の行: " + Quoted(difference.before) + "→" + Quoted(difference.after);
-    }
-    return {};
-}
 
 json DifferenceJson(const Difference& difference)
 {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "check/file_check.h"
-#include "sbdfile/compare.h"
+#include "compare/difference_text.h"
 #include "sbdfile/reader.h"
 
 #include <nlohmann/json_fwd.hpp>
@@ -12,8 +12,6 @@
 
 namespace sbd {
 
-/// One line, UTF-8, as "313 垂直補剛材 6行目 6列目(幅1): 「130」→「150」".
-[[nodiscard]] std::string DifferenceText(const Difference& difference);
 [[nodiscard]] nlohmann::json DifferenceJson(const Difference& difference);
 
 [[nodiscard]] std::string NoteText(const ReadNote& note);

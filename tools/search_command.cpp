@@ -29,9 +29,27 @@ json PlaceJson(const SearchPlace& place)
     return {{"block", place.block}, {"row", place.row}, {"column", place.column}};
 }
 
-json HitJson(const SearchEntry& entry)
+std::string_view FieldName(HitField field)
+{
+    switch (field) {
+    case HitField::Title:
+        return "title";
+    case HitField::Label:
+        return "label";
+    case HitField::Choice:
+        return "choice";
+    case HitField::Question:
+        return "question";
+    case HitField::Page:
+        break;
+    }
+    return "page";
+}
+
+json HitJson(const SearchEntry& entry, HitField field)
 {
     json hit = PlaceJson(entry.place);
+    hit["foundIn"] = FieldName(field);
     hit["kind"] = KindName(entry.kind);
     hit["text"] = entry.text;
     return hit;
@@ -55,6 +73,7 @@ json QuestionsJson()
 CommandResult RunSearch(std::span<const std::string> arguments)
 {
     std::string line;
+    bool hasWords = false; // also an empty one: then there is nothing to look for, and nothing wrong
     bool any = false;
     bool topics = false;
     bool items = false;
@@ -70,20 +89,26 @@ CommandResult RunSearch(std::span<const std::string> arguments)
             questions = true;
         else if (argument.starts_with("--"))
             return WrongUse("search", "知らないオプションです: " + argument);
-        else
+        else {
+            hasWords = true;
             line += (line.empty() ? "" : " ") + argument;
+        }
     }
     if (questions)
         return line.empty() ? Print(QuestionsJson()) : WrongUse("search", "--qa に言葉は指定できません");
+    if (!hasWords)
+        return WrongUse("search", "検索する言葉がありません");
     const bool everywhere = !topics && !items;
     const SearchResult result =
         SearchIndex().Search(line, {.allWords = !any, .topics = topics || everywhere, .items = items || everywhere});
-    if (result.title.empty())
-        return WrongUse("search", "検索する言葉がありません");
     json hits = json::array();
-    for (const SearchEntry* entry : result.hits)
-        hits.push_back(HitJson(*entry));
-    return Print({{"title", result.title}, {"count", result.hits.size()}, {"hits", std::move(hits)}});
+    for (std::size_t i = 0; i < result.hits.size(); ++i)
+        hits.push_back(HitJson(*result.hits[i], result.fields[i]));
+    return Print({{"title", result.title},
+                  {"count", result.hits.size()},
+                  {"hits", std::move(hits)},
+                  {"notes", result.notes},
+                  {"tips", result.tips}});
 }
 
 } // namespace sbd

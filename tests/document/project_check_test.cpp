@@ -1,5 +1,4 @@
 #include "document/project_check.h"
-
 #include "document/section_doc.h"
 #include "panelmodel/panel_editor.h"
 #include "project/text.h"
@@ -180,8 +179,8 @@ void ProjectCheckTest::doubtsFollowTheNamesOfAnotherBlock()
     check.LookNow();
     const auto told = [&] {
         const std::span<const Finding> findings = check.FindingsOf(573);
-        return std::ranges::any_of(
-            findings, [](const Finding& finding) { return finding.kind == FindingKind::UnknownName; });
+        return std::ranges::any_of(findings,
+                                   [](const Finding& finding) { return finding.kind == FindingKind::UnknownName; });
     };
     QVERIFY(told()); // "G9" in row 45
     NameLists names = *doc.Data().Names(501);

@@ -114,7 +114,8 @@ void FindingsJourneyTest::aShiftedRowIsToldFoundAndRepairedByTheKeyboard()
     QVERIFY(desk.Grid().Marks().Of(3, 6) == MarkKind::Loss);
     QVERIFY(desk.Grid().Marks().OfRow(3) == MarkKind::Loss);
     QVERIFY(!desk.Grid().Marks().OfRow(4));
-    QVERIFY2(desk.Grid().Marks().ToolTip(3, 6).contains(desk.Cell(3, 7)), qPrintable(desk.Grid().Marks().ToolTip(3, 6)));
+    QVERIFY2(desk.Grid().Marks().ToolTip(3, 6).contains(desk.Cell(3, 7)),
+             qPrintable(desk.Grid().Marks().ToolTip(3, 6)));
     QVERIFY(!ItemOf(desk.child->Tree(), 313)->icon(0).isNull());
 
     desk.Go(301);
@@ -385,7 +386,8 @@ void FindingsJourneyTest::aFileThatWasNotUnderstoodIsToldOnceWithAJump()
     Desk desk;
     QVERIFY(desk.isActive);
     // The end line of the first section is missing: the second one became its rows.
-    desk.Open(WriteFile(desk, "[SEC_S_STIFF]\r\n G1 G4 S1 S1 A 180 19 SM400\r\n[SEC_GROUP]\r\n G1 G4\r\n[END]\r\n"), 301);
+    desk.Open(WriteFile(desk, "[SEC_S_STIFF]\r\n G1 G4 S1 S1 A 180 19 SM400\r\n[SEC_GROUP]\r\n G1 G4\r\n[END]\r\n"),
+              301);
     CNoticeBar& notices = desk.child->Notices();
     QCOMPARE(notices.Texts().size(), 1);
     QVERIFY2(notices.Texts()[0].contains(u"行目"_s), qPrintable(notices.Texts()[0]));

@@ -171,8 +171,11 @@ void SearchPanelTest::ResultsStandBelowATitle()
     QCOMPARE(Cell(2), u"「吊金具」の検索結果：(計%1件)"_s.arg(Rows() - 2));
     QVERIFY(RowWith(u"吊金具(標準) ---> 401の第4行"_s) > 2);
     Line(u"どこにもない言葉"_s);
-    QCOMPARE(Rows(), 2);
     QCOMPARE(Cell(2), u"「どこにもない言葉」の検索結果：(計0件)"_s);
+    QVERIFY2(Cell(3).contains(u"検索してみて下さい"_s), "what to try");
+    Line(u"添加物"_s);
+    QVERIFY2(Cell(2).endsWith(u"「添加物」は見つからないので、「添架物」で検索しました。"_s), qPrintable(Cell(2)));
+    QVERIFY2(Cell(3).contains(u" ---> 517"_s), "the hits begin in the row that they always begin in");
     Line({});
     QCOMPARE(Rows(), 1);
     QCOMPARE(Cell(2), QString());
@@ -192,13 +195,13 @@ void SearchPanelTest::ResultsAppearWhileTyping()
     QVERIFY2(Grid()->IsEditing() && Editor() != nullptr, "the editor was closed by the results");
     QCOMPARE(EditorLine(Editor())->text(), u"uflg"_s);
     const int many = Rows();
-    for (const QChar c : u" s"_s)
+    for (const QChar c : u" bolt"_s)
         QTest::keyClick(line, c.toLatin1());
     QTRY_VERIFY(Rows() < many);
     QVERIFY(Grid()->IsEditing());
     Key(Qt::Key_Return);
     QVERIFY(!Grid()->IsEditing());
-    QCOMPARE(Cell(1), u"uflg s"_s);
+    QCOMPARE(Cell(1), u"uflg bolt"_s);
 }
 
 void SearchPanelTest::OpeningTheEditorKeepsTheWordsAndTheHits_data()
@@ -295,20 +298,22 @@ void SearchPanelTest::TheScopeAndTheChoiceOfWordsAreFollowed()
     auto* any = Find<QRadioButton>(u"いずれかが含まれる"_s);
     QVERIFY(topics && items && all && any);
     QVERIFY(topics->isChecked() && items->isChecked() && all->isChecked());
-    Line(u"横桁 スカーラップ"_s);
+    Line(u"スカーラップ"_s);
     const int both = Rows();
     items->click();
     const int onlyTopics = Rows();
     QVERIFY(onlyTopics < both);
     topics->click();
-    QCOMPARE(Rows(), 2);
+    QVERIFY(Cell(2).endsWith(u"(計0件)"_s));
     items->click();
     QCOMPARE(Rows() - 2, both - onlyTopics);
     topics->click();
+    Line(u"横桁 スカーラップ"_s);
+    const int ofBoth = Rows();
     any->click();
-    QVERIFY(Rows() > both);
+    QVERIFY(Rows() > ofBoth);
     all->click();
-    QCOMPARE(Rows(), both);
+    QCOMPARE(Rows(), ofBoth);
 }
 
 void SearchPanelTest::QuestionsAreListedAndTheChoicesDisabled()
@@ -544,7 +549,7 @@ void SearchPanelTest::NoWordOfTheLineIsRefused()
     EditorLine(Editor())->setText(u"桁 \u00E9\U0001F600"_s); // not to be stored, so not to be refused
     Key(Qt::Key_Return);
     QVERIFY(!told);
-    QCOMPARE(Cell(2), u"「桁 \u00E9\U0001F600」の検索結果：(計0件)"_s);
+    QVERIFY(Cell(2).startsWith(u"「桁 \u00E9\U0001F600」の検索結果："_s));
 }
 
 void SearchPanelTest::UndoBringsTheLineBack()
@@ -573,7 +578,7 @@ void SearchPanelTest::ScreenReadersHearWhatTheControlsAre()
 
 void SearchPanelTest::ASearchOverEverythingIsQuick()
 {
-    Line(u"の"_s); // nearly everything holds it
+    Line(u"横桁"_s); // nearly every table holds it
     QVERIFY(Rows() > 500);
     QElapsedTimer timer;
     timer.start();

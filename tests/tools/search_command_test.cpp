@@ -32,6 +32,7 @@ TEST(SearchCommand, PrintsTitleAndHitsWithTheirPlaces)
     EXPECT_EQ(found.at("title"), "「外側添接板 分割」の検索結果：(計" + found.at("count").dump() + "件)");
     EXPECT_EQ(found.at("hits").size(), found.at("count"));
     EXPECT_EQ(found.at("hits")[0], json({{"kind", "topic"},
+                                         {"foundIn", "title"},
                                          {"text", "   外側添接板を分割 ---> 303の第1行"},
                                          {"block", 303},
                                          {"row", 1},
@@ -69,10 +70,19 @@ TEST(SearchCommand, QuestionsComeWithAnswersAndPlaces)
     }
 }
 
+TEST(SearchCommand, ALineWithoutAWordFindsNothingAndIsNoFault)
+{
+    for (const char* line : {"", "  ", "、", "!?"}) {
+        const json found = Printed({line});
+        EXPECT_EQ(found.at("count"), 0) << line;
+        EXPECT_EQ(found.at("hits"), json::array()) << line;
+    }
+}
+
 TEST(SearchCommand, WrongUseIsTold)
 {
     for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{}, {"、"}, {"--all", "桁"}, {"--qa", "桁"}, {"--items"}}) {
+         {std::vector<std::string>{}, {"--all", "桁"}, {"--qa", "桁"}, {"--items"}}) {
         const CommandResult result = RunSearch(arguments);
         EXPECT_EQ(result.exitCode, 2);
         EXPECT_NE(result.error.find("search"), std::string::npos);

@@ -1,4 +1,4 @@
-#include "sbdfile/compare.h"
+#include "compare/compare.h"
 #include "tests/sbdfile/sections.h"
 
 #include <gmock/gmock.h>
