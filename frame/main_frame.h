@@ -172,6 +172,7 @@ private:
     QList<QMetaObject::Connection> letGoLinks_; // look out for changes behind that answer
     QLabel* pathLabel_ = nullptr;
     QLabel* cellLabel_ = nullptr;
+    QLabel* summaryLabel_ = nullptr;
     QList<QMetaObject::Connection> docConnections_;
 };
 

@@ -27,7 +27,7 @@ const WordList& YesNo()
 }
 
 /// Rows at the top that stay where they are.
-int FixedRows(int block)
+int FixedRowsOf(int block)
 {
     return FindOwnFirstRow(block) ? 1 : WordRowsOf(block);
 }
@@ -42,7 +42,7 @@ std::string ControlValue(int block, const CSbdData& data)
 } // namespace
 
 CTablePanelModel::CTablePanelModel(const CSbdData& data, int block, const PanelSettings& settings)
-    : CRowPanelModel(data, block, settings, 0, FixedRows(block))
+    : CRowPanelModel(data, block, settings, 0, FixedRowsOf(block))
     , panel_(*FindPanelTable(block))
     , cells_(*data.Table(block))
 {
@@ -206,6 +206,12 @@ void CTablePanelModel::MoveEntry(int from, int to)
         column.Erase(static_cast<std::size_t>(from));
         column.Insert(static_cast<std::size_t>(to), text);
     }
+}
+
+void CTablePanelModel::ClearEntry(int entry)
+{
+    for (ColumnVector& column : cells_.columns)
+        column.Set(static_cast<std::size_t>(entry), {});
 }
 
 bool CTablePanelModel::IsKept(int entry) const
