@@ -4,6 +4,7 @@
 #include "bench/window_main.h"
 #include "document/section_doc.h"
 #include "grid/grid_ctrl.h"
+#include "panelmodel/panel_model.h"
 #include "panels/panel.h"
 #include "project/text.h"
 #include "tests/document/data_of.h"
@@ -11,6 +12,7 @@
 #include <QAbstractTableModel>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QTableView>
 
 #include <memory>
@@ -32,6 +34,9 @@ ShortestTimes plainNextKeyTimes;
 ShortestTimes panelNextKeyTimes;
 ShortestTimes commitTimes;
 ShortestTimes rowTimes;
+ShortestTimes bareTimes;
+ShortestTimes fillTimes;
+ShortestTimes filterTimes;
 
 /// Cells that are ready to be shown.
 class PlainModel : public QAbstractTableModel {
@@ -261,6 +266,67 @@ void BM_CommitOfARow(benchmark::State& state)
     state.counters["times_10_rows"] = rowTimes.Of(state.range(0)) / rowTimes.Of(10);
 }
 
+// --- many cells at once ------------------------------------------------------------------------------
+
+QString Other(const QString& text)
+{
+    return text == QStringLiteral("120") ? QStringLiteral("130") : QStringLiteral("120");
+}
+
+/// The cells of one column are set in the model and written to the data, without a window.
+void BM_BareChange(benchmark::State& state)
+{
+    const std::unique_ptr<CKELDSectionDoc> doc = DocumentOf(state.range(0));
+    CSbdData& data = test::DataOf(*doc);
+    const std::unique_ptr<CPanelModel> model = MakePanelModel(data, kBlock);
+    const int last = static_cast<int>(state.range(0)) + 1;
+    QString text;
+    Measure(state, bareTimes, [&] {
+        text = Other(text);
+        const std::string bytes = text.toStdString();
+        for (int row = 2; row <= last; ++row)
+            model->SetCell(row, kFreeColumn, bytes);
+        return CommitPanel(*model, data);
+    });
+}
+
+/// One text into the same cells by the grid's command, as one step of the project, to its picture.
+void BM_FillOfAColumn(benchmark::State& state)
+{
+    const std::unique_ptr<CKELDSectionDoc> doc = DocumentOf(state.range(0));
+    const std::unique_ptr<CPanel> panel = Show(CreatePanel(doc.get(), kBlock));
+    CGridCtrl& grid = *panel->Grid();
+    grid.SetFocusCell(2, kFreeColumn);
+    grid.SelectRange({2, kFreeColumn, static_cast<int>(state.range(0)) + 1, kFreeColumn});
+    QString text;
+    Measure(state, fillTimes, [&] {
+        text = Other(text);
+        grid.FillSelected(text);
+        QApplication::processEvents();
+        return 0;
+    });
+    state.counters["times_bare"] = fillTimes.Of(state.range(0)) / bareTimes.Of(state.range(0));
+}
+
+/// Rows put out of sight by the text of a column, to the picture: about a tenth of them stays.
+void BM_Filter(benchmark::State& state)
+{
+    const std::unique_ptr<CKELDSectionDoc> doc = DocumentOf(state.range(0));
+    const std::unique_ptr<CPanel> panel = Show(CreatePanel(doc.get(), kBlock));
+    constexpr int stationColumn = 3;
+    panel->Grid()->SetFocusCell(1, stationColumn);
+    panel->FilterRows();
+    QLineEdit* line = panel->findChild<QLineEdit*>();
+    bool one = false;
+    Measure(state, filterTimes, [&] {
+        one = !one;
+        line->setText(one ? QStringLiteral("c1") : QStringLiteral("c2"));
+        QApplication::processEvents();
+        return 0;
+    });
+    state.counters["times_bare"] = filterTimes.Of(state.range(0)) / bareTimes.Of(state.range(0));
+}
+
 void LargeAndSmall(benchmark::internal::Benchmark* benchmark)
 {
     benchmark->ArgName("rows")->Arg(10)->Arg(10'000)->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -281,6 +347,9 @@ BENCHMARK(BM_NextPlainKey)->Apply(Sizes);
 BENCHMARK(BM_NextKeyInACell)->Apply(Sizes);
 BENCHMARK(BM_CommitAtFocusChange)->Apply(LargeAndSmall);
 BENCHMARK(BM_CommitOfARow)->Apply(LargeAndSmall);
+BENCHMARK(BM_BareChange)->Apply(Sizes);
+BENCHMARK(BM_FillOfAColumn)->Apply(Sizes);
+BENCHMARK(BM_Filter)->Apply(Sizes);
 
 } // namespace
 

@@ -30,10 +30,21 @@ enum class Command {
     Copy,
     Paste,
     Delete,
+    FillDown,
+    FillRight,
+    FillSelection,
+    CopyWithHeads,
+    OpenList,
+    SelectRow,
+    SelectColumn,
+    SelectAllCells,
     MoveRowUp,
     MoveRowDown,
     InsertRow,
+    DeleteRow,
+    DuplicateRow,
     AddRows,
+    FilterRows,
     JumpToHit,
     NextFinding,
     PreviousFinding,
@@ -60,6 +71,9 @@ enum class Command {
     ColumnsNarrower,
     ResetCells,
     WordLists,
+    ZoomCellsIn,
+    ZoomCellsOut,
+    ZoomCellsReset,
 
     // What the tree shows
     ShowAllItems,
@@ -129,6 +143,8 @@ enum class CommandNeeds {
     RowUp,     ///< a grid whose row may move up
     RowDown,   ///< a grid whose row may move down
     InsertRow, ///< a grid that takes a row at its focus
+    TableRow,  ///< a grid whose row, at its focus, can be taken out
+    Filter,    ///< a grid whose rows can be put out of sight
     AddRows,   ///< a grid that takes rows at its end
     Filters,   ///< a project, and not all items of the tree are shown
     Hit,       ///< the search panel, on a result

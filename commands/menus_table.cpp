@@ -14,8 +14,10 @@ using enum Command;
 
 constexpr MenuItem kFile[] = {NewProject, Open, Close, kSeparator, Save, SaveAs, kSeparator, Print, PrintPreview,
                               SavePicture, kSeparator, MenuFill::RecentFiles, kSeparator, Exit};
-constexpr MenuItem kEdit[] = {Undo, Redo, kSeparator, Cut, Copy, Paste, Delete, kSeparator, MoveRowUp, MoveRowDown, InsertRow,
-                              kSeparator, AddRows, kSeparator, NextFinding, PreviousFinding, FindingList};
+constexpr MenuItem kEdit[] = {Undo, Redo, kSeparator, Cut, Copy, Paste, Delete, CopyWithHeads, kSeparator, FillDown,
+                              FillRight, FillSelection, OpenList, kSeparator, SelectRow, SelectColumn, SelectAllCells,
+                              kSeparator, MoveRowUp, MoveRowDown, InsertRow, DeleteRow, DuplicateRow, kSeparator,
+                              AddRows, FilterRows};
 constexpr MenuItem kView[] = {SwitchFigureAndHelp, Notes, kSeparator, ViewAll, ViewXY, ViewYZ, ViewXZ, kSeparator,
                               ZoomIn, ZoomOut, kSeparator, MoveUp, MoveDown, MoveLeft, MoveRight, kSeparator,
                               MenuId::TreeItems, MenuId::Cells};
@@ -23,7 +25,7 @@ constexpr MenuItem kTreeItems[] = {ShowAllItems, ShowItemsOfProject, ShowUnfilte
                                    HideBox, HideDrawing, HideCross, HideLateral, HideFem, HideStringer, HideBracket,
                                    HideSupport};
 constexpr MenuItem kCells[] = {RowsHigher, RowsLower, kSeparator, ColumnsWider, ColumnsNarrower, kSeparator, ResetCells,
-                               kSeparator, WordLists};
+                               kSeparator, ZoomCellsIn, ZoomCellsOut, ZoomCellsReset, kSeparator, WordLists};
 constexpr MenuItem kData[] = {MenuFill::DataEntries};
 constexpr MenuItem kRun[] = {RunAll, CheckData, RunAndPrint, ShowCrossResults, ShowSupportResults};
 constexpr MenuItem kSettings[] = {English, Japanese, EnglishAndJapanese, kSeparator, SavePanes, kSeparator, BackColor,

@@ -23,6 +23,7 @@ struct DisplaySettings {
 
     // Grids.
     int rowHeight = 18; ///< pixels
+    int zoom = 100;     ///< percent; of texts, rows and columns alike
 
     friend bool operator==(const DisplaySettings&, const DisplaySettings&) = default;
 };

@@ -198,7 +198,7 @@ void CKELDSectionDoc::Undo()
     if (NextUndo() == nullptr)
         return;
     const EditStep& step = history_.Undo(data_);
-    Step(step, step.looseBefore);
+    Step(step, step.place, step.looseBefore);
 }
 
 void CKELDSectionDoc::Redo()
@@ -206,13 +206,16 @@ void CKELDSectionDoc::Redo()
     if (NextRedo() == nullptr)
         return;
     const EditStep& step = history_.Redo(data_);
-    Step(step, step.looseAfter);
+    EditPlace place = step.place;
+    if (place.movedRow > 0) // the user is shown the row where it stands now
+        std::swap(place.row, place.movedRow);
+    Step(step, place, step.looseAfter);
 }
 
 /// Tells of a step that was taken back or made again.
-void CKELDSectionDoc::Step(const EditStep& step, const LooseRows& loose)
+void CKELDSectionDoc::Step(const EditStep& step, const EditPlace& where, const LooseRows& loose)
 {
-    const EditPlace place = step.place;
+    const EditPlace place = where;
     const LooseRows shown = loose; // who is told may add steps
     const std::vector<ChangedRow> places = ChangedRows(step.changes);
     if (HoldsNames(places))

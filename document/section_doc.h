@@ -152,7 +152,7 @@ signals:
 private:
     [[nodiscard]] FileResult Load(const QString& file, const QString& project);
     void WriteOwn(int block, const char* name, const ProjectWrite& write);
-    void Step(const EditStep& step, const LooseRows& loose);
+    void Step(const EditStep& step, const EditPlace& where, const LooseRows& loose);
     void ShowModified(bool modified);
     void AddStep(EditStep step, bool modified);
     void Tell(const std::vector<ChangedRow>& places);

@@ -171,6 +171,7 @@ void CChildFrame::ShowPanel(int block)
         connect(search, &CDown999::jumpRequested, this, &CChildFrame::JumpTo);
     if (panel_ != nullptr) {
         connect(panel_.get(), &CPanel::undoChanged, this, &CChildFrame::undoChanged);
+        connect(panel_.get(), &CPanel::summaryChanged, this, &CChildFrame::summaryChanged);
         connect(panel_.get(), &CPanel::otherBlockWanted, this, &CChildFrame::StepHistory, Qt::QueuedConnection);
         static_cast<QVBoxLayout*>(panelPane_->layout())->addWidget(panel_.get(), 1);
         panel_->show();

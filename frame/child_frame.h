@@ -115,6 +115,8 @@ signals:
     void titleShown();
     /// The panel may have got, or lost, something to take back.
     void undoChanged();
+    /// What the selected cells hold.
+    void summaryChanged(const QString& summary);
     /// The page of a report asks for its run.
     void runIsDue(const sbd::WantedRun& run);
 

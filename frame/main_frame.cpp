@@ -181,6 +181,9 @@ void CMainFrame::CreateStatusBar()
     cellLabel_ = new QLabel(this);
     cellLabel_->setContentsMargins(kMargin, 0, kMargin, 0);
     statusBar()->addWidget(pathLabel_, 1);
+    summaryLabel_ = new QLabel(this); // of the selected cells
+    summaryLabel_->setContentsMargins(kMargin, 0, kMargin, 0);
+    statusBar()->addPermanentWidget(summaryLabel_);
     findingsButton_ = new QToolButton(this);
     findingsButton_->setAutoRaise(true);
     findingsButton_->setFocusPolicy(Qt::NoFocus); // a click goes to a cell
@@ -216,11 +219,13 @@ void CMainFrame::OnChildActivated()
     for (const QMetaObject::Connection& connection : docConnections_)
         disconnect(connection);
     docConnections_.clear();
+    summaryLabel_->clear();
     CChildFrame* child = CurrentChild();
     if (child != nullptr) {
         const CKELDSectionDoc* doc = &child->Doc();
         docConnections_ = {connect(doc, &CKELDSectionDoc::pathChanged, this, &CMainFrame::UpdateStatus),
                            connect(doc, &CKELDSectionDoc::helpCellChanged, this, &CMainFrame::UpdateStatus),
+                           connect(child, &CChildFrame::summaryChanged, summaryLabel_, &QLabel::setText),
                            connect(child, &CChildFrame::titleShown, this, &CMainFrame::ShowTitle),
                            connect(child, &QMdiSubWindow::windowStateChanged, this, &CMainFrame::ShowTitle),
                            connect(child, &CChildFrame::titleShown, this, &CMainFrame::UpdateStatus)};

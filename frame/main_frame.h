@@ -176,6 +176,7 @@ private:
     QLabel* pathLabel_ = nullptr;
     QLabel* cellLabel_ = nullptr;
     QToolButton* findingsButton_ = nullptr;
+    QLabel* summaryLabel_ = nullptr;
     QList<QMetaObject::Connection> docConnections_;
 };
 

@@ -152,9 +152,11 @@ void CMainFrame::AddEditHandlers()
     OnEditor(Command::Copy, &QLineEdit::copy, &CPanel::Copy);
     OnEditor(Command::Paste, &QLineEdit::paste, &CPanel::Paste);
     OnEditor(Command::Delete, &QLineEdit::del, &CPanel::Delete);
-    OnRow(Command::MoveRowUp, &CPanel::MoveRowUp);
-    OnRow(Command::MoveRowDown, &CPanel::MoveRowDown);
-    OnRow(Command::InsertRow, &CPanel::InsertRow);
+    for (const Command command : CPanel::GridCommands())
+        OnChild(command, [command](CChildFrame& child) {
+            if (child.Panel() != nullptr)
+                child.Panel()->RunGridCommand(command);
+        });
     OnRow(Command::AddRows, &CPanel::AskRows);
     OnChild(Command::NextFinding, [](CChildFrame& child) { child.Findings().GoToNext(false); });
     OnChild(Command::PreviousFinding, [](CChildFrame& child) { child.Findings().GoToNext(true); });

@@ -195,6 +195,10 @@ bool CMainFrame::Holds(CommandNeeds needs) const
         return hasGrid && panel->CanMoveRowDown();
     case CommandNeeds::InsertRow:
         return hasGrid && panel->CanInsertRow();
+    case CommandNeeds::TableRow:
+        return hasGrid && panel->CanDeleteRow();
+    case CommandNeeds::Filter:
+        return hasGrid && panel->CanFilterRows();
     case CommandNeeds::AddRows:
         return hasGrid && panel->CanAddRows();
     case CommandNeeds::Filters:
@@ -250,6 +254,8 @@ void CMainFrame::UpdateMarks()
     actions_->SetMark(Command::TabbedWindows, area_->viewMode() == QMdiArea::TabbedView);
     CChildFrame* child = CurrentChild();
     actions_->SetMark(Command::FindingList, child != nullptr && child->Findings().ShowsPane());
+    actions_->SetMark(Command::FilterRows,
+                      child != nullptr && child->Panel() != nullptr && child->Panel()->FiltersRows());
     actions_->SetMark(Command::WordLists, child == nullptr || child->Doc().comboOrList == kWordLists);
 }
 

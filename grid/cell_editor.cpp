@@ -1,6 +1,7 @@
 #include "grid/cell_editor.h"
 
 #include "grid/grid_style.h"
+#include "grid/text_fold.h"
 
 #include <QAbstractItemView>
 #include <QCompleter>
@@ -86,8 +87,7 @@ CCellCombo::CCellCombo(QWidget* parent, const QStringList& words, EditorKeyHandl
     lineEdit()->setTextMargins(0, 0, 0, 0);
     setCompleter(nullptr); // its own one writes into the text
 
-    completer_ = new QCompleter(new QStringListModel(once, this), this);
-    completer_->setCaseSensitivity(Qt::CaseInsensitive);
+    completer_ = new QCompleter(new QStringListModel(this), this); // of the words that fit what is typed
     completer_->setCompletionMode(QCompleter::PopupCompletion);
     completer_->setMaxVisibleItems(visibleWords);
     completer_->setWidget(this);
@@ -172,12 +172,16 @@ bool CCellCombo::OffersWords() const
 
 void CCellCombo::Offer(const QString& text)
 {
-    completer_->setCompletionPrefix(text);
-    const int matches = text.isEmpty() ? 0 : completer_->completionCount();
-    if (matches == 0 || (matches == 1 && completer_->currentCompletion() == text)) {
+    QStringList words;
+    for (int i = 0; i < count(); ++i)
+        words << itemText(i);
+    const QStringList matches = WordsThatFit(words, text);
+    if (matches.isEmpty() || (matches.size() == 1 && matches.constFirst() == text)) {
         HideOffers();
         return;
     }
+    static_cast<QStringListModel*>(completer_->model())->setStringList(matches);
+    completer_->setCompletionPrefix({});
     constexpr int margins = 16;
     completer_->popup()->setFont(font());
     QRect below = rect();

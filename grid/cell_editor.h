@@ -28,8 +28,8 @@ private:
     EditorKeyHandler keys_;
 };
 
-/// A drop-down with free typing. While the user types, the words that begin so are offered below; nothing is put into
-/// the text unasked.
+/// A drop-down with free typing. While the user types, the words that hold the text, in any width and case, are offered
+/// below; nothing is put into the text unasked.
 class CCellCombo : public QComboBox {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 
 #include "grid/cell_editor.h"
 #include "grid/grid_delegate.h"
+#include "grid/grid_drag.h"
 #include "grid/grid_head.h"
 #include "grid/grid_model.h"
 #include "grid/grid_style.h"
@@ -10,6 +11,7 @@
 #include <QInputMethod>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTimer>
 
@@ -25,6 +27,7 @@ CGridCtrl::CGridCtrl(QWidget* parent)
     , head_(new CGridHead(Qt::Horizontal, this))
     , numbers_(new CGridHead(Qt::Vertical, this))
     , corner_(new CGridCorner(this))
+    , drag_(new CGridDrag(*this))
     , rowHeight_(kRowHeight)
 {
     showMessage = [this](const QString& message) {
@@ -36,6 +39,7 @@ CGridCtrl::CGridCtrl(QWidget* parent)
     setModel(model_);
     setItemDelegate(new CGridDelegate(*this));
     SetUpView();
+    connect(head_, &QHeaderView::sectionHandleDoubleClicked, this, &CGridCtrl::FitColumn);
     connect(corner_, &CGridCorner::clicked, this, &CGridCtrl::selectAll);
     // A head that is seen in part stands in the middle of that part.
     connect(horizontalScrollBar(), &QScrollBar::valueChanged, head_->viewport(), qOverload<>(&QWidget::update));
@@ -71,16 +75,17 @@ void CGridCtrl::SetSource(CGridSource* source)
     numbers_->SetSource(source);
     model_->SetSource(source);
     head_->SetFocusRow(0);
+    numbers_->SetFocusRow(0);
     if (!source)
         return;
     int headHeight = source->HeadHeight();
     for (int column = 0; column <= source->ColumnCount(); ++column)
         headHeight = std::max(headHeight, HeadTextHeight(fontMetrics(), source->Head(column, 0)));
-    head_->setFixedHeight(headHeight);
-    numbers_->setFixedWidth(source->ColumnWidth(0));
+    head_->setFixedHeight(std::max(headHeight, source->HeadHeight() * zoom_ / 100));
+    numbers_->setFixedWidth(source->ColumnWidth(0) * zoom_ / 100);
     corner_->SetText(source->Head(0, 0));
     for (int column = 1; column <= source->ColumnCount(); ++column)
-        setColumnWidth(column - 1, source->ColumnWidth(column));
+        setColumnWidth(column - 1, source->ColumnWidth(column) * zoom_ / 100);
     ApplyRowHeights();
     updateGeometries();
 }
@@ -103,17 +108,18 @@ const CCellMarks& CGridCtrl::Marks() const
 void CGridCtrl::SetRowHeight(int pixels)
 {
     rowHeight_ = pixels;
-    numbers_->setDefaultSectionSize(pixels);
+    numbers_->setDefaultSectionSize(pixels * zoom_ / 100);
     ApplyRowHeights();
 }
 
 /// All rows have one height but for those whose texts have several lines.
 void CGridCtrl::ApplyRowHeights()
 {
+    const int oneLine = rowHeight_ * zoom_ / 100;
     for (int row = 1; Source() && row <= model_->rowCount(); ++row) {
         const int lines = Source()->RowLines(row);
-        const int height = lines == 1 ? rowHeight_ : std::max(rowHeight_, lines * fontMetrics().height() + 4);
-        if (rowHeight(row - 1) != height)
+        const int height = lines == 1 ? oneLine : std::max(oneLine, lines * fontMetrics().height() + 4);
+        if (!isRowHidden(row - 1) && rowHeight(row - 1) != height)
             setRowHeight(row - 1, height);
     }
 }
@@ -137,17 +143,25 @@ void CGridCtrl::MoveFocus(int rows, int columns)
     const GridCell cell = FocusCell();
     if (cell.row == 0)
         return;
-    MoveTo({std::clamp(cell.row + rows, 1, model_->rowCount()),
-            std::clamp(cell.column + columns, 1, model_->columnCount())},
-           false);
+    int row = std::clamp(cell.row + rows, 1, model_->rowCount());
+    if (const int seen = SeenRow(row, rows < 0 ? -1 : 1); rows != 0)
+        row = seen > 0 ? seen : cell.row;
+    MoveTo({row, std::clamp(cell.column + columns, 1, model_->columnCount())}, false);
 }
 
 void CGridCtrl::MoveByTab(bool back)
 {
+    if (HasRange()) {
+        MoveInRange(back, true);
+        return;
+    }
     const GridCell cell = FocusCell();
     const int columns = model_->columnCount();
     const int step = back ? -1 : 1;
-    const int row = cell.row + step;
+    const int row = SeenRow(cell.row + step, step);
+    const int begun = tabColumn_ > 0 ? tabColumn_ : cell.column;
+    const QScopedValueRollback tabbing(tabbing_, true);
+    tabColumn_ = begun;
     if ((cell.column + step >= 1 && cell.column + step <= columns) || row < 1 || row > model_->rowCount()) {
         MoveFocus(0, step);
         return;
@@ -164,17 +178,10 @@ void CGridCtrl::MoveTo(GridCell cell, bool extend)
     if (!index.isValid())
         return;
     if (extend) {
-        // The selection reaches from where it began to the cell; the view knows where that is from a shift key.
-        const GridRange range = SelectedRange();
-        const GridCell focus = FocusCell();
-        const int anchorRow = focus.row == range.top ? range.bottom : range.top;
-        const int anchorColumn = focus.column == range.left ? range.right : range.left;
-        const QItemSelection selection(model_->IndexOf({anchorRow, anchorColumn}), index);
-        selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
-        selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
-    } else {
-        setCurrentIndex(index);
+        ExtendTo(cell);
+        return;
     }
+    setCurrentIndex(index);
     scrollTo(index);
 }
 
@@ -199,7 +206,10 @@ void CGridCtrl::currentChanged(const QModelIndex& current, const QModelIndex& pr
         return;
     if (previous.isValid())
         emit selectionChanging(previous.row() + 1, previous.column() + 1);
+    if (!tabbing_)
+        tabColumn_ = 0;
     head_->SetFocusRow(current.row() + 1);
+    numbers_->SetFocusRow(current.row() + 1);
     viewport()->update();
     if (toldLocked_)
         TellInStatusBar({});

@@ -10,7 +10,9 @@
 
 namespace sbd {
 
+enum class Command;
 class CGridCorner;
+class CGridDrag;
 class CGridHead;
 class CGridModel;
 
@@ -20,6 +22,8 @@ class CGridCtrl : public QTableView {
     Q_OBJECT
 
 public:
+    static constexpr int kZoomStep = 10; ///< percent
+
     explicit CGridCtrl(QWidget* parent = nullptr);
     ~CGridCtrl() override;
 
@@ -36,8 +40,19 @@ public:
     [[nodiscard]] GridCell FocusCell() const;
     void SetFocusCell(int row, int column);
     void MoveFocus(int rows, int columns);
-    /// To the next or the previous cell; at the end of a row to the nearest cell of the next row that takes text.
+    /// To the next or the previous cell; at the end of a row to the nearest cell of the next row that takes text. Goes
+    /// round inside a selected range.
     void MoveByTab(bool back);
+    /// To the row below or above; behind cells that Tab went through, to the column where it began. Goes round inside a
+    /// selected range.
+    void MoveByEnter(bool back);
+    /// True if more than one cell is selected, the focused one among them.
+    [[nodiscard]] bool HasRange() const;
+    void SelectRange(const GridRange& range);
+    /// The selection reaches from the focused cell to `cell`; the focus stays.
+    void ExtendTo(GridCell cell);
+    /// The nearest row in sight from `row` in the direction of `step`; 0: there is none.
+    [[nodiscard]] int SeenRow(int row, int step) const;
     /// The selected rectangle; the focused cell if nothing is selected.
     [[nodiscard]] GridRange SelectedRange() const;
 
@@ -64,6 +79,24 @@ public:
     /// Tells the user something; by default a message box.
     std::function<void(const QString& message)> showMessage;
 
+    /// Carries out a command of the grid; one that is not the grid's own is given to whoever listens. False: neither.
+    bool RunCommand(Command command);
+    /// True if the focused cell takes the text.
+    [[nodiscard]] bool CanFillWith(const QString& text) const;
+    /// One text into all selected cells that take it.
+    void FillSelected(const QString& text);
+    /// Fills from a range to a larger one.
+    void FillFrom(const GridRange& from, const GridRange& to, bool countOn);
+    /// The small square at the corner of the selection, in the viewport; empty where nothing can be filled.
+    [[nodiscard]] QRect FillHandle() const;
+    /// Where the cells of a range stand in the viewport.
+    [[nodiscard]] QRect RectOf(const GridRange& range) const;
+    /// Says something in the status bar, until the focus moves.
+    void TellInStatusBar(const QString& text);
+    /// Size of texts and cells; 100: as they are.
+    void SetZoom(int percent);
+    [[nodiscard]] int Zoom() const { return zoom_; }
+
 public slots:
     void Undo();
     void Cut();
@@ -83,8 +116,14 @@ signals:
     void cellEdited(int row, int column);
     /// A word was taken from a list.
     void listChosen();
-    /// Cells were set by a command: undo, cut, paste, delete.
+    /// Cells were set by a command: undo, cut, paste, delete, fill.
     void cellsChanged();
+    /// A command's key was pressed that is not the grid's own.
+    void commandWanted(sbd::Command command);
+    /// The user wants another size of texts and cells; what it should be.
+    void zoomWanted(int percent);
+    /// Other cells are selected, or the texts of the selected ones have changed.
+    void rangeChanged();
 
 protected:
     bool event(QEvent* event) override;
@@ -98,6 +137,9 @@ protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     bool focusNextPrevChild(bool next) override;
     void focusInEvent(QFocusEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void updateGeometries() override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -123,6 +165,7 @@ private:
 
     void SetUpView();
     void ApplyRowHeights();
+    void FitColumn(int section);
     void Show(GridEffect effect, GridCell cell);
     [[nodiscard]] std::optional<GridRefusal> Refusal(GridCell cell, const QString& text) const;
     void TellRefused(const QString& consequence);
@@ -133,7 +176,16 @@ private:
     [[nodiscard]] bool HandleMoveKey(QKeyEvent* event);
     void TellLocked(const QKeyEvent& event);
     void OpenMenu();
-    void TellInStatusBar(const QString& text);
+    void MoveInRange(bool back, bool alongRow);
+    void ShowFilled(const GridPaste& fill, const QString& nothing);
+    void Fill(GridFill::Kind kind);
+    void CopyWithHeads();
+    void PutOnClipboard(bool heads);
+    [[nodiscard]] GridCell Extent() const;
+    [[nodiscard]] GridCell Neighbour(GridCell from, int key) const;
+    [[nodiscard]] int FirstFreeColumn() const;
+    [[nodiscard]] GridCell PageTarget(GridCell from, bool down) const;
+    [[nodiscard]] QString TellLeft(const GridPaste& paste) const;
     [[nodiscard]] GridCell JumpTarget(GridCell from, int key) const;
     void MoveTo(GridCell cell, bool extend);
     void SelectThrough(bool row);
@@ -145,7 +197,11 @@ private:
     CGridHead* head_;
     CGridHead* numbers_;
     CGridCorner* corner_;
+    CGridDrag* drag_;
     int rowHeight_;
+    int zoom_ = 100;             // percent
+    int tabColumn_ = 0;          // where Tab began to go along a row; 0: it did not
+    bool tabbing_ = false;       // the focus moves by Tab
     bool typing_ = false;        // the open edit was begun by typing
     bool closing_ = false;       // an editor
     bool toldLocked_ = false;    // the status bar says why a cell takes nothing

@@ -5,7 +5,9 @@
 #include "grid/grid_model.h"
 #include "grid/grid_style.h"
 
+#include <QGuiApplication>
 #include <QHelpEvent>
+#include <QInputMethod>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QToolTip>
@@ -230,7 +232,13 @@ bool CGridDelegate::HandleKey(QWidget* editor, QKeyEvent* event)
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        Finish(editor, shift ? -1 : 1, 0);
+        if (event->modifiers() & Qt::ControlModifier) {
+            FinishInRange(editor);
+            return true;
+        }
+        Finish(editor, 0, 0);
+        if (!grid_.HasRefused())
+            grid_.MoveByEnter(shift);
         return true;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
@@ -271,8 +279,23 @@ void CGridDelegate::Finish(QWidget* editor, int rows, int columns)
         combo->HideOffers();
     emit commitData(editor);
     emit closeEditor(editor, NoHint);
-    if (!grid_.HasRefused())
+    if (!grid_.HasRefused() && (rows != 0 || columns != 0))
         grid_.MoveFocus(rows, columns);
+}
+
+/// The text goes into all selected cells, in one step; the focus stays.
+void CGridDelegate::FinishInRange(QWidget* editor)
+{
+    if (CCellCombo* combo = qobject_cast<CCellCombo*>(editor))
+        combo->HideOffers();
+    QGuiApplication::inputMethod()->commit();
+    const QString text = EditorText(editor);
+    if (!grid_.HasRange() || !grid_.CanFillWith(text)) { // the cell itself tells why it does not take the text
+        Finish(editor, 0, 0);
+        return;
+    }
+    emit closeEditor(editor, RevertModelCache);
+    grid_.FillSelected(text);
 }
 
 } // namespace sbd

@@ -29,10 +29,13 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    friend class CGridCtrl;
+
     [[nodiscard]] QColor Ground(const QModelIndex& index) const;
     [[nodiscard]] bool HasButton(const QModelIndex& index) const;
     [[nodiscard]] QRect TextRect(const QRect& cell, const QModelIndex& index) const;
     bool HandleKey(QWidget* editor, QKeyEvent* event);
+    void FinishInRange(QWidget* editor);
     /// Takes the editor's text and moves the focus by (rows, columns).
     void Finish(QWidget* editor, int rows, int columns);
 

@@ -1,8 +1,10 @@
 // The commands, keys and mouse of CGridCtrl.
 #include "commands/commands.h"
 #include "grid/cell_editor.h"
+#include "grid/clipboard_table.h"
 #include "grid/grid_ctrl.h"
 #include "grid/grid_delegate.h"
+#include "grid/grid_drag.h"
 #include "grid/grid_model.h"
 
 #include <QApplication>
@@ -12,6 +14,7 @@
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QStatusTipEvent>
 
@@ -54,7 +57,7 @@ void CGridCtrl::Copy()
     if (QLineEdit* line = OpenLine())
         line->copy();
     else if (Source() && FocusCell().row > 0)
-        QApplication::clipboard()->setText(Source()->Copy(SelectedRange()));
+        PutOnClipboard(false);
 }
 
 void CGridCtrl::Paste()
@@ -63,11 +66,12 @@ void CGridCtrl::Paste()
         line->paste();
         return;
     }
-    const QString text = QApplication::clipboard()->text();
+    const QMimeData* onClipboard = Source() ? QApplication::clipboard()->mimeData() : nullptr;
+    const QString text = onClipboard != nullptr ? ClipboardTable(*onClipboard) : QString();
     if (!Source() || FocusCell().row == 0 || text.isEmpty())
         return;
     const GridRange range = SelectedRange();
-    const GridPaste paste = Source()->PasteChecked(range.top, range.left, text);
+    const GridPaste paste = Source()->PasteOver(range, text);
     if (paste.effect != GridEffect::None) {
         Show(paste.effect, {range.top, range.left});
         SetFocusCell(range.top, range.left);
@@ -91,6 +95,8 @@ void CGridCtrl::TellPaste(const GridPaste& paste)
                       .arg(paste.notNumbers)
                       .arg(CellName(paste.firstNotNumber))
                   + (pasted ? tr("ほかのセルには貼り付けました。") : QString());
+    if (const QString left = TellLeft(paste); !left.isEmpty())
+        numbers += (numbers.isEmpty() ? QString() : QStringLiteral("\n")) + left;
     if (paste.refused.isEmpty() || (pasted && paste.keptCells == 0)) { // where nothing can be put, nothing is missing
         if (!numbers.isEmpty())
             showMessage(numbers);
@@ -163,7 +169,59 @@ bool CGridCtrl::event(QEvent* event)
 
 bool CGridCtrl::HandleCommandKey(QKeyEvent* event)
 {
-    switch (CommandOf(*event)) {
+    const Command command = CommandOf(*event);
+    const bool movesRow = command == Command::MoveRowUp || command == Command::MoveRowDown;
+    if (movesRow && !Source()->MovesRows()) // such a key is for the list, as it is in an editor
+        return false;
+    return RunCommand(command);
+}
+
+bool CGridCtrl::RunCommand(Command command)
+{
+    if (!Source())
+        return false;
+    const bool edits = IsEditing();
+    switch (command) {
+    case Command::FillDown:
+        if (!edits)
+            Fill(GridFill::Down);
+        return true;
+    case Command::FillRight:
+        if (!edits)
+            Fill(GridFill::Right);
+        return true;
+    case Command::FillSelection:
+        if (!edits && FocusCell().row > 0)
+            FillSelected(Source()->Text(FocusCell().row, FocusCell().column));
+        else if (QWidget* editor = edits ? indexWidget(currentIndex()) : nullptr)
+            static_cast<CGridDelegate*>(itemDelegate())->FinishInRange(editor);
+        return true;
+    case Command::CopyWithHeads:
+        CopyWithHeads();
+        return true;
+    case Command::OpenList:
+        OpenList();
+        return true;
+    case Command::SelectRow:
+    case Command::SelectColumn:
+        if (!edits && FocusCell().row > 0)
+            SelectThrough(command == Command::SelectRow);
+        return true;
+    case Command::SelectAllCells:
+        if (QLineEdit* line = OpenLine())
+            line->selectAll();
+        else
+            selectAll();
+        return true;
+    case Command::ZoomCellsIn:
+        emit zoomWanted(zoom_ + kZoomStep);
+        return true;
+    case Command::ZoomCellsOut:
+        emit zoomWanted(zoom_ - kZoomStep);
+        return true;
+    case Command::ZoomCellsReset:
+        emit zoomWanted(100);
+        return true;
     case Command::Undo:
         Undo();
         return true;
@@ -179,8 +237,11 @@ bool CGridCtrl::HandleCommandKey(QKeyEvent* event)
     case Command::Delete:
         Delete();
         return true;
-    default:
+    case Command::None:
         return false;
+    default:
+        emit commandWanted(command);
+        return true;
     }
 }
 
@@ -194,8 +255,12 @@ GridCell CGridCtrl::JumpTarget(GridCell from, int key) const
         return cell.row >= 1 && cell.row <= lastRow && cell.column >= 1 && cell.column <= model_->columnCount();
     };
     const auto filled = [&](GridCell cell) { return !Source()->Text(cell.row, cell.column).isEmpty(); };
+    // The next cell in sight; row 0 is outside.
+    const auto behind = [&](GridCell cell) {
+        return GridCell{rows == 0 ? cell.row : SeenRow(cell.row + rows, rows), cell.column + columns};
+    };
     GridCell cell = from;
-    GridCell next{cell.row + rows, cell.column + columns};
+    GridCell next = behind(cell);
     if (!inside(next))
         return from;
     const bool run = filled(from) && filled(next); // then to the last filled one
@@ -205,7 +270,7 @@ GridCell CGridCtrl::JumpTarget(GridCell from, int key) const
         cell = next;
         if (!run && filled(cell))
             break;
-        next = {cell.row + rows, cell.column + columns};
+        next = behind(cell);
     }
     return cell;
 }
@@ -228,7 +293,7 @@ bool CGridCtrl::HandleMoveKey(QKeyEvent* event)
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        MoveFocus(shift ? -1 : 1, 0);
+        MoveByEnter(shift);
         return true;
     case Qt::Key_Up:
     case Qt::Key_Down:
@@ -239,17 +304,27 @@ bool CGridCtrl::HandleMoveKey(QKeyEvent* event)
         [[fallthrough]];
     case Qt::Key_Left:
     case Qt::Key_Right:
-        if (control && FocusCell().row > 0)
-            MoveTo(JumpTarget(FocusCell(), event->key()), shift);
-        return control;
+        if ((control || shift) && FocusCell().row > 0)
+            MoveTo(control ? JumpTarget(shift ? Extent() : FocusCell(), event->key())
+                           : Neighbour(Extent(), event->key()),
+                   shift);
+        return control || shift;
     case Qt::Key_Home:
-        if (control)
-            MoveTo({1, 1}, shift);
-        return control;
+        MoveTo(control ? GridCell{SeenRow(1, 1), 1}
+                       : GridCell{shift ? Extent().row : FocusCell().row, FirstFreeColumn()},
+               shift);
+        return true;
     case Qt::Key_End:
         if (control)
-            MoveTo({std::max(1, Source()->UsedRows()), model_->columnCount()}, shift);
-        return control;
+            MoveTo({SeenRow(std::max(1, Source()->UsedRows()), -1), model_->columnCount()}, shift);
+        else if (shift)
+            MoveTo({Extent().row, model_->columnCount()}, true);
+        return control || shift;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        if (!control && FocusCell().row > 0)
+            MoveTo(PageTarget(shift ? Extent() : FocusCell(), event->key() == Qt::Key_PageDown), shift);
+        return !control;
     case Qt::Key_F10:
         if (shift && !control && !alt)
             OpenMenu();
@@ -260,10 +335,6 @@ bool CGridCtrl::HandleMoveKey(QKeyEvent* event)
     case Qt::Key_Backtab:
         MoveByTab(true);
         return true;
-    case Qt::Key_Space:
-        if (control != shift && FocusCell().row > 0)
-            SelectThrough(shift);
-        return control || shift;
     default:
         return false;
     }
@@ -337,6 +408,8 @@ void CGridCtrl::keyPressEvent(QKeyEvent* event)
 
 void CGridCtrl::mousePressEvent(QMouseEvent* event)
 {
+    if (drag_->Press(*event))
+        return;
     if (IsEditing()) // what is being composed belongs to the cell under edit, not to the one that is clicked
         QGuiApplication::inputMethod()->commit();
     pressedButton_ = IsOnListButton(*event);
@@ -354,13 +427,15 @@ void CGridCtrl::mouseDoubleClickEvent(QMouseEvent* event)
 
 void CGridCtrl::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!pressedButton_) // a press on the button begins no selection
+    if (!pressedButton_ && !drag_->Move(*event)) // a press on the button begins no selection
         QTableView::mouseMoveEvent(event);
 }
 
 /// The list opens when the button is let go: opened by the press, it would close again by the same click.
 void CGridCtrl::mouseReleaseEvent(QMouseEvent* event)
 {
+    if (drag_->Release(*event))
+        return;
     const bool pressed = std::exchange(pressedButton_, false);
     if (pressed && IsOnListButton(*event))
         OpenList();

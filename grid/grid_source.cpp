@@ -40,6 +40,16 @@ GridPaste CGridSource::PasteChecked(int row, int column, const QString& text)
     return paste;
 }
 
+GridPaste CGridSource::PasteOver(const GridRange& range, const QString& text)
+{
+    return PasteChecked(range.top, range.left, text);
+}
+
+GridPaste CGridSource::Fill(const GridFill&)
+{
+    return {};
+}
+
 QString HeadOnOneLine(const QString& head)
 {
     return head.simplified();

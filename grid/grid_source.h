@@ -31,7 +31,7 @@ enum class GridEffect {
     All,  ///< any cell, any head, the number of rows
 };
 
-/// What a paste did.
+/// What a paste or a fill did.
 struct GridPaste {
     GridEffect effect = GridEffect::None;
     GridRange filled;
@@ -41,6 +41,25 @@ struct GridPaste {
     int notNumbers = 0; ///< cells of numbers that stayed as they were because their text is none
     GridCell firstNotNumber;
     QString notNumber; ///< what the first of them did not take
+    int locked = 0;    ///< cells that take no text and would have become another one
+    GridCell firstLocked;
+    int beyond = 0; ///< texts for which there is no cell
+    int put = 0;    ///< cells that became another text
+};
+
+/// A text, or the texts of cells, that go into several cells.
+struct GridFill {
+    enum Kind {
+        Down,   ///< the first row of the range
+        Right,  ///< its first column
+        Text,   ///< one text
+        Repeat, ///< the texts of `from`, which stands in the range
+        Count,  ///< the same, counted on
+    };
+    Kind kind = Down;
+    GridRange range;
+    GridRange from;
+    QString text;
 };
 
 /// Why a cell does not take a text.
@@ -104,6 +123,13 @@ public:
     /// The same with a text that may hold refused characters. Unless a source can tell the cells apart, such a text is
     /// refused as a whole.
     [[nodiscard]] virtual GridPaste PasteChecked(int row, int column, const QString& text);
+    /// The same into a selected range, in which a smaller block may be repeated.
+    [[nodiscard]] virtual GridPaste PasteOver(const GridRange& range, const QString& text);
+    virtual GridPaste Fill(const GridFill& fill);
+    /// True if cells can be filled from others.
+    [[nodiscard]] virtual bool CanFill() const { return false; }
+    /// True if rows can be moved, put in and taken out.
+    [[nodiscard]] virtual bool MovesRows() const { return false; }
     /// Takes back the last step; the cell where it was done (column 0: the row alone is known).
     virtual std::optional<GridCell> Undo() = 0;
     /// False: there is no step to take back.

@@ -18,6 +18,7 @@ public:
     [[nodiscard]] std::string Head(int column, int focusRow = 0) const override;
     [[nodiscard]] int BlockRows() const override;
     [[nodiscard]] int GridRows() const override { return rows_; }
+    [[nodiscard]] int FixedRows() const override { return 1; }
     [[nodiscard]] bool TakesRows() const override { return true; }
     bool AddRows(int count) override;
     [[nodiscard]] std::string Text(int row, int column) const override;

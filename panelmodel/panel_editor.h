@@ -4,6 +4,7 @@
 #include "panelmodel/panel_model.h"
 
 #include <deque>
+#include <variant>
 
 namespace sbd {
 
@@ -33,8 +34,9 @@ struct UndoOutcome {
 /// "substitute", which no cell holds).
 inline constexpr char kKeepCell = '\x1A';
 
-/// What one paste did: the cells that its text covers, how many of them were kept, the first of those; how many cells of
-/// numbers did not take their text, the first of those with what it did not take.
+/// What one paste or fill did: the cells that its texts cover, how many of them were kept, the first of those; how many
+/// cells of numbers did not take their text, the first of those with what it did not take; how many take no text at all,
+/// and for how many texts there is no cell.
 struct PasteOutcome {
     CellEffect effect = CellEffect::None;
     CellRange range;
@@ -43,16 +45,30 @@ struct PasteOutcome {
     int notNumbers = 0;
     CellPlace firstNotNumber;
     std::string notNumber;
+    int locked = 0;
+    CellPlace firstLocked;
+    int beyond = 0;
+    int put = 0; ///< cells that became another text
+};
+
+/// How a range goes on in the cells beside it.
+enum class FillOn {
+    Repeat,
+    Count, ///< numbers and names with a number at the end count on
 };
 
 /// What kind of command it was.
-enum class EditCommand { Cell, Clear, Paste, MoveUp, MoveDown, InsertRow };
+enum class EditCommand { Cell, Clear, Paste, Fill, MoveUp, MoveDown, InsertRow, DeleteRow, DuplicateRow };
 
 /// What the user did: the first cell that it concerned, or the row (column 0).
 struct EditDone {
     EditCommand command = EditCommand::Cell;
     CellPlace place;
+    int rowAfter = 0; ///< where a moved row stands now; 0: no row was moved
 };
+
+/// `text` as a cell can hold it: a row of the file is one line, so control characters become blanks.
+[[nodiscard]] std::string CellLine(std::string_view text);
 
 /// Carries out what the user does in a panel. Keeps the last 1024 steps of the panel's life; a step is what one
 /// command did, however many cells it touched.
@@ -69,6 +85,25 @@ public:
     /// Puts lines and tab-divided cells from (row, column) on to the right and downward. Cells that do not take text
     /// are passed over, as are those for which `text` holds kKeepCell; rows are added where the block allows it.
     PasteOutcome Paste(int row, int column, std::string_view text);
+    /// The same into a selected range: a text that fits into it several times without a rest is put there as often, one
+    /// cell into every cell; any other is put in once from its first cell on.
+    PasteOutcome PasteOver(const CellRange& range, std::string_view text);
+
+    // Fills. A range that goes beyond the rows of the table leaves them alone: automatic rows and, behind a whole column,
+    // the rows below the last used one. A cell that takes no text is no source.
+    /// The first row of the range into its other rows; a single row takes from the row above.
+    PasteOutcome FillDown(const CellRange& range);
+    /// The first column of the range into its other columns; a single column takes from the column on the left.
+    PasteOutcome FillRight(const CellRange& range);
+    /// One text into every cell.
+    PasteOutcome FillWith(const CellRange& range, std::string_view text);
+    /// The texts of `from` into the other cells of `to`, which holds it and is larger in one direction.
+    PasteOutcome FillFrom(const CellRange& from, const CellRange& to, FillOn how);
+
+    /// Rows that are out of sight (by row; those behind the end are seen): no command touches them.
+    void Hide(std::vector<char> hidden) { hidden_ = std::move(hidden); }
+    [[nodiscard]] bool IsHidden(int row) const;
+    [[nodiscard]] bool HidesRows() const { return !hidden_.empty(); }
 
     [[nodiscard]] bool CanUndo() const { return !steps_.empty(); }
     std::optional<UndoOutcome> Undo();
@@ -77,30 +112,54 @@ public:
     [[nodiscard]] const std::optional<EditDone>& Done() const { return done_; }
     void ForgetDone() { done_.reset(); }
 
-    // Row commands; false if the row does not allow it.
-    bool MoveUp(int row);
-    bool MoveDown(int row);
-    bool InsertRow(int row);
+    // Row commands, for `rows` rows from `row` on; false if a row does not allow it. While rows are out of sight, none
+    // can be moved or put in.
+    bool MoveUp(int row, int rows = 1);
+    bool MoveDown(int row, int rows = 1);
+    /// Blank rows from the end of the grid; false if there are not as many.
+    bool InsertRow(int row, int rows = 1);
+    bool DeleteRows(int row, int rows = 1);
+    /// Puts copies of the rows behind them.
+    bool DuplicateRows(int row, int rows = 1);
 
 private:
     struct CellBefore {
         CellPlace place;
         std::string text;
     };
+    struct MovedRow {
+        int from = 0;
+        int to = 0;
+    };
+    struct RemovedRow {
+        int row = 0;
+        std::vector<std::string> cells;
+    };
+    using Change = std::variant<CellBefore, MovedRow, RemovedRow>;
     struct Step {
-        std::vector<CellBefore> cells;
-        int movedFrom = 0; // a moved row; 0: none
-        int movedTo = 0;
-        bool inserted = false; // the moved row was a blank one
-        int addedRows = 0;     // at the end of the grid
+        std::vector<Change> changes; // in their order
+        CellPlace place;             // of the first; column 0: a row
+        int rowAfter = 0;
+        int addedRows = 0; // at the end of the grid
     };
 
     void PutPasted(Step& step, CellPlace place, const std::string& text, PasteOutcome& outcome);
+    void PutFilled(Step& step, CellPlace from, CellPlace to, PasteOutcome& outcome);
+    PasteOutcome KeepFill(EditCommand command, Step step, PasteOutcome outcome);
+    void FillLine(Step& step, const std::vector<CellPlace>& line, std::size_t first, std::size_t last, FillOn how,
+                  PasteOutcome& outcome);
+    [[nodiscard]] CellRange RowsOfTable(CellRange range) const;
+    [[nodiscard]] int SeenRowFrom(int row, int step) const;
+    [[nodiscard]] int BlankRowBehind(int row) const;
+    [[nodiscard]] bool TakeBlankRows(Step& step, int row, int rows);
+    void TakeBack(const Change& change, UndoOutcome& outcome);
+    void MoveInStep(Step& step, int from, int to);
     CellEffect SetInStep(Step& step, int row, int column, std::string_view text);
     void Keep(EditCommand command, Step step);
-    bool Move(EditCommand command, int from, int to);
+    bool Move(EditCommand command, int from, int to, int rowAfter, int place);
 
     CPanelModel& model_;
+    std::vector<char> hidden_; // by row - 1; empty: none
     std::deque<Step> steps_;
     std::optional<EditDone> done_;
 };

@@ -160,6 +160,8 @@ bool CPanelModel::CanInsert(int) const
 
 void CPanelModel::MoveRow(int, int) {}
 
+void CPanelModel::RemoveRow(int) {}
+
 bool CPanelModel::IsBlankRow(int row) const
 {
     for (int column = 1; column < ColumnCount(); ++column)

@@ -118,11 +118,17 @@ public:
     virtual void TakeBaseline() = 0;
 
     // --- moving rows -------------------------------------------------------------------------------
+    /// Rows at the top that stay where they are and are no rows of the table: automatic rows, rows of heads.
+    [[nodiscard]] virtual int FixedRows() const { return 0; }
+    /// True if rows can be moved, put in and taken out.
+    [[nodiscard]] virtual bool MovesRows() const { return false; }
     [[nodiscard]] virtual bool CanMoveUp(int row) const;
     [[nodiscard]] virtual bool CanMoveDown(int row) const;
     [[nodiscard]] virtual bool CanInsert(int row) const;
     /// Takes row `from` out and puts it in again as row `to`; the rows between close up.
     virtual void MoveRow(int from, int to);
+    /// Takes row `row` out, whatever its cells take; the rows below close up, a blank one comes at the end.
+    virtual void RemoveRow(int row);
     /// True if no cell of the row holds more than blanks.
     [[nodiscard]] bool IsBlankRow(int row) const;
 

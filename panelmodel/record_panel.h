@@ -89,6 +89,7 @@ protected:
         else
             std::rotate(begin + to, begin + from, begin + from + 1);
     }
+    void ClearEntry(int entry) override { entries_[static_cast<std::size_t>(entry)] = Empty(); }
     [[nodiscard]] bool IsKept(int entry) const override
     {
         for (int column = 1; column < ColumnCount(); ++column)

@@ -3,6 +3,7 @@
 #include "project/text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace sbd {
 
@@ -153,7 +154,9 @@ void CRowPanelModel::Commit(CProjectWriter& writer)
     const auto comesOrGoes = [this](int entry) {
         return IsKept(entry) != bool(stored_[static_cast<std::size_t>(entry)]);
     };
-    if (std::ranges::count_if(dirty_, comesOrGoes) > kFewRows) {
+    const std::ptrdiff_t erased = std::ssize(erased_);
+    if (std::ranges::count_if(dirty_, comesOrGoes) + erased > kFewRows) {
+        erased_.clear();
         const std::vector<int> kept = KeptEntries();
         StoreAll(writer, kept);
         std::ranges::fill(stored_, 0);
@@ -162,6 +165,8 @@ void CRowPanelModel::Commit(CProjectWriter& writer)
         dirty_.clear();
         return;
     }
+    for (const int row : std::exchange(erased_, {}))
+        EraseStored(writer, row);
     std::ptrdiff_t counted = 0;
     int storedRow = 0; // stored entries ahead of `counted`
     for (const int entry : dirty_) {
@@ -242,6 +247,21 @@ void CRowPanelModel::MoveRow(int from, int to)
     std::rotate(first, from < to ? first + 1 : last - 1, last);
     for (int row = std::min(from, to); row <= std::max(from, to); ++row)
         Touch(EntryOf(row));
+}
+
+/// Its stored row is erased as a whole, so that the rows below are not written again.
+void CRowPanelModel::RemoveRow(int row)
+{
+    const int entry = EntryOf(row);
+    char& stored = stored_[static_cast<std::size_t>(entry)];
+    if (stored)
+        erased_.push_back(static_cast<int>(std::count(stored_.begin(), stored_.begin() + entry, 1)));
+    stored = 0;
+    ClearEntry(entry);
+    if (row < GridRows())
+        MoveRow(row, GridRows());
+    else
+        Touch(entry);
 }
 
 } // namespace sbd

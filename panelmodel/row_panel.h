@@ -28,6 +28,9 @@ public:
     [[nodiscard]] bool CanMoveDown(int row) const override;
     [[nodiscard]] bool CanInsert(int row) const override;
     void MoveRow(int from, int to) override;
+    [[nodiscard]] int FixedRows() const override { return fixedRows_; }
+    [[nodiscard]] bool MovesRows() const override { return true; }
+    void RemoveRow(int row) override;
 
     void Commit(CProjectWriter& writer) override;
     [[nodiscard]] LooseRows Loose() const override;
@@ -55,6 +58,7 @@ protected:
     [[nodiscard]] virtual int EntryCount() const = 0;
     virtual void AppendEmptyEntries(int count) = 0;
     virtual void MoveEntry(int from, int to) = 0;
+    virtual void ClearEntry(int entry) = 0;
     [[nodiscard]] virtual bool IsKept(int entry) const = 0;
     /// True if the entry would be written as the entry `baseline` of the last baseline was.
     [[nodiscard]] virtual bool SameAsBaseline(int entry, int baseline) const = 0;
@@ -75,6 +79,7 @@ private:
     int fixedRows_;
     int dropped_ = 0;          // entries at the end without a row: blank, but perhaps still to be taken out of the data
     std::vector<char> stored_; // an entry: does it stand in the data
+    std::vector<int> erased_;  // stored rows to be erased at the next commit, one after the other
     std::vector<char> baseline_; // an entry: did it stand in the baseline
     std::set<int> dirty_;        // entries that Commit looks at
     std::set<int> changed_;      // entries in data and baseline that differ

@@ -17,7 +17,7 @@ constexpr int kWordColumn = 1; // "自動計算(YES_NO)" and other words at the 
 constexpr int kFixedTextColumn = 3;
 
 /// Rows at the top that stay where they are.
-int FixedRows(int block)
+int FixedRowsOf(int block)
 {
     return FindOwnFirstRow(block) != nullptr ? 1 : WordRowsOf(block);
 }
@@ -32,7 +32,7 @@ std::string ControlValue(int block, const CSbdData& data)
 } // namespace
 
 CTablePanelModel::CTablePanelModel(const CSbdData& data, int block, const PanelSettings& settings)
-    : CRowPanelModel(data, block, settings, 0, FixedRows(block))
+    : CRowPanelModel(data, block, settings, 0, FixedRowsOf(block))
     , panel_(*FindPanelTable(block))
     , cells_(*data.Table(block))
 {
@@ -196,6 +196,12 @@ void CTablePanelModel::MoveEntry(int from, int to)
         column.Erase(static_cast<std::size_t>(from));
         column.Insert(static_cast<std::size_t>(to), text);
     }
+}
+
+void CTablePanelModel::ClearEntry(int entry)
+{
+    for (ColumnVector& column : cells_.columns)
+        column.Set(static_cast<std::size_t>(entry), {});
 }
 
 bool CTablePanelModel::IsKept(int entry) const

@@ -37,6 +37,7 @@ protected:
     [[nodiscard]] int EntryCount() const override { return static_cast<int>(cells_.RowCount()); }
     void AppendEmptyEntries(int count) override;
     void MoveEntry(int from, int to) override;
+    void ClearEntry(int entry) override;
     [[nodiscard]] bool IsKept(int entry) const override;
     [[nodiscard]] bool SameAsBaseline(int entry, int baseline) const override;
     void CopyToBaseline() override;

@@ -3,9 +3,12 @@
 #include "document/cell_input.h"
 #include "document/section_doc.h"
 #include "grid/grid_ctrl.h"
+#include "grid/text_fold.h"
 #include "panelmodel/panel_model.h"
+#include "panelmodel/range_summary.h"
 #include "panels/command_text.h"
 #include "panels/panel_source.h"
+#include "panels/row_filter.h"
 #include "project/catalogue.h"
 #include "project/text.h"
 
@@ -13,12 +16,14 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QInputMethod>
+#include <QLayout>
 #include <QMenu>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace sbd {
 
@@ -63,6 +68,12 @@ std::string NameOf(const CPanelModel& model, const EditDone& done)
         return block + ' ' + row + Cp932(" 順序上へ移動");
     case EditCommand::MoveDown:
         return block + ' ' + row + Cp932(" 順序下へ移動");
+    case EditCommand::Fill:
+        return block + ' ' + row + Cp932(" 一括入力");
+    case EditCommand::DeleteRow:
+        return block + ' ' + row + Cp932(" 行の削除");
+    case EditCommand::DuplicateRow:
+        return block + ' ' + row + Cp932(" 行の複製");
     case EditCommand::InsertRow:
         break;
     }
@@ -82,6 +93,8 @@ CInputPanel::CInputPanel(CKELDSectionDoc* doc, int block, QWidget* parent) : CPa
     connect(Grid(), &CGridCtrl::cellEdited, this, &CInputPanel::CommitGrid, Qt::QueuedConnection);
     connect(Grid(), &CGridCtrl::listChosen, this, &CInputPanel::CommitGrid);
     connect(Grid(), &CGridCtrl::cellsChanged, this, &CInputPanel::CommitGrid);
+    connect(Grid(), &CGridCtrl::rangeChanged, this, &CInputPanel::TellSummary);
+    connect(Grid(), &CGridCtrl::cellEdited, this, &CInputPanel::TellSummary);
     connect(doc, &CKELDSectionDoc::aboutToSave, this, &CInputPanel::OnAboutToSave);
     connect(doc, &CKELDSectionDoc::modifiedChanged, this, &CInputPanel::OnModifiedChanged);
     connect(doc, &CKELDSectionDoc::changed, this, &CInputPanel::OnChanged);
@@ -122,6 +135,8 @@ void CInputPanel::SetUpWith(const LooseRows& loose)
     Grid()->SetSource(source_.get());
     Grid()->setAccessibleName(NameOfBlock(block_));
     Doc().SetHelpCell(block_, 0, 0);
+    if (filter_ != nullptr)
+        ApplyFilter();
     RestoreCell();
     emit undoChanged();
 }
@@ -141,7 +156,7 @@ void CInputPanel::CommitGrid()
     edit.place.block = block_;
     if (done) {
         const int column = done->place.column > 0 ? done->place.column : Grid()->FocusCell().column;
-        edit.place = {block_, done->place.row, column};
+        edit.place = {block_, done->place.row, column, done->rowAfter};
         edit.name = NameOf(*model_, *done);
     }
     edit.write = [this](CProjectWriter& writer) { model_->Commit(writer); };
@@ -233,6 +248,8 @@ void CInputPanel::OnStepped(const EditPlace& place, const LooseRows& loose)
     ShowAnew(place.block == block_ ? loose : model_->Loose());
     if (place.block == block_ && place.row > 0)
         GoToCell(std::min(place.row, model_->GridRows()), place.column);
+    if (place.block == block_ && place.movedRow > 0)
+        Grid()->TellInStatusBar(tr("%1 行目から %2 行目へ移りました。").arg(place.movedRow).arg(place.row));
     emit undoChanged();
 }
 
@@ -301,6 +318,8 @@ void CInputPanel::showEvent(QShowEvent* event)
 void CInputPanel::GoToCell(int row, int column)
 {
     scrollToRestore_ = false;
+    if (source_ && source_->Editor().IsHidden(row))
+        EndFilter();
     CPanel::GoToCell(row, column);
 }
 
@@ -321,38 +340,58 @@ bool CInputPanel::CanInsertRow() const
     return model_ && model_->CanInsert(Grid()->FocusCell().row);
 }
 
+bool CInputPanel::CanDeleteRow() const
+{
+    return model_ && model_->MovesRows() && Grid()->SelectedRange().bottom > model_->FixedRows();
+}
+
 void CInputPanel::MoveRowUp()
 {
-    if (!Grid()->CommitEditor())
-        return;
-    const int row = Grid()->FocusCell().row;
-    if (model_ && source_->Editor().MoveUp(row))
-        AfterRowCommand(row - 1);
+    RunOnRows(&CPanelEditor::MoveUp, -1, tr("この行は、これより上へは移動できません。"));
 }
 
 void CInputPanel::MoveRowDown()
 {
-    if (!Grid()->CommitEditor())
-        return;
-    const int row = Grid()->FocusCell().row;
-    if (model_ && source_->Editor().MoveDown(row))
-        AfterRowCommand(row + 1);
+    RunOnRows(&CPanelEditor::MoveDown, 1, tr("この行は、これより下へは移動できません。"));
 }
 
 void CInputPanel::InsertRow()
 {
-    if (!Grid()->CommitEditor())
-        return;
-    const int row = Grid()->FocusCell().row;
-    if (model_ && source_->Editor().InsertRow(row))
-        AfterRowCommand(row);
+    RunOnRows(
+        &CPanelEditor::InsertRow, 0,
+        tr("ここには行を挿入できません。下に空の行がないときは、「入力ウィンドウ行数の追加」で行を増やしてください。"));
 }
 
-void CInputPanel::AfterRowCommand(int row)
+void CInputPanel::DeleteRow()
 {
-    const int column = Grid()->FocusCell().column;
+    RunOnRows(&CPanelEditor::DeleteRows, 0, tr("この行は削除できません。"));
+}
+
+void CInputPanel::DuplicateRow()
+{
+    const GridRange range = Grid()->SelectedRange();
+    RunOnRows(&CPanelEditor::DuplicateRows, range.bottom - range.top + 1, tr("この行は複製できません。"));
+}
+
+/// The selection goes with the rows; `rowsAway`: how far.
+void CInputPanel::RunOnRows(bool (CPanelEditor::*run)(int row, int rows), int rowsAway, const QString& cannot)
+{
+    if (!model_ || !Grid()->CommitEditor() || Grid()->FocusCell().row == 0)
+        return;
+    CommitGrid(); // the text of an editor is a step of its own
+    const GridCell focus = Grid()->FocusCell();
+    const GridRange range = Grid()->SelectedRange();
+    if (!(source_->Editor().*run)(range.top, range.bottom - range.top + 1)) {
+        Grid()->TellInStatusBar(model_->MovesRows() ? cannot : tr("このブロックの行は決まっています。"));
+        return;
+    }
     Grid()->ShowAll();
-    Grid()->SetFocusCell(row, column);
+    if (filter_ != nullptr)
+        ShowHiddenRows();
+    const int last = model_->GridRows();
+    Grid()->SetFocusCell(std::min(focus.row + rowsAway, last), focus.column);
+    Grid()->SelectRange(
+        {std::min(range.top + rowsAway, last), range.left, std::min(range.bottom + rowsAway, last), range.right});
     CommitGrid();
     emit undoChanged();
 }
@@ -366,6 +405,112 @@ void CInputPanel::AddRows(int count)
 {
     if (model_ && count > 0 && model_->AddRows(count))
         Grid()->ShowAll();
+}
+
+// --- rows out of sight, and what is selected ---------------------------------------------------------
+
+bool CInputPanel::FiltersRows() const
+{
+    return filter_ != nullptr;
+}
+
+/// Opens the line of the filter, for the column of the focus, or ends it.
+void CInputPanel::FilterRows()
+{
+    if (filter_ != nullptr) {
+        EndFilter();
+        return;
+    }
+    if (!model_ || !Grid()->CommitEditor())
+        return;
+    const GridCell focus = Grid()->FocusCell();
+    filterColumn_ = std::max(focus.column, 1);
+    filter_ = new CRowFilter(HeadOnOneLine(source_->Head(filterColumn_, 0)), this);
+    connect(filter_, &CRowFilter::textChanged, this, &CInputPanel::ApplyFilter);
+    connect(filter_, &CRowFilter::entered, Grid(), qOverload<>(&QWidget::setFocus));
+    connect(filter_, &CRowFilter::ended, this, &CInputPanel::EndFilter);
+    layout()->addWidget(filter_);
+    filter_->show();
+    filter_->GoToLine(focus.row > model_->FixedRows() ? source_->Text(focus.row, filterColumn_) : QString());
+    ApplyFilter();
+    emit undoChanged();
+}
+
+void CInputPanel::ApplyFilter()
+{
+    if (!model_ || filter_ == nullptr)
+        return;
+    CommitGrid();
+    const QString wanted = FoldedText(filter_->Text());
+    std::vector<char> hidden;
+    int rows = 0;
+    int out = 0;
+    if (!wanted.isEmpty()) {
+        const int used = model_->BlockRows();
+        hidden.assign(static_cast<std::size_t>(model_->GridRows()), 1);
+        for (int row = 1; row <= model_->GridRows(); ++row) {
+            const bool fixed = row <= model_->FixedRows();
+            const bool fits = !fixed && row <= used && FoldedText(source_->Text(row, filterColumn_)).contains(wanted);
+            hidden[static_cast<std::size_t>(row) - 1] = fixed || fits ? 0 : 1;
+            rows += fits ? 1 : 0;
+            out += !fixed && !fits && row <= used ? 1 : 0;
+        }
+    }
+    source_->Editor().Hide(std::move(hidden));
+    ShowHiddenRows();
+    filter_->Tell(rows, out);
+}
+
+void CInputPanel::ShowHiddenRows()
+{
+    const CPanelEditor& editor = source_->Editor();
+    for (int row = 1; row <= model_->GridRows(); ++row)
+        if (Grid()->isRowHidden(row - 1) != editor.IsHidden(row))
+            Grid()->setRowHidden(row - 1, editor.IsHidden(row));
+    const GridCell focus = Grid()->FocusCell();
+    if (focus.row == 0 || !editor.IsHidden(focus.row))
+        return;
+    int seen = Grid()->SeenRow(std::min(model_->FixedRows() + 1, model_->GridRows()), 1);
+    if (seen == 0)
+        seen = Grid()->SeenRow(1, 1);
+    if (seen > 0)
+        Grid()->SetFocusCell(seen, focus.column);
+    else
+        Grid()->setCurrentIndex({});
+}
+
+void CInputPanel::EndFilter()
+{
+    if (filter_ == nullptr)
+        return;
+    filter_->deleteLater();
+    filter_->hide();
+    filter_ = nullptr;
+    if (model_) {
+        source_->Editor().Hide({});
+        ShowHiddenRows();
+        Grid()->scrollTo(Grid()->currentIndex());
+    }
+    Grid()->setFocus();
+    emit undoChanged();
+}
+
+/// Once behind many changes of the selection.
+void CInputPanel::TellSummary()
+{
+    if (std::exchange(summaryWaits_, true))
+        return;
+    QTimer::singleShot(0, this, [this] {
+        summaryWaits_ = false;
+        const GridRange range = Grid()->SelectedRange();
+        if (!model_ || range.top == 0) {
+            emit summaryChanged({});
+            return;
+        }
+        const CPanelEditor& editor = source_->Editor();
+        emit summaryChanged(toQString(SummaryOf(*model_, {range.top, range.left, range.bottom, range.right},
+                                                [&editor](int row) { return editor.IsHidden(row); })));
+    });
 }
 
 void CInputPanel::contextMenuEvent(QContextMenuEvent* event)

@@ -6,7 +6,9 @@
 
 namespace sbd {
 
+class CPanelEditor;
 class CPanelSource;
+class CRowFilter;
 
 /// One block on show. Holds nothing lasting: what the user types is handed to the document when the focus moves, before
 /// a save and in ClosePanel(). A panel that is deleted without being closed leaves the document as it is.
@@ -35,9 +37,18 @@ public:
     [[nodiscard]] bool CanMoveRowUp() const override;
     [[nodiscard]] bool CanMoveRowDown() const override;
     [[nodiscard]] bool CanInsertRow() const override;
+    [[nodiscard]] bool CanDeleteRow() const override;
+    // Row commands are for the selected rows.
     void MoveRowUp() override;
     void MoveRowDown() override;
     void InsertRow() override;
+    void DeleteRow() override;
+    void DuplicateRow() override;
+    [[nodiscard]] bool CanFilterRows() const override { return model_ != nullptr; }
+    [[nodiscard]] bool FiltersRows() const override;
+    void FilterRows() override;
+    /// Null while no filter is open.
+    [[nodiscard]] CRowFilter* RowFilter() const { return filter_; }
     void AddRows(int count) override;
 
 protected:
@@ -46,6 +57,10 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void TellSummary();
+    void ApplyFilter();
+    void ShowHiddenRows();
+    void EndFilter();
     void SetUp();
     void SetUpWith(const LooseRows& loose);
     void RestoreCell();
@@ -56,7 +71,7 @@ private:
     void OnStepped(const EditPlace& place, const LooseRows& loose);
     void StepHere(bool redo);
     void ShowAnew(const LooseRows& loose);
-    void AfterRowCommand(int row);
+    void RunOnRows(bool (CPanelEditor::*run)(int row, int rows), int rowsAway, const QString& cannot);
 
     int block_;
     std::unique_ptr<CPanelModel> model_;
@@ -66,6 +81,9 @@ private:
     bool wasModified_ = false; // not by this panel: its undoing must not clear the document's flag
     bool committing_ = false;
     bool scrollToRestore_ = false;
+    bool summaryWaits_ = false;
+    CRowFilter* filter_ = nullptr; // null: no filter is open
+    int filterColumn_ = 0;
 };
 
 } // namespace sbd

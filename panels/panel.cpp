@@ -12,6 +12,8 @@
 
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace sbd {
 
 CPanel::CPanel(CKELDSectionDoc* doc, int block, QWidget* parent)
@@ -31,6 +33,9 @@ CPanel::CPanel(CKELDSectionDoc* doc, int block, QWidget* parent)
     connect(grid_, &CGridCtrl::editorClosed, this, &CPanel::undoChanged);
     connect(grid_, &CGridCtrl::cellEdited, this, &CPanel::undoChanged);
     connect(grid_, &CGridCtrl::cellsChanged, this, &CPanel::undoChanged);
+    connect(grid_, &CGridCtrl::commandWanted, this, &CPanel::RunGridCommand);
+    connect(grid_, &CGridCtrl::zoomWanted, this, &CPanel::SetZoom);
+    grid_->SetZoom(doc_->display.zoom);
     grid_->hide();
 }
 
@@ -78,6 +83,51 @@ void CPanel::Paste()
 void CPanel::Delete()
 {
     grid_->Delete();
+}
+
+std::span<const Command> CPanel::GridCommands()
+{
+    using enum Command;
+    static constexpr Command commands[] = {CopyWithHeads, FillDown,      FillRight,      FillSelection, OpenList,
+                                           SelectRow,     SelectColumn,  SelectAllCells, MoveRowUp,     MoveRowDown,
+                                           InsertRow,     DeleteRow,     DuplicateRow,   FilterRows,    ZoomCellsIn,
+                                           ZoomCellsOut,  ZoomCellsReset};
+    return commands;
+}
+
+void CPanel::RunGridCommand(Command command)
+{
+    switch (command) {
+    case Command::MoveRowUp:
+        MoveRowUp();
+        break;
+    case Command::MoveRowDown:
+        MoveRowDown();
+        break;
+    case Command::InsertRow:
+        InsertRow();
+        break;
+    case Command::DeleteRow:
+        DeleteRow();
+        break;
+    case Command::DuplicateRow:
+        DuplicateRow();
+        break;
+    case Command::FilterRows:
+        FilterRows();
+        break;
+    default:
+        if (std::ranges::find(GridCommands(), command) != GridCommands().end())
+            grid_->RunCommand(command);
+    }
+}
+
+/// Stays for all blocks of the project.
+void CPanel::SetZoom(int percent)
+{
+    grid_->SetZoom(percent);
+    doc_->display.zoom = grid_->Zoom();
+    grid_->TellInStatusBar(tr("入力欄の大きさ: %1 %").arg(grid_->Zoom()));
 }
 
 void CPanel::AskRows()

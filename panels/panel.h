@@ -1,10 +1,13 @@
 // CPanel: what stands in the lower right pane of a project's window.
 #pragma once
 
+#include "commands/commands.h"
+
 #include <QWidget>
 
 #include <functional>
 #include <memory>
+#include <span>
 
 namespace sbd {
 
@@ -49,6 +52,14 @@ public:
     [[nodiscard]] virtual bool CanMoveRowUp() const { return false; }
     [[nodiscard]] virtual bool CanMoveRowDown() const { return false; }
     [[nodiscard]] virtual bool CanInsertRow() const { return false; }
+    [[nodiscard]] virtual bool CanDeleteRow() const { return false; }
+    [[nodiscard]] virtual bool CanFilterRows() const { return false; }
+    [[nodiscard]] virtual bool FiltersRows() const { return false; }
+
+    /// The commands beside undo and the clipboard that a panel, or its grid, carries out.
+    [[nodiscard]] static std::span<const Command> GridCommands();
+    /// One of them; what may not be done now is said in the status bar.
+    void RunGridCommand(Command command);
 
 public slots:
     void Undo();
@@ -60,6 +71,9 @@ public slots:
     virtual void MoveRowUp() {}
     virtual void MoveRowDown() {}
     virtual void InsertRow() {}
+    virtual void DeleteRow() {}
+    virtual void DuplicateRow() {}
+    virtual void FilterRows() {}
     /// Appends empty rows; without effect where the block's rows are fixed.
     virtual void AddRows(int) {}
     /// Asks for a number of rows and appends them.
@@ -70,6 +84,8 @@ signals:
     void undoChanged();
     /// The step that is taken back, or made again, next belongs to another block.
     void otherBlockWanted(bool redo);
+    /// What the selected cells hold, as a line of text; empty: nothing to say.
+    void summaryChanged(const QString& summary);
 
 public:
     /// Asks the user for a number of rows (0: none); by default in a dialog.
@@ -82,6 +98,8 @@ protected:
     virtual void OnCellEntered(int row, int column);
 
 private:
+    void SetZoom(int percent);
+
     CKELDSectionDoc* doc_;
     int openedFor_;
     CGridCtrl* grid_;

@@ -32,6 +32,23 @@ CellRange ToModel(const GridRange& range)
     return {range.top, range.left, range.bottom, range.right};
 }
 
+GridPaste ToGrid(const PasteOutcome& outcome)
+{
+    GridPaste paste;
+    paste.effect = ToGrid(outcome.effect);
+    paste.filled = {outcome.range.top, outcome.range.left, outcome.range.bottom, outcome.range.right};
+    paste.keptCells = outcome.kept;
+    paste.firstKept = {outcome.firstKept.row, outcome.firstKept.column};
+    paste.notNumbers = outcome.notNumbers;
+    paste.firstNotNumber = {outcome.firstNotNumber.row, outcome.firstNotNumber.column};
+    paste.notNumber = toQString(outcome.notNumber);
+    paste.locked = outcome.locked;
+    paste.firstLocked = {outcome.firstLocked.row, outcome.firstLocked.column};
+    paste.beyond = outcome.beyond;
+    paste.put = outcome.put;
+    return paste;
+}
+
 QColor ToColor(CellColor color)
 {
     return color ? QColor::fromRgb(*color) : QColor();
@@ -223,16 +240,39 @@ GridEffect CPanelSource::Paste(int row, int column, const QString& text, GridRan
 
 GridPaste CPanelSource::PasteChecked(int row, int column, const QString& text)
 {
-    GridPaste paste;
-    const PasteOutcome outcome = editor_.Paste(row, column, PasteBytes(text, paste.refused));
-    paste.effect = ToGrid(outcome.effect);
-    paste.filled = {outcome.range.top, outcome.range.left, outcome.range.bottom, outcome.range.right};
-    paste.keptCells = outcome.kept;
-    paste.firstKept = {outcome.firstKept.row, outcome.firstKept.column};
-    paste.notNumbers = outcome.notNumbers;
-    paste.firstNotNumber = {outcome.firstNotNumber.row, outcome.firstNotNumber.column};
-    paste.notNumber = toQString(outcome.notNumber);
+    return PasteOver({row, column, row, column}, text);
+}
+
+GridPaste CPanelSource::PasteOver(const GridRange& range, const QString& text)
+{
+    QStringList refused;
+    GridPaste paste = ToGrid(editor_.PasteOver(ToModel(range), PasteBytes(text, refused)));
+    paste.refused = refused;
     return paste;
+}
+
+GridPaste CPanelSource::Fill(const GridFill& fill)
+{
+    const CellRange range = ToModel(fill.range);
+    switch (fill.kind) {
+    case GridFill::Down:
+        return ToGrid(editor_.FillDown(range));
+    case GridFill::Right:
+        return ToGrid(editor_.FillRight(range));
+    case GridFill::Text:
+        if (const std::optional<std::string> bytes = fromQString(fill.text))
+            return ToGrid(editor_.FillWith(range, *bytes));
+        return {};
+    default:
+        break;
+    }
+    return ToGrid(
+        editor_.FillFrom(ToModel(fill.from), range, fill.kind == GridFill::Count ? FillOn::Count : FillOn::Repeat));
+}
+
+bool CPanelSource::MovesRows() const
+{
+    return model_.MovesRows();
 }
 
 std::optional<GridCell> CPanelSource::Undo()

@@ -43,6 +43,10 @@ public:
     GridEffect Paste(int row, int column, const QString& text, GridRange* filled) override;
     /// Cells with a refused character stay as they are, the others are pasted.
     [[nodiscard]] GridPaste PasteChecked(int row, int column, const QString& text) override;
+    [[nodiscard]] GridPaste PasteOver(const GridRange& range, const QString& text) override;
+    GridPaste Fill(const GridFill& fill) override;
+    [[nodiscard]] bool CanFill() const override { return true; }
+    [[nodiscard]] bool MovesRows() const override;
     std::optional<GridCell> Undo() override;
     [[nodiscard]] bool CanUndo() const override { return editor_.Done() || (canUndo && canUndo()); }
 

@@ -26,6 +26,7 @@ struct EditPlace {
     int block = 0;
     int row = 0;
     int column = 0;
+    int movedRow = 0; ///< of a moved row: where it stands on the other side of the step; 0: none was moved
 };
 
 /// What one command did.

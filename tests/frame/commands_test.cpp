@@ -289,7 +289,8 @@ void CommandsTest::keysOfTheGridAreTextInTheMenu()
 {
     QCOMPARE(EntryText(RowOf(Command::Cut)), u"切り取り\tCtrl+X"_s);
     QCOMPARE(EntryText(RowOf(Command::NewProject)), u"新規作成(&N)"_s);
-    QCOMPARE(EntryText(RowOf(Command::InsertRow)), u"挿入行"_s);
+    QCOMPARE(EntryText(RowOf(Command::InsertRow)), u"挿入行\tCtrl++"_s);
+    QCOMPARE(EntryText(RowOf(Command::AddRows)), u"入力ウィンドウ行数の追加..."_s);
 }
 
 void CommandsTest::aTipNamesItsKey()
