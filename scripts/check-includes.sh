@@ -11,20 +11,21 @@ declare -A arrows=(
     [project]="commands"
     [sbdfile]="project"
     [results]="project"
+    [drawing]="results"
     [panelmodel]="project"
     [check]="sbdfile panelmodel"
     [search]="panelmodel"
     [document]="sbdfile results"
     [grid]="commands"
     [panels]="grid panelmodel search document"
-    [upperview]="document"
+    [upperview]="document drawing"
     [frame]="panels upperview"
     [app]="frame"
     [tools]="sbdfile results panelmodel check search"
     [sbdpage]="upperview"
 )
-order="commands project sbdfile results panelmodel check search document grid panels upperview frame app tools sbdpage"
-without_qt="commands project sbdfile results panelmodel check search tools"
+order="commands project sbdfile results drawing panelmodel check search document grid panels upperview frame app tools sbdpage"
+without_qt="commands project sbdfile results drawing panelmodel check search tools"
 
 declare -A reach
 for folder in $order; do
