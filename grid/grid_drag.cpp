@@ -133,8 +133,8 @@ void CGridDrag::Follow()
         return;
     }
     const GridRange range = WithCell(cell);
-    const bool larger = range.top < from_.top || range.bottom > from_.bottom || range.left < from_.left
-                        || range.right > from_.right;
+    const bool larger =
+        range.top < from_.top || range.bottom > from_.bottom || range.left < from_.left || range.right > from_.right;
     covered_ = larger ? std::optional(range) : std::nullopt;
     grid_.scrollTo(grid_.model()->index(cell.row - 1, cell.column - 1));
     grid_.viewport()->update();

@@ -33,7 +33,8 @@ void CGridCtrl::FillSelected(const QString& text)
     if (!CanFillWith(text))
         return;
     const GridCell cell = FocusCell();
-    ShowFilled(Source()->Fill({GridFill::Text, SelectedRange(), {}, Source()->Folded(cell.row, cell.column, text)}), {});
+    ShowFilled(Source()->Fill({GridFill::Text, SelectedRange(), {}, Source()->Folded(cell.row, cell.column, text)}),
+               {});
 }
 
 void CGridCtrl::FillFrom(const GridRange& from, const GridRange& to, bool countOn)

@@ -41,7 +41,8 @@ GridCell CGridCtrl::Extent() const
 {
     const GridRange range = SelectedRange();
     const GridCell focus = FocusCell();
-    return {focus.row == range.bottom ? range.top : range.bottom, focus.column == range.right ? range.left : range.right};
+    return {focus.row == range.bottom ? range.top : range.bottom,
+            focus.column == range.right ? range.left : range.right};
 }
 
 void CGridCtrl::ExtendTo(GridCell cell)
@@ -190,7 +191,8 @@ void CGridCtrl::FitColumn(int section)
         width = std::max(width, fontMetrics().horizontalAdvance(line.left(most)) + room);
     for (int row = 1; row <= Source()->UsedRows() && width < most; ++row)
         width = std::max(width, fontMetrics().horizontalAdvance(Source()->Text(row, section + 1).left(most)) + room);
-    setColumnWidth(section, std::clamp(width, head_->minimumSectionSize(), std::max(most, head_->minimumSectionSize())));
+    setColumnWidth(section,
+                   std::clamp(width, head_->minimumSectionSize(), std::max(most, head_->minimumSectionSize())));
 }
 
 void CGridCtrl::wheelEvent(QWheelEvent* event)

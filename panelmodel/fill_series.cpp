@@ -11,7 +11,8 @@ namespace sbd {
 
 namespace {
 
-constexpr std::size_t kMostDigits = 9; // with the decimals, and any number of steps, far from the end of a 64 bit number
+constexpr std::size_t kMostDigits =
+    9; // with the decimals, and any number of steps, far from the end of a 64 bit number
 constexpr int kMostDecimals = 4;
 
 bool IsDigit(char c)

@@ -144,8 +144,7 @@ PasteOutcome CPanelEditor::PasteOver(const CellRange& range, std::string_view te
                 if (row > model_.GridRows())
                     continue;
                 outcome.range.bottom = std::max(outcome.range.bottom, row);
-                outcome.range.right =
-                    std::max(outcome.range.right, std::min(place.column, model_.ColumnCount() - 1));
+                outcome.range.right = std::max(outcome.range.right, std::min(place.column, model_.ColumnCount() - 1));
             }
         }
         top = SeenRowFrom(row + 1, 1);

@@ -51,8 +51,9 @@ void CRowFilter::GoToLine(const QString& text)
 
 void CRowFilter::Tell(int rows, int out)
 {
-    told_->setText(Text().isEmpty() ? tr("文字を入力してください。空のあいだは、すべての行を表示します。")
-                                    : tr("%1 行を表示中。見えない %2 行は、どの操作でも変わりません。").arg(rows).arg(out));
+    told_->setText(Text().isEmpty()
+                       ? tr("文字を入力してください。空のあいだは、すべての行を表示します。")
+                       : tr("%1 行を表示中。見えない %2 行は、どの操作でも変わりません。").arg(rows).arg(out));
     told_->setToolTip(told_->text());
 }
 

@@ -12,6 +12,7 @@ declare -A arrows=(
     [sbdfile]="project"
     [compare]="sbdfile"
     [results]="project"
+    [drawing]="results"
     [panelmodel]="project"
     [check]="compare panelmodel"
     [page]="project"
@@ -19,14 +20,14 @@ declare -A arrows=(
     [document]="check results"
     [grid]="commands"
     [panels]="grid panelmodel search document"
-    [upperview]="document page"
+    [upperview]="document page drawing"
     [frame]="panels upperview"
     [app]="frame"
     [tools]="compare results panelmodel check search"
     [sbdpage]="upperview"
 )
-order="commands project sbdfile compare results panelmodel check page search document grid panels upperview frame app tools sbdpage"
-without_qt="commands project sbdfile compare results panelmodel check page search tools"
+order="commands project sbdfile compare results drawing panelmodel check page search document grid panels upperview frame app tools sbdpage"
+without_qt="commands project sbdfile compare results drawing panelmodel check page search tools"
 
 declare -A reach
 for folder in $order; do

@@ -4,6 +4,7 @@
 #include "project/catalogue.h"
 #include "project/console.h"
 #include "project/text.h"
+#include "sbdpage_drawings.h"
 #include "sbdpage_figures.h"
 #include "upperview/draw_painter.h"
 #include "upperview/help_page.h"
@@ -340,9 +341,12 @@ int main(int count, char** values)
     const QGuiApplication application(count, values);
     if (const std::optional<int> code = RunFigureCommand(QCoreApplication::arguments()))
         return *code;
+    if (const std::optional<int> code = RunDrawingCommand(QCoreApplication::arguments()))
+        return *code;
     QCommandLineParser parser;
     parser.setApplicationDescription(u"Draws the help page of a block. For the figures of the analysis see "
-                                     u"sbdpage figure --help and sbdpage diagram --help."_s);
+                                     u"sbdpage figure --help and sbdpage diagram --help, for the bridge as it is "
+                                     u"put in sbdpage elevation, section or plan with --help."_s);
     parser.addHelpOption();
     parser.addPositionalArgument(u"BLOCK"_s, u"number of the block"_s);
     parser.addOptions({{u"project"_s, u"Quotes values of this project."_s, u"file"_s},

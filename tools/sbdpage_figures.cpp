@@ -3,21 +3,15 @@
 #include "document/result_session.h"
 #include "document/section_doc.h"
 #include "project/catalogue.h"
-#include "project/console.h"
+#include "sbdpage_pictures.h"
 #include "upperview/display_look.h"
 #include "upperview/result_diagram.h"
-#include "upperview/svg_picture.h"
 
-#include <QBuffer>
 #include <QCommandLineParser>
-#include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
-#include <QPdfWriter>
-#include <QSaveFile>
 
 #include <algorithm>
-#include <functional>
 
 namespace sbd {
 
@@ -26,79 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kNothing = 1;
-constexpr int kBadCall = 2;
-constexpr int kScreenDpi = 96;
 constexpr int kMostPixels = 20'000; // a side
-
-int Fail(const QString& message, int code = kBadCall)
-{
-    PrintText(stderr, (u"sbdpage: "_s + message + u'\n').toStdString());
-    return code;
-}
-
-// --- files -------------------------------------------------------------------------------------------
-
-/// Paints a whole pane, ground included.
-using PaintPane = std::function<void(QPainter&)>;
-/// The bytes of a picture of `size` pixels; none if it could not be made.
-using MakePicture = QByteArray (*)(QSize size, const PaintPane& paint);
-
-QByteArray Png(QSize size, const PaintPane& paint)
-{
-    QImage image(size, QImage::Format_RGB32);
-    if (image.isNull())
-        return {};
-    QPainter painter(&image);
-    paint(painter);
-    painter.end();
-    QBuffer buffer;
-    return image.save(&buffer, "PNG") ? buffer.data() : QByteArray();
-}
-
-/// One sheet as large as the pane.
-QByteArray Pdf(QSize size, const PaintPane& paint)
-{
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    {
-        QPdfWriter writer(&buffer);
-        writer.setResolution(kScreenDpi);
-        writer.setPageSize(QPageSize(QSizeF(size) / kScreenDpi, QPageSize::Inch, {}, QPageSize::ExactMatch));
-        writer.setPageMargins({});
-        QPainter painter(&writer);
-        paint(painter);
-    }
-    return buffer.data();
-}
-
-QByteArray Svg(QSize size, const PaintPane& paint)
-{
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    CSvgPicture picture(buffer, size, kScreenDpi);
-    QPainter painter(&picture);
-    paint(painter);
-    painter.end();
-    return buffer.data();
-}
-
-struct PictureOption {
-    const char* option;
-    MakePicture make;
-    const char* help;
-};
-
-constexpr PictureOption kPictures[] = {
-    {"png", Png, "Writes a picture of pixels."},
-    {"pdf", Pdf, "Writes a PDF of one sheet."},
-    {"svg", Svg, "Writes a picture of lines."},
-};
-
-bool WriteFile(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    return !bytes.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-}
 
 // --- command line ------------------------------------------------------------------------------------
 
@@ -108,8 +30,7 @@ void AddCommonOptions(QCommandLineParser& parser)
     parser.addOptions({{u"project"_s, u"The project; its results lie beside it."_s, u"file"_s},
                        {u"width"_s, u"Width of the pane in pixels."_s, u"number"_s, u"900"_s},
                        {u"height"_s, u"Height of the pane in pixels."_s, u"number"_s, u"400"_s}});
-    for (const PictureOption& picture : kPictures)
-        parser.addOption({QString::fromLatin1(picture.option), QString::fromLatin1(picture.help), u"file"_s});
+    AddPictureOptions(parser);
 }
 
 /// A number of an option within bounds; without it, what is wrong is told.
@@ -119,7 +40,7 @@ std::optional<int> Number(const QCommandLineParser& parser, const QString& optio
     const int number = parser.value(option).toInt(&isNumber);
     if (isNumber && number >= least && number <= most)
         return number;
-    Fail(u"--%1 takes a number from %2 to %3"_s.arg(option).arg(least).arg(most));
+    FailCall(u"--%1 takes a number from %2 to %3"_s.arg(option).arg(least).arg(most));
     return std::nullopt;
 }
 
@@ -128,31 +49,16 @@ bool Open(const QCommandLineParser& parser, CKELDSectionDoc& doc, int& code)
 {
     const QString project = parser.value(u"project"_s);
     if (const QStringList words = parser.positionalArguments(); !words.isEmpty())
-        code = Fail(u"not understood: "_s + words.join(u' '));
+        code = FailCall(u"not understood: "_s + words.join(u' '));
     else if (project.isEmpty())
-        code = Fail(u"--project is missing"_s);
+        code = FailCall(u"--project is missing"_s);
     else if (!doc.OpenDocument(project).Ok())
-        code = Fail(u"cannot read "_s + project);
+        code = FailCall(u"cannot read "_s + project);
     else if (doc.Results().nodeTable.coordinates.empty())
-        code = Fail(u"no analysis results beside "_s + project, kNothing);
+        code = FailCall(u"no analysis results beside "_s + project, kNothing);
     else
         return true;
     return false;
-}
-
-/// Writes each picture that is asked for.
-int WritePictures(const QCommandLineParser& parser, QSize size, const PaintPane& paint)
-{
-    bool any = false;
-    for (const PictureOption& picture : kPictures) {
-        const QString path = parser.value(QString::fromLatin1(picture.option));
-        if (path.isEmpty())
-            continue;
-        any = true;
-        if (!WriteFile(path, picture.make(size, paint)))
-            return Fail(u"cannot write "_s + path);
-    }
-    return any ? 0 : Fail(u"one of --png, --pdf and --svg says where to draw"_s);
 }
 
 /// The pane of the call, in which `draw` draws on the ground of the settings.
@@ -162,7 +68,7 @@ int DrawInPane(const QCommandLineParser& parser, const CKELDSectionDoc& doc, con
     const std::optional<int> width = Number(parser, u"width"_s, 1, kMostPixels);
     const std::optional<int> height = Number(parser, u"height"_s, 1, kMostPixels);
     if (!width || !height)
-        return kBadCall;
+        return kBadPictureCall;
     const FigureLook look{PaperColour(doc.display), FigureFont(doc.display)};
     return WritePictures(parser, {*width, *height}, [&](QPainter& painter) {
         const QRect pane(0, 0, *width, *height);
@@ -191,13 +97,13 @@ int DrawFigure(const QStringList& arguments)
     const auto* view = std::ranges::find_if(
         kViewCommands, [&](const ViewCommand& command) { return name == QString::fromLatin1(command.name.data()); });
     if (view == std::end(kViewCommands))
-        return Fail(u"--view takes XY, YZ, XZ or ALL"_s);
+        return FailCall(u"--view takes XY, YZ, XZ or ALL"_s);
     constexpr int mostBlock = 999;
     constexpr int mostRow = 1'000'000;
     const std::optional<int> block = Number(parser, u"block"_s, 0, mostBlock);
     const std::optional<int> row = Number(parser, u"row"_s, 0, mostRow);
     if (!block || !row)
-        return kBadCall;
+        return kBadPictureCall;
     CKELDSectionDoc doc;
     int code = 0;
     if (!Open(parser, doc, code))
@@ -233,14 +139,14 @@ std::optional<ResultSelection> SelectionOf(const QCommandLineParser& parser, con
     ResultSelection selection = FirstUseSelection(model);
     const std::optional<ResultKind> kind = ResultKindOf(Text(parser, u"kind"_s, KindWord(selection.kind)));
     if (!kind) {
-        Fail(u"--kind takes 変位, 断面力 or 反力"_s);
+        FailCall(u"--kind takes 変位, 断面力 or 反力"_s);
         return std::nullopt;
     }
     if (*kind != selection.kind)
         SelectKind(selection, model, *kind);
     selection.load = Text(parser, u"load"_s, selection.load);
     if (!LoadCaseOf(model, selection.load)) {
-        Fail(u"no such load case; there are "_s + Listed(model.loadCaseNames));
+        FailCall(u"no such load case; there are "_s + Listed(model.loadCaseNames));
         return std::nullopt;
     }
     selection.girder = Text(parser, u"girder"_s, selection.girder);
@@ -248,7 +154,7 @@ std::optional<ResultSelection> SelectionOf(const QCommandLineParser& parser, con
     if (*kind == ResultKind::Displacement)
         girders.push_back(AllWord());
     if (std::ranges::find(girders, selection.girder) == girders.end()) {
-        Fail(u"no such girder; there are "_s + Listed(girders));
+        FailCall(u"no such girder; there are "_s + Listed(girders));
         return std::nullopt;
     }
     selection.figureItem = Text(parser, u"item"_s, selection.figureItem);
@@ -256,7 +162,7 @@ std::optional<ResultSelection> SelectionOf(const QCommandLineParser& parser, con
         std::vector<std::string> items;
         for (std::size_t i = 0; i < kNodeComponents; ++i)
             items.push_back(ComponentWord(*kind, i));
-        Fail(u"no such item; there are "_s + Listed(items));
+        FailCall(u"no such item; there are "_s + Listed(items));
         return std::nullopt;
     }
     return selection;
@@ -282,11 +188,11 @@ int DrawDiagram(const QStringList& arguments)
         return code;
     std::optional<ResultSelection> selection = SelectionOf(parser, doc.Results().model);
     if (!selection)
-        return kBadCall;
+        return kBadPictureCall;
     bool isNumber = false;
     selection->magnification = parser.value(u"magnification"_s).toInt(&isNumber);
     if (!isNumber || std::ranges::find(kMagnifications, selection->magnification) == std::end(kMagnifications))
-        return Fail(u"--magnification takes 0, 1, 10, 100 or 1000"_s);
+        return FailCall(u"--magnification takes 0, 1, 10, 100 or 1000"_s);
     return DrawInPane(parser, doc, [&](QPainter& painter, const FigureScreen& screen, const FigureLook& look) {
         FigureView view;
         DrawResultPage(painter, screen, doc.Results(), *selection, look, view, ResultSessionOf(doc).State());

@@ -93,6 +93,10 @@ QColor CPainterContext::InkOf(DrawColour colour) const
 
 void CPainterContext::UsePen(bool smooth)
 {
+    // A drawing has thousands of lines of one pen.
+    if (penInUse_ == std::pair(Pen(), smooth))
+        return;
+    penInUse_ = {Pen(), smooth};
     // A line of no width is one pixel wide in any scale.
     QPen pen(InkOf(Pen().colour), Pen().width <= pixel_ ? 0 : Pen().width, StyleOf(Pen().style), Qt::FlatCap);
     pen.setJoinStyle(Qt::MiterJoin);
@@ -145,6 +149,7 @@ void CPainterContext::FillPolygon(std::span<const DrawPoint> corners)
     QPolygonF polygon;
     for (const DrawPoint& corner : corners)
         polygon.append(PointOf(corner));
+    penInUse_.reset();
     painter_.setPen(Qt::NoPen);
     painter_.setRenderHint(QPainter::Antialiasing, true);
     UseBrush();
@@ -153,6 +158,7 @@ void CPainterContext::FillPolygon(std::span<const DrawPoint> corners)
 
 void CPainterContext::FillCircle(DrawPoint centre, int r, DrawColour colour)
 {
+    penInUse_.reset();
     painter_.setPen(Qt::NoPen);
     painter_.setBrush(InkOf(colour));
     painter_.setRenderHint(QPainter::Antialiasing, true);
@@ -161,6 +167,7 @@ void CPainterContext::FillCircle(DrawPoint centre, int r, DrawColour colour)
 
 void CPainterContext::Text(DrawPoint at, std::string_view text)
 {
+    penInUse_.reset();
     painter_.setPen(InkOf(TextColour()));
     painter_.drawText(QPointF(at.x, ascent_ - at.y), toQString(text));
 }

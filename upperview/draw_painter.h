@@ -7,6 +7,9 @@
 #include <QFont>
 #include <QFontMetricsF>
 
+#include <optional>
+#include <utility>
+
 class QPainter;
 
 namespace sbd {
@@ -35,6 +38,8 @@ private:
     void UseBrush();
 
     QPainter& painter_;
+    /// The pen that the painter has by UsePen, and its smoothness; none if something else was set since.
+    std::optional<std::pair<DrawPen, bool>> penInUse_;
     double pixel_; // page units of a device pixel
     double ascent_;
     TextMetrics metrics_;

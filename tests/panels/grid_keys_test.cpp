@@ -110,7 +110,6 @@ private:
         QCOMPARE(Column(top, column, bottom), after);
     }
 
-
 private slots:
     void init();
     void cleanup();

@@ -1,0 +1,47 @@
+// Which member stands between two girders at a cross line (block 523).
+#pragma once
+
+#include "drawing/bridge_grid.h"
+#include "drawing/table_rows.h"
+
+#include <string>
+#include <vector>
+
+namespace sbd {
+
+enum class CrossMemberKind {
+    None, ///< no row, or a row that says that nothing is there
+    Beam,
+    Sway,
+};
+
+struct CrossMember {
+    CrossMemberKind kind = CrossMemberKind::None;
+    std::string type; ///< CP932, as the cell has it
+    CellPlace source; ///< block 0 without a row
+};
+
+/// The members of the bridge by the rule that later rows win.
+class CCrossMembers {
+public:
+    CCrossMembers(CDrawingBuild& build, const CSbdData& data, const CBridgeGrid& grid);
+
+    /// The member between the girders `gap` and `gap` + 1.
+    [[nodiscard]] CrossMember At(std::size_t gap, std::size_t station) const;
+
+    /// A row and where it stands.
+    struct Row {
+        CellPlace place;
+        IndexRange girders;
+        IndexRange stations;
+        bool covered = false;
+    };
+    [[nodiscard]] const std::vector<Row>& Rows() const { return named_; }
+
+private:
+    CTableRows rows_;
+    std::vector<Row> named_;
+    std::vector<CLastRowWins> gaps_;
+};
+
+} // namespace sbd

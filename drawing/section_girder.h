@@ -1,0 +1,55 @@
+// A girder as a cross section sees it.
+#pragma once
+
+#include "drawing/bridge_drawing.h"
+#include "drawing/bridge_grid.h"
+#include "drawing/girder_joints.h"
+
+#include <optional>
+#include <string>
+
+namespace sbd {
+
+struct SectionGirder {
+    std::size_t girder = 0;
+    std::string name;
+    double x = 0;                ///< of the girder's line
+    double y = 0;                ///< of its upper edge there
+    std::optional<double> depth; ///< mm
+    CellPlace depthSource;
+    bool upperFlangeIncluded = true; ///< the upper edge is the flange's outer face, else the web's end
+    bool lowerFlangeIncluded = true;
+    double upperThick = 0; ///< 0: not known
+    double lowerThick = 0;
+    double webThick = 0;
+    double upperWidth = 0;
+    double lowerWidth = 0;
+    CellPlace upperSource;
+    CellPlace lowerSource;
+    CellPlace webSource;
+    std::string section; ///< its name
+
+    bool box = false;
+    double leftWeb = 0; ///< x of the webs of a box girder; of an I girder both are its line
+    double rightWeb = 0;
+    bool websKnown = true;
+
+    /// Levels at the girder's line.
+    [[nodiscard]] double FlangeTop() const { return y + (upperFlangeIncluded ? 0 : upperThick); }
+    [[nodiscard]] double WebTop() const { return y - (upperFlangeIncluded ? upperThick : 0); }
+    [[nodiscard]] double LowerEdge() const { return y - depth.value_or(0); }
+    [[nodiscard]] double WebBottom() const { return LowerEdge() + (lowerFlangeIncluded ? lowerThick : 0); }
+    [[nodiscard]] double FlangeBottom() const { return LowerEdge() - (lowerFlangeIncluded ? 0 : lowerThick); }
+};
+
+/// What the girder has at the station; its place is left at 0. Nothing if the girder does not reach it.
+[[nodiscard]] std::optional<SectionGirder> SectionGirderAt(const CSbdData& data, const CBridgeGrid& grid,
+                                                           std::size_t girder, std::size_t station);
+
+/// The flanges, webs and ribs of a box girder, with the rows of blocks 333, 325 and 326.
+void DrawBox(CDrawingBuild& build, const CSbdData& data, const CBridgeGrid& grid, const SectionGirder& girder,
+             std::size_t station);
+/// The two flanges and the web of an I girder.
+void DrawPlateGirder(CDrawingBuild& build, const SectionGirder& girder);
+
+} // namespace sbd

@@ -1,0 +1,200 @@
+#include "sbdpage_drawings.h"
+
+#include "document/section_doc.h"
+#include "drawing/bridge_plan.h"
+#include "drawing/cross_section.h"
+#include "drawing/dxf_writer.h"
+#include "drawing/girder_elevation.h"
+#include "project/console.h"
+#include "project/text.h"
+#include "sbdpage_pictures.h"
+#include "upperview/bridge_sheet.h"
+#include "upperview/display_look.h"
+#include "upperview/draw_painter.h"
+#include "upperview/page/draw_recorder.h"
+
+#include <QCommandLineParser>
+#include <QPainter>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kNothing = 1;
+constexpr double kUnitsPerInch = 254; // of 0.1 mm
+constexpr double kScreenDpi = 96;
+constexpr int kTextUnits = 28;
+
+struct DrawingCommand {
+    const char* name;
+    const char* help;
+    BridgeDrawing (*make)(const QCommandLineParser& parser, const CKELDSectionDoc& doc);
+};
+
+/// The number of the name that an option gives among `names`; the first one without the option, nothing if there is no
+/// such name.
+std::optional<std::size_t> Named(const QCommandLineParser& parser, const QString& option,
+                                 const std::vector<std::string>& names)
+{
+    if (!parser.isSet(option))
+        return 0;
+    const std::optional<std::string> name = fromQString(parser.value(option));
+    const auto found = name ? std::ranges::find(names, *name) : names.end();
+    if (found == names.end())
+        return std::nullopt;
+    return static_cast<std::size_t>(found - names.begin());
+}
+
+BridgeDrawing Elevation(const QCommandLineParser& parser, const CKELDSectionDoc& doc)
+{
+    ElevationOptions options;
+    options.girder = *Named(parser, u"girder"_s, doc.Data().gridNames.girderNames);
+    options.side =
+        parser.value(u"side"_s).compare(u"right"_s, Qt::CaseInsensitive) == 0 ? GirderSide::Right : GirderSide::Left;
+    options.camber = parser.isSet(u"camber"_s);
+    return GirderElevation(doc.Data(), doc.Results(), options);
+}
+
+BridgeDrawing Section(const QCommandLineParser& parser, const CKELDSectionDoc& doc)
+{
+    return CrossSection(doc.Data(), doc.Results(), *Named(parser, u"station"_s, doc.Data().gridNames.swayNames));
+}
+
+BridgeDrawing Plan(const QCommandLineParser&, const CKELDSectionDoc& doc)
+{
+    return BridgePlan(doc.Data(), doc.Results());
+}
+
+constexpr DrawingCommand kCommands[] = {
+    {"elevation", "sbdpage elevation: draws a girder from the side.", Elevation},
+    {"section", "sbdpage section: draws the bridge across at a cross line.", Section},
+    {"plan", "sbdpage plan: draws the bridge from above.", Plan},
+};
+
+void AddOptions(QCommandLineParser& parser, const DrawingCommand& command)
+{
+    parser.setApplicationDescription(QString::fromLatin1(command.help));
+    parser.addHelpOption();
+    parser.addPositionalArgument(u"IN"_s, u"The project; its names and results lie beside it."_s);
+    parser.addOptions({{u"girder"_s, u"elevation: the girder; the first one if not given."_s, u"name"_s},
+                       {u"side"_s, u"elevation: the web of a box girder, left or right."_s, u"word"_s, u"left"_s},
+                       {u"camber"_s, u"elevation: with the deflections of block 259."_s},
+                       {u"station"_s, u"section: the cross line; the first one if not given."_s, u"name"_s},
+                       {u"scale"_s, u"1 : number; 0 takes a usual one that fits."_s, u"number"_s, u"0"_s},
+                       {u"exaggerate"_s, u"Heights are drawn 1, 2 or 5 times larger."_s, u"number"_s, u"1"_s},
+                       {u"block"_s, u"Block under the cursor."_s, u"number"_s, u"0"_s},
+                       {u"row"_s, u"Grid row under the cursor, from 1."_s, u"number"_s, u"0"_s},
+                       {u"dxf"_s, u"Writes the parts in true measure for other drawing programs."_s, u"file"_s},
+                       {u"list"_s, u"Prints what could not be drawn."_s}});
+    AddPictureOptions(parser);
+}
+
+void PrintOmissions(const BridgeDrawing& drawing)
+{
+    std::string text;
+    for (const Omission& omission : drawing.omissions)
+        text += std::to_string(omission.place.block) + " " + std::to_string(omission.place.row) + " "
+                + std::to_string(omission.place.column) + " " + FromCp932(omission.reason) + "\n";
+    PrintText(stdout, text);
+}
+
+/// The look of the call; nothing if a number is none, which is told.
+std::optional<SheetLook> LookOf(const QCommandLineParser& parser)
+{
+    bool sound = true;
+    const auto number = [&](const QString& option, double least, double most) {
+        bool isNumber = false;
+        const double value = parser.value(option).toDouble(&isNumber);
+        if (!isNumber || !(value >= least && value <= most)) {
+            FailCall(u"--%1 takes a number from %2 to %3"_s.arg(option).arg(least).arg(most));
+            sound = false;
+            return least;
+        }
+        return value;
+    };
+    constexpr double mostScale = 100'000;
+    constexpr double mostBlock = 999;
+    constexpr double mostRow = 1'000'000;
+    SheetLook look;
+    look.scale = number(u"scale"_s, 0, mostScale);
+    look.exaggeration = static_cast<int>(number(u"exaggerate"_s, 1, 5));
+    look.selected.block = static_cast<int>(number(u"block"_s, 0, mostBlock));
+    look.selected.row = static_cast<int>(number(u"row"_s, 0, mostRow));
+    return sound ? std::optional(look) : std::nullopt;
+}
+
+int Run(const DrawingCommand& command, const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    AddOptions(parser, command);
+    parser.process(arguments);
+    const QStringList words = parser.positionalArguments();
+    if (words.size() != 1)
+        return FailCall(u"one project is needed"_s);
+    CKELDSectionDoc doc;
+    if (!doc.OpenDocument(words.front()).Ok())
+        return FailCall(u"cannot read "_s + words.front());
+    const struct {
+        QString option;
+        const std::vector<std::string>& names;
+    } choices[] = {{u"girder"_s, doc.Data().gridNames.girderNames}, {u"station"_s, doc.Data().gridNames.swayNames}};
+    for (const auto& choice : choices)
+        if (!Named(parser, choice.option, choice.names)) {
+            QStringList names;
+            for (const std::string& name : choice.names)
+                names << toQString(name);
+            return FailCall(u"no such %1; there are "_s.arg(choice.option) + names.join(u", "_s));
+        }
+    const std::optional<SheetLook> look = LookOf(parser);
+    if (!look)
+        return kBadPictureCall;
+    const BridgeDrawing drawing = command.make(parser, doc);
+    if (parser.isSet(u"list"_s))
+        PrintOmissions(drawing);
+    if (const QString path = parser.value(u"dxf"_s); !path.isEmpty()) {
+        const std::string bytes = DxfOf(drawing, look->scale > 0 ? look->scale : UsualScale(drawing));
+        QSaveFile file(path);
+        if (!file.open(QIODevice::WriteOnly)
+            || file.write(bytes.data(), static_cast<qint64>(bytes.size())) != static_cast<qint64>(bytes.size())
+            || !file.commit())
+            return FailCall(u"cannot write "_s + path);
+    }
+    if (AsksForPicture(parser)) {
+        QFont font = FigureFont(doc.display);
+        font.setPixelSize(kTextUnits);
+        CDrawRecorder recorder(MetricsOf(font));
+        const SheetExtent extent = DrawBridgeSheet(recorder, drawing, *look);
+        const double scale = kScreenDpi / kUnitsPerInch;
+        const QSize size(qCeil(extent.width * scale) + 1, qCeil(extent.height * scale) + 1);
+        const int code = WritePictures(parser, size, [&](QPainter& painter) {
+            painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
+            painter.setBackground(Qt::white);
+            painter.scale(scale, scale);
+            CPainterContext context(painter, font);
+            DrawBridgeSheet(context, drawing, *look);
+        });
+        if (code != 0)
+            return code;
+    } else if (!parser.isSet(u"list"_s) && !parser.isSet(u"dxf"_s)) {
+        return FailCall(u"one of --png, --pdf, --svg, --dxf and --list says what to make"_s);
+    }
+    return drawing.shapes.empty() ? kNothing : 0;
+}
+
+} // namespace
+
+std::optional<int> RunDrawingCommand(const QStringList& arguments)
+{
+    const QString name = arguments.value(1);
+    for (const DrawingCommand& command : kCommands)
+        if (name == QString::fromLatin1(command.name))
+            return Run(command, arguments.mid(0, 1) + arguments.mid(2));
+    return std::nullopt;
+}
+
+} // namespace sbd
