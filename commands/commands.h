@@ -78,6 +78,7 @@ enum class Command {
     RunAndPrint,
     ShowCrossResults,
     ShowSupportResults,
+    KeptInputs,
 
     // Display settings
     English,

@@ -90,6 +90,7 @@ bool CKELDSectionDoc::HasNewerResults() const
 FileResult CKELDSectionDoc::Load(const QString& file, const QString& project)
 {
     std::string bytes;
+    const FileLook look = LookAt(file);
     FileResult result = ReadFileBytes(ToPath(file), bytes);
     if (!result.Ok())
         return result;
@@ -109,6 +110,10 @@ FileResult CKELDSectionDoc::Load(const QString& file, const QString& project)
     results_ = std::move(results);
     resultsAsRead_ = std::move(resultsAsRead);
     path_ = project.isEmpty() ? QString() : QFileInfo(project).absoluteFilePath();
+    if (file == project)
+        stamp_ = StampOfProject(path_, look, bytes);
+    else
+        StampProject(path_);
     memory_.clear();
     history_.Clear();
     SetHelpCell(-1, 0, 0);
@@ -117,6 +122,15 @@ FileResult CKELDSectionDoc::Load(const QString& file, const QString& project)
     emit reloaded();
     emit historyChanged();
     return result;
+}
+
+/// The user has been told what stands in the file of a copy: from here on it must not change.
+void CKELDSectionDoc::StampProject(const QString& project)
+{
+    std::string bytes;
+    const FileLook look = LookAt(project);
+    stamp_ = !project.isEmpty() && ReadFileBytes(ToPath(project), bytes).Ok() ? StampOfProject(project, look, bytes)
+                                                                              : ProjectStamp();
 }
 
 FileResult CKELDSectionDoc::OpenDocument(const QString& path)
@@ -150,6 +164,9 @@ FileResult CKELDSectionDoc::SaveDocument(const QString& path, bool* controlBlock
         *controlBlockHeldBack = report.controlBlockHeldBack;
     SetModifiedFlag(false);
     SetPathName(path);
+    stamp_ = StampOfProject(path_, LookAt(path_), bytes);
+    if (stamp_.look.size != bytes.size())
+        stamp_.look = {}; // somebody was faster: the content decides
     return result;
 }
 
@@ -264,14 +281,22 @@ void CKELDSectionDoc::ReadNames(const QString& namesFile)
     ReadGridNames(ToPath(namesFile), data_);
 }
 
-bool CKELDSectionDoc::Reload()
+CSbdData CKELDSectionDoc::AsRead(std::string_view bytes) const
 {
-    std::string bytes;
-    if (path_.isEmpty() || !ReadFileBytes(ToPath(path_), bytes).Ok())
-        return false;
     CSbdData read = data_;
     ReadProject(bytes, read);
     read.Shrink();
+    return read;
+}
+
+bool CKELDSectionDoc::Reload()
+{
+    std::string bytes;
+    const FileLook look = LookAt(path_);
+    if (path_.isEmpty() || !ReadFileBytes(ToPath(path_), bytes).Ok())
+        return false;
+    stamp_ = StampOfProject(path_, look, bytes);
+    CSbdData read = AsRead(bytes);
     CProjectWriter writer(data_);
     writer.Replace(read);
     data_.gridNames = std::move(read.gridNames);
@@ -279,6 +304,20 @@ bool CKELDSectionDoc::Reload()
     emit reloaded();
     emit historyChanged();
     return true;
+}
+
+void CKELDSectionDoc::ReplaceProject(const CSbdData& other, const std::string& name)
+{
+    CProjectWriter writer(data_);
+    writer.Replace(other);
+    if (writer.Changes().empty())
+        return;
+    AddStep({{0, 0, 0}, name, writer.TakeChanges(), {}, {}}, true);
+    RefreshSwayNames(data_);
+    modified_ = true;
+    emit reloaded();
+    emit modifiedChanged(true); // also where it was before: the panels have just been set up
+    emit historyChanged();
 }
 
 void CKELDSectionDoc::SetHelpCell(int block, int row, int column)

@@ -3,6 +3,8 @@
 #include "document/file_messages.h"
 #include "document/section_doc.h"
 
+#include <QFileInfo>
+
 namespace sbd {
 
 CDocumentSteps::CDocumentSteps(CKELDSectionDoc& doc, CProjectLock& lock, DocumentHooks hooks)
@@ -14,6 +16,9 @@ CDocumentSteps::CDocumentSteps(CKELDSectionDoc& doc, CProjectLock& lock, Documen
 
 bool CDocumentSteps::SaveDocument(const QString& project)
 {
+    // The file that a new project takes the place of.
+    if (hooks_.keepReplaced && QFileInfo::exists(project) && !hooks_.keepReplaced(project))
+        return false;
     const FileResult result = OnSaveDocument(doc_, lock_, project);
     if (!result.Ok())
         hooks_.warn(FileMessage(FileOperation::Save, project, result));

@@ -21,6 +21,8 @@ struct DocumentHooks {
     BoxWebPrompts boxWebs;
     YesNoQuestion askAboutHeldFile;
     std::function<void(const QString& text)> warn;
+    /// Keeps a project that is begun anew; false: the user would rather leave it alone.
+    std::function<bool(const QString& project)> keepReplaced;
 };
 
 /// NewDocumentSteps over a document and its lock.

@@ -173,11 +173,25 @@ private:
         for (; from < fromEnd && to < toEnd; ++from, ++to)
             CompareRow(from, to);
         for (; from < fromEnd; ++from)
-            found_.push_back(
-                {DifferenceKind::RowRemoved, block_, GridRow(from), 0, {}, Joined(before_[from]), {}, before_[from]});
+            found_.push_back({DifferenceKind::RowRemoved,
+                              block_,
+                              GridRow(from),
+                              0,
+                              {},
+                              Joined(before_[from]),
+                              {},
+                              before_[from],
+                              GridRow(to)});
         for (; to < toEnd; ++to)
-            found_.push_back(
-                {DifferenceKind::RowAdded, block_, GridRow(to), 0, {}, {}, Joined(after_[to]), after_[to]});
+            found_.push_back({DifferenceKind::RowAdded,
+                              block_,
+                              GridRow(to),
+                              0,
+                              {},
+                              {},
+                              Joined(after_[to]),
+                              after_[to],
+                              GridRow(from)});
     }
 
     void CompareRow(std::size_t from, std::size_t to)
@@ -187,16 +201,30 @@ private:
         if (a != b && SameTexts(a, b)) {
             const auto changed = std::ranges::mismatch(a, b).in1;
             const std::size_t column = static_cast<std::size_t>(changed - a.begin());
-            found_.push_back({DifferenceKind::RowMoved, block_, GridRow(to), static_cast<int>(column) + 1,
-                              ColumnName(block_, column), Joined(a), Joined(b)});
+            found_.push_back({DifferenceKind::RowMoved,
+                              block_,
+                              GridRow(to),
+                              static_cast<int>(column) + 1,
+                              ColumnName(block_, column),
+                              Joined(a),
+                              Joined(b),
+                              {},
+                              GridRow(from)});
             return;
         }
         for (std::size_t column = 0; column < std::max(a.size(), b.size()); ++column) {
             const std::string before = column < a.size() ? a[column] : std::string();
             const std::string after = column < b.size() ? b[column] : std::string();
             if (before != after)
-                found_.push_back({DifferenceKind::Value, block_, GridRow(to), static_cast<int>(column) + 1,
-                                  ColumnName(block_, column), before, after});
+                found_.push_back({DifferenceKind::Value,
+                                  block_,
+                                  GridRow(to),
+                                  static_cast<int>(column) + 1,
+                                  ColumnName(block_, column),
+                                  before,
+                                  after,
+                                  {},
+                                  GridRow(from)});
         }
     }
 
