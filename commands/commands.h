@@ -95,6 +95,7 @@ enum class Command {
     RunAndPrint,
     ShowCrossResults,
     ShowSupportResults,
+    KeptInputs,
 
     // Display settings
     English,

@@ -106,6 +106,7 @@ inline constexpr CommandRow kRows[] = {
      "横桁・対傾構結果画面表示", "", FreeView},
     {Command::ShowSupportResults, 33029, "5.支点補剛材・ダイヤフラム結果表示; 選択出力　　(正しく表示には 1. 実行してから行ってください)", "",
      "支点補剛材・ダイヤフランム結果画面表示", "", FreeView},
+    {Command::KeptInputs, 0, "解析前の入力(&K)...", "", "解析などの前に保管した入力の一覧、違い、取り戻し", ""},
 
     // Display settings
     {Command::English, 32764, "英語", "", "", "", Project, Radio},

@@ -27,7 +27,8 @@ constexpr MenuItem kTreeItems[] = {ShowAllItems, ShowItemsOfProject, ShowUnfilte
 constexpr MenuItem kCells[] = {RowsHigher, RowsLower, kSeparator, ColumnsWider, ColumnsNarrower, kSeparator, ResetCells,
                                kSeparator, ZoomCellsIn, ZoomCellsOut, ZoomCellsReset, kSeparator, WordLists};
 constexpr MenuItem kData[] = {MenuFill::DataEntries};
-constexpr MenuItem kRun[] = {RunAll, CheckData, RunAndPrint, ShowCrossResults, ShowSupportResults};
+constexpr MenuItem kRun[] = {RunAll, CheckData, RunAndPrint, ShowCrossResults, ShowSupportResults, kSeparator,
+                             KeptInputs};
 constexpr MenuItem kSettings[] = {English, Japanese, EnglishAndJapanese, kSeparator, SavePanes, kSeparator, BackColor,
                                   Decimals, Font, kSeparator, ResetDisplay};
 constexpr MenuItem kWindow[] = {NextPane, PreviousPane, kSeparator, NextWindow, PreviousWindow, CascadeWindows,

@@ -22,26 +22,44 @@ bool SameTexts(std::vector<std::string> a, std::vector<std::string> b)
     return a == b;
 }
 
-void CompareRow(int block, const Cells& a, const Cells& b, std::size_t to, std::vector<Difference>& found)
+void CompareRow(int block, const Cells& a, const Cells& b, const RowMatch& match, std::vector<Difference>& found)
 {
+    const int row = GridRow(block, match.after);
+    const int otherRow = GridRow(block, match.before);
     if (a != b && SameTexts(a, b)) {
         const auto changed = std::ranges::mismatch(a, b).in1;
         const std::size_t column = static_cast<std::size_t>(changed - a.begin());
-        found.push_back({DifferenceKind::RowMoved, block, GridRow(block, to), static_cast<int>(column) + 1,
-                         ColumnName(block, column), Joined(a), Joined(b)});
+        found.push_back({DifferenceKind::RowMoved,
+                         block,
+                         row,
+                         static_cast<int>(column) + 1,
+                         ColumnName(block, column),
+                         Joined(a),
+                         Joined(b),
+                         {},
+                         otherRow});
         return;
     }
     for (std::size_t column = 0; column < std::max(a.size(), b.size()); ++column) {
         const std::string before = column < a.size() ? a[column] : std::string();
         const std::string after = column < b.size() ? b[column] : std::string();
         if (before != after)
-            found.push_back({DifferenceKind::Value, block, GridRow(block, to), static_cast<int>(column) + 1,
-                             ColumnName(block, column), before, after});
+            found.push_back({DifferenceKind::Value,
+                             block,
+                             row,
+                             static_cast<int>(column) + 1,
+                             ColumnName(block, column),
+                             before,
+                             after,
+                             {},
+                             otherRow});
     }
 }
 
 void CompareRows(int block, const Rows& before, const Rows& after, std::vector<Difference>& found)
 {
+    std::size_t nextBefore = 0; // where a row that is not there would stand
+    std::size_t nextAfter = 0;
     for (const RowMatch& match : MatchRows(before, after)) {
         if (match.before == kNoRow)
             found.push_back({DifferenceKind::RowAdded,
@@ -51,7 +69,8 @@ void CompareRows(int block, const Rows& before, const Rows& after, std::vector<D
                              {},
                              {},
                              Joined(after[match.after]),
-                             after[match.after]});
+                             after[match.after],
+                             GridRow(block, nextBefore)});
         else if (match.after == kNoRow)
             found.push_back({DifferenceKind::RowRemoved,
                              block,
@@ -60,9 +79,14 @@ void CompareRows(int block, const Rows& before, const Rows& after, std::vector<D
                              {},
                              Joined(before[match.before]),
                              {},
-                             before[match.before]});
+                             before[match.before],
+                             GridRow(block, nextAfter)});
         else if (before[match.before] != after[match.after])
-            CompareRow(block, before[match.before], after[match.after], match.after, found);
+            CompareRow(block, before[match.before], after[match.after], match, found);
+        if (match.before != kNoRow)
+            nextBefore = match.before + 1;
+        if (match.after != kNoRow)
+            nextAfter = match.after + 1;
     }
 }
 

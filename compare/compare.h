@@ -26,6 +26,8 @@ struct Difference {
     std::string before;
     std::string after;
     std::vector<std::string> cells = {}; ///< of a row that was added or removed
+    /// The row on the other side, from 1: of a row that is not there, the one ahead of which it would stand.
+    int otherRow = 0;
 };
 
 /// From `before` to `after`. Rows are matched, so that one row put in is one difference and not a hundred.

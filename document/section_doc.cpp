@@ -99,6 +99,7 @@ bool CKELDSectionDoc::HasNewerResults() const
 FileResult CKELDSectionDoc::Load(const QString& file, const QString& project)
 {
     std::string bytes;
+    const FileLook look = LookAt(file);
     FileResult result = ReadFileBytes(ToPath(file), bytes);
     if (!result.Ok())
         return result;
@@ -118,6 +119,10 @@ FileResult CKELDSectionDoc::Load(const QString& file, const QString& project)
     results_ = std::move(results);
     resultsAsRead_ = std::move(resultsAsRead);
     path_ = project.isEmpty() ? QString() : QFileInfo(project).absoluteFilePath();
+    if (file == project)
+        stamp_ = StampOfProject(path_, look, bytes);
+    else
+        StampProject(path_);
     memory_.clear();
     history_.Clear();
     SetHelpCell(-1, 0, 0);
@@ -126,6 +131,15 @@ FileResult CKELDSectionDoc::Load(const QString& file, const QString& project)
     emit reloaded();
     emit historyChanged();
     return result;
+}
+
+/// The user has been told what stands in the file of a copy: from here on it must not change.
+void CKELDSectionDoc::StampProject(const QString& project)
+{
+    std::string bytes;
+    const FileLook look = LookAt(project);
+    stamp_ = !project.isEmpty() && ReadFileBytes(ToPath(project), bytes).Ok() ? StampOfProject(project, look, bytes)
+                                                                              : ProjectStamp();
 }
 
 FileResult CKELDSectionDoc::OpenDocument(const QString& path)
@@ -160,6 +174,9 @@ FileResult CKELDSectionDoc::SaveDocument(const QString& path, bool* controlBlock
     asRead_ = {};
     SetModifiedFlag(false);
     SetPathName(path);
+    stamp_ = StampOfProject(path_, LookAt(path_), bytes);
+    if (stamp_.look.size != bytes.size())
+        stamp_.look = {}; // somebody was faster: the content decides
     return result;
 }
 
@@ -277,11 +294,20 @@ void CKELDSectionDoc::ReadNames(const QString& namesFile)
     ReadGridNames(ToPath(namesFile), data_);
 }
 
+CSbdData CKELDSectionDoc::DataOf(std::string_view bytes) const
+{
+    CSbdData read = data_;
+    ReadWhole(bytes, read);
+    return read;
+}
+
 bool CKELDSectionDoc::Reload()
 {
     std::string bytes;
+    const FileLook look = LookAt(path_);
     if (path_.isEmpty() || !ReadFileBytes(ToPath(path_), bytes).Ok())
         return false;
+    stamp_ = StampOfProject(path_, look, bytes);
     CSbdData read = data_;
     asRead_ = ReadWhole(bytes, read);
     CProjectWriter writer(data_);
@@ -291,6 +317,20 @@ bool CKELDSectionDoc::Reload()
     emit reloaded();
     emit historyChanged();
     return true;
+}
+
+void CKELDSectionDoc::ReplaceProject(const CSbdData& other, const std::string& name)
+{
+    CProjectWriter writer(data_);
+    writer.Replace(other);
+    if (writer.Changes().empty())
+        return;
+    AddStep({{0, 0, 0}, name, writer.TakeChanges(), {}, {}}, true);
+    RefreshSwayNames(data_);
+    modified_ = true;
+    emit reloaded();
+    emit modifiedChanged(true); // also where it was before: the panels have just been set up
+    emit historyChanged();
 }
 
 void CKELDSectionDoc::SetHelpCell(int block, int row, int column)

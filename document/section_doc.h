@@ -3,6 +3,7 @@
 
 #include "check/file_findings.h"
 #include "document/display_settings.h"
+#include "document/project_stamp.h"
 #include "project/edit_history.h"
 #include "results/result_stamp.h"
 #include "sbdfile/project_file.h"
@@ -100,6 +101,16 @@ public:
     /// Reads the project's file again; what is typed and not saved goes. False if it cannot be read.
     [[nodiscard]] bool Reload();
 
+    /// Makes the project `other`, as far as a file stores it, as one step `name` (CP932) that can be taken back.
+    void ReplaceProject(const CSbdData& other, const std::string& name);
+
+    /// What a Reload() would make of the project if its file held `bytes`.
+    [[nodiscard]] CSbdData DataOf(std::string_view bytes) const;
+
+    /// True if the project's file is another one than was read or written last: somebody else has changed or replaced
+    /// it, or this document stands for a file that it has never read. Without a file there is nothing to be wiped out.
+    [[nodiscard]] bool FileIsAnother() const { return !path_.isEmpty() && IsAnotherFile(stamp_, path_); }
+
     /// The step that is taken back, or made again, next; null if there is none.
     [[nodiscard]] const EditStep* NextUndo() const { return history_.NextUndo(); }
     [[nodiscard]] const EditStep* NextRedo() const { return history_.NextRedo(); }
@@ -132,6 +143,8 @@ public:
     bool showHelpPage = true;
     /// A double click in the tree asked for the run of a report page; its repaint starts it.
     bool runOnShow = false;
+    /// How the last run has ended, a line for the report pages; empty: there was none.
+    QString lastRun;
 
 signals:
     void changed(const sbd::BlockChange& change);
@@ -151,6 +164,7 @@ signals:
 
 private:
     [[nodiscard]] FileResult Load(const QString& file, const QString& project);
+    void StampProject(const QString& project);
     void WriteOwn(int block, const char* name, const ProjectWrite& write);
     void Step(const EditStep& step, const EditPlace& where, const LooseRows& loose);
     void ShowModified(bool modified);
@@ -164,6 +178,7 @@ private:
     AnalysisResults results_;
     ResultStamp resultsAsRead_;
     QString path_;
+    ProjectStamp stamp_; // of the project's file as this document knows it
     bool modified_ = false;
     int currentBlock_ = 300;
     int helpBlock_ = -1;

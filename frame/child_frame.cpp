@@ -11,10 +11,13 @@
 #include "frame/program_icon.h"
 #include "frame/project_findings.h"
 #include "frame/settings.h"
+#include "grid/cell_editor.h"
 #include "grid/grid_ctrl.h"
+#include "panelmodel/panel_model.h"
 #include "panels/panel.h"
 #include "panels/search_panel.h"
 #include "project/catalogue.h"
+#include "project/sbd_data.h"
 #include "sbdfile/writer.h"
 #include "upperview/chk_view.h"
 #include "upperview/figure_pane.h"
@@ -62,6 +65,7 @@ CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, std::unique_ptr<C
             ShowOwnPage();
     });
     connect(doc_.get(), &CKELDSectionDoc::changed, this, [this] { recoveryLacksChanges_ = true; });
+    connect(doc_.get(), &CKELDSectionDoc::reloaded, this, [this] { recoveryLacksChanges_ = true; });
     connect(doc_.get(), &CKELDSectionDoc::historyChanged, this, &CChildFrame::undoChanged);
     connect(doc_.get(), &CKELDSectionDoc::pathChanged, this, [this] { SetTitle(doc_->Title()); });
     connect(tree_, &CLeftView::blockChosen, this, &CChildFrame::SwitchToBlock);
@@ -164,6 +168,7 @@ void CChildFrame::ShowPanel(int block)
 {
     const bool panelHadFocus = panelPane_->isAncestorOf(QApplication::focusWidget());
     RemovePanel();
+    KeepRecoveryCopy(); // what the panel has handed over
     doc_->SetCurrentBlock(block);
     doc_->SetHelpCell(-1, 0, 0); // panels without a cell of their own leave it so
     panel_ = CreatePanel(doc_.get(), block, panelPane_);
@@ -326,8 +331,10 @@ void CChildFrame::OnModified(bool modified)
     setWindowModified(modified);
     emit titleShown();
     recoveryLacksChanges_ = modified;
-    if (!modified && !leaveRecoveryCopy_)
+    if (!modified && !leaveRecoveryCopy_) {
         recovery_->Discard();
+        typedInCopy_.clear();
+    }
 }
 
 bool CChildFrame::TakeOpenEditor()
@@ -345,13 +352,54 @@ void CChildFrame::DropRecoveryCopy()
 {
     recovery_->Discard();
     recoveryLacksChanges_ = doc_->IsModified();
+    typedInCopy_.clear();
 }
 
 bool CChildFrame::KeepRecoveryCopy()
 {
-    if (doc_->IsModified() && recoveryLacksChanges_)
-        recoveryLacksChanges_ = !recovery_->Write(doc_->PathName(), WriteProject(doc_->Data()));
+    const std::optional<CSbdData> typed = WithOpenText();
+    if (!doc_->IsModified() && !typed) {
+        if (!typedInCopy_.isEmpty())
+            DropRecoveryCopy(); // the editor has been given up
+        return !recoveryLacksChanges_;
+    }
+    const QString text = typed ? OpenText() : QString();
+    if (!recoveryLacksChanges_ && text == typedInCopy_)
+        return true;
+    recoveryLacksChanges_ = !recovery_->Write(doc_->PathName(), WriteProject(typed ? *typed : doc_->Data()));
+    typedInCopy_ = recoveryLacksChanges_ ? QString() : text;
     return !recoveryLacksChanges_;
+}
+
+/// Place and text of an open editor; empty: there is none. What an input method is composing is not in it.
+QString CChildFrame::OpenText() const
+{
+    if (panel_ == nullptr || panel_->Model() == nullptr || !panel_->Grid()->IsEditing())
+        return {};
+    const QWidget* editor = panel_->Grid()->indexWidget(panel_->Grid()->currentIndex());
+    const GridCell cell = panel_->Grid()->FocusCell();
+    return editor == nullptr ? QString() : u"%1 %2 "_s.arg(cell.row).arg(cell.column) + EditorText(editor);
+}
+
+/// The project as it would be if the text of the open editor were taken; nothing if that changes nothing.
+std::optional<CSbdData> CChildFrame::WithOpenText() const
+{
+    const QString open = OpenText();
+    if (open.isEmpty())
+        return std::nullopt;
+    const GridCell cell = panel_->Grid()->FocusCell();
+    const std::optional<std::string> text = fromQString(open.section(u' ', 2));
+    if (!text || *text == panel_->Model()->Text(cell.row, cell.column))
+        return std::nullopt;
+    CSbdData typed = doc_->Data();
+    const std::unique_ptr<CPanelModel> model = MakePanelModel(typed, panel_->Block());
+    if (model == nullptr)
+        return std::nullopt;
+    model->PutLoose(panel_->Model()->Loose());
+    if (model->SetCell(cell.row, cell.column, *text) == CellEffect::None)
+        return std::nullopt;
+    (void)sbd::CommitPanel(*model, typed);
+    return typed;
 }
 
 void CChildFrame::OnTreePressed(int block)

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QSplitter;
 
@@ -18,6 +19,7 @@ class CNoticeBar;
 class CPanel;
 class CProjectFindings;
 class CRecoveryCopy;
+class CSbdData;
 class CUpView;
 struct PaneSizes;
 struct TreeView;
@@ -91,7 +93,8 @@ public:
     [[nodiscard]] QString NameWithoutPath() const;
 
     /// Keeps a recovery copy of the project as it stands in memory, if it has unsaved changes that the last one lacks.
-    /// An open editor is left alone. False if changes are without a copy.
+    /// What stands in an open editor is in it, as far as its cell takes it; the editor and a composition in it are left
+    /// alone. False if changes are without a copy.
     bool KeepRecoveryCopy();
 
     /// Takes what stands in an open editor without a box. False if its cell refused the text.
@@ -133,6 +136,8 @@ private:
     void OnModified(bool modified);
     void ShowOwnPage();
     [[nodiscard]] QList<QWidget*> Places() const;
+    [[nodiscard]] QString OpenText() const;
+    [[nodiscard]] std::optional<CSbdData> WithOpenText() const;
     void OnTreePressed(int block);
     void OnTreeActivated(int block);
 
@@ -140,6 +145,7 @@ private:
     std::unique_ptr<CProjectLock> lock_;
     std::unique_ptr<CRecoveryCopy> recovery_;
     bool recoveryLacksChanges_ = true;
+    QString typedInCopy_; // place and text of the open editor that the copy has; empty: none
     bool leaveRecoveryCopy_ = false;
     QString title_;
     QString foreignFile_;

@@ -3,6 +3,8 @@
 #include "document/file_messages.h"
 #include "document/section_doc.h"
 
+#include <QFileInfo>
+
 namespace sbd {
 
 CDocumentSteps::CDocumentSteps(CKELDSectionDoc& doc, CProjectLock& lock, DocumentHooks hooks)
@@ -16,6 +18,9 @@ bool CDocumentSteps::SaveDocument(const QString& project)
 {
     if (const QString question = ForeignFileQuestion(project);
         !question.isEmpty() && hooks_.askAboutForeignFile && !hooks_.askAboutForeignFile(question))
+        return false;
+    // The file that a new project takes the place of.
+    if (hooks_.keepReplaced && QFileInfo::exists(project) && !hooks_.keepReplaced(project))
         return false;
     const FileResult result = OnSaveDocument(doc_, lock_, project);
     if (!result.Ok())

@@ -22,6 +22,8 @@ struct DocumentHooks {
     YesNoQuestion askAboutHeldFile;
     std::function<void(const QString& text)> warn;
     YesNoQuestion askAboutForeignFile = {}; ///< a save would put a project in its place; empty: it does
+    /// Keeps a project that is begun anew; false: the user would rather leave it alone.
+    std::function<bool(const QString& project)> keepReplaced = {};
 };
 
 /// NewDocumentSteps over a document and its lock.

@@ -1,17 +1,25 @@
 #include "frame/engine_process.h"
 
+#include "commands/commands.h"
+
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QProcess>
-#include <QProgressBar>
+#include <QPushButton>
+#include <QTime>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
+#else
+#include <csignal>
+#include <unistd.h>
 #endif
 
 namespace sbd {
@@ -20,7 +28,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kWidth = 480; // px
+constexpr int kWidth = 560; // px
+constexpr int kMostLines = 1000;
+constexpr int kTick = 500; // ms
+#ifndef Q_OS_WIN
+constexpr int kPatience = 3000; // ms that an engine has to end by itself
+#endif
+
+/// A run as it is called in the menu.
+QString RunName(EngineRun run)
+{
+    const std::string_view text = RowOf(InfoOf(run).command).text;
+    return QString::fromUtf8(text.data(), qsizetype(text.size())).section(u'　', 0, 0).trimmed();
+}
 
 void Prepare(QProcess& process, const EngineStart& start)
 {
@@ -36,6 +56,8 @@ void Prepare(QProcess& process, const EngineStart& start)
         });
 #else
     process.setArguments(SplitWindowsArguments(EngineArguments(start.run, start.project)));
+    // A group of its own: with it ends what it has started, and with us it does not.
+    process.setChildProcessModifier([] { ::setpgid(0, 0); });
 #endif
     // Nobody reads what an engine prints: a pipe would keep it all, or break under the engine if we end first.
     process.setStandardInputFile(QProcess::nullDevice());
@@ -66,6 +88,71 @@ void Start(QProcess& process)
     process.start();
 }
 
+/// An engine and what it has started.
+class CEngineFamily {
+public:
+    explicit CEngineFamily(const QProcess& engine);
+    ~CEngineFamily();
+    CEngineFamily(const CEngineFamily&) = delete;
+    CEngineFamily& operator=(const CEngineFamily&) = delete;
+
+    /// Ends them all.
+    void End();
+
+private:
+#ifdef Q_OS_WIN
+    HANDLE job_ = nullptr;
+#else
+    pid_t group_ = 0;
+    QTimer patience_;
+#endif
+};
+
+#ifdef Q_OS_WIN
+
+CEngineFamily::CEngineFamily(const QProcess& engine) : job_(CreateJobObjectW(nullptr, nullptr))
+{
+    const HANDLE process =
+        OpenProcess(PROCESS_SET_QUOTA | PROCESS_TERMINATE, FALSE, static_cast<DWORD>(engine.processId()));
+    if (process == nullptr)
+        return;
+    AssignProcessToJobObject(job_, process);
+    CloseHandle(process);
+}
+
+CEngineFamily::~CEngineFamily()
+{
+    if (job_ != nullptr)
+        CloseHandle(job_); // ends nobody
+}
+
+void CEngineFamily::End()
+{
+    TerminateJobObject(job_, 1);
+}
+
+#else
+
+CEngineFamily::CEngineFamily(const QProcess& engine) : group_(static_cast<pid_t>(engine.processId()))
+{
+    patience_.setSingleShot(true);
+    QObject::connect(&patience_, &QTimer::timeout, &patience_, [this] { ::kill(-group_, SIGKILL); });
+}
+
+CEngineFamily::~CEngineFamily()
+{
+    if (patience_.isActive())
+        ::kill(-group_, SIGKILL); // the engine has ended, its children may not have
+}
+
+void CEngineFamily::End()
+{
+    ::kill(-group_, SIGTERM);
+    patience_.start(kPatience);
+}
+
+#endif
+
 } // namespace
 
 QString EngineCommandText(const EngineStart& start)
@@ -74,18 +161,26 @@ QString EngineCommandText(const EngineStart& start)
     return EngineCommandLine(start.run, engine, start.project);
 }
 
-bool RunEngineProcess(QWidget* parent, const EngineStart& start)
+EngineEnd RunEngineProcess(QWidget* parent, const EngineStart& start)
 {
     QProcess process;
     Prepare(process, start);
+    CReportTail report(start.report); // as it stands before the run
     QEventLoop loop;
     QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
     Start(process);
+    EngineEnd end;
     if (!process.waitForStarted(-1))
-        return false;
+        return end;
+    end.started = true;
+    CEngineFamily family(process);
 
     // The parent may go while the engine runs, and takes the window with it.
-    const QPointer<CEngineWindow> window = new CEngineWindow(QFileInfo(start.engine).fileName(), parent);
+    const QPointer<CEngineWindow> window = new CEngineWindow(start, std::move(report), parent);
+    QObject::connect(window, &CEngineWindow::cancelled, &loop, [&] {
+        end.cancelled = true;
+        family.End();
+    });
     window->show();
     if (process.state() != QProcess::NotRunning)
         loop.exec();
@@ -93,36 +188,52 @@ bool RunEngineProcess(QWidget* parent, const EngineStart& start)
     while (process.state() != QProcess::NotRunning)
         process.waitForFinished(-1);
     delete window;
-    return true;
+    end.fault = process.exitStatus() == QProcess::CrashExit;
+    end.code = process.exitCode();
+    return end;
 }
 
-CEngineWindow::CEngineWindow(const QString& engine, QWidget* parent)
+CEngineWindow::CEngineWindow(const EngineStart& start, CReportTail report, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint)
+    , tail_(std::move(report))
 {
     setObjectName(u"engineWindow"_s);
     setWindowTitle(u"KELD section"_s);
     setWindowModality(Qt::ApplicationModal);
     setMinimumWidth(kWidth);
 
-    auto* name = new QLabel(engine + u" を実行しています。"_s, this);
+    auto* run = new QLabel(RunName(start.run) + u"　開始 "_s + QTime::currentTime().toString(u"HH:mm:ss"_s), this);
+    auto* name = new QLabel(QFileInfo(start.engine).fileName() + u" を実行しています。"_s, this);
+    run->setTextFormat(Qt::PlainText);
     name->setTextFormat(Qt::PlainText);
-    auto* bar = new QProgressBar(this);
-    bar->setRange(0, 0); // how far the engine is, it does not say
-    bar->setTextVisible(false);
     time_ = new QLabel(this);
     time_->setObjectName(u"time"_s);
+    report_ = new QPlainTextEdit(this);
+    report_->setObjectName(u"report"_s);
+    report_->setReadOnly(true);
+    report_->setUndoRedoEnabled(false);
+    report_->setMaximumBlockCount(kMostLines);
+    report_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    report_->setPlaceholderText(u"報告 (.CHK) はまだ書かれていません。"_s);
+    report_->setAccessibleName(u"書かれている途中の報告"_s);
     auto* hint = new QLabel(u"終了すると、プロジェクトを読み込み直します。それまで入力はできません。"_s, this);
     hint->setWordWrap(true);
+    cancel_ = new QPushButton(u"中止(&C)..."_s, this);
+    cancel_->setAutoDefault(false);
+    connect(cancel_, &QPushButton::clicked, this, &CEngineWindow::AskToCancel);
 
     auto* lines = new QVBoxLayout(this);
-    for (QWidget* line : std::initializer_list<QWidget*>{name, bar, time_, hint})
+    for (QWidget* line : std::initializer_list<QWidget*>{run, name, time_, report_, hint})
         lines->addWidget(line);
+    lines->addWidget(cancel_, 0, Qt::AlignRight);
+    report_->setFocus(); // no key of the user's, typed on, presses the button
 
     clock_.start();
     ShowTime();
     auto* tick = new QTimer(this);
     connect(tick, &QTimer::timeout, this, &CEngineWindow::ShowTime);
-    tick->start(200); // ms, so that no second is left out
+    connect(tick, &QTimer::timeout, this, &CEngineWindow::ShowReport);
+    tick->start(kTick);
 }
 
 QString CEngineWindow::TimeText(qint64 seconds)
@@ -132,7 +243,41 @@ QString CEngineWindow::TimeText(qint64 seconds)
 
 void CEngineWindow::ShowTime()
 {
-    time_->setText(u"経過時間 "_s + TimeText(clock_.elapsed() / 1000));
+    const QString text = u"経過時間 "_s + TimeText(clock_.elapsed() / 1000);
+    if (time_->text() != text) // a run of hours costs nothing but this
+        time_->setText(text);
+}
+
+void CEngineWindow::ShowReport()
+{
+    for (const QString& line : tail_.NewLines())
+        report_->appendPlainText(line);
+}
+
+/// The question goes with the window if the engine is faster than the answer.
+void CEngineWindow::AskToCancel()
+{
+    cancel_->setEnabled(false);
+    auto* box = new QMessageBox(
+        QMessageBox::Question, u"KELD section"_s,
+        u"実行を中止しますか。\n\n解析プログラムを途中で終了させます。プロジェクトファイルは書きかけのまま"
+        u"残ることがあります。解析前の内容は「解析前の入力」に保管してあります。"_s,
+        QMessageBox::NoButton, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
+    QPushButton* stop = box->addButton(u"中止する(&S)"_s, QMessageBox::DestructiveRole);
+    QPushButton* goOn = box->addButton(u"続ける(&G)"_s, QMessageBox::RejectRole);
+    box->setDefaultButton(goOn);
+    box->setEscapeButton(goOn);
+    connect(box, &QDialog::finished, this, [this, box, stop] {
+        if (box->clickedButton() != stop) {
+            cancel_->setEnabled(true);
+            return;
+        }
+        cancel_->setText(u"中止しています..."_s);
+        emit cancelled();
+    });
+    box->open();
 }
 
 void CEngineWindow::closeEvent(QCloseEvent* event)

@@ -2,16 +2,22 @@
 
 #include "document/broken_file.h"
 #include "document/engine_path.h"
+#include "document/kept_inputs.h"
 #include "document/path.h"
 #include "document/project_lock.h"
+#include "document/project_stamp.h"
 #include "document/save_flow.h"
 #include "document/section_doc.h"
+#include "frame/report_tail.h"
+#include "project/sbd_data.h"
 #include "sbdfile/writer.h"
+#include "upperview/chk_page.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -29,12 +35,12 @@ const auto kChangesAreSaved = u"データに修正があり，解析方法を選
                               u"\t はい：　　　　データを保存し，解析を行います．\n"
                               u"\t キャンセル：　解析を行いません．"_s;
 
-/// Where the copy stands, as a paragraph of its own.
+/// Where the project of before stands, as a paragraph of its own.
 QString CopyParagraph(const QString& copy)
 {
     return copy.isEmpty()
-               ? u"\n\n回復用コピーは作成できていません。"_s
-               : u"\n\n解析前の内容は、次の回復用コピーに残っています。\n"_s + QDir::toNativeSeparators(copy);
+               ? u"\n\n解析前の入力は保管できていません。"_s
+               : u"\n\n解析前の内容は、次のファイルに保管してあります。\n"_s + QDir::toNativeSeparators(copy);
 }
 
 /// The sections whose rows have gone, as many as a box has room for.
@@ -60,8 +66,9 @@ QString BrokenFileMessage(const QString& project, const QString& copy, const std
         text += u"\n\n画面には、このファイルから読み取れた内容だけが表示されています。"_s;
     text += CopyParagraph(copy);
     return text
-           + (copy.isEmpty() ? u"\n\n保存する前に、内容を確かめてください。"_s
-                             : u"\n\nこのプロジェクトを保存する前に、回復用コピーを開いて内容を確かめてください。"_s);
+           + (copy.isEmpty()
+                  ? u"\n\n保存する前に、内容を確かめてください。"_s
+                  : u"\n\nこのプロジェクトを保存する前に、「解析前の入力」と比べて内容を確かめてください。"_s);
 }
 
 QString MissingFileMessage(const QString& project, const QString& copy)
@@ -71,24 +78,57 @@ QString MissingFileMessage(const QString& project, const QString& copy)
            + u"\n\n「上書き保存」でファイルを作り直してください。"_s;
 }
 
-QString NoCopyMessage(const QString& project, const QString& folder)
+QString NoCopyQuestion(const QString& project, const QString& folder, bool unsaved)
 {
-    return u"データのチェックを始めませんでした。\n"_s + QDir::toNativeSeparators(project)
-           + u"\n\n保存していない変更があり、その回復用コピーを次のフォルダーに作成できません。\n"_s
-           + QDir::toNativeSeparators(folder)
-           + u"\n\nチェックが終わるとプロジェクトを読み込み直すため、コピーがないと変更が失われます。"_s
-           + u"入力内容は画面に残っています。\n\n「上書き保存」で保存してから、もう一度実行してください。"_s;
+    QString text = u"解析前の入力を次のフォルダーに保管できません。\n"_s + QDir::toNativeSeparators(folder)
+                   + u"\n\n解析プログラムは次のプロジェクトファイルを書き換えることがあります。保管がないと、"_s
+                   + u"解析前の内容に戻せません。\n"_s + QDir::toNativeSeparators(project);
+    if (unsaved)
+        text += u"\n\n保存していない変更があります。チェックの後の読み直しで画面から消え、"
+                u"このウィンドウの「元に戻す」でしか戻せません。"_s;
+    return text
+           + u"\n\nディスクの空きを確かめるか、「上書き保存」と「名前を付けて保存」で控えを作ることをお勧めします。"_s
+           + u"\n\nこのまま実行しますか。"_s;
 }
 
-QString NotReadNotice(const QString& copy)
+KeptKind KeptKindOf(EngineRun run)
 {
-    const auto text = u"プロジェクトファイルがまだ使用中のため、解析後の内容を読み込んでいません。"_s;
-    return copy.isEmpty() ? text : text + u"解析前の内容の回復用コピー: "_s + QDir::toNativeSeparators(copy);
+    switch (run) {
+    case EngineRun::Check:
+        return KeptKind::Check;
+    case EngineRun::Main:
+        return KeptKind::Main;
+    case EngineRun::Result:
+        return KeptKind::Result;
+    case EngineRun::Cross:
+        return KeptKind::Cross;
+    case EngineRun::Support:
+        return KeptKind::Support;
+    }
+    return KeptKind::Other;
 }
 
-QString LostChangesNotice(const QString& copy)
+/// "解析実行 2026/11/22 10:15: 終了 (報告あり)..."
+QString LastRunText(EngineRun run, const RunEnd& end)
 {
-    return u"保存していなかった変更は回復用コピーに残っています: "_s + QDir::toNativeSeparators(copy);
+    return KeptKindText(KeptKindOf(run)) + u' ' + QDateTime::currentDateTime().toString(u"yyyy/MM/dd HH:mm:ss"_s)
+           + u": "_s + RunEndText(end);
+}
+
+/// How a run has ended. Only a report that has come or changed with it is its own.
+RunEnd RunEndOf(const EngineEnd& ended, const FileLook& reportBefore, const QString& reportPath)
+{
+    if (ended.cancelled)
+        return {RunEndKind::Cancelled};
+    if (ended.fault)
+        return {RunEndKind::Fault, ended.code};
+    if (ended.code != 0)
+        return {RunEndKind::ExitCode, ended.code};
+    const FileLook report = LookAt(reportPath);
+    if (!report.isThere || report == reportBefore)
+        return {RunEndKind::NoReport};
+    const ReportCount count = CountReport(ReadChkText(reportPath).lines);
+    return {RunEndKind::Report, 0, count.errors, count.warnings};
 }
 
 bool CanBeReadAgain(const QString& path)
@@ -104,14 +144,18 @@ std::string BytesOf(const QString& path)
 
 } // namespace
 
-/// What is known of a project from before its run.
+/// What is known of a project from before its run, and how the run has ended.
 struct CEngineRunner::Record {
+    EngineRun run = EngineRun::Main;
     QString path;
-    std::string before;   ///< the file
-    bool unsaved = false; ///< the file lacks changes; the copy has them
-    CRecoveryCopy copy;
+    std::string before;                      ///< the file
+    QString kept;                            ///< the same, kept; empty: it could not be
+    QString keptUnsaved;                     ///< changes that the file lacks, kept
+    std::shared_ptr<const CSbdData> unsaved; ///< the same, as they stood in the window; null: there were none
+    FileLook report;                         ///< of the engine, ahead of the run
+    RunEnd end;
 
-    explicit Record(const QString& folder) : copy(folder) {}
+    [[nodiscard]] bool IsKept() const { return !kept.isEmpty() && (!unsaved || !keptUnsaved.isEmpty()); }
 };
 
 AfterRunResult AfterRun(const RunProject& project)
@@ -201,41 +245,59 @@ bool CEngineRunner::SaveChanges(const RunProject& project) const
     return project.doc && project.save() && project.doc;
 }
 
+bool CEngineRunner::MayRunWithoutCopy(const RunProject& project, const Record& record) const
+{
+    return record.IsKept()
+           || seams_.askYesNo(project.window,
+                              NoCopyQuestion(record.path, seams_.keptFolder(), record.unsaved != nullptr));
+}
+
 bool CEngineRunner::StartAndWait(EngineRun run, const QString& engine, const RunProject& project)
 {
-    const std::shared_ptr<Record> record = MakeRecord(project);
-    if (record->unsaved && record->copy.File().isEmpty()) {
-        Tell(project, NoCopyMessage(record->path, seams_.recoveryFolder()));
+    const std::shared_ptr<Record> record = MakeRecord(run, project);
+    if (!MayRunWithoutCopy(project, *record) || !project.doc) {
+        RemoveKeptInput(record->kept);
+        RemoveKeptInput(record->keptUnsaved);
         return false;
     }
-    const EngineStart start{run, engine, QDir::toNativeSeparators(record->path)};
+    project.keepRecoveryCopy();
+    const EngineStart start{run, engine, QDir::toNativeSeparators(record->path), ChkPath(record->path)};
     project.lock->Release(); // the engine needs the file for itself
     const QPointer<CEngineRunner> self = this;
-    const bool started = seams_.runEngine(project.window, start);
+    const EngineEnd ended = seams_.runEngine(project.window, start);
     if (!self)
-        return started;
-    if (!started) {
-        record->copy.Discard();
+        return ended.started;
+    if (!ended.started) {
+        RemoveKeptInput(record->kept);
+        RemoveKeptInput(record->keptUnsaved);
+        if (project.doc)
+            project.doc->lastRun = LastRunText(run, {RunEndKind::NotStarted});
         Tell(project, EngineMissingMessage(run));
         return false;
     }
+    record->end = RunEndOf(ended, record->report, ChkPath(record->path));
     // After the messages that wait already, and before of what the user does next.
     QMetaObject::invokeMethod(
         this, [this, project, record] { BringBack(project, record); }, Qt::QueuedConnection);
     return true;
 }
 
-std::shared_ptr<CEngineRunner::Record> CEngineRunner::MakeRecord(const RunProject& project) const
+std::shared_ptr<CEngineRunner::Record> CEngineRunner::MakeRecord(EngineRun run, const RunProject& project) const
 {
     CKELDSectionDoc& doc = *project.doc;
-    auto record = std::make_shared<Record>(seams_.recoveryFolder());
+    auto record = std::make_shared<Record>();
+    record->run = run;
     record->path = doc.PathName();
     record->before = BytesOf(record->path);
-    record->unsaved = doc.IsModified();
-    // Without changes the file says it best: a document may stand for a file that it has not read yet.
-    const bool fromMemory = record->unsaved || record->before.empty();
-    // Without a copy a saved project runs all the same: the file itself is as it always was.
-    (void)record->copy.Write(record->path, fromMemory ? WriteProject(doc.Data()) : record->before);
+    record->report = LookAt(ChkPath(record->path));
+    const QString folder = seams_.keptFolder();
+    // A document may stand for a file that it has not read yet: what is handed over is the file.
+    record->kept = KeepInput(record->path, record->before.empty() ? WriteProject(doc.Data()) : record->before,
+                             KeptKindOf(run), folder);
+    if (doc.IsModified()) {
+        record->unsaved = std::make_shared<const CSbdData>(doc.Data());
+        record->keptUnsaved = KeepInput(record->path, WriteProject(doc.Data()), KeptKind::Unsaved, folder);
+    }
     return record;
 }
 
@@ -244,30 +306,97 @@ void CEngineRunner::BringBack(const RunProject& project, const std::shared_ptr<R
     const AfterRunResult result = AfterRun(project);
     running_ = false;
     reloaded_ = result == AfterRunResult::Reloaded;
+    const bool held =
+        result == AfterRunResult::NotRead && CProjectLock::Look(record->path) == CProjectLock::State::Held;
+    if (held && record->end.kind != RunEndKind::Cancelled && record->end.kind != RunEndKind::Fault)
+        record->end.kind = RunEndKind::Held;
+    SetKeptEnd(record->kept, record->end);
+    SetKeptEnd(record->keptUnsaved, record->end);
+    if (project.doc)
+        project.doc->lastRun = LastRunText(record->run, record->end);
+    if (held)
+        WaitForFile(project, record);
     JudgeFile(project, result, *record);
     emit projectIsBack(reloaded_);
 }
 
-/// Leaves the copy of before for the next start to find, or removes it if the file holds all that it does. Copies of
-/// earlier runs are not touched: one of them may be the only good one.
+/// Tells what nothing else than the kept input holds.
 void CEngineRunner::JudgeFile(const RunProject& project, AfterRunResult result, Record& record)
 {
+    RunReport report{.run = record.run, .path = record.path, .end = record.end};
+    report.kept = record.kept;
+    report.keptUnsaved = record.keptUnsaved;
+    report.unsaved = record.unsaved;
+    report.reloaded = result == AfterRunResult::Reloaded;
     const bool gone = !record.before.empty() && !QFileInfo::exists(record.path);
     const bool held = result == AfterRunResult::NotRead && !gone;
     const std::string after = gone || held ? std::string() : BytesOf(record.path);
-    const bool broken = !gone && !held && LooksBroken(record.before, after);
-    const QString copy = record.copy.File();
-    if (!gone && !broken && !held && !record.unsaved)
-        record.copy.Discard();
-    if (gone)
-        Tell(project, MissingFileMessage(record.path, copy));
-    else if (broken)
-        Tell(project, BrokenFileMessage(record.path, copy, SectionsThatLostTheirRows(record.before, after),
-                                        result == AfterRunResult::Reloaded));
-    else if (held)
-        emit notice(NotReadNotice(copy));
-    else if (record.unsaved && !copy.isEmpty())
-        emit notice(LostChangesNotice(copy));
+    report.fileChanged = !gone && !held && after != record.before;
+    if (gone) {
+        report.trouble = RunTrouble::Gone;
+    } else if (held) {
+        report.trouble = RunTrouble::Held;
+    } else if (LooksBroken(record.before, after)) {
+        report.trouble = RunTrouble::Broken;
+        report.lostSections = SectionsThatLostTheirRows(record.before, after);
+    }
+    const QPointer<CEngineRunner> self = this;
+    if (project.doc)
+        project.show(report);
+    if (report.trouble == RunTrouble::Gone)
+        Tell(project, MissingFileMessage(record.path, record.kept));
+    else if (report.trouble == RunTrouble::Broken)
+        Tell(project, BrokenFileMessage(record.path, record.kept, report.lostSections, report.reloaded));
+}
+
+/// Something that the engine has left behind still holds the file: looks again until it has let go.
+void CEngineRunner::WaitForFile(const RunProject& project, const std::shared_ptr<Record>& record)
+{
+    auto* timer = new QTimer(project.doc); // goes with its project
+    connect(timer, &QTimer::timeout, this, [this, timer, project, record] {
+        if (running_)
+            return; // another run is looking after the file
+        const bool isOurs = project.doc->PathName() != record->path || project.lock->IsHeld();
+        if (!isOurs && CProjectLock::Look(record->path) == CProjectLock::State::Held)
+            return;
+        timer->stop();
+        timer->deleteLater();
+        if (!isOurs)
+            OnFileFree(project, record);
+    });
+    constexpr int again = 1000; // ms
+    timer->start(again);
+}
+
+/// Reads the file as the end of the run would have done; if the user has gone on meanwhile, the user decides.
+void CEngineRunner::OnFileFree(const RunProject& project, const std::shared_ptr<Record>& record)
+{
+    CKELDSectionDoc& doc = *project.doc;
+    doc.CommitPanels();
+    if (doc.IsModified() && doc.FileIsAnother()) {
+        RunReport report{.run = record->run, .path = record->path, .end = record->end};
+        report.trouble = RunTrouble::FreeAgain;
+        report.fileChanged = true;
+        report.kept = record->kept;
+        project.show(report);
+        return;
+    }
+    const bool goneOn = doc.IsModified(); // on top of what the file holds
+    AfterRunResult result = AfterRunResult::NotRead;
+    if (goneOn || (record->unsaved && !doc.FileIsAnother())) {
+        project.lock->Take(record->path);
+        doc.SetModifiedFlag(true); // the file is as it was, the window has more
+    } else {
+        result = AfterRun(project);
+    }
+    RunReport report{.run = record->run, .path = record->path, .end = record->end};
+    if (result == AfterRunResult::Reloaded) {
+        JudgeFile(project, result, *record);
+    } else if (CProjectLock::Look(record->path) == CProjectLock::State::NotFound) {
+        JudgeFile(project, result, *record);
+    } else {
+        project.show(report); // nothing is open any more
+    }
 }
 
 void CEngineRunner::Tell(const RunProject& project, const QString& text) const

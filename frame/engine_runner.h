@@ -2,7 +2,7 @@
 #pragma once
 
 #include "document/engine_command.h"
-#include "document/recovery.h"
+#include "document/run_end.h"
 #include "frame/engine_process.h"
 
 #include <QObject>
@@ -12,12 +12,14 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace sbd {
 
 class CChildFrame;
 class CKELDSectionDoc;
 class CProjectLock;
+class CSbdData;
 
 /// The mutex of a run: it is closed with its last owner.
 struct AnalysisMutexHandle {
@@ -33,14 +35,37 @@ struct RunSeams {
     /// The folder of our own program, where the engines are.
     std::function<QString()> programFolder;
     std::function<AnalysisMutexHandle()> createMutex;
-    /// Starts the engine and waits for its end; false if it does not start.
-    std::function<bool(QWidget* parent, const EngineStart& start)> runEngine;
-    /// The folder of the recovery copies.
-    std::function<QString()> recoveryFolder;
+    /// Starts the engine and waits for its end.
+    std::function<EngineEnd(QWidget* parent, const EngineStart& start)> runEngine;
+    /// The folder of the kept inputs.
+    std::function<QString()> keptFolder;
 };
 
 /// The dialogs on the screen and the system's own programs and folders.
 [[nodiscard]] RunSeams ScreenRunSeams();
+
+/// What has become of the project's file in a run.
+enum class RunTrouble {
+    None,
+    Gone,      ///< it is not there any more
+    Broken,    ///< it looks broken
+    Held,      ///< something still holds it; it was not read
+    FreeAgain, ///< it was held, is free now and holds something else; the user has gone on in the window
+};
+
+/// What a run has left, to be shown until the user closes it.
+struct RunReport {
+    EngineRun run = EngineRun::Main;
+    QString path;
+    RunEnd end;
+    RunTrouble trouble = RunTrouble::None;
+    bool fileChanged = false;                   ///< the engine has written to the project
+    bool reloaded = false;                      ///< the window shows the file
+    std::vector<std::string> lostSections = {}; ///< whose rows have gone; CP932
+    QString kept = {};                          ///< the project as it was handed over; empty: it could not be kept
+    QString keptUnsaved = {};                   ///< the changes that a check did not see
+    std::shared_ptr<const CSbdData> unsaved = nullptr; ///< the same, as they stood in the window; null: there were none
+};
 
 /// The project a run is made on. The lock lives as long as the document.
 struct RunProject {
@@ -51,6 +76,10 @@ struct RunProject {
     std::function<bool()> save;
     /// Calls `change`, which reads the project anew, and shows it where the user stood.
     std::function<void(const std::function<void()>& change)> changeProject;
+    /// Keeps a copy of what is not saved, for the next start to find if we do not live to see the engine's end.
+    std::function<void()> keepRecoveryCopy;
+    /// Shows what a run has left.
+    std::function<void(const RunReport& report)> show;
 };
 
 /// The project of a window; `lock` is its lock, `save` its save wrapper.
@@ -63,7 +92,8 @@ enum class AfterRunResult {
     Reloaded,
 };
 
-/// The end of a run: reads the project again if the engine has let go of it, and clears the modified flag in any case.
+/// The end of a run: reads the project again if the engine has let go of it, and clears the modified flag in any case:
+/// what was not saved is kept, and the window says where.
 AfterRunResult AfterRun(const RunProject& project);
 
 /// Runs the engines, one at a time.
@@ -93,8 +123,6 @@ signals:
     void finished(bool started);
     /// The project has been read again, or will not be.
     void projectIsBack(bool reloaded);
-    /// Something to know but not to answer, for the status bar.
-    void notice(const QString& text);
 
 private:
     struct Record;
@@ -103,9 +131,12 @@ private:
     [[nodiscard]] bool SaveChanges(const RunProject& project) const;
     [[nodiscard]] bool RunSteps(EngineRun run, const RunProject& project);
     [[nodiscard]] bool StartAndWait(EngineRun run, const QString& engine, const RunProject& project);
-    [[nodiscard]] std::shared_ptr<Record> MakeRecord(const RunProject& project) const;
+    [[nodiscard]] std::shared_ptr<Record> MakeRecord(EngineRun run, const RunProject& project) const;
+    [[nodiscard]] bool MayRunWithoutCopy(const RunProject& project, const Record& record) const;
     void BringBack(const RunProject& project, const std::shared_ptr<Record>& record);
     void JudgeFile(const RunProject& project, AfterRunResult result, Record& record);
+    void WaitForFile(const RunProject& project, const std::shared_ptr<Record>& record);
+    void OnFileFree(const RunProject& project, const std::shared_ptr<Record>& record);
     void Tell(const RunProject& project, const QString& text) const;
 
     RunSeams seams_;

@@ -8,6 +8,7 @@
 #include "frame/child_frame.h"
 #include "frame/document_steps.h"
 #include "frame/profile.h"
+#include "frame/run_notices.h"
 #include "panels/panel.h"
 #include "sbdfile/writer.h"
 #include "upperview/chk_view.h"
@@ -15,7 +16,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLocale>
 #include <QMdiArea>
 #include <QPointer>
 #include <QStandardPaths>
@@ -99,6 +99,7 @@ bool CFileCommands::OnNewDocument(CChildFrame& child)
     hooks.askAboutForeignFile = [this](const QString& text) { return AskYesNo(text); };
     hooks.askAboutHeldFile = [this](const QString& text) { return AskYesNo(text); };
     hooks.warn = [this](const QString& text) { Warn(text); };
+    hooks.keepReplaced = [this, &child](const QString& project) { return KeepReplaced(child, project); };
     CDocumentSteps steps(doc, child.Lock(), std::move(hooks));
     return newDocument_.OnNewDocument(steps);
 }
@@ -134,6 +135,8 @@ CChildFrame* CFileCommands::OpenFile(const QString& path)
     CChildFrame* child = Show(MakeChild(std::move(doc), std::move(lock)));
     if (before != nullptr && IsUntouched(*before))
         before->close();
+    if (tellsOfCopies_)
+        TellOfCopies(*child);
     return child;
 }
 
@@ -166,6 +169,10 @@ RunProject CFileCommands::ProjectOf(CChildFrame& child)
     const QPointer<CChildFrame> frame = &child;
     RunProject project = RunProjectOf(child, child.Lock(), [this, frame] { return frame && Save(*frame); });
     project.window = area_.window(); // a new project has no window yet
+    project.show = [this, frame](const RunReport& report) {
+        if (frame)
+            ShowRunReport(*frame, report, Differences());
+    };
     return project;
 }
 
@@ -280,6 +287,22 @@ bool CFileCommands::SaveTo(CChildFrame& child, const QString& path)
                u"そのプログラムでファイルを閉じてから保存し直すか、別の名前を付けて保存してください。"_s);
         return false;
     }
+    const bool isOwn = !child.Doc().PathName().isEmpty() && OnePath(path) == OnePath(child.Doc().PathName());
+    if (isOwn) {
+        const bool isAnother = child.Doc().FileIsAnother();
+        switch (AskAboutChangedFile(child)) {
+        case ChangedFileStep::Save:
+            if (isAnother)
+                child.SetForeignFile(path); // whatever it holds, the answer has been given
+            break;
+        case ChangedFileStep::SaveElsewhere: {
+            const QString other = AskSaveName(child);
+            return !other.isEmpty() && SaveTo(child, other);
+        }
+        case ChangedFileStep::Stop:
+            return false;
+        }
+    }
     if (const QString question = ForeignFileQuestion(path); !question.isEmpty() && path != child.ForeignFile()) {
         if (!AskYesNo(question))
             return false;
@@ -297,63 +320,6 @@ bool CFileCommands::SaveTo(CChildFrame& child, const QString& path)
     if (controlBlockHeldBack)
         Warn(QString::fromUtf8(kControlBlockMessage));
     return true;
-}
-
-void CFileCommands::KeepRecoveryCopies()
-{
-    for (QMdiSubWindow* window : area_.subWindowList()) {
-        if (auto* child = qobject_cast<CChildFrame*>(window))
-            child->KeepRecoveryCopy();
-    }
-}
-
-void CFileCommands::OfferRecoveryCopies()
-{
-    const QList<RecoveryCopy> copies = FindRecoveryCopies();
-    for (qsizetype i = 0; i < copies.size(); ++i) {
-        const RecoveryCopy& copy = copies[i];
-        const QString of =
-            copy.project.isEmpty() ? u"(まだ保存していないプロジェクト)"_s : QDir::toNativeSeparators(copy.project);
-        const QString text =
-            u"前回、保存されないまま残った入力内容の回復用コピーがあります。\n\n"_s + of + u"\nコピーの時刻: "_s
-            + QLocale(QLocale::Japanese).toString(copy.time, u"yyyy/MM/dd HH:mm:ss"_s)
-            + (copies.size() == 1 ? QString() : u"　(%1 個のうち %2 個目、新しい順)"_s.arg(copies.size()).arg(i + 1))
-            + u"\nコピーの場所: "_s + QDir::toNativeSeparators(copy.file)
-            + u"\n\n「開く」を選ぶと、変更のあるプロジェクトとして開きます。元のファイルは、保存するまで変わりません。"
-              u"\n「破棄する」を選ぶと、コピーを削除します。"
-              u"\n「あとで」を選ぶと、次に起動したときにもう一度お知らせします。"_s;
-        switch (prompts_.askRecovery(area_.window(), text, copies.size() - i - 1)) {
-        case RecoveryAnswer::Open:
-            OpenRecoveryCopy(copy);
-            break;
-        case RecoveryAnswer::Remove:
-            RemoveRecoveryCopy(copy);
-            break;
-        case RecoveryAnswer::Later:
-            break;
-        case RecoveryAnswer::AllLater:
-            return;
-        }
-    }
-}
-
-void CFileCommands::OpenRecoveryCopy(const RecoveryCopy& copy)
-{
-    // A project that is open already, here or elsewhere, keeps its file: the copy comes up without a path.
-    auto lock = std::make_unique<CProjectLock>();
-    const bool mayTake = !copy.project.isEmpty() && FindOpen(copy.project) == nullptr
-                         && CProjectLock::Look(copy.project) != CProjectLock::State::Held;
-    auto doc = std::make_unique<CKELDSectionDoc>();
-    const FileResult result = doc->OpenRecoveryCopy(copy.file, mayTake ? copy.project : QString());
-    if (!result.Ok()) {
-        Warn(FileMessage(FileOperation::Open, copy.file, result));
-        return;
-    }
-    if (mayTake)
-        lock->Take(copy.project);
-    CChildFrame* child = Show(MakeChild(std::move(doc), std::move(lock)));
-    if (child->KeepRecoveryCopy()) // a crash from here on finds it again
-        RemoveRecoveryCopy(copy);
 }
 
 bool CFileCommands::MayClose(CChildFrame& child)

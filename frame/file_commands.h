@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <memory>
+#include <vector>
 
 class QMdiArea;
 
@@ -17,6 +18,17 @@ class CKELDSectionDoc;
 class CProjectLock;
 struct FileResult;
 struct WantedRun;
+
+/// A recovery copy beside its project's file as it stands now.
+struct OfferedCopy {
+    RecoveryCopy copy;
+    QDateTime fileTime;                  ///< invalid: there is no file
+    bool canCompare = false;             ///< both could be read
+    std::vector<Difference> differences; ///< from the file to the copy
+    [[nodiscard]] bool FileIsNewer() const { return fileTime.isValid() && fileTime > copy.time; }
+};
+/// The copies that hold anything else than their projects, newest first. Those that hold the same are removed.
+[[nodiscard]] std::vector<OfferedCopy> CopiesWorthOffering();
 
 /// Makes, opens, saves and runs the projects that stand as windows in an area.
 class CFileCommands {
@@ -44,7 +56,11 @@ public:
     void RunFromPage(CChildFrame& child, const WantedRun& run);
     [[nodiscard]] CEngineRunner& Runner() { return runner_; }
 
-    /// Offers the recovery copies that a crash has left.
+    /// Shows the kept inputs of a project.
+    void ShowKeptInputs(CChildFrame& child);
+
+    /// Offers the recovery copies that a crash has left and that hold anything else than their projects. From here on a
+    /// project that is opened tells of its own.
     void OfferRecoveryCopies();
     /// Keeps recovery copies of the projects with unsaved changes.
     void KeepRecoveryCopies();
@@ -72,8 +88,19 @@ private:
     [[nodiscard]] QString FreeTitle(const QString& title) const;
     [[nodiscard]] QString AskSaveName(CChildFrame& child);
     bool SaveTo(CChildFrame& child, const QString& path);
+    /// What a save does behind the question about a changed file.
+    enum class ChangedFileStep { Save, SaveElsewhere, Stop };
+    [[nodiscard]] ChangedFileStep AskAboutChangedFile(CChildFrame& child);
+    [[nodiscard]] bool CompareWithFile(CChildFrame& child);
+    void KeepOverwritten(CChildFrame& child);
+    [[nodiscard]] bool KeepReplaced(CChildFrame& child, const QString& project);
+    [[nodiscard]] std::function<void(DifferenceView)> Differences();
     bool Wrap(CChildFrame& child, const std::function<bool()>& save);
     void OpenRecoveryCopy(const RecoveryCopy& copy);
+    [[nodiscard]] bool TakeOver(CChildFrame& child, const RecoveryCopy& copy);
+    [[nodiscard]] RecoveryAnswer AskAboutCopy(const OfferedCopy& offered, qsizetype number, qsizetype of);
+    void TellOfCopies(CChildFrame& child);
+    void OpenAsCopy(const KeptInput& input);
     [[nodiscard]] bool AskYesNo(const QString& text) const;
     void Warn(const QString& text) const;
 
@@ -81,6 +108,7 @@ private:
     Prompts prompts_;
     CEngineRunner runner_;
     CNewDocumentFlow newDocument_;
+    bool tellsOfCopies_ = false;
 };
 
 } // namespace sbd

@@ -33,9 +33,8 @@ namespace {
 
 const auto kGeometryKey = u"Window Size/Frame"_s;
 constexpr QSize kFirstSize{1280, 800};
-constexpr int kMargin = 4;               // px
-constexpr int kNoticeTime = 30'000;      // ms
-constexpr auto kRecoveryInterval = 3min; // between copies of what is not saved
+constexpr int kMargin = 4;              // px
+constexpr auto kRecoveryInterval = 15s; // between copies of what is not saved; an edit is copied within 20 s
 
 /// The project files among what is dragged.
 QStringList ProjectFiles(const QMimeData* dragged)
@@ -82,8 +81,6 @@ CMainFrame::CMainFrame(Prompts prompts, QWidget* parent)
     CreateStatusBar();
     SetTabbed(CSettings().TabbedWindows());
 
-    connect(&files_->Runner(), &CEngineRunner::notice, this,
-            [this](const QString& text) { statusBar()->showMessage(text, kNoticeTime); });
     auto* recovery = new QTimer(this);
     connect(recovery, &QTimer::timeout, this, [this] { files_->KeepRecoveryCopies(); });
     recovery->start(kRecoveryInterval);

@@ -171,6 +171,7 @@ void CMainFrame::AddRunHandlers()
 {
     for (const EngineRunInfo& info : EngineRuns())
         OnChild(info.command, [this, run = info.run](CChildFrame& child) { files_->Run(child, run); });
+    OnChild(Command::KeptInputs, [this](CChildFrame& child) { files_->ShowKeptInputs(child); });
 }
 
 void CMainFrame::AddViewHandlers()

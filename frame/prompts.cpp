@@ -113,22 +113,50 @@ StartChoice ChooseStart(QWidget* parent)
     return dialog.Choice();
 }
 
-RecoveryAnswer AskRecovery(QWidget* parent, const QString& text, qsizetype more)
+RecoveryAnswer AskRecovery(QWidget* parent, const RecoveryQuestion& question)
 {
-    QMessageBox box(QMessageBox::Question, u"回復用コピー"_s, text, QMessageBox::NoButton, parent);
+    QMessageBox box(QMessageBox::Question, u"回復用コピー"_s, question.text, QMessageBox::NoButton, parent);
     box.setTextFormat(Qt::PlainText);
     QPushButton* open = box.addButton(u"開く(&O)"_s, QMessageBox::AcceptRole);
+    QPushButton* compare = question.compares ? box.addButton(u"比べる(&C)..."_s, QMessageBox::ActionRole) : nullptr;
     QPushButton* remove = box.addButton(u"破棄する(&D)"_s, QMessageBox::DestructiveRole);
     QPushButton* later = box.addButton(u"あとで(&L)"_s, QMessageBox::RejectRole);
-    QPushButton* allLater = more == 0 ? nullptr : box.addButton(u"残りもすべてあとで(&A)"_s, QMessageBox::RejectRole);
-    box.setDefaultButton(open);
+    QPushButton* allLater =
+        question.more == 0 ? nullptr : box.addButton(u"残りもすべてあとで(&A)"_s, QMessageBox::RejectRole);
+    box.setDefaultButton(question.putOff ? later : open);
     box.setEscapeButton(later);
     box.exec();
-    if (box.clickedButton() == open)
+    const QAbstractButton* clicked = box.clickedButton();
+    if (clicked == open)
         return RecoveryAnswer::Open;
-    if (allLater != nullptr && box.clickedButton() == allLater)
+    if (compare != nullptr && clicked == compare)
+        return RecoveryAnswer::Compare;
+    if (allLater != nullptr && clicked == allLater)
         return RecoveryAnswer::AllLater;
-    return box.clickedButton() == remove ? RecoveryAnswer::Remove : RecoveryAnswer::Later;
+    return clicked == remove ? RecoveryAnswer::Remove : RecoveryAnswer::Later;
+}
+
+/// Nothing is lost by the answer to begin with: it only shows.
+ChangedFileAnswer AskChangedFile(QWidget* parent, const QString& text)
+{
+    QMessageBox box(QMessageBox::Warning, u"ファイルの変更"_s, text, QMessageBox::NoButton, parent);
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    const std::pair<QPushButton*, ChangedFileAnswer> answers[] = {
+        {box.addButton(u"比べる(&C)..."_s, QMessageBox::ActionRole), ChangedFileAnswer::Compare},
+        {box.addButton(u"上書き(&O)"_s, QMessageBox::DestructiveRole), ChangedFileAnswer::Overwrite},
+        {box.addButton(u"別名で保存(&A)..."_s, QMessageBox::AcceptRole), ChangedFileAnswer::SaveAs},
+        {box.addButton(u"読み直す(&R)"_s, QMessageBox::ResetRole), ChangedFileAnswer::Reload},
+        {box.addButton(u"キャンセル"_s, QMessageBox::RejectRole), ChangedFileAnswer::Cancel},
+    };
+    box.setDefaultButton(answers[0].first);
+    box.setEscapeButton(answers[4].first);
+    box.exec();
+    for (const auto& answer : answers) {
+        if (box.clickedButton() == answer.first)
+            return answer.second;
+    }
+    return ChangedFileAnswer::Cancel;
 }
 
 bool HasPrinter()
@@ -193,6 +221,13 @@ Prompts ScreenPrompts()
     prompts.openNewProjectFile = OpenNewProjectFile;
     prompts.showBoxWebs = ShowBoxWebSheet;
     prompts.askRecovery = AskRecovery;
+    prompts.askChangedFile = AskChangedFile;
+    prompts.showDifferences = [](QWidget* parent, DifferenceView view) {
+        CDifferenceDialog(std::move(view), parent).exec();
+    };
+    prompts.showKeptInputs = [](QWidget* parent, const KeptInputsView& view) {
+        CKeptInputsDialog(view, parent).exec();
+    };
     prompts.hasPrinter = HasPrinter;
     prompts.choosePrinter = ChoosePrinter;
     prompts.previewPrint = PreviewPrint;
@@ -215,7 +250,10 @@ Prompts SilentPrompts(std::function<void(const QString& text)> told)
     prompts.chooseStart = [](QWidget*) { return StartChoice(); };
     prompts.openNewProjectFile = [](QWidget*, const QString&, const QStringList&) { return QString(); };
     prompts.showBoxWebs = [](QWidget*, BoxWebNames&) { return false; };
-    prompts.askRecovery = [](QWidget*, const QString&, qsizetype) { return RecoveryAnswer::Later; };
+    prompts.askRecovery = [](QWidget*, const RecoveryQuestion&) { return RecoveryAnswer::Later; };
+    prompts.askChangedFile = [](QWidget*, const QString&) { return ChangedFileAnswer::Cancel; };
+    prompts.showDifferences = [](QWidget*, const DifferenceView&) {};
+    prompts.showKeptInputs = [](QWidget*, const KeptInputsView&) {};
     prompts.hasPrinter = [] { return true; };
     prompts.choosePrinter = [](QWidget*, QPrinter&) { return false; };
     prompts.previewPrint = [](QWidget*, QPrinter&, const std::function<void(QPrinter&)>&) {};
@@ -227,7 +265,7 @@ Prompts SilentPrompts(std::function<void(const QString& text)> told)
     prompts.runs.askYesNo = prompts.askYesNo;
     prompts.runs.askOkCancel = prompts.askYesNo;
     prompts.runs.tell = prompts.warn;
-    prompts.runs.runEngine = [](QWidget*, const EngineStart&) { return false; };
+    prompts.runs.runEngine = [](QWidget*, const EngineStart&) { return EngineEnd(); };
     return prompts;
 }
 

@@ -4,7 +4,9 @@
 #include "document/box_web.h"
 #include "document/display_settings.h"
 #include "document/recovery.h"
+#include "frame/difference_dialog.h"
 #include "frame/engine_runner.h"
+#include "frame/kept_inputs_dialog.h"
 #include "frame/start_chooser.h"
 
 #include <QColor>
@@ -24,9 +26,27 @@ enum class SaveAnswer { Save, Discard, Cancel };
 /// What becomes of a recovery copy that was found at the start.
 enum class RecoveryAnswer {
     Open,
+    Compare, ///< to be asked again behind it
     Remove,
     Later,
     AllLater, ///< this one and those that would be offered behind it
+};
+
+/// What is asked about a recovery copy.
+struct RecoveryQuestion {
+    QString text;          ///< tells of the copy
+    qsizetype more = 0;    ///< further ones wait behind it
+    bool putOff = false;   ///< the project's file is newer: the answer to begin with is "later"
+    bool compares = false; ///< there is something to compare the copy with
+};
+
+/// What a save does with a project's file that somebody else has changed.
+enum class ChangedFileAnswer {
+    Overwrite,
+    SaveAs,
+    Reload,
+    Compare, ///< to be asked again behind it
+    Cancel,
 };
 
 /// The dialogs of the frame, and what else reaches beyond it. A file name that comes back empty means that the user gave
@@ -49,8 +69,12 @@ struct Prompts {
     std::function<QString(QWidget* parent, const QString& folder, const QStringList& filters)> openNewProjectFile;
     /// The sheet of the web names of box girders.
     std::function<bool(QWidget* parent, BoxWebNames& names)> showBoxWebs;
-    /// What becomes of a recovery copy; `text` tells of it, `more` of them wait behind it.
-    std::function<RecoveryAnswer(QWidget* parent, const QString& text, qsizetype more)> askRecovery;
+    std::function<RecoveryAnswer(QWidget* parent, const RecoveryQuestion& question)> askRecovery;
+    std::function<ChangedFileAnswer(QWidget* parent, const QString& text)> askChangedFile;
+    /// Shows what differs, and does what the user wants with it.
+    std::function<void(QWidget* parent, DifferenceView view)> showDifferences;
+    /// Shows the kept inputs of a project, and does what the user wants with them.
+    std::function<void(QWidget* parent, const KeptInputsView& view)> showKeptInputs;
 
     /// False where nothing can be printed on: the system's dialogs would not even come up.
     std::function<bool()> hasPrinter;

@@ -1,8 +1,10 @@
 // What the runs are given: dialogs, folders and processes of the system, and a window's project.
 #include "document/analysis_mutex.h"
+#include "document/kept_inputs.h"
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
 #include "frame/engine_runner.h"
+#include "frame/run_notices.h"
 #include "panels/panel.h"
 
 #include <QCoreApplication>
@@ -58,22 +60,32 @@ AnalysisMutexHandle CreateAnalysisMutex()
 
 RunSeams ScreenRunSeams()
 {
-    return {AskYesNo,
-            AskOkCancel,
-            Tell,
-            [] { return QCoreApplication::applicationDirPath(); },
-            CreateAnalysisMutex,
-            RunEngineProcess,
-            RecoveryFolder};
+    return {
+        AskYesNo,         AskOkCancel, Tell, [] { return QCoreApplication::applicationDirPath(); }, CreateAnalysisMutex,
+        RunEngineProcess, KeptFolder};
 }
 
 RunProject RunProjectOf(CChildFrame& child, CProjectLock& lock, std::function<bool()> save)
 {
     const QPointer<CChildFrame> frame = &child;
-    return {&child.Doc(), &lock, child.window(), std::move(save), [frame](const std::function<void()>& change) {
-                if (frame)
-                    frame->ChangeProject(change);
-            }};
+    RunProject project;
+    project.doc = &child.Doc();
+    project.lock = &lock;
+    project.window = child.window();
+    project.save = std::move(save);
+    project.changeProject = [frame](const std::function<void()>& change) {
+        if (frame)
+            frame->ChangeProject(change);
+    };
+    project.keepRecoveryCopy = [frame] {
+        if (frame)
+            frame->KeepRecoveryCopy();
+    };
+    project.show = [frame](const RunReport& report) {
+        if (frame)
+            ShowRunReport(*frame, report, {});
+    };
+    return project;
 }
 
 } // namespace sbd

@@ -59,6 +59,21 @@ FileFacts LookAtFile(const std::filesystem::path& path)
     return facts;
 }
 
+FileIdentity IdentityOfFile(const std::filesystem::path& path)
+{
+    // Asks for no right to read, so that nobody's sharing mode is in the way.
+    const HANDLE file = CreateFileW(SystemPath(path).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return {};
+    BY_HANDLE_FILE_INFORMATION data = {};
+    const bool known = GetFileInformationByHandle(file, &data) != 0;
+    CloseHandle(file);
+    return known
+               ? FileIdentity{data.dwVolumeSerialNumber, std::uint64_t{data.nFileIndexHigh} << 32 | data.nFileIndexLow}
+               : FileIdentity();
+}
+
 #else
 
 FileHandle OpenForReading(const std::filesystem::path& path)
@@ -88,6 +103,14 @@ FileFacts LookAtFile(const std::filesystem::path& path)
     constexpr std::int64_t ticks = 1'000'000'000;
     facts.changed = status.st_mtim.tv_sec * ticks + status.st_mtim.tv_nsec;
     return facts;
+}
+
+FileIdentity IdentityOfFile(const std::filesystem::path& path)
+{
+    struct stat status = {};
+    if (::stat(path.c_str(), &status) != 0)
+        return {};
+    return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
 }
 
 #endif

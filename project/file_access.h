@@ -27,6 +27,15 @@ struct FileFacts {
 };
 [[nodiscard]] FileFacts LookAtFile(const std::filesystem::path& path);
 
+/// Which file stands at a path, links followed: the same numbers, the same file. A file that was put in another's place
+/// has others. Zeros: there is none, or the system does not say.
+struct FileIdentity {
+    std::uint64_t volume = 0;
+    std::uint64_t number = 0;
+    friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
+};
+[[nodiscard]] FileIdentity IdentityOfFile(const std::filesystem::path& path);
+
 #ifdef _WIN32
 /// The absolute path in the form that the system takes at any length; the plain form ends at 260 characters.
 [[nodiscard]] std::wstring SystemPath(const std::filesystem::path& path);

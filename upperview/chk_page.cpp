@@ -137,8 +137,12 @@ std::vector<ChkLine> ChkPageLines(const ChkPage& page)
     if (!page.hasPath)
         return {{"ファイルを開いてからダブルクリックし実行してください．"_cp932, kRed, 100, -30, 0}};
     std::vector<ChkLine> lines;
-    if (page.stale)
-        lines.push_back({"データに修正があります or 計算結果は古いです．再実行を薦めます．"_cp932, kBlue, 100, -10, 0});
+    std::string first =
+        page.stale ? "データに修正があります or 計算結果は古いです．再実行を薦めます．"_cp932 : std::string();
+    if (!page.lastRun.empty())
+        first += (first.empty() ? std::string() : "　"_cp932) + page.lastRun;
+    if (!first.empty())
+        lines.push_back({first, kBlue, 100, -10, 0});
     lines.push_back({"[254][255][256]: 再実行する場合，ダブルクリックしてください．"_cp932, kBlue, 100, -10, 1});
     if (!page.text.opened)
         return lines;

@@ -49,6 +49,7 @@ struct ChkPage {
     bool hasPath = false;
     bool stale = false;
     ChkText text;
+    std::string lastRun = {}; ///< how the last run has ended, CP932; empty: not known
 };
 
 /// One text of the page. It hangs from the point (x, y - steps * line step); 0.1 mm, y upward.

@@ -62,7 +62,8 @@ std::vector<ChkLine> CChkView::Lines()
     LookAtReport();
     const QString path = doc_->PathName();
     const bool stale = !path.isEmpty() && IsChkStale(path, doc_->IsModified());
-    return ChkPageLines({doc_->CurrentBlock(), !path.isEmpty(), stale, text_});
+    const std::string lastRun = fromQString(doc_->lastRun).value_or(std::string());
+    return ChkPageLines({doc_->CurrentBlock(), !path.isEmpty(), stale, text_, lastRun});
 }
 
 QFont CChkView::Font() const

@@ -127,7 +127,7 @@ TEST(Menus, KeepTheNumbersThatAreKnownElsewhere)
                                                    0, 0, 33038, 33039, 33040, 0, 0, 0, 32761, 0, 0, 0, 0, 0));
     EXPECT_THAT(Numbers(MenuId::GridContext), ElementsAre(57635, 57634, 57637, 33001, 33038, 33039, 33040));
     EXPECT_THAT(Numbers(MenuId::SearchContext), ElementsAre(33181));
-    EXPECT_THAT(Numbers(MenuId::Run), ElementsAre(39255, 39254, 39256, 33028, 33029));
+    EXPECT_THAT(Numbers(MenuId::Run), ElementsAre(39255, 39254, 39256, 33028, 33029, 0, 0));
     EXPECT_THAT(Numbers(MenuId::TreeItems),
                 ElementsAre(33026, 33007, 33006, 0, 33015, 33009, 33014, 33010, 33012, 33013, 33021, 33019, 33024));
     EXPECT_THAT(Numbers(MenuId::Settings),

@@ -20,12 +20,18 @@ struct Answers {
     QString newProjectFile;
     std::function<bool(BoxWebNames&)> boxWebs = [](BoxWebNames&) { return true; };
     RecoveryAnswer recovery = RecoveryAnswer::Later;
-    QString engines; ///< folder of the engines
+    QString engines;                      ///< folder of the engines
+    QList<ChangedFileAnswer> changedFile; ///< cancel after the last
+    std::function<void(const DifferenceView&)> withDifferences;
+    std::function<void(const KeptInputsView&)> withKept;
 
     QString proposal;    ///< name the save dialog began with
     QStringList filters; ///< of the dialog for a new project's file
     QStringList asked;
     QStringList warned;
+    QList<bool> putOff; ///< of the questions about copies: "later" is the answer to begin with
+    QList<DifferenceView> shown;
+    QList<KeptInput> kept;
 
     [[nodiscard]] Prompts Dialogs()
     {
@@ -49,9 +55,24 @@ struct Answers {
             return newProjectFile;
         };
         prompts.showBoxWebs = [this](QWidget*, BoxWebNames& names) { return boxWebs(names); };
-        prompts.askRecovery = [this](QWidget*, const QString& text, qsizetype) {
-            asked.append(text);
+        prompts.askRecovery = [this](QWidget*, const RecoveryQuestion& question) {
+            asked.append(question.text);
+            putOff.append(question.putOff);
             return recovery;
+        };
+        prompts.askChangedFile = [this](QWidget*, const QString& text) {
+            asked.append(text);
+            return changedFile.isEmpty() ? ChangedFileAnswer::Cancel : changedFile.takeFirst();
+        };
+        prompts.showDifferences = [this](QWidget*, DifferenceView view) {
+            shown.append(view);
+            if (withDifferences)
+                withDifferences(view);
+        };
+        prompts.showKeptInputs = [this](QWidget*, const KeptInputsView& view) {
+            kept = view.inputs;
+            if (withKept)
+                withKept(view);
         };
         prompts.runs.askYesNo = prompts.askYesNo;
         prompts.runs.askOkCancel = prompts.askYesNo;

@@ -1,5 +1,7 @@
 // The life of a document through the real window: how it begins, is held, saved, run and brought back.
+#include "document/path.h"
 #include "document/project_lock.h"
+#include "frame/notice_bar.h"
 #include "frame/profile.h"
 #include "grid/grid_ctrl.h"
 #include "life_station.h"
@@ -9,6 +11,7 @@
 
 #include <QDir>
 #include <QMenuBar>
+#include <QPushButton>
 
 using namespace sbd;
 
@@ -292,7 +295,7 @@ void DocumentLifeTest::theRunsStandInTheirOrderInTheMenu()
         }
     }
     QCOMPARE(
-        texts,
+        texts.first(5),
         QStringList(
             {u"1.実行　　　　　　　　　　　（主桁・横桁・骨組などすべての計算を行います．主桁結果を画面表示）"_s,
              u"2.データをチェック"_s,
@@ -391,28 +394,35 @@ void DocumentLifeTest::aBrokenProjectIsToldWithItsCopy()
     CChildFrame* child = station.frame.OpenProject(path);
     station.Engine(u"plate4"_s, "rubbish 3000\n");
     station.Trigger(u"1.実行"_s);
-    const QList<RecoveryCopy> copies = FindRecoveryCopies();
+    const QList<KeptInput> copies = KeptInputsOf(path);
     QCOMPARE(copies.size(), 1);
     QCOMPARE(station.user.warned.size(), 1);
     QVERIFY(station.user.warned[0].contains(QDir::toNativeSeparators(copies[0].file)));
     QCOMPARE(Bytes(copies[0].file), before);
     QVERIFY(child->Panel() != nullptr);
 
-    // The next start offers it; saved, it is the project again.
-    child->close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    station.user.recovery = RecoveryAnswer::Open;
-    station.frame.OfferRecoveryCopies();
-    CChildFrame* recovered = station.frame.CurrentChild();
-    QVERIFY(recovered->Doc().IsModified());
-    QCOMPARE(recovered->Doc().PathName(), path);
+    // The bar says it too, and brings it back; saved, it is the project again.
+    QVERIFY(child->Notices().Texts().value(0).contains(QDir::toNativeSeparators(copies[0].file)));
+    for (QPushButton* button : child->Notices().findChildren<QPushButton*>()) {
+        if (button->text().startsWith(u"元に戻す"_s))
+            button->click();
+    }
+    QVERIFY(child->Doc().IsModified());
     // What the engine has left is no project: a save over it asks, and yes is the answer here.
     const qsizetype asked = station.user.asked.size();
     station.user.yes = {true};
     station.Trigger(u"上書き保存"_s);
     QCOMPARE(station.user.asked.size(), asked + 1);
     QVERIFY(Bytes(path).size() > before.size() / 2);
-    QVERIFY(FindRecoveryCopies().isEmpty());
+    CSbdData restored;
+    CSbdData wanted;
+    const auto read = [&](const QString& file, CSbdData& data) {
+        return LoadProject(ToPath(file), NamesFileBeside(ToPath(path)), data).Ok();
+    };
+    QVERIFY(read(path, restored) && read(copies[0].file, wanted));
+    // The rubbish has brought a section that nobody knows, or none: all that the project had is there.
+    for (const Difference& difference : CompareProjects(wanted, restored))
+        QVERIFY2(difference.block == 301 && difference.row == 1, qPrintable(QString::number(difference.block)));
 }
 
 void DocumentLifeTest::strangePathsAreOpenedSavedAndRunOrRefused_data()

@@ -39,7 +39,7 @@ struct Place {
             return false;
         file.write(verbs);
         file.close();
-        return RunEngineProcess(nullptr, {run, EnginePath(run, engines), project});
+        return RunEngineProcess(nullptr, {run, EnginePath(run, engines), project}).started;
     }
 
     /// What the engine wrote.
@@ -153,7 +153,7 @@ void EngineProcessTest::aProjectOfALongPathReachesTheEngine()
     QVERIFY(QFile::copy(place.project, project));
     QCOMPARE(EngineCommandText({EngineRun::Main, u"C:\\e.exe"_s, project}), u"C:\\e.exe \""_s + project + u"\" RUN"_s);
     // Whether an engine can open it is up to the engine.
-    QVERIFY(RunEngineProcess(nullptr, {EngineRun::Main, EnginePath(EngineRun::Main, place.engines), project}));
+    QVERIFY(RunEngineProcess(nullptr, {EngineRun::Main, EnginePath(EngineRun::Main, place.engines), project}).started);
 }
 
 QTEST_MAIN(EngineProcessTest)

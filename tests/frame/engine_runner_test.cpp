@@ -87,8 +87,9 @@ void EngineRunnerTest::anUnchangedProjectRunsAtOnce()
     QCOMPARE(bench.started.project, QDir::toNativeSeparators(bench.path));
     QCOMPARE(bench.started.engine, EnginePath(run, QStringLiteral(ENGINE_FOLDER)));
     QCOMPARE(Bytes(bench.path), before);
-    QCOMPARE(bench.RecoveryFiles(), QStringList());
-    QCOMPARE(bench.notices, QStringList());
+    QCOMPARE(bench.Kept().size(), 1);
+    QCOMPARE(Bytes(bench.Kept()[0].file), before); // as it was handed over
+    QCOMPARE(bench.Notices(), QStringList());
 }
 
 void EngineRunnerTest::changesAreSavedBeforeARun_data()
@@ -110,7 +111,7 @@ void EngineRunnerTest::changesAreSavedBeforeARun()
     Settle();
     QCOMPARE(bench.Title(), u"NTERED"_s); // the title loses a letter of its keyword at each reading
     QVERIFY(!bench.Doc().IsModified());
-    QCOMPARE(bench.RecoveryFiles(), QStringList());
+    QVERIFY(Bytes(bench.Kept().value(0).file).startsWith("TITLE:ENTERED\r\n"));
 }
 
 void EngineRunnerTest::aCheckSeesTheFileAsItStands()
@@ -203,8 +204,8 @@ void EngineRunnerTest::anEngineThatDoesNotStartIsTold()
     Settle();
     QCOMPARE(bench.log, QStringList({u"folder"_s, u"mutex"_s, u"engine"_s, u"(file free)"_s,
                                      u"told: "_s + EngineMissingMessage(run), u"mutex closed"_s, u"not run"_s}));
-    QVERIFY(!bench.lock.IsHeld()); // until the next save
-    QCOMPARE(bench.RecoveryFiles(), QStringList());
+    QVERIFY(!bench.lock.IsHeld());   // until the next save
+    QVERIFY(bench.Kept().isEmpty()); // nothing was handed over
     QVERIFY(!bench.runner.IsRunning());
 }
 
@@ -244,7 +245,7 @@ void EngineRunnerTest::aPageAsksSavesAndRuns()
     QCOMPARE(bench.log, QStringList({u"ok or cancel: ?"_s, u"save"_s}) + kEngineAlone);
     Settle();
     QCOMPARE(bench.Title(), u"NTERED"_s);
-    QCOMPARE(bench.notices, QStringList());
+    QCOMPARE(bench.Notices(), QStringList());
 }
 
 void EngineRunnerTest::aPageTakesCancelForAnAnswer()
@@ -295,11 +296,11 @@ void EngineRunnerTest::theRunnerMayGoWhileTheEngineRuns()
     RunBench bench;
     RunSeams seams = ScreenRunSeams();
     auto* runner = new CEngineRunner(seams);
-    const QString recovery = bench.Recovery();
-    seams.recoveryFolder = [recovery] { return recovery; };
+    const QString kept = bench.KeptIn();
+    seams.keptFolder = [kept] { return kept; };
     seams.runEngine = [&](QWidget*, const EngineStart&) {
         delete runner;
-        return true;
+        return EngineEnd{.started = true};
     };
     delete runner;
     runner = new CEngineRunner(seams);
@@ -327,7 +328,7 @@ void EngineRunnerTest::theEnginesLieBesideTheProgram()
 {
     const RunSeams seams = ScreenRunSeams();
     QCOMPARE(seams.programFolder(), QCoreApplication::applicationDirPath());
-    QCOMPARE(seams.recoveryFolder(), RecoveryFolder());
+    QCOMPARE(seams.keptFolder(), KeptFolder());
     const AnalysisMutexHandle mutex = seams.createMutex();
     QVERIFY(!mutex.existed);
     QVERIFY(seams.createMutex().existed);

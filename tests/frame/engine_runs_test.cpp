@@ -1,5 +1,6 @@
 // Runs of real processes, and the window over them.
 #include "document/path.h"
+#include "document/recovery.h"
 #include "frame/engine_runner.h"
 #include "frame/left_view.h"
 #include "grid/grid_ctrl.h"
@@ -11,7 +12,9 @@
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -63,7 +66,7 @@ public:
 };
 
 /// The other process: the program with a project, an engine under way.
-int RunInside(const QString& project, const QString& recovery)
+int RunInside(const QString& project, const QString& kept)
 {
     CProjectLock lock;
     auto doc = std::make_unique<CKELDSectionDoc>();
@@ -73,7 +76,7 @@ int RunInside(const QString& project, const QString& recovery)
     child.Doc().SetModifiedFlag(true);
     RunSeams seams = ScreenRunSeams();
     seams.programFolder = [] { return QStringLiteral(ENGINE_FOLDER); };
-    seams.recoveryFolder = [recovery] { return recovery; };
+    seams.keptFolder = [kept] { return kept; };
     CEngineRunner runner(seams);
     QTimer::singleShot(100, [] { OtherProcess::Say("running"); });
     runner.Run(EngineRun::Check, RunProjectOf(child, lock, [] { return true; }));
@@ -93,9 +96,12 @@ private slots:
     void aMissingEngineIsTold();
     void aFileThatIsNoProgramIsTold();
     void aCrashComesBackLikeAnEnd();
-    void theExitCodeIsNotLookedAt();
-    void aCheckLosesChangesButTheCopyHasThem();
-    void aFileThatIsStillHeldIsNotRead();
+    void anExitCodeIsTold();
+    void aCheckLosesChangesButTheyStayInReach();
+    void cellsOfAListComeBackOneByOne();
+    void aFileThatIsStillHeldIsReadWhenItIsFree();
+    void aFileThatIsFreeAgainWaitsForWhoHasGoneOn();
+    void aHeldFileThatDidNotChangeIsTakenBack();
     void rubbishIsToldAndTheCopyHasTheProject();
     void aCutFileIsTold();
     void aFileThatIsGoneIsTold();
@@ -103,14 +109,18 @@ private slots:
     void aKeptCopyOutlivesFurtherRuns();
     void everyCopyIsKept();
     void aFileThatBrokeWhileItsProjectWasClosedKeepsItsCopy();
-    void aCheckWithoutRoomForTheCopyIsNotMade();
+    void withoutRoomForTheCopyARunAsksFirst();
     void aKilledProgramLeavesItsCopy();
 
     // the window
     void theWindowShowsEngineAndTime();
     void theWindowCannotBeClosed();
     void thePaintsGoOnButInputDoesNotArrive();
-    void theEndOfTheProgramWaitsForTheEngine();
+    void theWindowShowsTheReportAsItIsWritten();
+    void cancellingEndsTheEngineAndWhatItStarted();
+    void aCancelThatIsTakenBackLetsTheEngineGoOn();
+    void theQuestionGoesWithTheEngine();
+    void theEndOfTheProgramWaitsForTheEngine(); // behind it no event loop runs any more
     void theTimeIsShownInMinutesAndSeconds();
     void aPathOfTheEngineWithBlanksIsQuoted();
 };
@@ -144,16 +154,16 @@ void EngineRunsTest::whatTheEngineChangedStandsInTheGrid()
     QVERIFY(!bench.Doc().IsModified());
     QVERIFY(bench.lock.IsHeld());
     QVERIFY(QFile::exists(bench.Base() + u"_計算結果/橋 1.CHK"_s));
-    QCOMPARE(bench.RecoveryFiles(), QStringList());
     QCOMPARE(Told(bench), QStringList());
-    QCOMPARE(bench.notices, QStringList());
+    QCOMPARE(bench.Notices(), QStringList());
+    QCOMPARE(bench.Kept().value(0).end, (RunEnd{RunEndKind::Report, 0, 3, 0}));
 }
 
 void EngineRunsTest::aMissingEngineIsTold()
 {
     RunBench bench;
     EngineStart start{EngineRun::Cross, bench.folder.Path(u"HOLM4_W_CROSS.exe"_s), bench.path};
-    QVERIFY(!RunEngineProcess(&bench.window, start));
+    QVERIFY(!RunEngineProcess(&bench.window, start).started);
     QVERIFY(EngineWindow() == nullptr);
 }
 
@@ -165,49 +175,108 @@ void EngineRunsTest::aFileThatIsNoProgramIsTold()
     QVERIFY(file.open(QFile::WriteOnly));
     file.write("no program");
     file.close();
-    QVERIFY(!RunEngineProcess(&bench.window, {EngineRun::Cross, engine, bench.path}));
+    QVERIFY(!RunEngineProcess(&bench.window, {EngineRun::Cross, engine, bench.path}).started);
     file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    QVERIFY(!RunEngineProcess(&bench.window, {EngineRun::Cross, engine, bench.path}));
+    QVERIFY(!RunEngineProcess(&bench.window, {EngineRun::Cross, engine, bench.path}).started);
 }
 
 void EngineRunsTest::aCrashComesBackLikeAnEnd()
 {
     RunBench bench;
+    const QByteArray before = Bytes(bench.path);
     bench.Engine("value RESET_RESULTS NO\ncrash\n");
     QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
     QCOMPARE(bench.Doc().Data().Option(301, 1), std::string_view("NO"));
     QVERIFY(bench.lock.IsHeld());
     QCOMPARE(Told(bench), QStringList());
+    QCOMPARE(bench.Kept().size(), 1);
+    QCOMPARE(Bytes(bench.Kept()[0].file), before);
+    QCOMPARE(bench.Kept()[0].end.kind, RunEndKind::Fault);
+    QCOMPARE(bench.Notices().size(), 1);
+    QVERIFY2(bench.Notices()[0].startsWith(u"解析プログラムが途中で終わりました: 異常終了 ("_s),
+             qPrintable(bench.Notices()[0]));
+    QVERIFY(bench.Notices()[0].contains(QDir::toNativeSeparators(bench.Kept()[0].file)));
+    QVERIFY(bench.Doc().lastRun.contains(u"異常終了 ("_s));
+    // The way back is one step.
+    QVERIFY(bench.Press(u"元に戻す"_s));
+    QCOMPARE(bench.Doc().Data().Option(301, 1), std::string_view("YES"));
+    QVERIFY(bench.Doc().IsModified());
+    QCOMPARE(bench.Notices(), QStringList());
+    bench.Doc().Undo();
+    QCOMPARE(bench.Doc().Data().Option(301, 1), std::string_view("NO"));
 }
 
-void EngineRunsTest::theExitCodeIsNotLookedAt()
+void EngineRunsTest::anExitCodeIsTold()
 {
     RunBench bench;
     bench.Engine("value RESET_RESULTS NO\nexit 77\n");
     QVERIFY(bench.runner.RunAndReload(EngineRun::Support, bench.Project()));
-    QCOMPARE(bench.Doc().Data().Option(301, 1), std::string_view("NO"));
+    QCOMPARE(bench.Doc().Data().Option(301, 1), std::string_view("NO")); // read as after any end
     QCOMPARE(Told(bench), QStringList());
+    QCOMPARE(bench.Kept().value(0).end, (RunEnd{RunEndKind::ExitCode, 77}));
+    QCOMPARE(bench.Notices().size(), 1);
+    QVERIFY(bench.Notices()[0].contains(u"終了コード 77"_s));
+    // The next run that ends well takes the notice away.
+    bench.Engine("chk ok\n");
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Support, bench.Project()));
+    QCOMPARE(bench.Notices(), QStringList());
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Support, bench.Project()));
+    bench.Engine("\n");
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Support, bench.Project()));
+    QCOMPARE(bench.Kept().value(0).end.kind, RunEndKind::NoReport); // that of before is not its own
 }
 
-void EngineRunsTest::aCheckLosesChangesButTheCopyHasThem()
+void EngineRunsTest::aCheckLosesChangesButTheyStayInReach()
 {
     RunBench bench;
     const QString title = bench.Title();
+    const QByteArray before = Bytes(bench.path);
     bench.Enter("BRIDGE OF TODAY");
-    bench.Engine("chk ok\n");
+    bench.Engine("value RESET_RESULTS NO\nchk ok\n");
     QVERIFY(bench.runner.RunAndReload(EngineRun::Check, bench.Project()));
     QCOMPARE(bench.Title(), title);
     QVERIFY(!bench.Doc().IsModified());
-    const QList<RecoveryCopy> copies = FindRecoveryCopies(bench.Recovery());
-    QCOMPARE(copies.size(), 1);
-    QCOMPARE(copies[0].project, bench.path);
-    QVERIFY(Bytes(copies[0].file).startsWith("TITLE:BRIDGE OF TODAY\r\n"));
-    QCOMPARE(bench.notices, QStringList({u"保存していなかった変更は回復用コピーに残っています: "_s
-                                         + QDir::toNativeSeparators(copies[0].file)}));
+    QCOMPARE(bench.Kept().size(), 2); // what the engine got, and what it did not see
+    QCOMPARE(bench.Kept()[0].kind, KeptKind::Unsaved);
+    QVERIFY(Bytes(bench.Kept()[0].file).startsWith("TITLE:BRIDGE OF TODAY\r\n"));
+    QCOMPARE(bench.Kept()[1].kind, KeptKind::Check);
+    QCOMPARE(Bytes(bench.Kept()[1].file), before);
     QCOMPARE(Told(bench), QStringList());
+
+    // A bar that stays, with both ways.
+    QCOMPARE(bench.Notices().size(), 1);
+    QVERIFY(bench.Notices()[0].contains(u"保存していなかった変更が画面から消えました"_s));
+    QVERIFY(bench.Notices()[0].contains(QDir::toNativeSeparators(bench.Kept()[0].file)));
+    QVERIFY(bench.Press(u"比べる"_s));
+    QCOMPARE(bench.shown.size(), 1);
+    QCOMPARE(bench.shown[0].differences.size(), std::size_t(2)); // the title, and what the engine wrote
+    QCOMPARE(toQString(bench.shown[0].differences[0].before), u"BRIDGE OF TODAY"_s);
+    QCOMPARE(bench.Notices().size(), 1);
+    QVERIFY(bench.Press(u"元に戻す"_s));
+    QCOMPARE(bench.Title(), u"BRIDGE OF TODAY"_s);
+    QVERIFY(bench.Doc().IsModified());
+    QCOMPARE(bench.Notices(), QStringList());
+    bench.Doc().Undo();
+    QCOMPARE(bench.Title(), title);
 }
 
-void EngineRunsTest::aFileThatIsStillHeldIsNotRead()
+void EngineRunsTest::cellsOfAListComeBackOneByOne()
+{
+    RunBench bench;
+    bench.Enter("BRIDGE OF TODAY");
+    bench.Engine("value RESET_RESULTS NO\n");
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Check, bench.Project()));
+    QVERIFY(bench.Press(u"比べる"_s));
+    const DifferenceView view = bench.shown.value(0);
+    QCOMPARE(view.differences.size(), std::size_t(2));
+    view.takeBack({view.differences[0]});
+    QCOMPARE(bench.Title(), u"BRIDGE OF TODAY"_s);
+    QCOMPARE(bench.Doc().Data().Option(301, 1), std::string_view("NO")); // was not chosen
+    view.goTo(view.differences[0]);
+    QCOMPARE(bench.child->CurrentBlock(), 301);
+}
+
+void EngineRunsTest::aFileThatIsStillHeldIsReadWhenItIsFree()
 {
     RunBench bench;
     bench.Enter("ENTERED");
@@ -218,11 +287,47 @@ void EngineRunsTest::aFileThatIsStillHeldIsNotRead()
     QCOMPARE(bench.Title(), u"ENTERED"_s);
     QVERIFY(!bench.Doc().IsModified());
     QVERIFY(!bench.lock.IsHeld());
-    QCOMPARE(bench.notices.size(), 1);
-    const QList<RecoveryCopy> copies = FindRecoveryCopies(bench.Recovery());
-    QCOMPARE(copies.size(), 1);
-    QVERIFY(Bytes(copies[0].file).startsWith("TITLE:ENTERED\r\n"));
-    QTRY_COMPARE_WITH_TIMEOUT(CProjectLock::Look(bench.path), CProjectLock::State::Free, 20000);
+    QCOMPARE(bench.Notices().size(), 1);
+    QVERIFY(bench.Notices()[0].contains(u"まだ使用中"_s));
+    QCOMPARE(bench.Kept().value(0).end.kind, RunEndKind::Held);
+    QVERIFY(Bytes(bench.Kept().value(0).file).startsWith("TITLE:ENTERED\r\n"));
+    QVERIFY(bench.Doc().FileIsAnother()); // a save would ask
+
+    QTRY_COMPARE_WITH_TIMEOUT(bench.Doc().Data().Option(301, 1), std::string_view("NO"), 20000);
+    QVERIFY(bench.lock.IsHeld());
+    QVERIFY(!bench.Doc().FileIsAnother());
+    QCOMPARE(bench.Notices().size(), 1); // the held one has gone
+    QVERIFY(bench.Notices()[0].contains(u"保存していなかった変更"_s));
+    QVERIFY(bench.Press(u"元に戻す"_s));
+    QCOMPARE(bench.Title(), u"ENTERED"_s);
+}
+
+void EngineRunsTest::aFileThatIsFreeAgainWaitsForWhoHasGoneOn()
+{
+    RunBench bench;
+    bench.Engine("value RESET_RESULTS NO\nhold 1500\n");
+    QVERIFY(!bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
+    bench.Enter("GONE ON");
+    QTRY_VERIFY_WITH_TIMEOUT(bench.Notices().value(0).startsWith(u"使用中だったプロジェクトファイルが空きました"_s),
+                             20000);
+    QCOMPARE(bench.Title(), u"GONE ON"_s);
+    QVERIFY(bench.Press(u"読み込む"_s));
+    QCOMPARE(bench.Doc().Data().Option(301, 1), std::string_view("NO"));
+    QVERIFY(bench.Notices().value(0).startsWith(u"ファイルを読み直しました"_s));
+    QVERIFY(bench.Press(u"元に戻す"_s));
+    QCOMPARE(bench.Title(), u"GONE ON"_s);
+}
+
+void EngineRunsTest::aHeldFileThatDidNotChangeIsTakenBack()
+{
+    RunBench bench;
+    bench.Enter("ENTERED");
+    bench.Engine("hold 800\n");
+    QVERIFY(!bench.runner.RunAndReload(EngineRun::Check, bench.Project()));
+    QTRY_VERIFY_WITH_TIMEOUT(bench.lock.IsHeld(), 20000);
+    QCOMPARE(bench.Title(), u"ENTERED"_s);
+    QVERIFY(bench.Doc().IsModified()); // the file lacks it
+    QCOMPARE(bench.Notices(), QStringList());
 }
 
 void EngineRunsTest::rubbishIsToldAndTheCopyHasTheProject()
@@ -232,7 +337,7 @@ void EngineRunsTest::rubbishIsToldAndTheCopyHasTheProject()
     bench.Engine("rubbish "_ba + QByteArray::number(before.size()) + '\n');
     QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
     QVERIFY(Bytes(bench.path) != before);
-    const QList<RecoveryCopy> copies = FindRecoveryCopies(bench.Recovery());
+    const QList<KeptInput> copies = bench.Kept();
     QCOMPARE(copies.size(), 1);
     QCOMPARE(Bytes(copies[0].file), before);
     QCOMPARE(Told(bench).size(), 1);
@@ -256,7 +361,7 @@ void EngineRunsTest::aCutFileIsTold()
     bench.Engine("truncate "_ba + QByteArray::number(before.size() - 100) + "\ncrash\n");
     QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
     QCOMPARE(Told(bench).size(), 1);
-    QCOMPARE(Bytes(FindRecoveryCopies(bench.Recovery()).at(0).file), before);
+    QCOMPARE(Bytes(bench.Kept().at(0).file), before);
 }
 
 void EngineRunsTest::aFileThatIsGoneIsTold()
@@ -269,7 +374,7 @@ void EngineRunsTest::aFileThatIsGoneIsTold()
     QCOMPARE(bench.Title(), title);
     QCOMPARE(Told(bench).size(), 1);
     QVERIFY(Told(bench)[0].contains(u"見つかりません"_s));
-    QCOMPARE(Bytes(FindRecoveryCopies(bench.Recovery()).at(0).file), before);
+    QCOMPARE(Bytes(bench.Kept().at(0).file), before);
 }
 
 void EngineRunsTest::aFileCutAtASectionsEndIsTold()
@@ -283,7 +388,7 @@ void EngineRunsTest::aFileCutAtASectionsEndIsTold()
     QCOMPARE(Told(bench).size(), 1);
     QVERIFY2(Told(bench)[0].contains(u"データがなくなったブロック: 501, 503, 504, 505, 506, 511, "_s),
              qPrintable(Told(bench)[0]));
-    const QList<RecoveryCopy> copies = FindRecoveryCopies(bench.Recovery());
+    const QList<KeptInput> copies = bench.Kept();
     QCOMPARE(copies.size(), 1);
     QCOMPARE(Bytes(copies[0].file), before);
     QVERIFY(Told(bench)[0].contains(QDir::toNativeSeparators(copies[0].file)));
@@ -301,9 +406,9 @@ void EngineRunsTest::aKeptCopyOutlivesFurtherRuns()
     QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
     bench.Engine("rubbish 1000\n");
     QVERIFY(bench.runner.RunAndReload(EngineRun::Result, bench.Project()));
-    const QList<RecoveryCopy> copies = FindRecoveryCopies(bench.Recovery());
-    QCOMPARE(copies.size(), 3);
-    QVERIFY(std::ranges::any_of(copies, [&](const RecoveryCopy& copy) { return Bytes(copy.file) == before; }));
+    const QList<KeptInput> copies = bench.Kept();
+    QCOMPARE(copies.size(), 5);
+    QVERIFY(std::ranges::any_of(copies, [&](const KeptInput& copy) { return Bytes(copy.file) == before; }));
 }
 
 void EngineRunsTest::everyCopyIsKept()
@@ -315,14 +420,12 @@ void EngineRunsTest::everyCopyIsKept()
         QVERIFY(bench.runner.RunAndReload(EngineRun::Check, bench.Project()));
     }
     QStringList titles;
-    for (const QString& name : QDir(bench.Recovery()).entryList({u"*.sbd"_s}, QDir::Files, QDir::Name)) {
-        const QByteArray bytes = Bytes(bench.Recovery() + u'/' + name);
-        titles += QString::fromLatin1(bytes.left(bytes.indexOf('\r')));
+    for (const KeptInput& input : bench.Kept()) {
+        const QByteArray bytes = Bytes(input.file);
+        if (input.kind == KeptKind::Unsaved)
+            titles += QString::fromLatin1(bytes.left(bytes.indexOf('\r')));
     }
-    QCOMPARE(titles, QStringList({u"TITLE:AAA"_s, u"TITLE:BBB"_s, u"TITLE:CCC"_s})); // the names sort by time
-    QCOMPARE(bench.notices.size(), 3);
-    for (const QString& notice : bench.notices)
-        QVERIFY(notice.contains(QDir::toNativeSeparators(bench.Recovery())));
+    QCOMPARE(titles, QStringList({u"TITLE:CCC"_s, u"TITLE:BBB"_s, u"TITLE:AAA"_s})); // newest first
 }
 
 void EngineRunsTest::aFileThatBrokeWhileItsProjectWasClosedKeepsItsCopy()
@@ -334,42 +437,54 @@ void EngineRunsTest::aFileThatBrokeWhileItsProjectWasClosedKeepsItsCopy()
     QVERIFY(bench.runner.Run(EngineRun::Main, bench.Project()));
     Settle();
     QCOMPARE(bench.log.last(), u"not read"_s);
-    QCOMPARE(Bytes(FindRecoveryCopies(bench.Recovery()).at(0).file), before);
+    QCOMPARE(Bytes(bench.Kept().at(0).file), before);
     QCOMPARE(Told(bench).size(), 1);
     QVERIFY(!Told(bench)[0].contains(u"画面には"_s));
 }
 
-void EngineRunsTest::aCheckWithoutRoomForTheCopyIsNotMade()
+void EngineRunsTest::withoutRoomForTheCopyARunAsksFirst()
 {
     RunBench bench;
-    QFile file(bench.Recovery());
+    QFile file(bench.KeptIn());
     QVERIFY(file.open(QFile::WriteOnly)); // no folder can be made in its place
     bench.Engine("value RESET_RESULTS NO\n");
     bench.Enter("ENTERED");
-    QVERIFY(!bench.runner.RunAndReload(EngineRun::Check, bench.Project()));
-    QCOMPARE(Told(bench).size(), 1);
-    QVERIFY(Told(bench)[0].contains(QDir::toNativeSeparators(bench.Recovery())));
-    QCOMPARE(bench.Title(), u"ENTERED"_s);
-    QVERIFY(bench.Doc().IsModified());
-    QVERIFY(bench.lock.IsHeld());
-    // What is saved is in no danger.
-    QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
+    for (const EngineRun run : {EngineRun::Check, EngineRun::Main}) {
+        bench.log.clear();
+        QVERIFY(!bench.runner.RunAndReload(run, bench.Project())); // the user says no
+        const QStringList asked = bench.log.filter(u"yes or no: 解析前の入力を次のフォルダーに保管できません。"_s);
+        QCOMPARE(asked.size(), 1);
+        QVERIFY(asked[0].contains(QDir::toNativeSeparators(bench.KeptIn())));
+        QCOMPARE(asked[0].contains(u"保存していない変更があります"_s), run == EngineRun::Check);
+        QVERIFY(bench.lock.IsHeld());
+        QCOMPARE(bench.Doc().IsModified(), run == EngineRun::Check);
+    }
+    bench.Enter("ENTERED");
+    bench.yes = true;
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Check, bench.Project()));
     QCOMPARE(bench.Doc().Data().Option(301, 1), std::string_view("NO"));
+    QVERIFY(bench.Press(u"元に戻す"_s)); // the window still has them
+    QCOMPARE(bench.Title(), u"ENTERED"_s);
 }
 
 void EngineRunsTest::aKilledProgramLeavesItsCopy()
 {
+    for (const RecoveryCopy& copy : FindRecoveryCopies())
+        RemoveRecoveryCopy(copy);
     RunBench bench;
     bench.lock.Release();
     bench.Engine("sleep 1500\nargs\n");
-    OtherProcess program({u"--run"_s, bench.path, bench.Recovery()});
+    OtherProcess program({u"--run"_s, bench.path, bench.KeptIn()});
     QCOMPARE(program.Word(), u"running"_s);
-    QVERIFY(FindRecoveryCopies(bench.Recovery()).isEmpty()); // the program lives
+    QVERIFY(FindRecoveryCopies().isEmpty()); // the program lives
     program.Kill();
-    const QList<RecoveryCopy> copies = FindRecoveryCopies(bench.Recovery());
+    const QList<RecoveryCopy> copies = FindRecoveryCopies();
     QCOMPARE(copies.size(), 1);
     QCOMPARE(copies[0].project, bench.path);
     QVERIFY(Bytes(copies[0].file).startsWith("TITLE:UNSAVED\r\n"));
+    RemoveRecoveryCopy(copies[0]);
+    QCOMPARE(bench.Kept().size(), 2); // the project as it was handed over, and the same changes
+    QCOMPARE(bench.Kept()[1].end.kind, RunEndKind::Unknown);
     // The engine comes to its end.
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(bench.Base() + u".args"_s), 20000);
 }
@@ -456,6 +571,83 @@ void EngineRunsTest::theEndOfTheProgramWaitsForTheEngine()
     QTimer::singleShot(200, [] { QCoreApplication::exit(0); });
     QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
     QCOMPARE(bench.Doc().Data().Option(301, 1), std::string_view("NO"));
+}
+
+void EngineRunsTest::theWindowShowsTheReportAsItIsWritten()
+{
+    RunBench bench;
+    bench.Engine("chk of before\n");
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
+    bench.Engine("chk first\nsleep 2000\nchk second\n");
+    QString text;
+    QTimer::singleShot(1600, [&] {
+        if (QWidget* window = EngineWindow())
+            text = window->findChild<QPlainTextEdit*>(u"report"_s)->toPlainText();
+    });
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
+    QCOMPARE(text, u"first"_s);
+}
+
+/// Presses a button of a window by its text.
+static bool PressIn(QWidget* window, const QString& text)
+{
+    if (window == nullptr)
+        return false;
+    for (QPushButton* button : window->findChildren<QPushButton*>()) {
+        if (button->text().startsWith(text) && button->isVisible()) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            return true;
+        }
+    }
+    return false;
+}
+
+void EngineRunsTest::cancellingEndsTheEngineAndWhatItStarted()
+{
+    RunBench bench;
+    const QByteArray before = Bytes(bench.path);
+    bench.Engine("value RESET_RESULTS NO\nhold 30000\nsleep 30000\nargs\n");
+    bool pressed = false;
+    QTimer::singleShot(800, [&] { pressed = PressIn(EngineWindow(), u"中止("_s); });
+    QTimer::singleShot(1200, [&] { pressed = pressed && PressIn(EngineWindow(), u"中止する"_s); });
+    QElapsedTimer clock;
+    clock.start();
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project())); // its child has let go of the file, too
+    QVERIFY(pressed);
+    QVERIFY(clock.elapsed() < 15'000);
+    QVERIFY(!QFile::exists(bench.Base() + u".args"_s));
+    QCOMPARE(bench.Doc().Data().Option(301, 1), std::string_view("NO")); // read as after any end
+    QVERIFY(bench.lock.IsHeld());
+    QCOMPARE(bench.Kept().value(0).end.kind, RunEndKind::Cancelled);
+    QCOMPARE(Bytes(bench.Kept().value(0).file), before);
+    QCOMPARE(bench.Notices().size(), 1);
+    QVERIFY(bench.Notices()[0].contains(u"中止"_s));
+    QVERIFY(EngineWindow() == nullptr);
+}
+
+void EngineRunsTest::aCancelThatIsTakenBackLetsTheEngineGoOn()
+{
+    RunBench bench;
+    bench.Engine("sleep 2500\nargs\n");
+    bool pressed = false;
+    QTimer::singleShot(500, [&] { pressed = PressIn(EngineWindow(), u"中止("_s); });
+    QTimer::singleShot(1000, [&] { pressed = pressed && PressIn(EngineWindow(), u"続ける"_s); });
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
+    QVERIFY(pressed);
+    QVERIFY(QFile::exists(bench.Base() + u".args"_s));
+    QCOMPARE(bench.Kept().value(0).end.kind, RunEndKind::NoReport);
+}
+
+void EngineRunsTest::theQuestionGoesWithTheEngine()
+{
+    RunBench bench;
+    bench.Engine("sleep 1500\nargs\n");
+    bool pressed = false;
+    QTimer::singleShot(500, [&] { pressed = PressIn(EngineWindow(), u"中止("_s); });
+    QVERIFY(bench.runner.RunAndReload(EngineRun::Main, bench.Project()));
+    QVERIFY(pressed);
+    QVERIFY(QApplication::activeModalWidget() == nullptr);
+    QCOMPARE(bench.Kept().value(0).end.kind, RunEndKind::NoReport);
 }
 
 void EngineRunsTest::theTimeIsShownInMinutesAndSeconds()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "answers.h"
+#include "document/kept_inputs.h"
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
 #include "frame/left_view.h"
@@ -9,6 +10,7 @@
 #include "tests/document/data_of.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QTest>
 
 namespace sbd {
@@ -116,9 +118,10 @@ inline std::string_view TypeOf(CChildFrame& child)
     return child.Doc().Data().Option(301, 2);
 }
 
-/// The recovery copies of earlier tests are not those of this one.
+/// The recovery copies and kept inputs of earlier tests are not those of this one.
 inline void RemoveAllCopies()
 {
+    QDir(KeptFolder()).removeRecursively();
     for (const RecoveryCopy& copy : FindRecoveryCopies())
         RemoveRecoveryCopy(copy);
 }

@@ -1,9 +1,18 @@
 // What a crash leaves, and how the next start brings it back.
 #include "document/project_lock.h"
+#include "frame/notice_bar.h"
+#include "grid/cell_editor.h"
+#include "grid/grid_ctrl.h"
 #include "life_station.h"
+#include "panels/panel.h"
+#include "sbdfile/writer.h"
 #include "tests/document/other_process.h"
 
 #include <QDir>
+#include <QPushButton>
+#include <QTimer>
+
+#include <climits>
 
 using namespace sbd;
 
@@ -40,7 +49,16 @@ private slots:
     void anUnwantedCopyIsRemoved();
     void laterOffersTheCopyAgain();
     void ofManyCopiesTheRestCanBePutOffAtOnce();
-    void theCopyOfAProjectThatIsOpenComesWithoutAPath();
+    void theCopyOfAProjectThatIsWorkedInComesWithoutAPath();
+    void theUntouchedWindowOfItsProjectIsTakenOver();
+    void aCopyThatTheFileHoldsIsDroppedWithoutAWord();
+    void aCopyOlderThanItsFileIsPutOffByDefault();
+    void theOfferTellsBothTimesAndHowMuchDiffers();
+    void aCopyThatWasPutOffIsToldWhenItsProjectIsOpened();
+    void aRunWhoseEndNobodySawIsToldWhenItsProjectIsOpened();
+    void aChangeOfBlockWritesACopy();
+    void anOpenEditorsTextIsInTheCopy();
+    void anEditIsCopiedWithin20Seconds();
 };
 
 void RecoveryOfferTest::aCrashLeavesACopyThatIsOffered()
@@ -143,7 +161,7 @@ void RecoveryOfferTest::ofManyCopiesTheRestCanBePutOffAtOnce()
     QCOMPARE(FindRecoveryCopies().size(), 3);
 }
 
-void RecoveryOfferTest::theCopyOfAProjectThatIsOpenComesWithoutAPath()
+void RecoveryOfferTest::theCopyOfAProjectThatIsWorkedInComesWithoutAPath()
 {
     LifeStation station;
     const QString path = station.folder.Example(u"plate4"_s);
@@ -151,11 +169,192 @@ void RecoveryOfferTest::theCopyOfAProjectThatIsOpenComesWithoutAPath()
         const OtherProcess other({u"--edit"_s, path});
     }
     CChildFrame* open = station.frame.OpenProject(path);
+    Enter(*open, "WORK OF NOW");
     station.user.recovery = RecoveryAnswer::Open;
     station.frame.OfferRecoveryCopies();
     QVERIFY(station.frame.CurrentChild() != open);
     QVERIFY(station.frame.CurrentChild()->Doc().PathName().isEmpty());
     QVERIFY(open->Lock().IsHeld());
+    QCOMPARE(open->Doc().Data().Option(301, 0), std::string_view("WORK OF NOW"));
+}
+
+void RecoveryOfferTest::theUntouchedWindowOfItsProjectIsTakenOver()
+{
+    LifeStation station;
+    const QString path = station.folder.Example(u"plate4"_s);
+    const QByteArray before = Bytes(path);
+    {
+        const OtherProcess other({u"--edit"_s, path});
+    }
+    CChildFrame* open = station.frame.OpenProject(path); // by a double click on the project
+    open->GoToBlock(313);
+    station.user.recovery = RecoveryAnswer::Open;
+    station.frame.OfferRecoveryCopies();
+    QCOMPARE(station.frame.Children().size(), 1);
+    QVERIFY(station.frame.CurrentChild() == open);
+    QCOMPARE(open->Doc().PathName(), path);
+    QVERIFY(open->Doc().IsModified());
+    QVERIFY(open->Lock().IsHeld());
+    QCOMPARE(open->CurrentBlock(), 313);
+    QVERIFY(toQString(open->Doc().Data().Option(301, 0)).contains(u"DIT "_s));
+    QCOMPARE(Bytes(path), before);
+    station.Trigger(u"上書き保存"_s);
+    QVERIFY(Bytes(path) != before);
+    QVERIFY(FindRecoveryCopies().isEmpty());
+}
+
+void RecoveryOfferTest::aCopyThatTheFileHoldsIsDroppedWithoutAWord()
+{
+    LifeStation station;
+    const QString path = station.folder.Example(u"plate4"_s);
+    const QByteArray bytes = Bytes(path);
+    QVERIFY(CRecoveryCopy().Write(path, {bytes.constData(), std::size_t(bytes.size())}));
+    // The same project in another form: what is saved later holds it all the same.
+    const QByteArray other = "! a line that nobody reads\r\n" + bytes;
+    QVERIFY(CRecoveryCopy().Write(path, {other.constData(), std::size_t(other.size())}));
+    QCOMPARE(FindRecoveryCopies().size(), 2);
+    station.frame.OfferRecoveryCopies();
+    QCOMPARE(station.user.asked, QStringList());
+    QVERIFY(FindRecoveryCopies().isEmpty());
+}
+
+void RecoveryOfferTest::aCopyOlderThanItsFileIsPutOffByDefault()
+{
+    LifeStation station;
+    const QString path = station.folder.Example(u"plate4"_s);
+    QByteArray old = Bytes(path);
+    old.replace("TITLE:", "TITLE:OLD ");
+    QVERIFY(CRecoveryCopy().Write(path, {old.constData(), std::size_t(old.size())}));
+    const auto setTime = [](const QString& file, const QDateTime& time) {
+        QFile open(file);
+        QVERIFY(open.open(QFile::ReadWrite));
+        QVERIFY(open.setFileTime(time, QFileDevice::FileModificationTime));
+    };
+    const QDateTime now = QDateTime::currentDateTime();
+    setTime(path, now.addSecs(-60));
+    station.frame.OfferRecoveryCopies();
+    QCOMPARE(station.user.putOff, QList<bool>{false});
+    setTime(path, now.addSecs(60)); // saved later, or written by an engine that went on without us
+    station.frame.OfferRecoveryCopies();
+    QCOMPARE(station.user.putOff, (QList<bool>{false, true}));
+    QVERIFY(station.user.asked[1].contains(u"コピーより新しい"_s));
+    QVERIFY(station.user.asked[1].contains(u"ファイルの新しい内容が失われます"_s));
+}
+
+void RecoveryOfferTest::theOfferTellsBothTimesAndHowMuchDiffers()
+{
+    LifeStation station;
+    const QString path = station.folder.Example(u"plate4"_s);
+    {
+        CKELDSectionDoc doc;
+        QVERIFY(doc.OpenDocument(path).Ok());
+        CSbdData& data = test::DataOf(doc);
+        data.SetOption(301, 1, "NO");
+        data.SetOption(301, 0, "OTHER");
+        data.SetOption(302, 0, "123");
+        const std::string bytes = WriteProject(data);
+        QVERIFY(CRecoveryCopy().Write(path, bytes));
+    }
+    station.frame.OfferRecoveryCopies();
+    QCOMPARE(station.user.asked.size(), 1);
+    const QString text = station.user.asked[0];
+    QVERIFY2(text.contains(u"ファイルとの違い: 3 か所 (2 ブロック)"_s), qPrintable(text));
+    const QString format = u"yyyy/MM/dd HH:mm:ss"_s;
+    QVERIFY(text.contains(u"コピーの時刻: "_s + FindRecoveryCopies().at(0).time.toString(format)));
+    QVERIFY(text.contains(u"ファイルの時刻: "_s + QFileInfo(path).lastModified().toString(format)));
+}
+
+void RecoveryOfferTest::aCopyThatWasPutOffIsToldWhenItsProjectIsOpened()
+{
+    LifeStation station;
+    const QString path = station.folder.Example(u"plate4"_s);
+    {
+        const OtherProcess other({u"--edit"_s, path});
+    }
+    station.frame.OfferRecoveryCopies(); // later
+    CChildFrame* child = station.frame.OpenProject(path);
+    QCOMPARE(child->Notices().Texts().size(), 1);
+    auto* open = child->Notices().findChild<QPushButton*>();
+    QVERIFY(open != nullptr && open->text().startsWith(u"コピーを開く"_s));
+    open->click();
+    QCOMPARE(child->Doc().PathName(), path);
+    QVERIFY(toQString(child->Doc().Data().Option(301, 0)).contains(u"DIT "_s));
+    QCOMPARE(child->Notices().Texts(), QStringList());
+}
+
+void RecoveryOfferTest::aRunWhoseEndNobodySawIsToldWhenItsProjectIsOpened()
+{
+    LifeStation station;
+    const QString path = station.folder.Example(u"plate4"_s);
+    const QByteArray bytes = Bytes(path);
+    const QString kept = KeepInput(path, {bytes.constData(), std::size_t(bytes.size())}, KeptKind::Main);
+    QVERIFY(!kept.isEmpty());
+    station.frame.OfferRecoveryCopies();
+    CChildFrame* child = station.frame.OpenProject(path);
+    QCOMPARE(child->Notices().Texts().size(), 1);
+    QVERIFY(child->Notices().Texts()[0].contains(QDir::toNativeSeparators(kept)));
+    child->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    SetKeptEnd(kept, {RunEndKind::Report, 0, 1, 2});
+    QCOMPARE(station.frame.OpenProject(path)->Notices().Texts(), QStringList());
+}
+
+void RecoveryOfferTest::aChangeOfBlockWritesACopy()
+{
+    LifeStation station;
+    CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
+    Enter(*child, "MINE"); // on 302
+    QVERIFY(QDir(RecoveryFolder()).entryList({u"*.sbd"_s}).isEmpty());
+    QVERIFY(child->GoToBlock(313));
+    const QStringList copies = QDir(RecoveryFolder()).entryList({u"*.sbd"_s});
+    QCOMPARE(copies.size(), 1);
+    QVERIFY(Bytes(RecoveryFolder() + u'/' + copies[0]).startsWith("TITLE:MINE\r\n"));
+}
+
+void RecoveryOfferTest::anOpenEditorsTextIsInTheCopy()
+{
+    LifeStation station;
+    CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
+    QVERIFY(child->GoToBlock(301));
+    CGridCtrl* grid = child->Panel()->Grid();
+    child->Panel()->GoToCell(1, 2);
+    grid->setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(&station.frame));
+    for (const QChar c : u"HALF A TITLE"_s)
+        QTest::keyClick(QGuiApplication::focusWindow(), c.toLatin1());
+    QVERIFY(grid->IsEditing());
+    QWidget* editor = QApplication::focusWidget();
+    // What is being composed is left alone: it stays in the editor, and is not in the copy.
+    QInputMethodEvent composing(u"きょう"_s, {});
+    QCoreApplication::sendEvent(editor, &composing);
+    const auto copies = [] { return QDir(RecoveryFolder()).entryList({u"*.sbd"_s}); };
+    station.frame.KeepRecoveryCopies();
+    QCOMPARE(copies().size(), 1);
+    const QByteArray bytes = Bytes(RecoveryFolder() + u'/' + copies()[0]);
+    QVERIFY2(bytes.startsWith("TITLE:HALF A TITLE\r\n"), bytes.left(60).constData());
+    QVERIFY(grid->IsEditing());
+    QVERIFY(QApplication::focusWidget() == editor);
+    QInputMethodEvent taken;
+    taken.setCommitString(u"今日"_s);
+    QCoreApplication::sendEvent(editor, &taken);
+    QCOMPARE(EditorText(editor), u"HALF A TITLE今日"_s);
+    QVERIFY(!child->Doc().IsModified());
+    // An editor that is given up leaves no copy.
+    QTest::keyClick(editor, Qt::Key_Escape);
+    QVERIFY(!grid->IsEditing());
+    station.frame.KeepRecoveryCopies();
+    QVERIFY(copies().isEmpty());
+}
+
+void RecoveryOfferTest::anEditIsCopiedWithin20Seconds()
+{
+    LifeStation station;
+    int shortest = INT_MAX;
+    for (const QTimer* timer : station.frame.findChildren<QTimer*>(Qt::FindDirectChildrenOnly)) {
+        if (timer->isActive() && !timer->isSingleShot())
+            shortest = std::min(shortest, timer->interval());
+    }
+    QVERIFY2(shortest <= 20'000, qPrintable(QString::number(shortest)));
 }
 
 int main(int argc, char** argv)

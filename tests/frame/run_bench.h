@@ -2,17 +2,22 @@
 #pragma once
 
 #include "answers.h"
+#include "document/kept_inputs.h"
 #include "document/project_lock.h"
 #include "document/save_flow.h"
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
+#include "frame/difference_dialog.h"
 #include "frame/engine_runner.h"
+#include "frame/notice_bar.h"
+#include "frame/run_notices.h"
 #include "tests/document/data_of.h"
 
 #include <QDir>
 #include <QMainWindow>
 #include <QMdiArea>
 #include <QPointer>
+#include <QPushButton>
 #include <QTest>
 
 namespace sbd {
@@ -39,13 +44,26 @@ public:
         QObject::connect(&runner, &CEngineRunner::projectIsBack, &window, [this](bool reloaded) {
             log += reloaded ? QStringLiteral("read") : QStringLiteral("not read");
         });
-        QObject::connect(&runner, &CEngineRunner::notice, &window, [this](const QString& text) { notices += text; });
     }
 
     [[nodiscard]] CKELDSectionDoc& Doc() { return child->Doc(); }
     [[nodiscard]] QString Base() const { return BasePath(path); }
-    [[nodiscard]] QString Recovery() const { return folder.Path(QStringLiteral("recovery")); }
-    [[nodiscard]] QStringList RecoveryFiles() const { return QDir(Recovery()).entryList(QDir::Files); }
+    /// The folder of the kept inputs, and what is in it, newest first.
+    [[nodiscard]] QString KeptIn() const { return folder.Path(QStringLiteral("inputs")); }
+    [[nodiscard]] QList<KeptInput> Kept() const { return KeptInputsOf(path, KeptIn()); }
+    /// What stands above the panel.
+    [[nodiscard]] QStringList Notices() { return child->Notices().Texts(); }
+    /// Presses a button of a notice; false: there is none.
+    bool Press(const QString& text)
+    {
+        for (QPushButton* button : child->Notices().findChildren<QPushButton*>()) {
+            if (button->text().startsWith(text) && button->isVisibleTo(&child->Notices())) {
+                button->click();
+                return true;
+            }
+        }
+        return false;
+    }
 
     [[nodiscard]] RunProject Project()
     {
@@ -54,6 +72,10 @@ public:
             log += QStringLiteral("panel away");
             real(change);
             log += QStringLiteral("panel back");
+        };
+        project.show = [this](const RunReport& report) {
+            reports += report;
+            ShowRunReport(*child, report, [this](DifferenceView view) { shown += std::move(view); });
         };
         return project;
     }
@@ -93,8 +115,9 @@ public:
     std::function<void()> whileEngineRuns = [] {};
 
     QStringList log;
-    QStringList notices;
+    QList<DifferenceView> shown; ///< lists of differences
     EngineStart started;
+    QList<RunReport> reports;
 
 private:
     [[nodiscard]] bool Save()
@@ -115,7 +138,7 @@ private:
         return {analysisRuns, std::shared_ptr<void>(this, close)};
     }
 
-    [[nodiscard]] bool RunEngine(QWidget* parent, const EngineStart& start)
+    [[nodiscard]] EngineEnd RunEngine(QWidget* parent, const EngineStart& start)
     {
         started = start;
         log += QStringLiteral("engine");
@@ -123,7 +146,7 @@ private:
         if (!mutexIsOpen_)
             log += QStringLiteral("(no mutex)");
         whileEngineRuns();
-        return realEngines ? RunEngineProcess(parent, start) : canStart;
+        return realEngines ? RunEngineProcess(parent, start) : EngineEnd{.started = canStart};
     }
 
     [[nodiscard]] RunSeams Seams()
@@ -143,7 +166,7 @@ private:
                 },
                 [this] { return CreateMutex(); },
                 [this](QWidget* parent, const EngineStart& start) { return RunEngine(parent, start); },
-                [this] { return Recovery(); }};
+                [this] { return KeptIn(); }};
     }
 
     bool mutexIsOpen_ = false;

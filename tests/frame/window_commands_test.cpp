@@ -43,7 +43,7 @@ struct Station {
     {
         prompts.runs.runEngine = [this](QWidget*, const EngineStart& start) {
             engines.append(start.engine);
-            return true;
+            return EngineEnd{.started = true};
         };
         Start();
     }

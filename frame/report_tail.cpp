@@ -1,0 +1,140 @@
+#include "frame/report_tail.h"
+
+#include "document/section_doc.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <optional>
+
+namespace sbd {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kSample = 256;      // bytes that tell whether a report goes on behind that of before
+constexpr qint64 kPiece = 64 * 1024; // bytes at one look
+constexpr qsizetype kLongest = 1000; // bytes of a line as it is shown
+
+QByteArray ReadPiece(const QString& path, qint64 begin, qint64 count)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QFile::ReadOnly) || !file.seek(begin))
+        return {};
+    return file.read(count);
+}
+
+/// A line as it can be shown: what is no sign becomes a blank.
+QString Shown(QByteArray line)
+{
+    if (line.endsWith('\r'))
+        line.chop(1);
+    QString text = toQString({line.constData(), static_cast<std::size_t>(std::min(line.size(), kLongest))});
+    for (QChar& c : text) {
+        if (c.isSurrogate())
+            c = QChar(QChar::ReplacementCharacter);
+        else if (c < u' ' || c == QChar(0x7F))
+            c = u' ';
+    }
+    return text;
+}
+
+/// The number behind `word` and "=", if the line says one.
+std::optional<int> NumberBehind(const QString& line, const QString& word)
+{
+    const qsizetype at = line.indexOf(word, 0, Qt::CaseInsensitive);
+    if (at < 0)
+        return std::nullopt;
+    QString rest = line.mid(at + word.size());
+    if (rest.startsWith(u's', Qt::CaseInsensitive))
+        rest.remove(0, 1);
+    rest = rest.trimmed();
+    if (!rest.startsWith(u'=') && !rest.startsWith(u'＝') && !rest.startsWith(u':') && !rest.startsWith(u'：'))
+        return std::nullopt;
+    bool isNumber = false;
+    const int number = rest.mid(1).trimmed().section(u' ', 0, 0).toInt(&isNumber);
+    return isNumber && number >= 0 ? std::optional(number) : std::nullopt;
+}
+
+/// Counts by words; a number that the report gives itself is the better one.
+int CountWords(const std::vector<std::string>& lines, const QStringList& words)
+{
+    int count = 0;
+    std::optional<int> told;
+    for (const std::string& bytes : lines) {
+        const QString line = toQString(bytes);
+        std::optional<int> number;
+        bool speaks = false;
+        for (const QString& word : words) {
+            if (!number)
+                number = NumberBehind(line, word);
+            speaks = speaks || line.contains(word, Qt::CaseInsensitive);
+        }
+        if (number)
+            told = told.value_or(0) + *number;
+        else if (speaks)
+            ++count;
+    }
+    return told.value_or(count);
+}
+
+} // namespace
+
+CReportTail::CReportTail(QString path) : path_(std::move(path)), seen_(LookAt(path_))
+{
+    sizeBefore_ = seen_.isThere ? static_cast<qint64>(seen_.size) : 0;
+    const qint64 begin = std::max<qint64>(sizeBefore_ - kSample, 0);
+    endBefore_ = ReadPiece(path_, begin, sizeBefore_ - begin);
+}
+
+/// A report that goes on behind the old one begins there, any other at its begin.
+void CReportTail::FindBegin(const FileLook& look)
+{
+    const qint64 begin = sizeBefore_ - endBefore_.size();
+    const bool goesOn = sizeBefore_ > 0 && static_cast<qint64>(look.size) > sizeBefore_
+                        && ReadPiece(path_, begin, endBefore_.size()) == endBefore_;
+    read_ = goesOn ? sizeBefore_ : 0;
+}
+
+QStringList CReportTail::NewLines()
+{
+    const FileLook look = LookAt(path_);
+    if (!look.isThere || look == seen_)
+        return {};
+    seen_ = look;
+    const auto size = static_cast<qint64>(look.size);
+    if (read_ < 0)
+        FindBegin(look);
+    QStringList lines;
+    if (size < read_) { // begun anew
+        read_ = 0;
+        open_.clear();
+    }
+    if (size - read_ > kPiece) {
+        read_ = size - kPiece;
+        open_.clear();
+        lines.append(u"…"_s);
+    }
+    QByteArray piece = open_ + ReadPiece(path_, read_, size - read_);
+    read_ = size;
+    qsizetype begin = 0;
+    for (qsizetype end = piece.indexOf('\n'); end >= 0; end = piece.indexOf('\n', begin)) {
+        lines.append(Shown(piece.mid(begin, end - begin)));
+        begin = end + 1;
+    }
+    open_ = piece.mid(begin);
+    if (open_.size() > kPiece) { // a file without line ends
+        lines.append(Shown(open_));
+        open_.clear();
+    }
+    return lines;
+}
+
+ReportCount CountReport(const std::vector<std::string>& lines)
+{
+    return {CountWords(lines, {u"error"_s, u"エラー"_s}), CountWords(lines, {u"warning"_s, u"警告"_s})};
+}
+
+} // namespace sbd
