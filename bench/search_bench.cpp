@@ -30,7 +30,7 @@ void BM_PlainFind(benchmark::State& state)
     const std::u16string word = Skeleton(Line(state.range(0)));
     Measure(state, plainTimes, [&] {
         std::size_t found = 0;
-        for (const std::string& text : texts)
+        for (const std::u16string& text : texts)
             found += text.find(word) != std::u16string::npos;
         return found;
     });

@@ -34,6 +34,7 @@ namespace {
 const auto kGeometryKey = u"Window Size/Frame"_s;
 constexpr QSize kFirstSize{1280, 800};
 constexpr int kMargin = 4;              // px
+constexpr int kNoticeTime = 30'000;     // ms, a line in the status bar
 constexpr auto kRecoveryInterval = 15s; // between copies of what is not saved; an edit is copied within 20 s
 
 /// The project files among what is dragged.

@@ -122,12 +122,12 @@ void CGridHead::paintSection(QPainter* painter, const QRect& rect, int logicalIn
             painter->fontMetrics().elidedText(source_->RowNumber(logicalIndex + 1), Qt::ElideRight, inner.width());
         painter->drawText(inner, int(Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine), number);
         if (logicalIndex + 1 == focusRow_) { // the focused row is told by more than its colour
-            const QPointF left(rect.left() + 1, rect.center().y());
-            const QPointF mark[] = {left + QPointF(0, -3.5), left + QPointF(4.5, 0), left + QPointF(0, 3.5)};
+            const QPointF left(rect.left() + (mark ? kMarkWidth : 0) + 1, rect.center().y());
+            const QPointF pointer[] = {left + QPointF(0, -3.5), left + QPointF(4.5, 0), left + QPointF(0, 3.5)};
             painter->setRenderHint(QPainter::Antialiasing);
             painter->setPen(Qt::NoPen);
             painter->setBrush(QColor::fromRgba(ColorsFor(palette()).focusFrame));
-            painter->drawPolygon(mark, 3);
+            painter->drawPolygon(pointer, 3);
         }
     }
     painter->restore();
