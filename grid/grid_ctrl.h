@@ -173,6 +173,8 @@ private:
     void ReopenRefused(const QString& consequence);
     [[nodiscard]] QString CellName(GridCell cell) const;
     [[nodiscard]] bool HandleCommandKey(QKeyEvent* event);
+    /// True in a single cell with a list, where the keys with Alt are those of the list.
+    [[nodiscard]] bool OpensList() const;
     [[nodiscard]] bool HandleMoveKey(QKeyEvent* event);
     void TellLocked(const QKeyEvent& event);
     void OpenMenu();

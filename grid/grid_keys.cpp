@@ -171,9 +171,18 @@ bool CGridCtrl::HandleCommandKey(QKeyEvent* event)
 {
     const Command command = CommandOf(*event);
     const bool movesRow = command == Command::MoveRowUp || command == Command::MoveRowDown;
-    if (movesRow && !Source()->MovesRows()) // such a key is for the list, as it is in an editor
+    // Such a key is for the list of a single cell, as it is in an editor; rows that are selected move.
+    if (movesRow && (!Source()->MovesRows() || OpensList()))
         return false;
     return RunCommand(command);
+}
+
+bool CGridCtrl::OpensList() const
+{
+    const GridCell focus = FocusCell();
+    const GridRange range = SelectedRange();
+    return focus.row > 0 && range.top == range.bottom && range.left == range.right
+           && Source()->HasWords(focus.row, focus.column) && Source()->IsEditable(focus.row, focus.column);
 }
 
 bool CGridCtrl::RunCommand(Command command)

@@ -130,7 +130,7 @@ private slots:
     void RowsAreInsertedDeletedAndDuplicatedByKey();
     void RowsMoveByKeySeveralAtOnce();
     void RedoOfAMoveShowsTheRowWhereItStandsAndSaysWhereItCameFrom();
-    void AltDownOpensTheListWhereRowsDoNotMoveAndF4Everywhere();
+    void AltDownOpensTheListOfACellAndMovesTheSelectedRow();
     void CopyWithHeadsAndATableForWordProcessors();
     void ATableFromABrowserIsPastedCellByCell();
     void APasteBeyondTheEdgeOrIntoLockedCellsSaysHowManyStayed();
@@ -422,13 +422,25 @@ void GridKeysTest::RedoOfAMoveShowsTheRowWhereItStandsAndSaysWhereItCameFrom()
     QCOMPARE(status_, u"5 行目から 4 行目へ移りました。"_s);
 }
 
-void GridKeysTest::AltDownOpensTheListWhereRowsDoNotMoveAndF4Everywhere()
+void GridKeysTest::AltDownOpensTheListOfACellAndMovesTheSelectedRow()
 {
     Grid().SetFocusCell(2, 5);
     Key(Qt::Key_F4);
     QVERIFY(qobject_cast<CCellCombo*>(Grid().indexWidget(Grid().currentIndex())) != nullptr);
     Key(Qt::Key_Escape);
     Key(Qt::Key_Escape);
+    const QStringList before = Column(2, 3, 7);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up}) {
+        Grid().SetFocusCell(3, 5);
+        Key(key, Qt::AltModifier);
+        QVERIFY(qobject_cast<CCellCombo*>(Grid().indexWidget(Grid().currentIndex())) != nullptr);
+        QCOMPARE(Column(2, 3, 7), before); // whoever wanted the list has moved no row
+        Key(Qt::Key_Escape);
+        Key(Qt::Key_Escape);
+    }
+    Key(Qt::Key_Space, Qt::ShiftModifier);
+    Key(Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(Cell(4, 3), before[1]);
     Open(301);
     Grid().SetFocusCell(3, 2);
     Key(Qt::Key_Down, Qt::AltModifier);

@@ -83,10 +83,10 @@ bool ListCellsTest::Open(int block)
     return true;
 }
 
-/// F4, Esc for the list, Enter for the cell.
+/// Alt+Down, Esc for the list, Enter for the cell.
 bool ListCellsTest::OpenAndLeaveByKey()
 {
-    QTest::keyClick(&Grid(), Qt::Key_F4);
+    QTest::keyClick(&Grid(), Qt::Key_Down, Qt::AltModifier);
     CCellCombo* combo = Combo();
     if (combo == nullptr || !combo->view()->isVisible())
         return false;
