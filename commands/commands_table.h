@@ -55,7 +55,7 @@ inline constexpr CommandRow kRows[] = {
     {Command::JumpToHit, 33181, "入力位置へ移動 (  ダブルクリックもOK )", "Ctrl+M", "", "", Hit, None, KeyScope::Search},
     {Command::NextFinding, 0, "次の指摘へ移動(&N)", "F8", "開き直すと変わる値や入力の疑問点へ順に移動", ""},
     {Command::PreviousFinding, 0, "前の指摘へ移動(&V)", "Shift+F8", "", ""},
-    {Command::FindingList, 0, "指摘の一覧(&L)", "Ctrl+F8", "", "", Project, Check},
+    {Command::FindingList, 0, "指摘の一覧(&I)", "Ctrl+F8", "", "", Project, Check},
 
     // Help page and model figure
     {Command::SwitchFigureAndHelp, 32989, "モデル図　と　ヘルプ　との切り替え", "", "", "model-help", FreePage},

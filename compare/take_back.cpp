@@ -35,6 +35,12 @@ std::size_t RowNow(const Difference& difference)
     return static_cast<std::size_t>(row - 1);
 }
 
+/// The same in the table as it stood.
+int RowBefore(const Difference& difference)
+{
+    return difference.kind == DifferenceKind::RowRemoved ? difference.row : difference.otherRow;
+}
+
 std::vector<std::string> CellsOf(const TableBlock& table, std::size_t row)
 {
     std::vector<std::string> cells;
@@ -45,10 +51,10 @@ std::vector<std::string> CellsOf(const TableBlock& table, std::size_t row)
 
 void TakeTableBack(CProjectWriter& writer, const TableBlock& before, int block, std::vector<Difference> chosen)
 {
-    // From the last row to the first, so that what comes and goes moves nothing that is still to be done. Of rows that
-    // come back to one place the last comes first.
+    // From the last row to the first in the order of both tables, so that what comes and goes moves nothing that is
+    // still to be done.
     std::ranges::sort(chosen, std::greater(), [](const Difference& difference) {
-        return std::tuple(RowNow(difference), difference.row, difference.column);
+        return std::tuple(RowNow(difference), RowBefore(difference), difference.column);
     });
     for (const Difference& difference : chosen) {
         const std::size_t row = RowNow(difference);

@@ -173,6 +173,7 @@ private:
     void ReopenRefused(const QString& consequence);
     [[nodiscard]] QString CellName(GridCell cell) const;
     [[nodiscard]] bool HandleCommandKey(QKeyEvent* event);
+    [[nodiscard]] Command OwnCommandOf(const QKeyEvent& event) const;
     /// True in a single cell with a list, where the keys with Alt are those of the list.
     [[nodiscard]] bool OpensList() const;
     [[nodiscard]] bool HandleMoveKey(QKeyEvent* event);

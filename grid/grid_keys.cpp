@@ -156,11 +156,20 @@ Command CommandOf(const QKeyEvent& event)
 
 } // namespace
 
+/// The command of a key, as far as the cells have it: where they cannot be filled, Ctrl+Enter is the window's.
+Command CGridCtrl::OwnCommandOf(const QKeyEvent& event) const
+{
+    const Command command = CommandOf(event);
+    const bool fills =
+        command == Command::FillDown || command == Command::FillRight || command == Command::FillSelection;
+    return fills && (!Source() || !Source()->CanFill()) ? Command::None : command;
+}
+
 bool CGridCtrl::event(QEvent* event)
 {
     // The grid's own keys come to the grid, whatever commands the window has on them.
     if (event->type() == QEvent::ShortcutOverride && !IsEditing()
-        && CommandOf(*static_cast<QKeyEvent*>(event)) != Command::None) {
+        && OwnCommandOf(*static_cast<QKeyEvent*>(event)) != Command::None) {
         event->accept();
         return true;
     }
@@ -169,7 +178,7 @@ bool CGridCtrl::event(QEvent* event)
 
 bool CGridCtrl::HandleCommandKey(QKeyEvent* event)
 {
-    const Command command = CommandOf(*event);
+    const Command command = OwnCommandOf(*event);
     const bool movesRow = command == Command::MoveRowUp || command == Command::MoveRowDown;
     // Such a key is for the list of a single cell, as it is in an editor; rows that are selected move.
     if (movesRow && (!Source()->MovesRows() || OpensList()))

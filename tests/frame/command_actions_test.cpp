@@ -61,7 +61,7 @@ void CommandActionsTest::theMenuBarHasItsMenusAndTheVersion()
     QCOMPARE(titles,
              (QStringList{u"ファイル(&F)"_s, u"編集(&E)"_s, u"表示(&V)"_s, u"データ入力(&I)"_s, u"解析&&結果(&A)"_s,
                           u"表示設定(&S)"_s, u"ウィンドウ(&W)"_s, u"ヘルプ(&H)"_s, u"Ver20110808"_s}));
-    QCOMPARE(window.actions.Menu(MenuId::Run)->actions().size(), 5);
+    QCOMPARE(window.actions.Menu(MenuId::Run)->actions().size(), 7);
     QVERIFY(window.actions.Menu(MenuId::View)->actions().contains(window.actions.Menu(MenuId::Cells)->menuAction()));
 }
 
