@@ -1,5 +1,6 @@
 #include "document/project_check.h"
 
+#include "compare/difference_text.h"
 #include "panelmodel/panel_model.h"
 #include "project/sbd_data.h"
 

@@ -1,5 +1,6 @@
 #include "frame/finding_pane.h"
 
+#include "compare/difference_text.h"
 #include "document/section_doc.h"
 #include "frame/finding_text.h"
 #include "panelmodel/panel_model.h"
