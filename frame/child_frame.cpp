@@ -5,11 +5,13 @@
 #include "document/recovery.h"
 #include "document/save_flow.h"
 #include "document/section_doc.h"
+#include "frame/change_pane.h"
 #include "frame/finding_pane.h"
 #include "frame/left_view.h"
 #include "frame/notice_bar.h"
 #include "frame/program_icon.h"
 #include "frame/project_findings.h"
+#include "frame/run_changes.h"
 #include "frame/settings.h"
 #include "grid/cell_editor.h"
 #include "grid/grid_ctrl.h"
@@ -73,6 +75,7 @@ CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, std::unique_ptr<C
     connect(tree_, &CLeftView::itemWasPressed, this, &CChildFrame::OnTreePressed);
     connect(tree_, &CLeftView::runAskedAt, this, &CChildFrame::OnTreeActivated);
     connect(&upView_->Chk(), &CChkView::runIsDue, this, &CChildFrame::runIsDue);
+    connect(&upView_->Chk(), &CChkView::placeWanted, this, &CChildFrame::JumpTo);
     connect(&upView_->Help(), &CHelpView::blockWanted, this, &CChildFrame::GoToBlock);
     connect(&upView_->Figure(), &CFigurePane::cellWanted, this, &CChildFrame::JumpTo);
     SetTitle(doc_->Title());
@@ -111,6 +114,7 @@ void CChildFrame::CreatePanes()
     panelLayout->addWidget(notices_);
     lower_ = new QSplitter(Qt::Vertical);
     findings_ = std::make_unique<CProjectFindings>(*this);
+    runChanges_ = std::make_unique<CRunChanges>(*this);
     for (QSplitter* splitter : {outer_, inner_, lower_}) {
         splitter->setHandleWidth(kSplitterHandle);
         splitter->setChildrenCollapsible(false);
@@ -122,10 +126,15 @@ void CChildFrame::CreatePanes()
     inner_->addWidget(upView_);
     lower_->addWidget(panelPane_);
     lower_->addWidget(findings_->Pane());
+    lower_->addWidget(runChanges_->Pane());
     lower_->setStretchFactor(0, 1); // a higher window heightens the panel
     lower_->setStretchFactor(1, 0);
-    lower_->setSizes({kLeastDown, CSettings().FindingsHeight()});
-    connect(lower_, &QSplitter::splitterMoved, this, [this] { CSettings().SetFindingsHeight(lower_->sizes().at(1)); });
+    lower_->setStretchFactor(2, 0);
+    lower_->setSizes({kLeastDown, CSettings().FindingsHeight(), CSettings().FindingsHeight()});
+    connect(lower_, &QSplitter::splitterMoved, this, [this] {
+        if (findings_->ShowsPane())
+            CSettings().SetFindingsHeight(lower_->sizes().at(1));
+    });
     inner_->addWidget(lower_);
     outer_->addWidget(tree_);
     outer_->addWidget(inner_);
@@ -184,6 +193,7 @@ void CChildFrame::ShowPanel(int block)
     }
     upView_->Refresh();
     findings_->OnPanelShown();
+    runChanges_->OnPanelShown();
     if (panelHadFocus)
         FocusPanel();
 }
@@ -215,6 +225,11 @@ void CChildFrame::ChangeProject(const std::function<void()>& change)
         panel_->KeepPlace();
     }
     change();
+}
+
+void CChildFrame::ChangeByRun(const std::function<void()>& change)
+{
+    ChangeProject([&] { runChanges_->Around(change); });
 }
 
 void CChildFrame::JumpTo(int block, int row, int column)
@@ -285,6 +300,8 @@ QList<QWidget*> CChildFrame::Places() const
     }
     if (findings_->Pane()->isVisible())
         places << findings_->Pane()->Lines();
+    if (runChanges_->Pane()->isVisible())
+        places << runChanges_->Pane()->Lines();
     places << upView_->currentWidget();
     return places;
 }

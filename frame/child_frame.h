@@ -19,6 +19,7 @@ class CNoticeBar;
 class CPanel;
 class CProjectFindings;
 class CRecoveryCopy;
+class CRunChanges;
 class CSbdData;
 class CUpView;
 struct PaneSizes;
@@ -46,6 +47,8 @@ public:
     [[nodiscard]] CNoticeBar& Notices() { return *notices_; }
     /// What is to be told of the project's data.
     [[nodiscard]] CProjectFindings& Findings() { return *findings_; }
+    /// What the last run has changed.
+    [[nodiscard]] CRunChanges& RunChanges() { return *runChanges_; }
     /// The panel on show; null for a block whose panel is empty.
     [[nodiscard]] CPanel* Panel() { return panel_.get(); }
 
@@ -69,8 +72,10 @@ public:
     void FocusPanel();
     /// Builds the panel anew, at the cell where it stands.
     void RebuildPanel();
-    /// Calls `change`, which reads the project anew; the panel stands where it stood.
+    /// Calls `change`, which reads the project anew or puts another state in its place; the panel stands where it stood.
     void ChangeProject(const std::function<void()>& change);
+    /// The same behind a run: what is different is shown.
+    void ChangeByRun(const std::function<void()>& change);
     /// Goes to a cell of a block, grid row and column; row 0: to the block as it was left.
     void JumpTo(int block, int row, int column);
     /// Shows the help page, or the model figure instead.
@@ -156,6 +161,7 @@ private:
     CNoticeBar* notices_ = nullptr;
     QSplitter* lower_ = nullptr; // panel over the list of findings
     std::unique_ptr<CProjectFindings> findings_;
+    std::unique_ptr<CRunChanges> runChanges_;
     std::unique_ptr<CPanel> panel_;
     QWidget* panelPane_ = nullptr; // holds the panel; blank for blocks without one
     int currentBlock_ = 0;

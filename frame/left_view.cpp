@@ -138,33 +138,50 @@ void CLeftView::Fill()
     ShowMarks();
 }
 
-void CLeftView::SetMarks(std::map<int, MarkKind> marks)
+void CLeftView::SetMarks(std::map<int, MarkKind> marks, MarkSource source)
 {
-    if (marks == marks_)
+    std::map<int, MarkKind>& own = marks_[source];
+    if (marks == own)
         return;
-    marks_ = std::move(marks);
+    own = std::move(marks);
     ShowMarks();
 }
 
 void CLeftView::ShowMarks()
 {
-    const auto markOf = [this](const QTreeWidgetItem* item) {
-        const auto found = marks_.find(PanelBlock(NumberOf(item)));
-        return found == marks_.end() || IsGroup(item) ? std::nullopt : std::optional(found->second);
+    // By source, then the one that weighs most.
+    using Marks = std::map<MarkSource, MarkKind>;
+    const auto addMarksOf = [this](const QTreeWidgetItem* item, Marks& marks) {
+        for (const auto& [source, ofBlocks] : marks_)
+            if (const auto found = ofBlocks.find(PanelBlock(NumberOf(item))); found != ofBlocks.end()) {
+                const auto known = marks.try_emplace(source, found->second).first;
+                known->second = std::min(known->second, found->second);
+            }
     };
     std::map<MarkKind, QIcon> icons;
     for (QTreeWidgetItemIterator it(this); *it != nullptr; ++it) {
-        std::optional<MarkKind> mark = markOf(*it);
+        Marks marks;
+        if (!IsGroup(*it))
+            addMarksOf(*it, marks);
         for (int i = 0; IsGroup(*it) && i < (*it)->childCount(); ++i)
-            if (const auto below = markOf((*it)->child(i)); below && (!mark || *below < *mark))
-                mark = below;
+            addMarksOf((*it)->child(i), marks);
+        std::optional<MarkKind> mark;
+        QStringList told;
+        QString tip = (*it)->text(0);
+        for (const auto& [source, kind] : marks) {
+            mark = mark ? std::min(*mark, kind) : kind;
+            const bool ofRun = source == MarkSource::Run;
+            told << (ofRun ? u"解析の前と後で違うセルがあります"_s : u"指摘があります"_s);
+            tip +=
+                ofRun ? u"\n解析の前と後で違うセルがあります。"_s : u"\n指摘があります。F8 でその場所へ移動します。"_s;
+        }
         if (!mark && (*it)->icon(0).isNull())
             continue;
         if (mark && !icons.contains(*mark))
             icons[*mark] = SignIcon(*mark, palette());
         (*it)->setIcon(0, mark ? icons[*mark] : QIcon());
-        (*it)->setData(0, Qt::AccessibleDescriptionRole, mark ? u"指摘があります"_s : QString());
-        (*it)->setToolTip(0, (*it)->text(0) + (mark ? u"\n指摘があります。F8 でその場所へ移動します。"_s : QString()));
+        (*it)->setData(0, Qt::AccessibleDescriptionRole, told.join(u'、'));
+        (*it)->setToolTip(0, tip);
     }
 }
 

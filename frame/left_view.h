@@ -34,7 +34,8 @@ public:
     [[nodiscard]] int SelectedNumber() const;
 
     /// The blocks that show a sign beside their title; a group shows the one that weighs most of its blocks.
-    void SetMarks(std::map<int, MarkKind> marks);
+    /// Each source sets its own alone.
+    void SetMarks(std::map<int, MarkKind> marks, MarkSource source = MarkSource::Check);
 
     /// Goes to the block whose number is typed, whether its group is open or not; other keys search what is in view.
     void keyboardSearch(const QString& typed) override;
@@ -69,7 +70,7 @@ private:
 
     CKELDSectionDoc* doc_;
     TreeView view_;
-    std::map<int, MarkKind> marks_;
+    std::map<MarkSource, std::map<int, MarkKind>> marks_;
     std::string key_; // of the project, when the tree was built
     bool rebuilding_ = false;
     QString digits_; // typed so far

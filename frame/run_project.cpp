@@ -75,7 +75,7 @@ RunProject RunProjectOf(CChildFrame& child, CProjectLock& lock, std::function<bo
     project.save = std::move(save);
     project.changeProject = [frame](const std::function<void()>& change) {
         if (frame)
-            frame->ChangeProject(change);
+            frame->ChangeByRun(change);
     };
     project.keepRecoveryCopy = [frame] {
         if (frame)

@@ -21,6 +21,7 @@ namespace {
 
 constexpr qint64 kMostBytes = 2 << 20; // read anew at each repaint
 constexpr std::size_t kMostLineBytes = 1000;
+constexpr std::size_t kHeadSteps = 2; // lines above the report
 constexpr unsigned kBlue = 0xFF0000;
 constexpr unsigned kRed = 0xFF;
 
@@ -146,7 +147,7 @@ std::vector<ChkLine> ChkPageLines(const ChkPage& page)
     lines.push_back({"[254][255][256]: 再実行する場合，ダブルクリックしてください．"_cp932, kBlue, 100, -10, 1});
     if (!page.text.opened)
         return lines;
-    int steps = 2;
+    int steps = static_cast<int>(kHeadSteps);
     for (const std::string& line : page.text.lines)
         lines.push_back({line, kRed, 100, -10, steps++});
     if (page.block == 254 && page.text.lines.size() <= 1)
@@ -188,6 +189,34 @@ void PaintChkPage(QPainter& painter, const std::vector<ChkLine>& lines, const QR
         painter.setPen(Ink(colour, painter.background().color()));
         painter.drawText(QPointF(line.x, top + metrics.ascent()), Visible(line.text));
     }
+}
+
+ChkRange ChkLinesWithin(const std::vector<ChkLine>& lines, double top, double bottom, const QFontMetricsF& metrics)
+{
+    const double step = ChkLineStep(metrics);
+    const auto topOf = [step](const ChkLine& line) { return -line.y + line.steps * step; };
+    const auto first = std::ranges::lower_bound(lines, top - step, {}, topOf);
+    const auto end = std::ranges::upper_bound(lines, bottom, {}, topOf);
+    const auto index = [&lines](auto place) { return static_cast<std::size_t>(place - lines.begin()); };
+    return {index(first), std::max(index(first), index(end))};
+}
+
+QRectF ChkTextRect(const ChkLine& line, const QFontMetricsF& metrics)
+{
+    const QString text = Visible(line.text);
+    qsizetype start = 0;
+    while (start < text.size() && text[start].isSpace())
+        ++start;
+    const double from = metrics.horizontalAdvance(text.first(start));
+    const double width = metrics.horizontalAdvance(text.mid(start).trimmed());
+    return {line.x + from, -line.y + line.steps * ChkLineStep(metrics), width, metrics.height()};
+}
+
+std::optional<std::size_t> ReportLineOf(const ChkLine& line, const ChkText& text)
+{
+    const auto index = static_cast<std::size_t>(line.steps) - kHeadSteps;
+    return line.steps < static_cast<int>(kHeadSteps) || index >= text.lines.size() ? std::nullopt
+                                                                                   : std::optional(index);
 }
 
 std::optional<WantedRun> RunToPost(int block, bool runOnShow, bool stale, bool chkExists)

@@ -74,6 +74,21 @@ struct ChkLine {
 /// Only what touches `visible` is painted.
 void PaintChkPage(QPainter& painter, const std::vector<ChkLine>& lines, const QRectF& visible);
 
+/// The lines whose place is within `top` and `bottom` (0.1 mm from the top of the page): from the first to behind the last.
+/// The lines stand below each other in their order.
+struct ChkRange {
+    std::size_t first = 0;
+    std::size_t end = 0;
+};
+[[nodiscard]] ChkRange ChkLinesWithin(const std::vector<ChkLine>& lines, double top, double bottom,
+                                      const QFontMetricsF& metrics);
+
+/// Where the text of a line stands, blanks around it left out; y grows downward from the top of the page.
+[[nodiscard]] QRectF ChkTextRect(const ChkLine& line, const QFontMetricsF& metrics);
+
+/// The line of the report that a line of the page shows, from 0; nothing for what the page adds by itself.
+[[nodiscard]] std::optional<std::size_t> ReportLineOf(const ChkLine& line, const ChkText& text);
+
 /// A run that a repaint of the page asks for.
 struct WantedRun {
     EngineRun run = EngineRun::Main;
