@@ -63,6 +63,12 @@ bool CNoticeBar::Shows(const QString& key) const
     return LineOf(key) != nullptr;
 }
 
+QString CNoticeBar::TextOf(const QString& key) const
+{
+    const QWidget* line = LineOf(key);
+    return line == nullptr ? QString() : line->findChild<QLabel*>()->text();
+}
+
 QStringList CNoticeBar::Texts() const
 {
     QStringList texts;

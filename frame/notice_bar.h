@@ -36,6 +36,8 @@ public:
     /// Takes the notice of `key` away, if there is one.
     void Close(const QString& key);
     [[nodiscard]] bool Shows(const QString& key) const;
+    /// The text of the notice of `key`; empty if there is none.
+    [[nodiscard]] QString TextOf(const QString& key) const;
     /// The texts on show, from the top.
     [[nodiscard]] QStringList Texts() const;
 

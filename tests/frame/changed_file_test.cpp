@@ -300,7 +300,7 @@ void ChangedFileTest::aReplacedProjectIsKept()
     QCOMPARE(kept.size(), 2); // and that of the run
     QCOMPARE(kept[1].kind, KeptKind::Replaced);
     QCOMPARE(Bytes(kept[1].file), before);
-    QVERIFY(child->Notices().Texts().value(0).contains(QDir::toNativeSeparators(kept[1].file)));
+    QVERIFY(child->Notices().TextOf(u"replaced"_s).contains(QDir::toNativeSeparators(kept[1].file)));
 }
 
 QTEST_MAIN(ChangedFileTest)

@@ -52,12 +52,19 @@ public:
     [[nodiscard]] QString KeptIn() const { return folder.Path(QStringLiteral("inputs")); }
     [[nodiscard]] QList<KeptInput> Kept() const { return KeptInputsOf(path, KeptIn()); }
     /// What stands above the panel.
-    [[nodiscard]] QStringList Notices() { return child->Notices().Texts(); }
+    /// What the bar tells of the end of runs; what they have changed is told beside it.
+    [[nodiscard]] QStringList Notices()
+    {
+        QStringList texts = child->Notices().Texts();
+        texts.removeOne(child->Notices().TextOf(QStringLiteral("run-changes")));
+        return texts;
+    }
     /// Presses a button of a notice; false: there is none.
     bool Press(const QString& text)
     {
         for (QPushButton* button : child->Notices().findChildren<QPushButton*>()) {
-            if (button->text().startsWith(text) && button->isVisibleTo(&child->Notices())) {
+            if (button->text().startsWith(text) && button->isVisibleTo(&child->Notices())
+                && button->parentWidget()->objectName() != QStringLiteral("run-changes")) {
                 button->click();
                 return true;
             }
