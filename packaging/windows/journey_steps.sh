@@ -141,8 +141,8 @@ edit_cells() {
     keys Down Right Right Right Right Right
     text 145
     keys Return
-    # Five cells of row 2, from the last to the first, to row 3.
-    keys Up Right Right Right shift+Left shift+Left shift+Left shift+Left ctrl+c
+    # Five cells of row 2, from the first to the last, to row 3. The focus stays where a selection begins.
+    keys Up Left shift+Right shift+Right shift+Right shift+Right ctrl+c
     keys Down ctrl+v
     settle
     picture 02-table-block

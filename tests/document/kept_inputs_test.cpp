@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -12,7 +13,7 @@ using namespace sbd;
 
 namespace {
 
-const auto kProject = u"/data/設計 課/橋.sbd"_s;
+const QString kProject = QFileInfo(u"/data/設計 課/橋.sbd"_s).absoluteFilePath(); // with a drive on Windows
 
 QByteArray Bytes(const QString& path)
 {
