@@ -186,6 +186,13 @@ void CProjectFindings::GoToNext(bool back)
         here = PlaceOf(last_);
 
     std::vector<Finding> all = check_.All().list;
+    // A row that only the panel holds goes with the panel: what is told of it comes first, round and round.
+    const CPanelModel* model = panel == nullptr ? nullptr : panel->Model();
+    const bool wouldLose = model != nullptr && std::ranges::any_of(all, [&](const Finding& finding) {
+                               return finding.block == block && finding.row > 0 && !model->IsWritten(finding.row);
+                           });
+    if (wouldLose)
+        std::erase_if(all, [block](const Finding& finding) { return finding.block != block; });
     if (back)
         std::ranges::reverse(all);
     const auto next = std::ranges::find_if(

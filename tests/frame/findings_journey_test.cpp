@@ -25,6 +25,7 @@ class FindingsJourneyTest : public QObject {
 
 private slots:
     void aShiftedRowIsToldFoundAndRepairedByTheKeyboard();
+    void f8StaysInABlockWhoseRowWouldGoWithItsPanel();
     void f8GoesRoundOverTheBlocksAndShiftF8Back();
     void aClickOnTheStatusBarGoesToTheNextFinding();
     void aTextThatItsCellRefusesStaysInTheEditor();
@@ -130,6 +131,23 @@ void FindingsJourneyTest::aShiftedRowIsToldFoundAndRepairedByTheKeyboard()
     QVERIFY(!desk.Grid().Marks().OfRow(3));
     QVERIFY(ItemOf(desk.child->Tree(), 313)->icon(0).isNull());
     QVERIFY(QByteArray::fromStdString(WriteProject(desk.child->Doc().Data())) == Bytes(desk.child->Doc().PathName()));
+}
+
+void FindingsJourneyTest::f8StaysInABlockWhoseRowWouldGoWithItsPanel()
+{
+    Desk desk;
+    QVERIFY(desk.isActive);
+    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    desk.Grid().SetFocusCell(3, 1);
+    Press(Qt::Key_Delete);
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Down);
+    QTRY_VERIFY(CountsShown(desk).contains(u"変わる"_s));
+    for (int i = 0; i < 12; ++i) {
+        Press(Qt::Key_F8);
+        QCOMPARE(Place(desk).section(u'/', 0, 1), u"313/3"_s); // 523 and 573 have findings too
+    }
+    QCOMPARE(desk.Cell(3, 3), u"C1"_s);
 }
 
 void FindingsJourneyTest::f8GoesRoundOverTheBlocksAndShiftF8Back()
