@@ -47,7 +47,8 @@ CGridCtrl::CGridCtrl(QWidget* parent)
 
 CGridCtrl::~CGridCtrl()
 {
-    setModel(nullptr); // no more questions to the source
+    blockSignals(true); // who listens may be a panel that is half gone
+    setModel(nullptr);  // no more questions to the source
 }
 
 void CGridCtrl::SetUpView()
