@@ -1,6 +1,7 @@
 // The elevation of a long girder: making its parts, and painting its sheet against the bare painting of as many lines. The
 // limits stand in docs/performance.md.
 #include "bench/baseline.h"
+#include "bench/window_main.h"
 #include "drawing/girder_elevation.h"
 #include "project/text.h"
 #include "upperview/bridge_sheet.h"
@@ -147,8 +148,5 @@ BENCHMARK(BM_PaintElevation)->ArgName("size")->Arg(0)->UseManualTime()->Unit(ben
 
 int main(int argc, char** argv)
 {
-    QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return sbd::bench::RunBenchmarks<QGuiApplication>(argc, argv);
 }
