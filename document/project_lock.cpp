@@ -1,6 +1,7 @@
 #include "document/project_lock.h"
 
-#include <QtGlobal>
+#include <QDeadlineTimer>
+#include <QThread>
 
 #ifdef Q_OS_WIN
 #include "document/path.h"
@@ -93,6 +94,19 @@ struct CProjectLock::Handle {
 
 #endif
 
+/// A handle when whoever glances at the file is done with it.
+std::unique_ptr<CProjectLock::Handle> CProjectLock::Patiently(const QString& path)
+{
+    constexpr int pause = 20; // ms
+    const QDeadlineTimer deadline(kGlance);
+    auto handle = std::make_unique<Handle>(path);
+    while (handle->state == State::Held && !deadline.hasExpired()) {
+        QThread::msleep(pause);
+        handle = std::make_unique<Handle>(path);
+    }
+    return handle;
+}
+
 CProjectLock::CProjectLock() = default;
 
 CProjectLock::~CProjectLock() = default;
@@ -100,7 +114,7 @@ CProjectLock::~CProjectLock() = default;
 bool CProjectLock::Take(const QString& path)
 {
     Release();
-    auto handle = std::make_unique<Handle>(path);
+    auto handle = Patiently(path);
     if (handle->state != State::Free)
         return false;
     handle_ = std::move(handle);
@@ -120,6 +134,11 @@ bool CProjectLock::IsHeld() const
 CProjectLock::State CProjectLock::Look(const QString& path)
 {
     return Handle(path).state;
+}
+
+CProjectLock::State CProjectLock::LookPatiently(const QString& path)
+{
+    return Patiently(path)->state;
 }
 
 } // namespace sbd

@@ -17,7 +17,11 @@ public:
     CProjectLock(const CProjectLock&) = delete;
     CProjectLock& operator=(const CProjectLock&) = delete;
 
-    /// Takes the lock; false if somebody else holds it or the file cannot be opened. What was held before is let go.
+    /// How long somebody's glance at a file may last: a second copy of this program, a virus scanner. In ms.
+    static constexpr int kGlance = 200;
+
+    /// Takes the lock, if need be when a glance of somebody else is over; false if somebody holds it or the file cannot
+    /// be opened. What was held before is let go.
     bool Take(const QString& path);
     void Release();
     [[nodiscard]] bool IsHeld() const;
@@ -30,9 +34,12 @@ public:
         Failed,   ///< it cannot be opened at all
     };
     [[nodiscard]] static State Look(const QString& path);
+    /// The same, but what is held a moment only is not held: before a user is told.
+    [[nodiscard]] static State LookPatiently(const QString& path);
 
 private:
     struct Handle;
+    static std::unique_ptr<Handle> Patiently(const QString& path);
     std::unique_ptr<Handle> handle_;
 };
 

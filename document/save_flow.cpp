@@ -111,7 +111,7 @@ OpenResult OnOpenDocument(CKELDSectionDoc& doc, CProjectLock& lock, const QStrin
     lock.Release(); // our own hold must not look like somebody else's
     OpenResult result;
     // A file that is missing or not readable is no matter of waiting: the open itself says what is wrong.
-    while (result.Ok() && CProjectLock::Look(path) == CProjectLock::State::Held) {
+    while (result.Ok() && CProjectLock::LookPatiently(path) == CProjectLock::State::Held) {
         if (!ask(HeldProjectQuestion(path)))
             result.outcome = OpenOutcome::GivenUp;
     }

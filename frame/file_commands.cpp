@@ -281,7 +281,7 @@ QString CFileCommands::AskSaveName(CChildFrame& child)
 
 bool CFileCommands::SaveTo(CChildFrame& child, const QString& path)
 {
-    if (CProjectLock::Look(path) == CProjectLock::State::Held) {
+    if (CProjectLock::LookPatiently(path) == CProjectLock::State::Held) {
         Warn(u"保存しませんでした。\n"_s + QDir::toNativeSeparators(path)
              + u"\n\nこのファイルは他のプログラムで使用中です。入力内容は画面に残っています。\n\n"
                u"そのプログラムでファイルを閉じてから保存し直すか、別の名前を付けて保存してください。"_s);

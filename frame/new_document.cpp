@@ -101,7 +101,7 @@ std::span<const NewProjectRow> NewProjectRows()
 
 ProjectState TryOpenProject(const QString& project)
 {
-    switch (CProjectLock::Look(project)) {
+    switch (CProjectLock::LookPatiently(project)) {
     case CProjectLock::State::Free:
         return ProjectState::Exists;
     case CProjectLock::State::NotFound:

@@ -8,6 +8,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
+
+#include <memory>
+#include <thread>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -71,6 +75,7 @@ class ProjectLockTest : public QObject {
 private slots:
     void aHeldFileIsSeenAndNotTakenTwice();
     void aReleasedFileIsFree();
+    void whatIsHeldAMomentOnlyIsTakenAfterIt();
     void takingAnotherFileLetsTheFirstGo();
     void aMissingFileIsNotFound();
     void aFolderCannotBeTaken();
@@ -121,6 +126,32 @@ void ProjectLockTest::aReleasedFileIsFree()
         QVERIFY(shortLived.Take(project.path));
     }
     QVERIFY(lock.Take(project.path));
+}
+
+void ProjectLockTest::whatIsHeldAMomentOnlyIsTakenAfterIt()
+{
+    // Somebody who looks holds the file for that moment: two starts at once, a virus scanner.
+    const Project project;
+    const auto glance = [&project] {
+        auto lock = std::make_unique<CProjectLock>();
+        if (!lock->Take(project.path))
+            qFatal("the file is not free at first");
+        return std::jthread([lock = std::move(lock)]() mutable {
+            QThread::msleep(CProjectLock::kGlance / 4);
+            lock.reset();
+        });
+    };
+    CProjectLock ours;
+    {
+        const std::jthread other = glance();
+        QVERIFY2(ours.Take(project.path), "a glance of somebody else has kept us from our file");
+    }
+    ours.Release();
+    {
+        const std::jthread other = glance();
+        QCOMPARE(CProjectLock::Look(project.path), CProjectLock::State::Held);
+        QCOMPARE(CProjectLock::LookPatiently(project.path), CProjectLock::State::Free);
+    }
 }
 
 void ProjectLockTest::takingAnotherFileLetsTheFirstGo()
