@@ -91,9 +91,10 @@ public:
     }
 };
 
+/// True when somebody holds the project, and not only glances at it as an opening does before it reads.
 bool IsHeld(const QString& project)
 {
-    return CProjectLock::Look(project) == CProjectLock::State::Held;
+    return CProjectLock::LookPatiently(project) == CProjectLock::State::Held;
 }
 
 #ifdef Q_OS_WIN
