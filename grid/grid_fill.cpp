@@ -24,7 +24,7 @@ void CGridCtrl::Fill(GridFill::Kind kind)
 bool CGridCtrl::CanFillWith(const QString& text) const
 {
     const GridCell cell = FocusCell();
-    return Source() && Source()->CanFill() && cell.row > 0
+    return Source() != nullptr && Source()->CanFill() && cell.row > 0
            && !Refusal(cell, Source()->Folded(cell.row, cell.column, text));
 }
 
@@ -39,7 +39,7 @@ void CGridCtrl::FillSelected(const QString& text)
 
 void CGridCtrl::FillFrom(const GridRange& from, const GridRange& to, bool countOn)
 {
-    if (!Source() || !CommitEditor())
+    if (Source() == nullptr || !CommitEditor())
         return;
     const GridPaste fill = Source()->Fill({countOn ? GridFill::Count : GridFill::Repeat, to, from, {}});
     SelectRange(to);

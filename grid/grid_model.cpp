@@ -8,8 +8,8 @@ void CGridModel::SetSource(CGridSource* source)
 {
     beginResetModel();
     source_ = source;
-    rows_ = source ? source->RowCount() : 0;
-    columns_ = source ? source->ColumnCount() : 0;
+    rows_ = source != nullptr ? source->RowCount() : 0;
+    columns_ = source != nullptr ? source->ColumnCount() : 0;
     endResetModel();
 }
 
@@ -23,7 +23,7 @@ void CGridModel::SetMarks(MarkSource source, std::vector<CellMark> marks)
 
 void CGridModel::Show(GridEffect effect, GridCell cell)
 {
-    if (effect == GridEffect::None || !source_)
+    if (effect == GridEffect::None || source_ == nullptr)
         return;
     if (effect == GridEffect::Cell) {
         const QModelIndex changed = IndexOf(cell);
@@ -59,7 +59,7 @@ int CGridModel::columnCount(const QModelIndex& parent) const
 
 QVariant CGridModel::data(const QModelIndex& index, int role) const
 {
-    if (!source_ || !index.isValid())
+    if (source_ == nullptr || !index.isValid())
         return {};
     const GridCell cell = CellOf(index);
     switch (role) {
@@ -83,9 +83,9 @@ QVariant CGridModel::data(const QModelIndex& index, int role) const
 
 QVariant CGridModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (source_ && orientation == Qt::Vertical && role == Qt::ToolTipRole)
+    if (source_ != nullptr && orientation == Qt::Vertical && role == Qt::ToolTipRole)
         return marks_.RowToolTip(section + 1);
-    if (!source_ || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole))
+    if (source_ == nullptr || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole))
         return {};
     if (orientation == Qt::Vertical)
         return source_->RowNumber(section + 1);
@@ -95,7 +95,7 @@ QVariant CGridModel::headerData(int section, Qt::Orientation orientation, int ro
 
 Qt::ItemFlags CGridModel::flags(const QModelIndex& index) const
 {
-    if (!source_ || !index.isValid())
+    if (source_ == nullptr || !index.isValid())
         return Qt::NoItemFlags;
     const GridCell cell = CellOf(index);
     const Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;

@@ -61,7 +61,7 @@ QString ValueHtml(const SearchPlace& place, const CSbdData& data)
 {
     const OptionBlock* options = FindOptionBlock(place.block);
     const auto row = static_cast<std::size_t>(place.row) - 1;
-    if (!options || place.row == 0 || row >= options->rows.size())
+    if (options == nullptr || place.row == 0 || row >= options->rows.size())
         return {};
     const QString value = toQString(data.Option(place.block, row));
     return Paragraph(Tr("現在の入力：%1").arg(value.isEmpty() ? Tr("(空)") : value.toHtmlEscaped()))
@@ -87,12 +87,12 @@ QString PlaceHtml(const SearchPlace& place, const CSbdData& data)
 
 QString SearchDetailHtml(const SearchEntry* entry, const CSbdData& data)
 {
-    if (!entry)
+    if (entry == nullptr)
         return Paragraph(Tr("第１行に言葉を入力するか，一覧から選んで下さい．「Q&A」を選ぶと，質問と答えが出ます．")
                              .toHtmlEscaped())
                + Paragraph(
                    Tr("行を選ぶと，ここに説明が出ます．ダブルクリック，Enter または Ctrl+M で入力位置へ移動します．"));
-    return entry->question ? QuestionHtml(*entry->question) : PlaceHtml(entry->place, data);
+    return entry->question != nullptr ? QuestionHtml(*entry->question) : PlaceHtml(entry->place, data);
 }
 
 std::optional<SearchPlace> PlaceOfLink(const QUrl& link)

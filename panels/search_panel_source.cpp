@@ -110,7 +110,7 @@ const SearchRow* CSearchPanelSource::RowAt(int row) const
 const SearchEntry* CSearchPanelSource::Entry(int row) const
 {
     const SearchRow* found = RowAt(row);
-    return found ? found->entry : nullptr;
+    return found != nullptr ? found->entry : nullptr;
 }
 
 int CSearchPanelSource::ColumnWidth(int column) const
@@ -134,14 +134,14 @@ QString CSearchPanelSource::Head(int column, int) const
 
 int CSearchPanelSource::RowLines(int row) const
 {
-    return RowAt(row) ? int(wrapped_[static_cast<std::size_t>(row - kFirstRow)].count(u'\n')) + 1 : 1;
+    return RowAt(row) != nullptr ? int(wrapped_[static_cast<std::size_t>(row - kFirstRow)].count(u'\n')) + 1 : 1;
 }
 
 QString CSearchPanelSource::Text(int row, int) const
 {
     if (row == kLineRow)
         return line_;
-    return RowAt(row) ? wrapped_[static_cast<std::size_t>(row - kFirstRow)] : QString();
+    return RowAt(row) != nullptr ? wrapped_[static_cast<std::size_t>(row - kFirstRow)] : QString();
 }
 
 bool CSearchPanelSource::HasWords(int row, int) const
@@ -167,7 +167,7 @@ bool CSearchPanelSource::IsEditable(int row, int) const
 QColor CSearchPanelSource::TextColor(int row, int) const
 {
     const SearchRow* found = RowAt(row);
-    return found && !found->entry ? QColor::fromRgb(kTitleColor) : QColor();
+    return found != nullptr && found->entry == nullptr ? QColor::fromRgb(kTitleColor) : QColor();
 }
 
 GridEffect CSearchPanelSource::SetText(int row, int, const QString& text)
@@ -196,7 +196,7 @@ QString CSearchPanelSource::Copy(const GridRange& range) const
 
 GridEffect CSearchPanelSource::Paste(int row, int column, const QString& text, GridRange* filled)
 {
-    if (filled)
+    if (filled != nullptr)
         *filled = {row, column, row, column};
     return row == kLineRow ? SetText(row, column, text.section(u'\n', 0, 0).simplified()) : GridEffect::None;
 }

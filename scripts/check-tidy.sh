@@ -4,7 +4,7 @@
 # It needs the built preset dev: what moc makes is included.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-most_files=20
+most_files=16
 build=build/dev
 if [[ ! -f $build/compile_commands.json ]]; then
     echo "Nothing is built in $build: cmake --preset dev, then build." >&2
@@ -33,7 +33,8 @@ sed -E 's/ -fpch-preprocess| -Winvalid-pch| -Werror| -include [^ ]*cmake_pch\.hx
 git diff -U0 --no-color --diff-filter=d "$base" -- "${files[@]}" |
     clang-tidy-diff-14.py -clang-tidy-binary clang-tidy-14 -p1 -path build/tidy -j "$(nproc)" -quiet \
         >build/tidy/said.txt 2>build/tidy/errors.txt || true
-if grep -E '(warning|error): ' build/tidy/said.txt; then
+# What it says of a system header is no line of ours.
+if grep -E '(warning|error): ' build/tidy/said.txt | grep -v '^/usr/'; then
     echo "tidy: the lines above; whole text in build/tidy/said.txt" >&2
     exit 1
 fi

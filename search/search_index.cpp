@@ -89,13 +89,15 @@ public:
     /// Columns, the row number included; 0: no such panel.
     [[nodiscard]] int Count() const
     {
-        return static_cast<int>(table_ ? table_->columns.size() : record_ ? record_->heads.size() : 0);
+        return static_cast<int>(table_ != nullptr    ? table_->columns.size()
+                                : record_ != nullptr ? record_->heads.size()
+                                                     : 0);
     }
     /// The first grid row behind the automatic rows and the rows of types.
     [[nodiscard]] int FirstDataRow() const
     {
         constexpr int typeRowsOf311 = 4;
-        return table_ ? table_->automaticRows + 1 : block_ == 311 ? typeRowsOf311 + 1 : 2;
+        return table_ != nullptr ? table_->automaticRows + 1 : block_ == 311 ? typeRowsOf311 + 1 : 2;
     }
     /// The head in one line; of a column without a head its name in the file.
     [[nodiscard]] std::string Title(int column) const
@@ -116,18 +118,18 @@ private:
     [[nodiscard]] std::string Head(int column) const
     {
         const auto i = static_cast<std::size_t>(column);
-        return FromCp932(table_ ? table_->columns[i].head : record_->heads[i]);
+        return FromCp932(table_ != nullptr ? table_->columns[i].head : record_->heads[i]);
     }
     [[nodiscard]] std::string SectionHead(int column) const
     {
         const auto i = static_cast<std::size_t>(column);
-        if (table_)
+        if (table_ != nullptr)
             return FromCp932(table_->columns[i].sectionHead);
         return i < record_->sectionHeads.size() ? FromCp932(record_->sectionHeads[i]) : std::string();
     }
     [[nodiscard]] std::string NameInFile(int column) const
     {
-        return table_ ? FromCp932(table_->columns[static_cast<std::size_t>(column)].name) : std::string();
+        return table_ != nullptr ? FromCp932(table_->columns[static_cast<std::size_t>(column)].name) : std::string();
     }
 
     int block_;
@@ -140,7 +142,7 @@ private:
 std::string BlockTitle(int block)
 {
     const CatalogueRow* row = FindBlock(block);
-    std::string_view text = row ? row->menuText : std::string_view();
+    std::string_view text = row != nullptr ? row->menuText : std::string_view();
     text.remove_prefix(std::min(text.find_first_not_of("0123456789."), text.size()));
     return std::string(Trim(text));
 }
@@ -173,13 +175,13 @@ std::vector<std::string> ChoicesAt(const SearchPlace& place)
     } else if (place.row >= ColumnTexts(place.block).FirstDataRow()) {
         if (const PanelTable* table = FindPanelTable(place.block)) {
             const PanelColumn* column = at(table->columns, place.column);
-            words = column ? &column->words : nullptr;
+            words = column != nullptr ? &column->words : nullptr;
         } else if (const RecordPanel* record = FindRecordPanel(place.block)) {
             words = at(record->words, place.column);
         }
     }
     std::vector<std::string> choices;
-    for (const std::string& word : words ? *words : WordList())
+    for (const std::string& word : words != nullptr ? *words : WordList())
         choices.push_back(word == "@girders" ? "(主桁名)" : word == "@beams" ? "(横桁名)" : FromCp932(word));
     return choices;
 }
@@ -252,7 +254,7 @@ void CSearchIndex::AddItems()
         around_.push_back(Skeleton(NamesOfBlock(block)));
         const std::size_t around = around_.size() - 1;
         const OptionBlock* options = FindOptionBlock(block);
-        if (!options) {
+        if (options == nullptr) {
             AddColumns(block, around, places);
             continue;
         }

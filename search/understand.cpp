@@ -236,7 +236,7 @@ public:
         const std::u16string* found = nullptr;
         for (const Word& word : words->second) {
             const std::size_t wordEnd = MatchEnd(units, at, word.units);
-            if (wordEnd > at && (!found || wordEnd > end)) {
+            if (wordEnd > at && (found == nullptr || wordEnd > end)) {
                 found = &word.meaning;
                 end = wordEnd;
             }
