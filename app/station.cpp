@@ -114,6 +114,8 @@ int RunWindow(const StartOptions& options)
     frame.ShowAtStart();
     CRequestQueue requests(frame);
     QObject::connect(&instance, &CSingleInstance::requested, &requests, &CRequestQueue::Take);
+    if (options.projects.isEmpty())
+        frame.RestoreSession();
     bool opened = options.projects.isEmpty();
     for (const QString& project : options.projects) {
         if (ends.ExitCode() == 0)

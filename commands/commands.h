@@ -75,6 +75,12 @@ enum class Command {
     ZoomCellsOut,
     ZoomCellsReset,
 
+    // Places
+    GoTo,
+    GoToNumber,
+    Back,
+    Forward,
+
     // What the tree shows
     ShowAllItems,
     ShowItemsOfProject,
@@ -115,9 +121,12 @@ enum class Command {
     CascadeWindows,
     TileWindows,
     TabbedWindows,
+    HelpBeside,
+    KeepSession,
 
     // Documents, pages, version
     Search,
+    Shortcuts,
     GirderDocument,
     CrossDocument,
     FemDocument,
@@ -149,6 +158,8 @@ enum class CommandNeeds {
     AddRows,   ///< a grid that takes rows at its end
     Filters,   ///< a project, and not all items of the tree are shown
     Hit,       ///< the search panel, on a result
+    Back,      ///< a project in which a jump has led away from a place
+    Forward,   ///< and from which the user came back
     HomePage,  ///< the deployment names the page
     SecondHomePage,
 };

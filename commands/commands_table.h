@@ -82,6 +82,12 @@ inline constexpr CommandRow kRows[] = {
     {Command::ZoomCellsOut, 0, "入力欄を縮小", "", "Ctrl キーを押しながらホイールを下へ回しても縮小", "", Grid},
     {Command::ZoomCellsReset, 0, "入力欄の拡大・縮小をやめる", "Ctrl+0", "", "", Grid, None, KeyScope::Grid},
 
+    // Places
+    {Command::GoTo, 0, "移動・コマンドの検索(&K)...", "Ctrl+K", "番号、題名、セル、コマンド、質問を 1 行で", "", Nothing},
+    {Command::GoToNumber, 0, "番号・行へ移動(&J)...", "Ctrl+G", "", "", Project},
+    {Command::Back, 0, "前にいた場所へ戻る(&B)", "Alt+Left", "", "", CommandNeeds::Back},
+    {Command::Forward, 0, "戻る前の場所へ進む(&F)", "Alt+Right", "", "", CommandNeeds::Forward},
+
     // What the tree shows
     {Command::ShowAllItems, 33026, "すべての項目表示", "", "", "", Project, Radio},
     {Command::ShowItemsOfProject, 33007, "全項目自動表示（表示しない項目を除く）", "", "", "", Project, Radio},
@@ -126,9 +132,12 @@ inline constexpr CommandRow kRows[] = {
     {Command::CascadeWindows, 57650, "重ねて表示(&C)", "", "", ""},
     {Command::TileWindows, 57651, "並べて表示(&T)", "", "", ""},
     {Command::TabbedWindows, 0, "タブで表示(&B)", "", "", "", Nothing, Check},
+    {Command::HelpBeside, 0, "説明を入力欄の右に表示(&H)", "", "幅の広い画面向け。もう一度選ぶと上に戻る", "", Nothing, Check},
+    {Command::KeepSession, 0, "終了時に開いていた物件を次回開く(&S)", "", "", "", Nothing, Check},
 
     // Documents, pages, version
     {Command::Search, 49990, "999.KELD_検索_Q_&_A", "F1", "", ""},
+    {Command::Shortcuts, 0, "キー操作の一覧(&K)", "", "F1 を続けて 2 回押しても表示", "", Nothing},
     {Command::GirderDocument, 33168, "300＆４00　主桁自動設計・製図", "", "", "", Nothing, None, KeyScope::Window, Outside},
     {Command::CrossDocument, 33169, "500　横桁・対傾構・下横構の設計", "", "", "", Nothing, None, KeyScope::Window, Outside},
     {Command::FemDocument, 33175, "600　FEMモデル自動作成", "", "", "", Nothing, None, KeyScope::Window, Outside},

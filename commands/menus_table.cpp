@@ -18,7 +18,7 @@ constexpr MenuItem kEdit[] = {Undo, Redo, kSeparator, Cut, Copy, Paste, Delete, 
                               FillRight, FillSelection, OpenList, kSeparator, SelectRow, SelectColumn, SelectAllCells,
                               kSeparator, MoveRowUp, MoveRowDown, InsertRow, DeleteRow, DuplicateRow, kSeparator,
                               AddRows, FilterRows, kSeparator, NextFinding, PreviousFinding, FindingList};
-constexpr MenuItem kView[] = {SwitchFigureAndHelp, Notes, kSeparator, ViewAll, ViewXY, ViewYZ, ViewXZ, kSeparator,
+constexpr MenuItem kView[] = {GoTo, GoToNumber, Back, Forward, kSeparator, SwitchFigureAndHelp, Notes, kSeparator, ViewAll, ViewXY, ViewYZ, ViewXZ, kSeparator,
                               ZoomIn, ZoomOut, kSeparator, MoveUp, MoveDown, MoveLeft, MoveRight, kSeparator,
                               MenuId::TreeItems, MenuId::Cells};
 constexpr MenuItem kTreeItems[] = {ShowAllItems, ShowItemsOfProject, ShowUnfilteredItems, kSeparator, HidePlate,
@@ -32,8 +32,8 @@ constexpr MenuItem kRun[] = {RunAll, CheckData, RunAndPrint, ShowCrossResults, S
 constexpr MenuItem kSettings[] = {English, Japanese, EnglishAndJapanese, kSeparator, SavePanes, kSeparator, BackColor,
                                   Decimals, Font, kSeparator, ResetDisplay};
 constexpr MenuItem kWindow[] = {NextPane, PreviousPane, kSeparator, NextWindow, PreviousWindow, CascadeWindows,
-                                TileWindows, kSeparator, TabbedWindows, kSeparator, MenuFill::Windows};
-constexpr MenuItem kHelp[] = {Search, kSeparator, GirderDocument, CrossDocument, FemDocument, StringerDocument,
+                                TileWindows, kSeparator, TabbedWindows, HelpBeside, KeepSession, kSeparator, MenuFill::Windows};
+constexpr MenuItem kHelp[] = {Search, Shortcuts, kSeparator, GirderDocument, CrossDocument, FemDocument, StringerDocument,
                               SupportDocument, QuantityDocument, kSeparator, HomePage, SecondHomePage, kSeparator,
                               About};
 

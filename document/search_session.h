@@ -20,6 +20,9 @@ public:
     bool allWords = true; ///< all words must be found; false: one of them
     bool topics = true;   ///< help topics and questions are searched
     bool items = true;    ///< input items are searched
+    int hitBlock = 0;     ///< where the marked row of the results leads; 0: no such row is marked
+    int hitRow = 0;
+    int hitColumn = 0;
 };
 
 /// The session of a document, made at the first call.

@@ -13,12 +13,15 @@
 #include "frame/project_findings.h"
 #include "frame/run_changes.h"
 #include "frame/settings.h"
+#include "frame/tree_pane.h"
 #include "grid/cell_editor.h"
 #include "grid/grid_ctrl.h"
 #include "panelmodel/panel_model.h"
 #include "panels/panel.h"
 #include "panels/search_panel.h"
+#include "project/block_numbers.h"
 #include "project/catalogue.h"
+#include "project/option_rows.h"
 #include "project/sbd_data.h"
 #include "sbdfile/writer.h"
 #include "upperview/chk_view.h"
@@ -104,7 +107,8 @@ void CChildFrame::CreatePanes()
 {
     outer_ = new QSplitter(Qt::Horizontal);
     inner_ = new QSplitter(Qt::Vertical);
-    tree_ = new CLeftView(doc_.get());
+    treePane_ = new CTreePane(doc_.get());
+    tree_ = &treePane_->Tree();
     upView_ = new CUpView(doc_.get());
     panelPane_ = new QWidget;
     auto* panelLayout = new QVBoxLayout(panelPane_);
@@ -120,7 +124,7 @@ void CChildFrame::CreatePanes()
         splitter->setChildrenCollapsible(false);
         connect(splitter, &QSplitter::splitterMoved, this, [this] { panesMoved_ = true; });
     }
-    for (QWidget* pane : std::initializer_list<QWidget*>{tree_, upView_, panelPane_})
+    for (QWidget* pane : std::initializer_list<QWidget*>{treePane_, upView_, panelPane_})
         pane->setMinimumSize(kLeastPane, kLeastPane);
 
     inner_->addWidget(upView_);
@@ -136,7 +140,7 @@ void CChildFrame::CreatePanes()
             CSettings().SetFindingsHeight(lower_->sizes().at(1));
     });
     inner_->addWidget(lower_);
-    outer_->addWidget(tree_);
+    outer_->addWidget(treePane_);
     outer_->addWidget(inner_);
     outer_->setStretchFactor(0, 0); // a wider window widens the right side
     outer_->setStretchFactor(1, 1);
@@ -156,11 +160,15 @@ bool CChildFrame::SwitchToBlock(int number)
         tree_->SelectBlock(currentBlock_);
         return false;
     }
+    const SearchPlace from = CurrentPlace();
     currentBlock_ = block;
     if (PanelOfBlock(block).empty())
         return false; // the old panel stays
+    if (!goingBack_)
+        places_.Leave(from);
     ShowPanel(block);
     emit blockShown();
+    emit placesChanged();
     return true;
 }
 
@@ -192,6 +200,7 @@ void CChildFrame::ShowPanel(int block)
         panelPane_->layout()->activate(); // now, so that a cell can be scrolled to at once
     }
     upView_->Refresh();
+    FitHelpToPage();
     findings_->OnPanelShown();
     runChanges_->OnPanelShown();
     if (panelHadFocus)
@@ -234,11 +243,37 @@ void CChildFrame::ChangeByRun(const std::function<void()>& change)
 
 void CChildFrame::JumpTo(int block, int row, int column)
 {
+    const SearchPlace from = CurrentPlace();
     if (!GoToBlock(block) || panel_ == nullptr)
         return;
+    if (row > 0 && from.block == currentBlock_ && (from.row != row || from.column != column) && !goingBack_) {
+        places_.Leave(from);
+        emit placesChanged();
+    }
     if (row > 0)
         panel_->GoToCell(row, column);
     FocusPanel();
+}
+
+SearchPlace CChildFrame::CurrentPlace() const
+{
+    if (panel_ == nullptr || panel_->Grid()->Source() == nullptr)
+        return {currentBlock_, 0, 0};
+    const GridCell cell = panel_->Grid()->FocusCell();
+    return cell.row > 0 ? SearchPlace{currentBlock_, cell.row, cell.column} : SearchPlace{currentBlock_, 0, 0};
+}
+
+void CChildFrame::GoBack(bool forward)
+{
+    if (panel_ != nullptr && !panel_->MayClose())
+        return; // the user has been told
+    const SearchPlace here = CurrentPlace();
+    const std::optional<SearchPlace> place = forward ? places_.Forward(here) : places_.Back(here);
+    if (place) {
+        const QScopedValueRollback going(goingBack_, true);
+        JumpTo(place->block, place->row, place->column);
+    }
+    emit placesChanged();
 }
 
 void CChildFrame::ShowHelpPage(bool show)
@@ -285,7 +320,7 @@ void CChildFrame::FocusPanel()
 }
 
 /// Where the keyboard can be, in their order.
-QList<QWidget*> CChildFrame::Places() const
+QList<QWidget*> CChildFrame::FocusPlaces() const
 {
     QList<QWidget*> places{tree_};
     if (panel_ != nullptr && panel_->Grid()->isVisible()) {
@@ -309,7 +344,7 @@ QList<QWidget*> CChildFrame::Places() const
 void CChildFrame::FocusOtherPane(bool forward)
 {
     const QWidget* focus = QApplication::focusWidget();
-    const QList<QWidget*> places = Places();
+    const QList<QWidget*> places = FocusPlaces();
     const auto holds = [focus](const QWidget* place) { return place == focus || place->isAncestorOf(focus); };
     const QWidget* grid = panel_ == nullptr ? nullptr : panel_->Grid();
     auto at = std::ranges::find_if(places, holds);
@@ -440,7 +475,12 @@ void CChildFrame::OnTreeActivated(int block)
 
 PaneSizes CChildFrame::Panes() const
 {
-    return {tree_->width(), upView_->height(), lower_->height()}; // the tree with its scroll bar
+    const int left = treePane_->width();           // with its scroll bar
+    if (inner_->orientation() == Qt::Horizontal) { // the heights are those of before
+        const PaneSizes kept = CSettings().Panes(ComputedPanes());
+        return {left, kept.up, kept.mid};
+    }
+    return {left, upView_->height(), lower_->height()};
 }
 
 PaneSizes CChildFrame::ComputedPanes() const
@@ -456,7 +496,41 @@ void CChildFrame::SetPanes(const PaneSizes& panes)
     const int left = std::max(std::min(panes.left, area.width() - kSplitterHandle - right), kLeastPane);
     const int up = std::max(std::min(panes.up, area.height() - kSplitterHandle - kLeastDown), kLeastPane);
     outer_->setSizes({left, std::max(area.width() - left - kSplitterHandle, kLeastPane)});
+    if (inner_->orientation() == Qt::Horizontal) {
+        const int room = std::max(area.width() - left - 2 * kSplitterHandle, 2 * kLeastPane);
+        const int beside = std::clamp(CSettings().HelpWidth(room / 2), kLeastPane, room - kLeastPane);
+        inner_->setSizes({room - beside, beside});
+        return;
+    }
     inner_->setSizes({up, std::max(area.height() - up - kSplitterHandle, kLeastPane)});
+}
+
+void CChildFrame::ShowHelpBeside(bool beside)
+{
+    const Qt::Orientation wanted = beside ? Qt::Horizontal : Qt::Vertical;
+    if (wanted == inner_->orientation())
+        return;
+    inner_->setOrientation(wanted);
+    inner_->insertWidget(beside ? 1 : 0, upView_);
+    SetPanes(CSettings().Panes(ComputedPanes()));
+    FitHelpToPage();
+}
+
+/// As long as nobody has given the pane a height, a short page leaves what it does not need to the panel.
+void CChildFrame::FitHelpToPage()
+{
+    if (panesMoved_ || inner_->orientation() == Qt::Horizontal || CSettings().Panes({-1, -1, -1}).up >= 0)
+        return;
+    const int half = ComputedPanes().up;
+    // The page of an option row is another one in the next row.
+    const bool isPage = doc_->showHelpPage && upView_->currentWidget() == &upView_->Help()
+                        && currentBlock_ != kSearchBlock && !FindOptionBlock(CanonicalBlock(currentBlock_));
+    const int page = isPage ? upView_->Help().PageHeight() : 0;
+    PaneSizes panes = CSettings().Panes(ComputedPanes());
+    panes.left = treePane_->width();
+    panes.up = page > 0 ? std::clamp(page, kLeastPane, std::max(half, kLeastPane)) : half;
+    if (panes.up != upView_->height())
+        SetPanes(panes);
 }
 
 void CChildFrame::resizeEvent(QResizeEvent* event)
@@ -464,6 +538,7 @@ void CChildFrame::resizeEvent(QResizeEvent* event)
     QMdiSubWindow::resizeEvent(event);
     if (!panesMoved_)
         SetPanes(CSettings().Panes(ComputedPanes()));
+    FitHelpToPage();
 }
 
 void CChildFrame::closeEvent(QCloseEvent* event)

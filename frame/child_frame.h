@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/project_lock.h"
+#include "frame/visited_places.h"
 
 #include <QMdiSubWindow>
 
@@ -21,6 +22,7 @@ class CProjectFindings;
 class CRecoveryCopy;
 class CRunChanges;
 class CSbdData;
+class CTreePane;
 class CUpView;
 struct PaneSizes;
 struct TreeView;
@@ -78,6 +80,13 @@ public:
     void ChangeByRun(const std::function<void()>& change);
     /// Goes to a cell of a block, grid row and column; row 0: to the block as it was left.
     void JumpTo(int block, int row, int column);
+    /// Back to the place that the last jump led away from, or forward again. A text that its cell refuses stays.
+    void GoBack(bool forward = false);
+    [[nodiscard]] const CVisitedPlaces& Places() const { return places_; }
+    /// Block, grid row and column of the cursor; row 0: no cell.
+    [[nodiscard]] SearchPlace CurrentPlace() const;
+    /// The help pane stands to the right of the panel, else above it.
+    void ShowHelpBeside(bool beside);
     /// Shows the help page, or the model figure instead.
     void ShowHelpPage(bool show);
     /// What the tree shows, and in which language.
@@ -119,6 +128,8 @@ public:
 signals:
     /// Another block is on show.
     void blockShown();
+    /// Where one can go back or forward to has changed.
+    void placesChanged();
     /// The title or its mark is another one.
     void titleShown();
     /// The panel may have got, or lost, something to take back.
@@ -140,7 +151,8 @@ private:
     void ShowTitle();
     void OnModified(bool modified);
     void ShowOwnPage();
-    [[nodiscard]] QList<QWidget*> Places() const;
+    [[nodiscard]] QList<QWidget*> FocusPlaces() const;
+    void FitHelpToPage();
     [[nodiscard]] QString OpenText() const;
     [[nodiscard]] std::optional<CSbdData> WithOpenText() const;
     void OnTreePressed(int block);
@@ -154,8 +166,9 @@ private:
     bool leaveRecoveryCopy_ = false;
     QString title_;
     QString foreignFile_;
-    QSplitter* outer_ = nullptr; // tree | inner
-    QSplitter* inner_ = nullptr; // help pane over panel
+    QSplitter* outer_ = nullptr;    // tree | inner
+    QSplitter* inner_ = nullptr;    // help pane over panel
+    CTreePane* treePane_ = nullptr; // the line that filters, over the tree
     CLeftView* tree_ = nullptr;
     CUpView* upView_ = nullptr;
     CNoticeBar* notices_ = nullptr;
@@ -165,6 +178,8 @@ private:
     std::unique_ptr<CPanel> panel_;
     QWidget* panelPane_ = nullptr; // holds the panel; blank for blocks without one
     int currentBlock_ = 0;
+    CVisitedPlaces places_;
+    bool goingBack_ = false;  // what leads there is no jump
     bool panesMoved_ = false; // by the user, who then decides about their sizes
 };
 

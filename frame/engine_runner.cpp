@@ -179,6 +179,7 @@ bool CEngineRunner::Run(EngineRun run, const RunProject& project)
     if (running_ || !project.doc)
         return false;
     running_ = true;
+    emit begun();
     const QPointer<CEngineRunner> self = this; // the program may end while an engine runs
     const bool started = RunSteps(run, project);
     if (!self)

@@ -119,6 +119,8 @@ public:
     [[nodiscard]] bool IsRunning() const { return running_; }
 
 signals:
+    /// A run begins.
+    void begun();
     /// A run is over; `started` is false if there was none. The project has not been read again yet.
     void finished(bool started);
     /// The project has been read again, or will not be.

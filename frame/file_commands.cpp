@@ -112,20 +112,40 @@ CChildFrame* CFileCommands::Open()
 
 CChildFrame* CFileCommands::OpenFile(const QString& path)
 {
+    QString trouble;
+    CChildFrame* child = OpenWith(
+        path, [this](const QString& text) { return AskYesNo(text); }, trouble);
+    if (!trouble.isEmpty())
+        Warn(trouble);
+    return child;
+}
+
+CChildFrame* CFileCommands::OpenQuietly(const QString& path, QString& trouble)
+{
+    const auto no = [](const QString&) { return false; };
+    CChildFrame* child = OpenWith(path, no, trouble);
+    if (child == nullptr && trouble.isEmpty())
+        trouble = u"ほかのプログラムで開かれています。"_s;
+    return child;
+}
+
+CChildFrame* CFileCommands::OpenWith(const QString& path, const std::function<bool(const QString& question)>& ask,
+                                     QString& trouble)
+{
     if (CChildFrame* open = FindOpen(path)) {
         area_.setActiveSubWindow(open);
         return open;
     }
     if (!IsProjectName(path)) {
-        Warn(NotAProjectMessage(path));
+        trouble = NotAProjectMessage(path);
         return nullptr;
     }
     auto doc = std::make_unique<CKELDSectionDoc>();
     auto lock = std::make_unique<CProjectLock>();
-    const OpenResult result = OnOpenDocument(*doc, *lock, path, [this](const QString& text) { return AskYesNo(text); });
+    const OpenResult result = OnOpenDocument(*doc, *lock, path, ask);
     if (!result.Ok()) {
         if (result.outcome == OpenOutcome::Failed)
-            Warn(FileMessage(FileOperation::Open, path, result.file));
+            trouble = FileMessage(FileOperation::Open, path, result.file);
         if (result.file.error == FileError::NotFound)
             CRecentFiles::Remove(path); // the user knows now
         return nullptr;

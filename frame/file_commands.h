@@ -45,6 +45,8 @@ public:
     /// Opens a project, or brings its window to the front. Takes the place of an empty project that nothing was entered
     /// into. Null if the file cannot be opened; the user has been told why.
     CChildFrame* OpenFile(const QString& path);
+    /// The same without a box: `trouble` says why it cannot be opened.
+    CChildFrame* OpenQuietly(const QString& path, QString& trouble);
 
     /// Saves to the project's own file, or asks for one. False if it is not saved; the user has been told why.
     bool Save(CChildFrame& child);
@@ -80,6 +82,8 @@ private:
     [[nodiscard]] std::unique_ptr<CChildFrame> MakeChild(std::unique_ptr<CKELDSectionDoc> doc,
                                                          std::unique_ptr<CProjectLock> lock);
     CChildFrame* Show(std::unique_ptr<CChildFrame> child);
+    CChildFrame* OpenWith(const QString& path, const std::function<bool(const QString& question)>& ask,
+                          QString& trouble);
     [[nodiscard]] bool OnNewDocument(CChildFrame& child);
     [[nodiscard]] NewDocumentPrompts NewPrompts();
     [[nodiscard]] RunProject ProjectOf(CChildFrame& child);

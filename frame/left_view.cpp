@@ -3,14 +3,17 @@
 #include "document/engine_command.h"
 #include "document/section_doc.h"
 #include "frame/finding_text.h"
+#include "frame/tail_delegate.h"
 #include "panelmodel/panel_model.h"
+#include "search/fold.h"
+#include "search/understand.h"
 
-#include <QHash>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 #include <QTreeWidgetItemIterator>
 
 #include <algorithm>
@@ -23,6 +26,7 @@ namespace {
 
 constexpr int kNumberRole = Qt::UserRole;
 constexpr int kGroupRole = Qt::UserRole + 1; // true for the head of a group
+constexpr int kWholeRole = Qt::UserRole + 2; // the title with its tag
 
 int NumberOf(const QTreeWidgetItem* item)
 {
@@ -33,31 +37,6 @@ bool IsGroup(const QTreeWidgetItem* item)
 {
     return item->data(0, kGroupRole).toBool();
 }
-
-/// Rows with some air: the characters of Japanese titles fill their height. Each text is measured once: the view asks
-/// for all widths again at every rebuild, several times.
-class RowDelegate : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        constexpr int air = 6; // px
-        if (option.font != font_) {
-            font_ = option.font;
-            sizes_.clear();
-        }
-        const bool bold = index.data(Qt::FontRole).value<QFont>().bold();
-        const bool marked = index.data(Qt::DecorationRole).isValid();
-        QSize& size = sizes_[{index.data().toString() + (marked ? u"!"_s : QString()), bold}];
-        if (!size.isValid())
-            size = QStyledItemDelegate::sizeHint(option, index) + QSize(air, air);
-        return size;
-    }
-
-private:
-    mutable QFont font_;                                   // that of the sizes
-    mutable QHash<std::pair<QString, bool>, QSize> sizes_; // by text and whether it is bold
-};
 
 void SetBold(QTreeWidgetItem* item)
 {
@@ -73,7 +52,7 @@ CLeftView::CLeftView(CKELDSectionDoc* doc, QWidget* parent) : QTreeWidget(parent
     setHeaderHidden(true);
     setIndentation(16);
     setUniformRowHeights(true);
-    setItemDelegate(new RowDelegate(this));
+    setItemDelegate(new CTailDelegate(this));
     setTextElideMode(Qt::ElideNone); // long titles scroll, so they can be read whole
     setHorizontalScrollMode(ScrollPerPixel);
     setFrameShape(NoFrame);
@@ -116,6 +95,7 @@ void CLeftView::Rebuild()
     }
     if (!groupHead)
         setCurrentItem(FindItem(selected, group));
+    Filter();
     verticalScrollBar()->setValue(scroll);
 }
 
@@ -130,12 +110,120 @@ void CLeftView::Fill()
         item->setToolTip(0, text);
         item->setData(0, kNumberRole, row.block);
         item->setData(0, kGroupRole, row.group);
+        item->setData(0, kWholeRole, QString::fromStdString(row.whole));
         if (row.bold)
             SetBold(item);
         if (row.level == 0)
             head = item;
+        if (!row.group)
+            ShowFill(item);
     }
     ShowMarks();
+}
+
+/// How many rows the block has, in grey; a needed block without any asks for them.
+void CLeftView::ShowFill(QTreeWidgetItem* item)
+{
+    const BlockFill fill = FillOf(doc_->Data(), NumberOf(item));
+    QString tail;
+    if (fill.lacks)
+        tail = tr("未入力");
+    else if (fill.rows > 0)
+        tail = tr("%1行").arg(fill.rows);
+    item->setData(0, CTailDelegate::kTailRole, tail);
+    item->setData(0, CTailDelegate::kAlertRole, fill.lacks);
+}
+
+void CLeftView::SetFilter(const QString& line)
+{
+    if (line.trimmed() == filter_)
+        return;
+    filter_ = line.trimmed();
+    Filter();
+    if (currentItem() != nullptr)
+        scrollToItem(currentItem());
+}
+
+void CLeftView::ShowOnlyFilled(bool only)
+{
+    onlyFilled_ = only;
+    Filter();
+}
+
+bool CLeftView::IsWanted(const QTreeWidgetItem* item) const
+{
+    const QString tail = item->data(0, CTailDelegate::kTailRole).toString();
+    const bool lacks = item->data(0, CTailDelegate::kAlertRole).toBool();
+    if (onlyFilled_ && (lacks || (!item->font(0).bold() && tail.isEmpty())))
+        return false;
+    const std::string whole = item->data(0, kWholeRole).toString().toStdString();
+    const std::string folded = Fold(whole);
+    const std::string line = filter_.toStdString();
+    const auto holds = [&folded](const std::string& word) { return folded.find(word) != std::string::npos; };
+    if (std::ranges::all_of(SearchWords(line), holds))
+        return true;
+    if (std::ranges::all_of(line, [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+        return false;                                // numbers and tags are meant as they are
+    const std::u16string skeleton = Skeleton(whole); // other spellings, other words for the same thing
+    const std::vector<SearchTerm> terms = SearchTerms(line);
+    return !terms.empty()
+           && std::ranges::all_of(terms, [&](const SearchTerm& term) { return HoldsTerm(skeleton, term.text); });
+}
+
+void CLeftView::Filter()
+{
+    const QScopedValueRollback guard(rebuilding_, true);
+    const bool filters = !filter_.isEmpty() || onlyFilled_;
+    if (filters && !openBefore_) {
+        openBefore_.emplace();
+        for (int i = 0; i < topLevelItemCount(); ++i)
+            if (topLevelItem(i)->isExpanded())
+                openBefore_->insert(NumberOf(topLevelItem(i)));
+    }
+    if (!filters && !openBefore_)
+        return; // all items are there
+    int left = 0;
+    for (int i = 0; i < topLevelItemCount(); ++i) {
+        QTreeWidgetItem* head = topLevelItem(i);
+        const bool group = IsGroup(head);
+        const bool whole = group && !filter_.isEmpty() && !onlyFilled_ && IsWanted(head); // the group itself is meant
+        int ofGroup = !group && IsWanted(head) ? 1 : 0;
+        for (int k = 0; k < head->childCount(); ++k) {
+            const bool wanted = whole || IsWanted(head->child(k));
+            head->child(k)->setHidden(!wanted);
+            ofGroup += wanted ? 1 : 0;
+        }
+        head->setHidden(ofGroup == 0);
+        if (group && filters && ofGroup > 0)
+            head->setExpanded(true);
+        else if (group && !filters)
+            head->setExpanded(openBefore_->contains(NumberOf(head)) || head == currentItem()
+                              || (currentItem() != nullptr && currentItem()->parent() == head));
+        left += ofGroup;
+    }
+    if (!filters)
+        openBefore_.reset();
+    emit filtered(left);
+}
+
+/// An item that somebody goes to is in sight, filter or not.
+void CLeftView::Unhide(QTreeWidgetItem* item)
+{
+    item->setHidden(false);
+    if (item->parent() != nullptr)
+        item->parent()->setHidden(false);
+}
+
+void CLeftView::ChooseFirst()
+{
+    for (QTreeWidgetItemIterator it(this, QTreeWidgetItemIterator::NotHidden); *it != nullptr; ++it) {
+        if (IsGroup(*it) || ((*it)->parent() != nullptr && (*it)->parent()->isHidden()))
+            continue;
+        setCurrentItem(*it);
+        scrollToItem(*it);
+        setFocus(Qt::OtherFocusReason);
+        return;
+    }
 }
 
 void CLeftView::SetMarks(std::map<int, MarkKind> marks, MarkSource source)
@@ -214,6 +302,7 @@ bool CLeftView::SelectBlock(int number)
     if (item == nullptr)
         return false;
     const QScopedValueRollback guard(rebuilding_, true);
+    Unhide(item);
     if (item->parent() != nullptr)
         item->parent()->setExpanded(true);
     setCurrentItem(item);
@@ -242,6 +331,7 @@ void CLeftView::keyboardSearch(const QString& typed)
     QTreeWidgetItem* item = FindTyped(digits_);
     if (item == nullptr)
         return;
+    Unhide(item);
     if (item->parent() != nullptr)
         item->parent()->setExpanded(true);
     setCurrentItem(item);
@@ -286,6 +376,10 @@ void CLeftView::keyPressEvent(QKeyEvent* event)
 
 void CLeftView::mousePressEvent(QMouseEvent* event)
 {
+    if (event->button() == Qt::RightButton) {
+        event->accept(); // opens the menu; the block on show stays
+        return;
+    }
     QTreeWidget::mousePressEvent(event);
     const QTreeWidgetItem* item = itemAt(event->position().toPoint());
     if (event->button() == Qt::LeftButton && item != nullptr)
@@ -299,6 +393,43 @@ void CLeftView::mouseDoubleClickEvent(QMouseEvent* event)
     QTreeWidget::mouseDoubleClickEvent(event);
     if (event->button() == Qt::LeftButton && number != 0)
         emit runAskedAt(number);
+}
+
+void CLeftView::contextMenuEvent(QContextMenuEvent* event)
+{
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    QTreeWidgetItem* item = byKey ? currentItem() : itemAt(event->pos());
+    const QPoint place =
+        byKey && item != nullptr ? viewport()->mapToGlobal(visualItemRect(item).center()) : event->globalPos();
+    QMenu menu(this);
+    if (item != nullptr && !IsGroup(item)) {
+        const int number = NumberOf(item); // of now: the tree may be built anew
+        menu.addAction(tr("%1 を開く(&O)").arg(number), this, [this, number] {
+            SelectBlock(number);
+            emit blockChosen(number);
+            MarkContent();
+        });
+        menu.addSeparator();
+    }
+    menu.addAction(tr("すべて開く(&E)"), this, &QTreeView::expandAll);
+    menu.addAction(tr("すべて閉じる(&C)"), this, &QTreeView::collapseAll);
+    QAction* only = menu.addAction(tr("入力のあるブロックだけ(&F)"), this, &CLeftView::ShowOnlyFilled);
+    only->setCheckable(true);
+    only->setChecked(onlyFilled_);
+    if (addToMenu) {
+        menu.addSeparator();
+        addToMenu(menu);
+    }
+    menu.exec(place);
+    event->accept();
+}
+
+/// The highlight reaches to the edge of the pane, however short the titles are.
+void CLeftView::resizeEvent(QResizeEvent* event)
+{
+    QTreeWidget::resizeEvent(event);
+    header()->setMinimumSectionSize(viewport()->width());
+    header()->resizeSections(QHeaderView::ResizeToContents);
 }
 
 void CLeftView::OnCurrentItemChanged(QTreeWidgetItem* item)
@@ -317,6 +448,9 @@ void CLeftView::OnDocumentChanged(const BlockChange& change)
 {
     if ((change.block == 301 || change.block == 305) && TreeKey(doc_->Data()) != key_)
         Rebuild();
+    for (QTreeWidgetItemIterator it(this); *it != nullptr; ++it)
+        if (!IsGroup(*it) && PanelBlock(NumberOf(*it)) == change.block)
+            ShowFill(*it);
 }
 
 } // namespace sbd

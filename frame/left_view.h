@@ -7,6 +7,12 @@
 #include <QElapsedTimer>
 #include <QTreeWidget>
 
+#include <functional>
+#include <optional>
+#include <set>
+
+class QMenu;
+
 namespace sbd {
 
 class CKELDSectionDoc;
@@ -37,6 +43,18 @@ public:
     /// Each source sets its own alone.
     void SetMarks(std::map<int, MarkKind> marks, MarkSource source = MarkSource::Check);
 
+    /// Shows the items whose title, number or tag holds all words of the line, in any width and case, or that a search
+    /// for it would find by their title; empty: all.
+    void SetFilter(const QString& line);
+    /// Shows only blocks that hold input.
+    void ShowOnlyFilled(bool only);
+    [[nodiscard]] bool ShowsOnlyFilled() const { return onlyFilled_; }
+    /// Chooses the first item that the filter left.
+    void ChooseFirst();
+
+    /// Adds entries to the menu of the right mouse button.
+    std::function<void(QMenu& menu)> addToMenu;
+
     /// Goes to the block whose number is typed, whether its group is open or not; other keys search what is in view.
     void keyboardSearch(const QString& typed) override;
 
@@ -49,6 +67,8 @@ signals:
     void itemWasPressed(int number);
     /// The item of a number was double clicked, or Enter pressed on one that stands for a run.
     void runAskedAt(int number);
+    /// So many blocks are left by the filter.
+    void filtered(int left);
 
 public slots:
     /// Sets what holds input to bold. Bold stays until the next rebuild.
@@ -59,12 +79,18 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void OnCurrentItemChanged(QTreeWidgetItem* item);
     void OnDocumentChanged(const BlockChange& change);
     void Fill();
     void ShowMarks();
+    void ShowFill(QTreeWidgetItem* item);
+    void Filter();
+    [[nodiscard]] bool IsWanted(const QTreeWidgetItem* item) const;
+    void Unhide(QTreeWidgetItem* item);
     [[nodiscard]] QTreeWidgetItem* FindItem(int number, int group);
     [[nodiscard]] QTreeWidgetItem* FindTyped(const QString& digits);
 
@@ -73,7 +99,10 @@ private:
     std::map<MarkSource, std::map<int, MarkKind>> marks_;
     std::string key_; // of the project, when the tree was built
     bool rebuilding_ = false;
-    QString digits_; // typed so far
+    QString filter_;
+    bool onlyFilled_ = false;
+    std::optional<std::set<int>> openBefore_; // groups that were open before the filter
+    QString digits_;                          // typed so far
     QElapsedTimer sinceDigit_;
 };
 

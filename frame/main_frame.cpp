@@ -5,6 +5,7 @@
 #include "frame/command_actions.h"
 #include "frame/finding_pane.h"
 #include "frame/finding_text.h"
+#include "frame/left_view.h"
 #include "frame/profile.h"
 #include "frame/program_icon.h"
 #include "frame/project_findings.h"
@@ -17,6 +18,7 @@
 #include <QDragEnterEvent>
 #include <QLabel>
 #include <QMdiArea>
+#include <QMenu>
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
@@ -81,6 +83,10 @@ CMainFrame::CMainFrame(Prompts prompts, QWidget* parent)
     CreateHandlers();
     CreateMenus();
     CreateStatusBar();
+    actions_->Of(Command::Search)->setAutoRepeat(false); // held is not pressed twice
+    connect(&files_->Runner(), &CEngineRunner::begun, this, &CMainFrame::ShowIndicators);
+    connect(&files_->Runner(), &CEngineRunner::finished, this, &CMainFrame::ShowIndicators);
+    connect(&files_->Runner(), &CEngineRunner::projectIsBack, this, &CMainFrame::ShowIndicators);
     SetTabbed(CSettings().TabbedWindows());
 
     auto* recovery = new QTimer(this);
@@ -97,6 +103,10 @@ void CMainFrame::SetUpChild(CChildFrame& child)
 {
     child.SetTreeView(treeView_);
     connect(&child, &CChildFrame::blockShown, this, &CMainFrame::UpdateCommands);
+    child.ShowHelpBeside(CSettings().HelpBeside());
+    child.Tree().addToMenu = [this](QMenu& menu) { menu.addActions(actions_->Menu(MenuId::TreeItems)->actions()); };
+    connect(&child, &CChildFrame::placesChanged, this, &CMainFrame::UpdateCommands);
+    connect(&child, &CChildFrame::blockShown, this, &CMainFrame::UpdateStatus); // behind the panel's own signals
     connect(&child, &CChildFrame::undoChanged, this, &CMainFrame::ShowHistory);
     connect(&child.Findings(), &CProjectFindings::countsChanged, this, &CMainFrame::ShowFindingCounts);
     connect(&child.Findings(), &CProjectFindings::told, this,
@@ -154,6 +164,7 @@ void CMainFrame::closeEvent(QCloseEvent* event)
         }
     }
     CProfile().setValue(kGeometryKey, saveGeometry());
+    KeepSessionPlaces();
     for (CChildFrame* child : Children()) {
         child->mayClose = nullptr;
         child->close();
@@ -185,6 +196,13 @@ void CMainFrame::CreateStatusBar()
     summaryLabel_ = new QLabel(this); // of the selected cells
     summaryLabel_->setContentsMargins(kMargin, 0, kMargin, 0);
     statusBar()->addPermanentWidget(summaryLabel_);
+    statusBar()->addPermanentWidget(cellLabel_);
+    // The four indicators: what the cell takes, whether all is saved, the engine, the findings.
+    for (QLabel** label : {&expectsLabel_, &savedLabel_, &engineLabel_}) {
+        *label = new QLabel(this);
+        (*label)->setContentsMargins(kMargin, 0, kMargin, 0);
+        statusBar()->addPermanentWidget(*label);
+    }
     findingsButton_ = new QToolButton(this);
     findingsButton_->setAutoRaise(true);
     findingsButton_->setFocusPolicy(Qt::NoFocus); // a click goes to a cell
@@ -192,7 +210,6 @@ void CMainFrame::CreateStatusBar()
     connect(findingsButton_, &QToolButton::clicked, this, [this] { RunCommand(Command::NextFinding); });
     findingsButton_->hide();
     statusBar()->addPermanentWidget(findingsButton_);
-    statusBar()->addPermanentWidget(cellLabel_);
 }
 
 /// The severity that weighs most stands first, with its sign.
@@ -240,6 +257,7 @@ void CMainFrame::OnChildActivated()
 void CMainFrame::UpdateStatus()
 {
     CChildFrame* child = CurrentChild();
+    ShowIndicators();
     if (child == nullptr) {
         pathLabel_->clear();
         cellLabel_->clear();

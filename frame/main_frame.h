@@ -6,6 +6,7 @@
 #include "frame/prompts.h"
 #include "panelmodel/tree_rows.h"
 
+#include <QElapsedTimer>
 #include <QList>
 #include <QMainWindow>
 #include <QPointer>
@@ -27,7 +28,10 @@ namespace sbd {
 
 class CChildFrame;
 class CCommandActions;
+class CGoLine;
 class CPanel;
+enum class GoScope;
+struct GoTarget;
 
 /// What the deployment knows of the home pages in the help menu.
 struct HomePages {
@@ -73,6 +77,10 @@ public:
 
     /// Shows the window maximised. Made smaller, it has the size in which it was left, as far as the screen has room.
     void ShowAtStart();
+
+    /// Opens the projects that were open at the end of the last session, each at its cell, if the user wants that. What
+    /// cannot be opened is told in one message. False: nothing was opened.
+    bool RestoreSession();
 
     /// Offers what a crash has left; to be called once, at the start.
     void OfferRecoveryCopies() { files_->OfferRecoveryCopies(); }
@@ -136,10 +144,17 @@ private:
     void AddTreeHandlers();
     void AddSettingsHandlers();
     void AddWindowHandlers();
+    void AddPlaceHandlers();
     void OnChild(Command command, std::function<void(CChildFrame&)> run);
     void OnEditor(Command command, std::function<void(QLineEdit&)> inEditor, void (CPanel::*inPanel)());
     void OnRow(Command command, void (CPanel::*run)());
     void ChangeCells(const std::function<void(CChildFrame& child)>& change);
+    void OpenGoLine(GoScope scope);
+    [[nodiscard]] std::vector<GoTarget> FindTargets(const QString& line, GoScope scope) const;
+    void GoTo(const GoTarget& target);
+    void EndEditBehindLine();
+    void ShowShortcuts();
+    void KeepSessionPlaces() const;
     void SetTreeView();
     void SetTabbed(bool tabbed);
     void ShowTitle();
@@ -155,6 +170,7 @@ private:
     void SetUpChild(CChildFrame& child);
     void OnChildActivated();
     void UpdateStatus();
+    void ShowIndicators();
     void ShowFindingCounts();
     void ShowFindingList(bool show);
 
@@ -177,6 +193,12 @@ private:
     QLabel* cellLabel_ = nullptr;
     QToolButton* findingsButton_ = nullptr;
     QLabel* summaryLabel_ = nullptr;
+    QLabel* expectsLabel_ = nullptr;
+    QLabel* savedLabel_ = nullptr;
+    QLabel* engineLabel_ = nullptr;
+    CGoLine* goLine_ = nullptr;   // made when it is first wanted
+    QPointer<QWidget> shortcuts_; // the sheet, while it is open
+    QElapsedTimer sinceSearchKey_;
     QList<QMetaObject::Connection> docConnections_;
 };
 

@@ -103,6 +103,7 @@ void CMainFrame::CreateHandlers()
     AddTreeHandlers();
     AddSettingsHandlers();
     AddWindowHandlers();
+    AddPlaceHandlers();
 }
 
 void CMainFrame::OnChild(Command command, std::function<void(CChildFrame&)> run)
@@ -260,7 +261,11 @@ void CMainFrame::AddSettingsHandlers()
         ChangeCells([=](CChildFrame& child) { child.Doc().comboOrList = comboOrList; });
     };
 
-    OnChild(Command::SavePanes, [](CChildFrame& child) { CSettings().SetPanes(child.Panes()); });
+    OnChild(Command::SavePanes, [](CChildFrame& child) {
+        CSettings().SetPanes(child.Panes());
+        if (CSettings().HelpBeside())
+            CSettings().SetHelpWidth(child.UpView().width());
+    });
     OnChild(Command::BackColor, [this](CChildFrame& child) {
         DisplaySettings& display = child.Doc().display;
         const QColor colour = prompts_.chooseColour(this, ToQColor(display.backColor));

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QMouseEvent>
 #include <QStatusBar>
 
 #include <algorithm>
@@ -86,6 +87,7 @@ void CMainFrame::OnQuit()
 {
     if (!sessionEnds_)
         return;
+    KeepSessionPlaces();
     for (CChildFrame* child : Children()) {
         if (letGo_.contains(child))
             continue;
@@ -100,11 +102,22 @@ bool CMainFrame::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Quit && watched == QCoreApplication::instance())
         OnQuit();
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
+        const Qt::MouseButton button = static_cast<QMouseEvent*>(event)->button();
+        const bool side = button == Qt::BackButton || button == Qt::ForwardButton;
+        if (side && watched->isWidgetType() && static_cast<QWidget*>(watched)->window() == this) {
+            const Command command = button == Qt::BackButton ? Command::Back : Command::Forward;
+            QMetaObject::invokeMethod( // what is pressed may go with its panel
+                this, [this, command] { RunCommand(command); }, Qt::QueuedConnection);
+            return true;
+        }
+    }
     return QMainWindow::eventFilter(watched, event);
 }
 
 void CMainFrame::EndNow()
 {
+    KeepSessionPlaces();
     files_->KeepRecoveryCopies();
     (void)KeepAllCopies();
     for (CChildFrame* child : Children())

@@ -203,6 +203,10 @@ bool CMainFrame::Holds(CommandNeeds needs) const
         return hasGrid && panel->CanAddRows();
     case CommandNeeds::Filters:
         return treeView_.mode != TreeMode::Everything;
+    case CommandNeeds::Back:
+        return child->Places().CanGoBack();
+    case CommandNeeds::Forward:
+        return child->Places().CanGoForward();
     case CommandNeeds::Hit: {
         const auto* search = qobject_cast<const CDown999*>(panel);
         return search != nullptr && search->CanJump();
@@ -251,6 +255,8 @@ void CMainFrame::UpdateMarks()
         if (const LanguageMode* language = LanguageModeOf(row.command))
             actions_->SetMark(row.command, treeView_.language == language->language);
     }
+    actions_->SetMark(Command::HelpBeside, CSettings().HelpBeside());
+    actions_->SetMark(Command::KeepSession, CSettings().KeepsSession());
     actions_->SetMark(Command::TabbedWindows, area_->viewMode() == QMdiArea::TabbedView);
     CChildFrame* child = CurrentChild();
     actions_->SetMark(Command::FindingList, child != nullptr && child->Findings().ShowsPane());

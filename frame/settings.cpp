@@ -19,6 +19,10 @@ const auto kLeftWindow = u"Window Size/LeftWindow"_s;
 const auto kUpWindow = u"Window Size/UpWindow"_s;
 const auto kMidWindow = u"Window Size/MidWindow"_s;
 const auto kTabbed = u"Window Size/Tabbed"_s;
+const auto kHelpBeside = u"Window Size/HelpBeside"_s;
+const auto kHelpWidth = u"Window Size/HelpWidth"_s;
+const auto kKeepsSession = u"Session/Keep"_s;
+const auto kSessionPlaces = u"Session/Places"_s;
 const auto kBackColor = u"BackColor/"_s;
 const auto kFontColor = u"SYSTEMFONT/"_s;
 const auto kFontHeight = u"SYSTEMFONT/H"_s;
@@ -202,6 +206,62 @@ bool CSettings::TabbedWindows() const
 void CSettings::SetTabbedWindows(bool tabbed)
 {
     profile_.setValue(kTabbed, tabbed ? 1 : 0);
+}
+
+bool CSettings::HelpBeside() const
+{
+    return Number(kHelpBeside, 0) != 0;
+}
+
+void CSettings::SetHelpBeside(bool beside)
+{
+    profile_.setValue(kHelpBeside, beside ? 1 : 0);
+}
+
+int CSettings::HelpWidth(int absent) const
+{
+    const int kept = Number(kHelpWidth, -1);
+    return kept < 0 ? absent : std::min(kept, kMostPixels);
+}
+
+void CSettings::SetHelpWidth(int pixels)
+{
+    profile_.setValue(kHelpWidth, pixels);
+}
+
+bool CSettings::KeepsSession() const
+{
+    return Number(kKeepsSession, 0) != 0;
+}
+
+void CSettings::SetKeepsSession(bool keeps)
+{
+    profile_.setValue(kKeepsSession, keeps ? 1 : 0);
+}
+
+/// "313/5/3/path": what is anything else was written by nobody here, and is passed over.
+QList<SessionPlace> CSettings::Session() const
+{
+    constexpr qsizetype most = 20;
+    QList<SessionPlace> places;
+    for (const QString& line : profile_.value(kSessionPlaces).toStringList()) {
+        bool isBlock = false;
+        bool isRow = false;
+        bool isColumn = false;
+        const SessionPlace place{line.section(u'/', 3), line.section(u'/', 0, 0).toInt(&isBlock),
+                                 line.section(u'/', 1, 1).toInt(&isRow), line.section(u'/', 2, 2).toInt(&isColumn)};
+        if (isBlock && isRow && isColumn && !place.path.isEmpty() && place.row >= 0 && places.size() < most)
+            places.append(place);
+    }
+    return places;
+}
+
+void CSettings::SetSession(const QList<SessionPlace>& places)
+{
+    QStringList lines;
+    for (const SessionPlace& place : places)
+        lines << u"%1/%2/%3/%4"_s.arg(place.block).arg(place.row).arg(place.column).arg(place.path);
+    profile_.setValue(kSessionPlaces, lines);
 }
 
 bool CSettings::ShowsFindings() const

@@ -19,6 +19,15 @@ struct PaneSizes {
     friend bool operator==(const PaneSizes&, const PaneSizes&) = default;
 };
 
+/// A project that was open at the end, with the cell where the user stood.
+struct SessionPlace {
+    QString path;
+    int block = 0;
+    int row = 0; ///< 0: no cell
+    int column = 0;
+    friend bool operator==(const SessionPlace&, const SessionPlace&) = default;
+};
+
 /// Display settings, each in its section and key of the profile. A value that is missing or unreadable has its default,
 /// one that is out of range is limited; writing says nothing when it fails.
 class CSettings {
@@ -62,6 +71,18 @@ public:
     /// True if projects stand as tabs, false if as windows.
     [[nodiscard]] bool TabbedWindows() const;
     void SetTabbedWindows(bool tabbed);
+
+    /// True if the help pane stands beside the panel, and its width there.
+    [[nodiscard]] bool HelpBeside() const;
+    void SetHelpBeside(bool beside);
+    [[nodiscard]] int HelpWidth(int absent) const;
+    void SetHelpWidth(int pixels);
+
+    /// True if the projects that are open at the end come back, and where the user stood in them, the one in front last.
+    [[nodiscard]] bool KeepsSession() const;
+    void SetKeepsSession(bool keeps);
+    [[nodiscard]] QList<SessionPlace> Session() const;
+    void SetSession(const QList<SessionPlace>& places);
 
     /// True if the list of findings stands below the panel, and its height.
     [[nodiscard]] bool ShowsFindings() const;

@@ -10,6 +10,9 @@ class QCompleter;
 
 namespace sbd {
 
+/// Property of a widget that takes the keyboard for a moment: an open editor stays open.
+inline constexpr char kKeepsEditors[] = "keepsEditors";
+
 /// Asked first about every key in an editor; true: the key is done with.
 using EditorKeyHandler = std::function<bool(QWidget* editor, QKeyEvent* event)>;
 

@@ -5,7 +5,7 @@
 #include "grid/grid_model.h"
 #include "grid/grid_style.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QHelpEvent>
 #include <QInputMethod>
 #include <QKeyEvent>
@@ -222,6 +222,11 @@ bool CGridDelegate::eventFilter(QObject* object, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress)
         return false; // the editors ask HandleKey
+    if (event->type() == QEvent::FocusOut) {
+        for (const QWidget* at = QApplication::focusWidget(); at != nullptr; at = at->parentWidget())
+            if (at->property(kKeepsEditors).toBool())
+                return false; // the keyboard comes back
+    }
     return QStyledItemDelegate::eventFilter(object, event);
 }
 

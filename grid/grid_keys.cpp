@@ -322,6 +322,8 @@ bool CGridCtrl::HandleMoveKey(QKeyEvent* event)
         [[fallthrough]];
     case Qt::Key_Left:
     case Qt::Key_Right:
+        if (alt && !control && !shift)
+            return true; // the window's keys for back and forward, where there is such a place
         if ((control || shift) && FocusCell().row > 0)
             MoveTo(control ? JumpTarget(shift ? Extent() : FocusCell(), event->key())
                            : Neighbour(Extent(), event->key()),

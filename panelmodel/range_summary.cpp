@@ -62,6 +62,26 @@ struct Numbers {
     }
 };
 
+/// The unit of a cell: in its head, or in the label ahead of an option's value.
+std::string UnitAt(const CPanelModel& model, int row, int column)
+{
+    const bool option = !model.MovesRows() && column > 1;
+    return UnitIn(option ? model.Text(row, column - 1) : model.Head(column, row));
+}
+
+/// True if what stands in the column, or in an option's own cell, is numbers and nothing else.
+bool HoldsNumbers(const CPanelModel& model, int row, int column)
+{
+    constexpr int most = 50; // rows that are looked at
+    const bool table = model.MovesRows();
+    const int first = table ? model.FixedRows() + 1 : row;
+    const int last = table ? std::min(model.BlockRows(), model.FixedRows() + most) : row;
+    Numbers found;
+    for (int r = first; r <= last; ++r)
+        found.Take(model.Text(r, column));
+    return found.filled > 0 && found.numbers == found.filled;
+}
+
 } // namespace
 
 std::string UnitIn(std::string_view text)
@@ -83,6 +103,27 @@ std::string UnitIn(std::string_view text)
     return found;
 }
 
+std::string ExpectedIn(const CPanelModel& model, int row, int column)
+{
+    if (!model.IsEditable(row, column))
+        return Cp932("入力不可");
+    const bool numbers = model.TakesNumbers(row, column);
+    const bool likely = !UnitAt(model, row, column).empty() || HoldsNumbers(model, row, column);
+    if (!model.Words(row, column).empty())
+        return Cp932(numbers ? "一覧または数値" : "一覧または文字");
+    if (!numbers)
+        return Cp932(likely ? "数値など" : "文字");
+    const auto refusal = model.WhyNot(row, column, "x");
+    switch (refusal ? refusal->takes : CellTakes::Number) {
+    case CellTakes::Count:
+        return Cp932("整数 (0 以上)");
+    case CellTakes::Numbers:
+        return Cp932("数値 (いくつでも)");
+    default:
+        return Cp932("数値");
+    }
+}
+
 std::string SummaryOf(const CPanelModel& model, const CellRange& range, const std::function<bool(int row)>& isHidden)
 {
     Numbers found;
@@ -90,10 +131,9 @@ std::string SummaryOf(const CPanelModel& model, const CellRange& range, const st
         for (int column = range.left; column <= range.right && !isHidden(row); ++column)
             found.Take(model.Text(row, column));
     const bool oneCell = range.top == range.bottom && range.left == range.right;
-    const bool option = !model.MovesRows() && range.left > 1 && oneCell; // its label stands ahead of it
     std::string unit;
     if (range.left == range.right)
-        unit = UnitIn(option ? model.Text(range.top, range.left - 1) : model.Head(range.left, range.top));
+        unit = oneCell ? UnitAt(model, range.top, range.left) : UnitIn(model.Head(range.left, range.top));
     std::string summary;
     const auto add = [&summary](std::string_view name, const std::string& value) {
         summary += (summary.empty() ? std::string() : Cp932("　")) + Cp932(name) + ' ' + value;

@@ -13,6 +13,10 @@ namespace sbd {
 [[nodiscard]] std::string SummaryOf(const CPanelModel& model, const CellRange& range,
                                     const std::function<bool(int row)>& isHidden);
 
+/// What a cell takes, in a word or two: "数値", "一覧または文字", "入力不可"; "数値など" where a unit or
+/// what stands in the column speaks for numbers, but words are not refused. CP932.
+[[nodiscard]] std::string ExpectedIn(const CPanelModel& model, int row, int column);
+
 /// The unit in a head or a label: "間隔(mm)" has "mm"; empty: none. CP932.
 [[nodiscard]] std::string UnitIn(std::string_view text);
 

@@ -2,6 +2,7 @@
 
 #include "panelmodel/tree_rows_table.h"
 #include "project/catalogue.h"
+#include "project/panel_columns.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
 
@@ -185,7 +186,8 @@ public:
         for (const TreeGroup& group : TreeGroups()) {
             if (!ShowGroup(facts_, view_, group.block))
                 continue;
-            rows_.push_back({0, group.block, true, false, TitleIn(view_.language, GroupTitle(facts_, group))});
+            const std::string_view title = GroupTitle(facts_, group);
+            rows_.push_back({0, group.block, true, false, TitleIn(view_.language, title), std::string(title)});
             for (const int block : BlocksOfGroup(&CatalogueRow::tree, group.block))
                 if (ShowBlock(facts_, view_, block))
                     AddItem(1, block);
@@ -210,7 +212,8 @@ private:
         std::string title = TitleIn(view_.language, ItemTitle(facts_, block));
         if (block == kLastItem && view_.language == TitleLanguage::English)
             title += kSearchTag;
-        rows_.push_back({level, block, false, HasInputInForce(data_, block), std::move(title)});
+        rows_.push_back({level, block, false, HasInputInForce(data_, block), std::move(title),
+                         std::string(ItemTitle(facts_, block))});
     }
 
     const CSbdData& data_;
@@ -307,6 +310,41 @@ bool HasInputInForce(const CSbdData& data, int block)
         return MarkRows(data, canonical) > row->mark.rows && ControlValue(data, canonical) == "NO";
     }
     return false;
+}
+
+BlockFill FillOf(const CSbdData& data, int block)
+{
+    const int canonical = CanonicalBlock(block);
+    const CatalogueRow* row = FindBlock(canonical);
+    if (row == nullptr)
+        return {};
+    BlockFill fill;
+    bool automatic = false;
+    if (data.Names(canonical) != nullptr) {
+        fill.rows = static_cast<int>(MarkRows(data, canonical));
+        automatic = ControlValue(data, canonical) == "YES";
+    } else if (const TableBlock* table = data.Table(canonical)) {
+        const PanelTable* panel = FindPanelTable(canonical);
+        std::size_t first = panel == nullptr ? 0 : static_cast<std::size_t>(panel->automaticRows);
+        const bool hasSwitch =
+            table->RowCount() > 0 && table->columns.size() > 1 && table->columns[0][0].starts_with(Cp932("自動計算"));
+        if (hasSwitch)
+            first = std::max<std::size_t>(first, 1);
+        automatic = hasSwitch && ControlValue(data, canonical) == "YES";
+        fill.rows = 0;
+        for (std::size_t r = first; r < table->RowCount(); ++r)
+            fill.rows +=
+                std::ranges::any_of(table->columns,
+                                    [r](const auto& column) { return r < column.size() && !Trim(column[r]).empty(); })
+                    ? 1
+                    : 0;
+    } else if (row->kind == BlockKind::OwnTable) {
+        fill.rows = static_cast<int>(data.RowCount(canonical));
+    }
+    const bool needed = row->menuText.find("(必要)") != std::string_view::npos;
+    const bool neededInBoxes = row->menuText.find("(箱桁必要)") != std::string_view::npos && data.RowCount(305) > 0;
+    fill.lacks = (needed || neededInBoxes) && fill.rows == 0 && !automatic;
+    return fill;
 }
 
 std::string TreeKey(const CSbdData& data)

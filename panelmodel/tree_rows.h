@@ -65,6 +65,7 @@ struct TreeRow {
     bool group = false; ///< head of a group
     bool bold = false;  ///< the block holds input that is in force
     std::string text;   ///< UTF-8
+    std::string whole;  ///< the title with its tag, whatever the language; UTF-8
     friend bool operator==(const TreeRow&, const TreeRow&) = default;
 };
 
@@ -73,6 +74,14 @@ struct TreeRow {
 
 /// True if a block (an alias counts as the block behind it) holds input that is in force.
 [[nodiscard]] bool HasInputInForce(const CSbdData& data, int block);
+
+/// What a block of rows holds, for the line of the tree.
+struct BlockFill {
+    int rows = -1;      ///< filled rows without those that are no data rows; -1: the block has no rows of its own
+    bool lacks = false; ///< it is needed, and neither filled nor left to the automatic design
+    friend bool operator==(const BlockFill&, const BlockFill&) = default;
+};
+[[nodiscard]] BlockFill FillOf(const CSbdData& data, int block);
 
 /// What of a project decides which lines there are: the tree is rebuilt when this changes.
 [[nodiscard]] std::string TreeKey(const CSbdData& data);

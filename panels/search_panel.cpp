@@ -245,7 +245,15 @@ void CDown999::FitColumn()
 
 void CDown999::ShowDetail()
 {
-    detail_->setHtml(SearchDetailHtml(cells_->Entry(Grid()->FocusCell().row), searched_->Data()));
+    const SearchEntry* entry = cells_->Entry(Grid()->FocusCell().row);
+    detail_->setHtml(SearchDetailHtml(entry, searched_->Data()));
+    const SearchPlace hit = entry == nullptr ? SearchPlace() : entry->place;
+    if (hit == SearchPlace{session_.hitBlock, session_.hitRow, session_.hitColumn})
+        return;
+    session_.hitBlock = hit.block;
+    session_.hitRow = hit.row;
+    session_.hitColumn = hit.column;
+    searched_->ShowHelpAnew(); // the page of what is marked
 }
 
 // --- jumping -----------------------------------------------------------------------------------------
@@ -337,6 +345,13 @@ void CDown999::GoToLine()
         return;
     }
     grid->setFocus();
+}
+
+void CDown999::SearchFor(const QString& line)
+{
+    Grid()->CommitEditor();
+    cells_->KeepLine();
+    OnTyped(line);
 }
 
 void CDown999::RestoreScroll()

@@ -32,6 +32,8 @@ public:
     [[nodiscard]] SearchPlace FocusedPlace() const;
     /// Puts the keyboard into the search line: what is typed next are new words.
     void GoToLine();
+    /// Searches for a line that was typed elsewhere.
+    void SearchFor(const QString& line);
 
 public slots:
     /// Asks for the cell of the focused row.

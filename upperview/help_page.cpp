@@ -3,6 +3,7 @@
 #include "upperview/draw_painter.h"
 #include "upperview/page/draw_recorder.h"
 #include "upperview/page/page_store.h"
+#include "upperview/topics_page.h"
 
 #include <QStringList>
 
@@ -23,8 +24,10 @@ PageExtent Draw(CDrawContext& dc, const CSbdData& data, const HelpCell& cell, QS
     const Page* page = FindPage(cell.block);
     if (page == nullptr)
         return {};
-    return DrawPage(dc, *page,
-                    {data, cell.block, cell.row, cell.column, client.width(), client.height(), cell.searchText});
+    const PageView view{data, cell.block, cell.row, cell.column, client.width(), client.height(), cell.searchText};
+    if (cell.topics && page->BranchOf(view) == nullptr)
+        page = &TopicsPage();
+    return DrawPage(dc, *page, view);
 }
 
 } // namespace

@@ -22,6 +22,7 @@ struct HelpCell {
     int row = 0;
     int column = 0;
     std::string searchText = {}; ///< first cell of block 999; CP932
+    bool topics = false;         ///< what the page of 999 has nothing to say of shows where to begin
 };
 
 /// The font that the user has set, twice its height in page units, so that it is read on the page as in the grid.

@@ -2,6 +2,7 @@
 
 #include "document/search_session.h"
 #include "document/section_doc.h"
+#include "project/block_numbers.h"
 #include "project/catalogue.h"
 #include "upperview/display_look.h"
 #include "upperview/page/page_store.h"
@@ -156,8 +157,17 @@ void CHelpView::keyPressEvent(QKeyEvent* event)
 HelpCell CHelpView::Cell() const
 {
     const int block = doc_->HelpBlock() >= 0 ? doc_->HelpBlock() : doc_->CurrentBlock();
-    const std::string searched = fromQString(SearchSessionOf(*doc_).line).value_or(std::string());
-    return {PageBlock(block), doc_->HelpRow(), doc_->HelpColumn(), searched};
+    const CSearchSession& search = SearchSessionOf(*doc_);
+    if (block == kSearchBlock && search.hitBlock != 0) // what is marked there is read ahead
+        return {PageBlock(search.hitBlock), search.hitRow, search.hitColumn};
+    const std::string searched = fromQString(search.line).value_or(std::string());
+    return {PageBlock(block), doc_->HelpRow(), doc_->HelpColumn(), searched, block == kSearchBlock};
+}
+
+int CHelpView::PageHeight() const
+{
+    const PageExtent page = MeasureHelpPage(doc_->Data(), Cell(), viewport()->size(), HelpFont(doc_->display));
+    return static_cast<int>(std::ceil(page.height * Scale()));
 }
 
 void CHelpView::Refresh()

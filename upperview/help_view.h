@@ -24,6 +24,9 @@ public:
     /// Paints the cell's page and scrolls to its place; the user's own scrolling stands as long as the cell does.
     void Refresh();
 
+    /// Height of the page on show, in pixels.
+    [[nodiscard]] int PageHeight() const;
+
     /// The places of the page on show that lead to another block.
     [[nodiscard]] const std::vector<PageLink>& Links() const { return extent_.links; }
     /// The link that the keyboard stands on; -1: none.

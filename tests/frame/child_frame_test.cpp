@@ -142,6 +142,8 @@ void ChildFrameTest::aClickInTheTreeSwitches()
 {
     const Window window;
     window.child->show();
+    QVERIFY(QTest::qWaitForWindowExposed(window.child.get()));
+    QApplication::processEvents(); // the titles get their width
     CLeftView& tree = window.child->Tree();
     QTreeWidgetItem* item = tree.itemBelow(tree.currentItem());
     tree.scrollToItem(item);

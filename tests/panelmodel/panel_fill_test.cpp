@@ -297,5 +297,21 @@ TEST_F(PanelFill, TheSummaryCountsNumbersAndNamesTheUnit)
     EXPECT_EQ(UnitIn(Cp932("材質(材質)")), "");
 }
 
+TEST_F(PanelFill, WhatACellTakesIsSaidInAWordOrTwo)
+{
+    EXPECT_EQ(FromCp932(ExpectedIn(*panel_, 4, 6)), "数値など"); // a unit, and words are not refused
+    EXPECT_EQ(FromCp932(ExpectedIn(*panel_, 4, 8)), "数値など"); // what stands in the column
+    EXPECT_EQ(FromCp932(ExpectedIn(*panel_, 1, 8)), "入力不可");
+    EXPECT_EQ(FromCp932(ExpectedIn(*panel_, 4, 1)), "一覧または文字");
+    const CSbdData data;
+    const auto heights = MakePanelModel(data, 311);
+    bool refuses = false;
+    for (int row = 1; row <= heights->GridRows() && !refuses; ++row)
+        for (int column = 1; column < heights->ColumnCount(); ++column)
+            refuses = refuses || FromCp932(ExpectedIn(*heights, row, column)).starts_with("数値");
+    EXPECT_TRUE(refuses);
+    EXPECT_EQ(FromCp932(ExpectedIn(*heights, 10000, 1)), "入力不可") << "outside of the grid";
+}
+
 } // namespace
 } // namespace sbd
