@@ -49,6 +49,8 @@ enum class Command {
     NextFinding,
     PreviousFinding,
     FindingList,
+    NextRunChange,
+    PreviousRunChange,
 
     // Help page and model figure
     SwitchFigureAndHelp,

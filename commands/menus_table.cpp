@@ -17,7 +17,8 @@ constexpr MenuItem kFile[] = {NewProject, Open, Close, kSeparator, Save, SaveAs,
 constexpr MenuItem kEdit[] = {Undo, Redo, kSeparator, Cut, Copy, Paste, Delete, CopyWithHeads, kSeparator, FillDown,
                               FillRight, FillSelection, OpenList, kSeparator, SelectRow, SelectColumn, SelectAllCells,
                               kSeparator, MoveRowUp, MoveRowDown, InsertRow, DeleteRow, DuplicateRow, kSeparator,
-                              AddRows, FilterRows, kSeparator, NextFinding, PreviousFinding, FindingList};
+                               AddRows, FilterRows, kSeparator, NextFinding, PreviousFinding, FindingList,
+                               NextRunChange, PreviousRunChange};
 constexpr MenuItem kView[] = {GoTo, GoToNumber, Back, Forward, kSeparator, SwitchFigureAndHelp, Notes, kSeparator, ViewAll, ViewXY, ViewYZ, ViewXZ, kSeparator,
                               ZoomIn, ZoomOut, kSeparator, MoveUp, MoveDown, MoveLeft, MoveRight, kSeparator,
                               MenuId::TreeItems, MenuId::Cells};

@@ -12,6 +12,7 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <map>
 #include <optional>
@@ -29,14 +30,15 @@ struct KindRow {
     KeptKind kind;
     QLatin1StringView word;
     QStringView text;
+    bool isRun = false;
 };
 
 constexpr KindRow kKinds[] = {
-    {KeptKind::Check, "check"_L1, u"データのチェック"},
-    {KeptKind::Main, "run"_L1, u"解析実行"},
-    {KeptKind::Result, "result"_L1, u"解析実行＆出力"},
-    {KeptKind::Cross, "cross"_L1, u"横桁・対傾構結果"},
-    {KeptKind::Support, "support"_L1, u"支点補剛材・ダイヤフラム結果"},
+    {KeptKind::Check, "check"_L1, u"データのチェック", true},
+    {KeptKind::Main, "run"_L1, u"解析実行", true},
+    {KeptKind::Result, "result"_L1, u"解析実行＆出力", true},
+    {KeptKind::Cross, "cross"_L1, u"横桁・対傾構結果", true},
+    {KeptKind::Support, "support"_L1, u"支点補剛材・ダイヤフラム結果", true},
     {KeptKind::Unsaved, "unsaved"_L1, u"チェック前の保存していない入力"},
     {KeptKind::Replaced, "replaced"_L1, u"廃棄したプロジェクト"},
     {KeptKind::Overwritten, "overwritten"_L1, u"上書き前のファイル"},
@@ -62,14 +64,18 @@ QString OneProject(const QString& project)
 
 bool WriteRecord(const KeptInput& input)
 {
-    const QJsonObject record{{u"version"_s, kVersion},
-                             {u"project"_s, input.project},
-                             {u"time"_s, input.time.toUTC().toString(Qt::ISODateWithMs)},
-                             {u"kind"_s, QString(std::ranges::find(kKinds, input.kind, &KindRow::kind)->word)},
-                             {u"end"_s, RunEndWord(input.end.kind)},
-                             {u"code"_s, input.end.code},
-                             {u"errors"_s, input.end.errors},
-                             {u"warnings"_s, input.end.warnings}};
+    QJsonObject record{{u"version"_s, kVersion},
+                       {u"project"_s, input.project},
+                       {u"time"_s, input.time.toUTC().toString(Qt::ISODateWithMs)},
+                       {u"kind"_s, QString(std::ranges::find(kKinds, input.kind, &KindRow::kind)->word)},
+                       {u"end"_s, RunEndWord(input.end.kind)},
+                       {u"code"_s, input.end.code},
+                       {u"errors"_s, input.end.errors},
+                       {u"warnings"_s, input.end.warnings}};
+    if (input.settled)
+        record[u"settled"_s] = true;
+    if (input.endTime.isValid())
+        record[u"ended"_s] = input.endTime.toUTC().toString(Qt::ISODateWithMs);
     const QByteArray bytes = QJsonDocument(record).toJson();
     return ReplaceFileBytes(ToPath(RecordOf(input.file)), {bytes.constData(), static_cast<std::size_t>(bytes.size())})
         .Ok();
@@ -96,6 +102,8 @@ Record ReadRecord(const QFileInfo& info)
     const QDateTime time = QDateTime::fromString(json[u"time"_s].toString(), Qt::ISODateWithMs);
     if (time.isValid())
         input.time = time.toLocalTime();
+    input.settled = json[u"settled"_s].toBool();
+    input.endTime = QDateTime::fromString(json[u"ended"_s].toString(), Qt::ISODateWithMs).toLocalTime();
     const QString word = json[u"kind"_s].toString();
     const auto* const kind = std::ranges::find(kKinds, word, [](const KindRow& row) { return QString(row.word); });
     input.kind = kind == std::end(kKinds) ? KeptKind::Other : kind->kind;
@@ -129,6 +137,18 @@ void LetOldOnesGo(const QString& folder, const KeptInput& kept, qint64 keptBytes
         else
             RemoveKeptInput(record.input.file);
     }
+}
+
+void ChangeRecord(const QString& file, const std::function<void(KeptInput&)>& change)
+{
+    const QFileInfo info(file);
+    if (file.isEmpty() || !info.exists())
+        return; // others have taken its place meanwhile, or somebody has tidied up
+    Record record = ReadRecord(info);
+    if (record.input.kind == KeptKind::Other)
+        return;
+    change(record.input);
+    (void)WriteRecord(record.input); // without it the input says less, but it is there
 }
 
 QString NewFile(const QString& folder)
@@ -170,14 +190,30 @@ QString KeepInput(const QString& project, std::string_view bytes, KeptKind kind,
 
 void SetKeptEnd(const QString& file, const RunEnd& end)
 {
-    const QFileInfo info(file);
-    if (file.isEmpty() || !info.exists())
-        return; // others have taken its place meanwhile, or somebody has tidied up
-    Record record = ReadRecord(info);
-    if (record.input.kind == KeptKind::Other)
-        return;
-    record.input.end = end;
-    (void)WriteRecord(record.input); // without it the input says less, but it is there
+    ChangeRecord(file, [&end](KeptInput& input) {
+        input.end = end;
+        input.endTime = QDateTime::currentDateTime();
+    });
+}
+
+void SettleKeptInput(const QString& file)
+{
+    ChangeRecord(file, [](KeptInput& input) { input.settled = true; });
+}
+
+QString RunText(KeptKind kind, const QDateTime& time, const RunEnd& end)
+{
+    return KeptKindText(kind) + u' ' + time.toString(u"yyyy/MM/dd HH:mm:ss"_s) + u": "_s + RunEndText(end);
+}
+
+QString LastRunText(const QString& project, const QString& folder)
+{
+    for (const KeptInput& input : KeptInputsOf(project, folder)) {
+        const auto* const kind = std::ranges::find(kKinds, input.kind, &KindRow::kind);
+        if (kind->isRun && !input.project.isEmpty())
+            return RunText(input.kind, input.endTime.isValid() ? input.endTime : input.time, input.end);
+    }
+    return {};
 }
 
 void RemoveKeptInput(const QString& file)

@@ -33,6 +33,8 @@ struct KeptInput {
     QDateTime time;
     KeptKind kind = KeptKind::Other;
     RunEnd end;
+    QDateTime endTime = {}; ///< of the run; invalid: it is not known
+    bool settled = false;   ///< the user knows of it, and wants no word of it any more
 };
 
 /// How much is kept.
@@ -51,6 +53,15 @@ struct KeptLimits {
 
 /// Writes down how the run of a kept input has ended.
 void SetKeptEnd(const QString& file, const RunEnd& end);
+
+/// The user knows of this one.
+void SettleKeptInput(const QString& file);
+
+/// How the last run of a project has ended, as a line of a report page: "解析実行 2026/11/22 10:15:00: 終了 (報告なし)". Empty:
+/// no input of a run is kept.
+[[nodiscard]] QString LastRunText(const QString& project, const QString& folder = KeptFolder());
+/// The same of a run that is known. `time` is that of its end.
+[[nodiscard]] QString RunText(KeptKind kind, const QDateTime& time, const RunEnd& end);
 
 /// Removes one that stands for nothing: its run did not begin.
 void RemoveKeptInput(const QString& file);

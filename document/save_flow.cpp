@@ -45,16 +45,14 @@ bool CopyFile(const QString& from, const QString& to)
     }
 }
 
-QStringList CopyCompanions(const QString& oldBase, const QString& newBase)
+void CopyCompanions(const QString& oldBase, const QString& newBase, SaveOutcome& outcome)
 {
-    QStringList copied;
     for (const QLatin1StringView extension : kCompanions) {
         const QString from = oldBase + extension;
         const QString to = newBase + extension;
-        if (QFileInfo(from).isFile() && CopyFile(from, to))
-            copied.append(to);
+        if (QFileInfo(from).isFile())
+            (CopyFile(from, to) ? outcome.copied : outcome.notCopied).append(to);
     }
-    return copied;
 }
 
 } // namespace
@@ -143,7 +141,7 @@ SaveOutcome SaveWrapper(CKELDSectionDoc& doc, CProjectLock& lock, const SaveStep
     const QString newBase = BasePath(path);
     // A project without a path had no files beside it: with an empty base, those of the current folder would be taken.
     if (newBase != oldBase && !oldBase.isEmpty())
-        outcome.copied = CopyCompanions(oldBase, newBase);
+        CopyCompanions(oldBase, newBase, outcome);
     return outcome;
 }
 

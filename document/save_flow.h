@@ -64,13 +64,14 @@ struct SaveSteps {
 
 struct SaveOutcome {
     bool saved = false;
-    QStringList copied; ///< files beside the project that were copied to its new name
+    QStringList copied;    ///< files beside the project that were copied to its new name
+    QStringList notCopied; ///< what they would have been called where that failed
 };
 
 /// The way around save and save-as: lets the lock go, saves, takes the lock of the path as it is now and makes that path
 /// the title (empty for a project that still has none). A project that got a new base path takes its companions along:
 /// ".abd", ".li9", ".ll2", ".abl", as far as they exist, in place of what stands there. The results stay behind. What
-/// cannot be copied is passed over; the file that stood there stands whole.
+/// cannot be copied is passed over, and named; the file that stood there stands whole.
 SaveOutcome SaveWrapper(CKELDSectionDoc& doc, CProjectLock& lock, const SaveSteps& steps);
 
 /// Reads the project's file into the document again, after an engine may have changed it, and takes the lock. Option

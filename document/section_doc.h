@@ -143,7 +143,7 @@ public:
     bool showHelpPage = true;
     /// A double click in the tree asked for the run of a report page; its repaint starts it.
     bool runOnShow = false;
-    /// How the last run has ended, a line for the report pages; empty: there was none.
+    /// How the last run has ended, a line for the report pages; empty: not known.
     QString lastRun;
 
 signals:

@@ -3,6 +3,8 @@
 #include "commands/commands.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QLabel>
@@ -11,9 +13,12 @@
 #include <QPointer>
 #include <QProcess>
 #include <QPushButton>
+#include <QThread>
 #include <QTime>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 #ifdef Q_OS_WIN
 #include <windows.h>
@@ -30,10 +35,8 @@ namespace {
 
 constexpr int kWidth = 560; // px
 constexpr int kMostLines = 1000;
-constexpr int kTick = 500; // ms
-#ifndef Q_OS_WIN
-constexpr int kPatience = 3000; // ms that an engine has to end by itself
-#endif
+constexpr int kTick = 500;      // ms
+constexpr int kPatience = 3000; // ms that an engine, and then its children, have to end by themselves
 
 /// A run as it is called in the menu.
 QString RunName(EngineRun run)
@@ -98,11 +101,15 @@ public:
 
     /// Ends them all.
     void End();
+    /// True while one of them lives, behind a call of End(): the engine's end is not that of its children.
+    [[nodiscard]] bool IsEnding();
 
 private:
 #ifdef Q_OS_WIN
     HANDLE job_ = nullptr;
 #else
+    void Kill();
+
     pid_t group_ = 0;
     QTimer patience_;
 #endif
@@ -131,18 +138,31 @@ void CEngineFamily::End()
     TerminateJobObject(job_, 1);
 }
 
+bool CEngineFamily::IsEnding()
+{
+    JOBOBJECT_BASIC_ACCOUNTING_INFORMATION about{};
+    return job_ != nullptr
+           && QueryInformationJobObject(job_, JobObjectBasicAccountingInformation, &about, sizeof about, nullptr) != 0
+           && about.ActiveProcesses > 0;
+}
+
 #else
 
 CEngineFamily::CEngineFamily(const QProcess& engine) : group_(static_cast<pid_t>(engine.processId()))
 {
     patience_.setSingleShot(true);
-    QObject::connect(&patience_, &QTimer::timeout, &patience_, [this] { ::kill(-group_, SIGKILL); });
+    QObject::connect(&patience_, &QTimer::timeout, &patience_, [this] { Kill(); });
 }
 
 CEngineFamily::~CEngineFamily()
 {
     if (patience_.isActive())
-        ::kill(-group_, SIGKILL); // the engine has ended, its children may not have
+        Kill(); // the engine has ended, its children may not have
+}
+
+void CEngineFamily::Kill()
+{
+    ::kill(-group_, SIGKILL);
 }
 
 void CEngineFamily::End()
@@ -151,7 +171,23 @@ void CEngineFamily::End()
     patience_.start(kPatience);
 }
 
+bool CEngineFamily::IsEnding()
+{
+    return patience_.isActive() && ::kill(-group_, 0) == 0;
+}
+
 #endif
+
+/// The children of an engine that was told to end may still write. The window stands meanwhile.
+void WaitForChildren(CEngineFamily& family)
+{
+    constexpr int again = 50; // ms
+    const QDeadlineTimer deadline(kPatience);
+    while (family.IsEnding() && !deadline.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, again);
+        QThread::msleep(again);
+    }
+}
 
 } // namespace
 
@@ -187,6 +223,8 @@ EngineEnd RunEngineProcess(QWidget* parent, const EngineStart& start)
     // The loop also ends with the program. The engine is writing to the project: let it come to its end.
     while (process.state() != QProcess::NotRunning)
         process.waitForFinished(-1);
+    if (end.cancelled)
+        WaitForChildren(family);
     delete window;
     end.fault = process.exitStatus() == QProcess::CrashExit;
     end.code = process.exitCode();
@@ -250,8 +288,10 @@ void CEngineWindow::ShowTime()
 
 void CEngineWindow::ShowReport()
 {
-    for (const QString& line : tail_.NewLines())
-        report_->appendPlainText(line);
+    const QStringList lines = tail_.NewLines();
+    // Of a flood no more is laid out than stays to be seen.
+    if (!lines.isEmpty())
+        report_->appendPlainText(lines.mid(std::max<qsizetype>(lines.size() - kMostLines, 0)).join(u'\n'));
 }
 
 /// The question goes with the window if the engine is faster than the answer.

@@ -14,9 +14,11 @@
 #include "upperview/chk_page.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
+#include <QThread>
 #include <QTimer>
 
 #include <algorithm>
@@ -108,11 +110,10 @@ KeptKind KeptKindOf(EngineRun run)
     return KeptKind::Other;
 }
 
-/// "解析実行 2026/11/22 10:15: 終了 (報告あり)..."
-QString LastRunText(EngineRun run, const RunEnd& end)
+/// Of a run that has just ended.
+QString TextOfRun(EngineRun run, const RunEnd& end)
 {
-    return KeptKindText(KeptKindOf(run)) + u' ' + QDateTime::currentDateTime().toString(u"yyyy/MM/dd HH:mm:ss"_s)
-           + u": "_s + RunEndText(end);
+    return RunText(KeptKindOf(run), QDateTime::currentDateTime(), end);
 }
 
 /// How a run has ended. Only a report that has come or changed with it is its own.
@@ -127,8 +128,18 @@ RunEnd RunEndOf(const EngineEnd& ended, const FileLook& reportBefore, const QStr
     const FileLook report = LookAt(reportPath);
     if (!report.isThere || report == reportBefore)
         return {RunEndKind::NoReport};
-    const ReportCount count = CountReport(ReadChkText(reportPath).lines);
+    const ReportCount count = CountReport(reportPath);
     return {RunEndKind::Report, 0, count.errors, count.warnings};
+}
+
+/// What was ended by force lets go of its files when the system has taken it down.
+void WaitAMoment(const QString& path)
+{
+    constexpr int most = 2000; // ms
+    constexpr int again = 20;
+    const QDeadlineTimer deadline(most);
+    while (CProjectLock::Look(path) == CProjectLock::State::Held && !deadline.hasExpired())
+        QThread::msleep(again);
 }
 
 bool CanBeReadAgain(const QString& path)
@@ -204,6 +215,7 @@ bool CEngineRunner::RunFromPage(EngineRun run, const QString& question, const Ru
 {
     if (running_ || !project.doc)
         return false;
+    project.keepRecoveryCopy();
     if (!question.isEmpty() && (!seams_.askOkCancel(project.window, question) || !project.doc || !project.save()))
         return false;
     return Run(run, project);
@@ -213,6 +225,7 @@ bool CEngineRunner::RunSteps(EngineRun run, const RunProject& project)
 {
     // A cell that is still being edited belongs to the data that is saved, or else to the recovery copy.
     project.doc->CommitPanels();
+    project.keepRecoveryCopy(); // a question may stand for hours
     if (!MayStart(project))
         return false;
     const QString engine = EnginePath(run, seams_.programFolder());
@@ -272,7 +285,7 @@ bool CEngineRunner::StartAndWait(EngineRun run, const QString& engine, const Run
         RemoveKeptInput(record->kept);
         RemoveKeptInput(record->keptUnsaved);
         if (project.doc)
-            project.doc->lastRun = LastRunText(run, {RunEndKind::NotStarted});
+            project.doc->lastRun = TextOfRun(run, {RunEndKind::NotStarted});
         Tell(project, EngineMissingMessage(run));
         return false;
     }
@@ -298,12 +311,16 @@ std::shared_ptr<CEngineRunner::Record> CEngineRunner::MakeRecord(EngineRun run, 
     if (doc.IsModified()) {
         record->unsaved = std::make_shared<const CSbdData>(doc.Data());
         record->keptUnsaved = KeepInput(record->path, WriteProject(doc.Data()), KeptKind::Unsaved, folder);
+        if (!QFileInfo::exists(record->kept))
+            record->kept.clear(); // there is not room for both
     }
     return record;
 }
 
 void CEngineRunner::BringBack(const RunProject& project, const std::shared_ptr<Record>& record)
 {
+    if (record->end.kind == RunEndKind::Cancelled)
+        WaitAMoment(record->path);
     const AfterRunResult result = AfterRun(project);
     running_ = false;
     reloaded_ = result == AfterRunResult::Reloaded;
@@ -311,14 +328,17 @@ void CEngineRunner::BringBack(const RunProject& project, const std::shared_ptr<R
         result == AfterRunResult::NotRead && CProjectLock::Look(record->path) == CProjectLock::State::Held;
     if (held && record->end.kind != RunEndKind::Cancelled && record->end.kind != RunEndKind::Fault)
         record->end.kind = RunEndKind::Held;
-    SetKeptEnd(record->kept, record->end);
-    SetKeptEnd(record->keptUnsaved, record->end);
     if (project.doc)
-        project.doc->lastRun = LastRunText(record->run, record->end);
+        project.doc->lastRun = TextOfRun(record->run, record->end);
     if (held)
         WaitForFile(project, record);
+    const QPointer<CEngineRunner> self = this; // a box may outlive it
     JudgeFile(project, result, *record);
-    emit projectIsBack(reloaded_);
+    // Behind the box: who ends before it is closed is told at the next opening.
+    SetKeptEnd(record->kept, record->end);
+    SetKeptEnd(record->keptUnsaved, record->end);
+    if (self)
+        emit projectIsBack(reloaded_);
 }
 
 /// Tells what nothing else than the kept input holds.
@@ -341,7 +361,8 @@ void CEngineRunner::JudgeFile(const RunProject& project, AfterRunResult result, 
         report.trouble = RunTrouble::Broken;
         report.lostSections = SectionsThatLostTheirRows(record.before, after);
     }
-    const QPointer<CEngineRunner> self = this;
+    if (gone && project.doc)
+        project.doc->SetModifiedFlag(true); // no file holds what the window does: closing it has to ask
     if (project.doc)
         project.show(report);
     if (report.trouble == RunTrouble::Gone)

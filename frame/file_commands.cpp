@@ -2,11 +2,13 @@
 
 #include "document/file_messages.h"
 #include "document/file_name.h"
+#include "document/kept_inputs.h"
 #include "document/project_lock.h"
 #include "document/save_flow.h"
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
 #include "frame/document_steps.h"
+#include "frame/notice_bar.h"
 #include "frame/profile.h"
 #include "frame/run_notices.h"
 #include "panels/panel.h"
@@ -50,6 +52,29 @@ bool IsUntouched(CChildFrame& child)
 {
     child.CommitPanel();
     return child.Doc().PathName().isEmpty() && !child.Doc().IsModified();
+}
+
+/// Of a project that is gone an input may be left, which no window of that project can show any more.
+QString KeptParagraph(const QString& path, const FileResult& result, const QString& folder)
+{
+    if (result.error != FileError::NotFound)
+        return {};
+    for (const KeptInput& input : KeptInputsOf(path, folder)) {
+        if (!input.project.isEmpty())
+            return u"\n\nこのプロジェクトの入力が、次のファイルに保管してあります (%1)。\n%2"_s.arg(
+                input.time.toString(u"yyyy/MM/dd HH:mm:ss"_s), QDir::toNativeSeparators(input.file));
+    }
+    return {};
+}
+
+/// The report of a project is from an earlier session: how its run has ended is known from there too.
+void ShowLastRun(CKELDSectionDoc& doc, const std::function<QString()>& keptFolder)
+{
+    const auto show = [&doc, keptFolder] {
+        doc.lastRun = doc.PathName().isEmpty() ? QString() : LastRunText(doc.PathName(), keptFolder());
+    };
+    show();
+    QObject::connect(&doc, &CKELDSectionDoc::pathChanged, &doc, show);
 }
 
 } // namespace
@@ -145,7 +170,8 @@ CChildFrame* CFileCommands::OpenWith(const QString& path, const std::function<bo
     const OpenResult result = OnOpenDocument(*doc, *lock, path, ask);
     if (!result.Ok()) {
         if (result.outcome == OpenOutcome::Failed)
-            trouble = FileMessage(FileOperation::Open, path, result.file);
+            trouble = FileMessage(FileOperation::Open, path, result.file)
+                      + KeptParagraph(path, result.file, prompts_.runs.keptFolder());
         if (result.file.error == FileError::NotFound)
             CRecentFiles::Remove(path); // the user knows now
         return nullptr;
@@ -165,6 +191,7 @@ std::unique_ptr<CChildFrame> CFileCommands::MakeChild(std::unique_ptr<CKELDSecti
 {
     if (setUpDocument)
         setUpDocument(*doc);
+    ShowLastRun(*doc, prompts_.runs.keptFolder);
     auto child = std::make_unique<CChildFrame>(std::move(doc), std::move(lock));
     child->mayClose = [this](CChildFrame& closing) { return MayClose(closing); };
     QObject::connect(child.get(), &CChildFrame::runIsDue, child.get(),
@@ -254,7 +281,16 @@ bool CFileCommands::Wrap(CChildFrame& child, const std::function<bool()>& save)
         if (frame)
             frame->SetTitle(title);
     };
-    return SaveWrapper(child.Doc(), child.Lock(), {save, setTitle}).saved;
+    const SaveOutcome outcome = SaveWrapper(child.Doc(), child.Lock(), {save, setTitle});
+    if (!outcome.notCopied.isEmpty() && frame)
+        frame->Notices().Show(
+            {u"not-copied"_s,
+             u"プロジェクトは保存しましたが、一緒に使う次のファイルを新しい名前でコピーできませんでした。"
+             u"元のファイルはそのままです。ディスクの空きを確かめてから、コピーしてください。\n"_s
+                 + QDir::toNativeSeparators(outcome.notCopied.join(u'\n')),
+             {},
+             true});
+    return outcome.saved;
 }
 
 bool CFileCommands::Save(CChildFrame& child)

@@ -17,6 +17,7 @@
 #include <QMdiArea>
 #include <QPointer>
 
+#include <algorithm>
 #include <optional>
 
 namespace sbd {
@@ -214,10 +215,11 @@ void CFileCommands::OpenRecoveryCopy(const RecoveryCopy& copy)
 void CFileCommands::TellOfCopies(CChildFrame& child)
 {
     const QString path = child.Doc().PathName();
-    if (path.isEmpty() || child.Doc().IsModified())
+    if (path.isEmpty())
         return;
     const QPointer<CChildFrame> frame = &child;
-    for (const OfferedCopy& offered : CopiesWorthOffering()) {
+    // What has been taken over is not offered again.
+    for (const OfferedCopy& offered : child.Doc().IsModified() ? std::vector<OfferedCopy>() : CopiesWorthOffering()) {
         if (offered.copy.project.isEmpty() || FindOpen(offered.copy.project) != &child)
             continue;
         const NoticeAction open{u"コピーを開く(&O)"_s, [this, frame, copy = offered.copy] {
@@ -237,8 +239,12 @@ void CFileCommands::TellOfCopies(CChildFrame& child)
         break; // the newest
     }
     const QList<KeptInput> inputs = KeptInputsOf(path, prompts_.runs.keptFolder());
-    if (inputs.isEmpty() || inputs[0].project.isEmpty() || inputs[0].end.kind != RunEndKind::Unknown
-        || inputs[0].kind == KeptKind::Replaced || inputs[0].kind == KeptKind::Overwritten)
+    const auto unsaved = std::ranges::find(inputs, KeptKind::Unsaved, &KeptInput::kind); // the newest
+    if (unsaved != inputs.end() && !unsaved->settled && !unsaved->project.isEmpty())
+        ShowKeptChanges(child, *unsaved, Differences());
+    if (inputs.isEmpty() || inputs[0].settled || inputs[0].project.isEmpty()
+        || inputs[0].end.kind != RunEndKind::Unknown || inputs[0].kind == KeptKind::Replaced
+        || inputs[0].kind == KeptKind::Overwritten)
         return;
     child.Notices().Show(
         {kUnfinishedKey,
@@ -250,7 +256,8 @@ void CFileCommands::TellOfCopies(CChildFrame& child)
                if (frame)
                    ShowKeptInputs(*frame);
            }}},
-         true});
+         true,
+         [file = inputs[0].file] { SettleKeptInput(file); }});
 }
 
 } // namespace sbd

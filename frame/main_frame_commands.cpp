@@ -8,6 +8,7 @@
 #include "frame/language.h"
 #include "frame/main_frame.h"
 #include "frame/project_findings.h"
+#include "frame/run_changes.h"
 #include "frame/settings.h"
 #include "grid/grid_ctrl.h"
 #include "panels/panel.h"
@@ -161,6 +162,8 @@ void CMainFrame::AddEditHandlers()
     OnRow(Command::AddRows, &CPanel::AskRows);
     OnChild(Command::NextFinding, [](CChildFrame& child) { child.Findings().GoToNext(false); });
     OnChild(Command::PreviousFinding, [](CChildFrame& child) { child.Findings().GoToNext(true); });
+    OnChild(Command::NextRunChange, [](CChildFrame& child) { child.RunChanges().GoToNext(false); });
+    OnChild(Command::PreviousRunChange, [](CChildFrame& child) { child.RunChanges().GoToNext(true); });
     OnChild(Command::FindingList, [this](CChildFrame& child) { ShowFindingList(!child.Findings().ShowsPane()); });
     OnChild(Command::JumpToHit, [](CChildFrame& child) {
         if (auto* search = qobject_cast<CDown999*>(child.Panel()))

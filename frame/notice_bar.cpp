@@ -110,8 +110,10 @@ QWidget* CNoticeBar::NewLine(const Notice& notice)
     close->setToolTip(tr("この知らせを閉じます"));
     close->setAccessibleName(tr("閉じる"));
     close->setFocusPolicy(Qt::TabFocus);
-    connect(close, &QToolButton::clicked, this, [this, key = notice.key] {
+    connect(close, &QToolButton::clicked, this, [this, key = notice.key, act = notice.onClose] {
         Close(key);
+        if (act)
+            act();
         emit closed(key);
     });
     layout->addWidget(close);

@@ -22,7 +22,8 @@ struct Notice {
     QString key; ///< of what it tells; a new notice of the same key takes its place
     QString text;
     QList<NoticeAction> actions;
-    bool weighs = false; ///< data are concerned: the line stands out
+    bool weighs = false;                ///< data are concerned: the line stands out
+    std::function<void()> onClose = {}; ///< the user has closed it
 };
 
 /// Notices below each other, the newest on top; hidden while there is none.

@@ -6,7 +6,9 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <limits>
 #include <optional>
+#include <utility>
 
 namespace sbd {
 
@@ -58,27 +60,70 @@ std::optional<int> NumberBehind(const QString& line, const QString& word)
     return isNumber && number >= 0 ? std::optional(number) : std::nullopt;
 }
 
-/// Counts by words; a number that the report gives itself is the better one.
-int CountWords(const std::vector<std::string>& lines, const QStringList& words)
+/// A word of a report in its two languages, and the same as bytes of CP932.
+struct ReportWord {
+    QString english;
+    QString japanese;
+    std::string japaneseBytes;
+};
+
+char LowerCase(char c)
 {
-    int count = 0;
-    std::optional<int> told;
-    for (const std::string& bytes : lines) {
-        const QString line = toQString(bytes);
-        std::optional<int> number;
-        bool speaks = false;
-        for (const QString& word : words) {
-            if (!number)
-                number = NumberBehind(line, word);
-            speaks = speaks || line.contains(word, Qt::CaseInsensitive);
-        }
-        if (number)
-            told = told.value_or(0) + *number;
-        else if (speaks)
-            ++count;
-    }
-    return told.value_or(count);
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
+
+/// Counts by words; a number that the report gives itself is the better one.
+class CWordCount {
+public:
+    explicit CWordCount(ReportWord word) : word_(std::move(word)) {}
+
+    void Add(std::string_view bytes)
+    {
+        if (!MaySpeak(bytes))
+            return;
+        const QString line = toQString(bytes);
+        std::optional<int> number = NumberBehind(line, word_.english);
+        if (!number)
+            number = NumberBehind(line, word_.japanese);
+        if (number)
+            told_ = Sum(told_.value_or(0), *number);
+        else if (line.contains(word_.english, Qt::CaseInsensitive) || line.contains(word_.japanese))
+            count_ = Sum(count_, 1);
+    }
+    [[nodiscard]] int Count() const { return told_.value_or(count_); }
+
+private:
+    /// A look at the bytes, since a report may have millions of lines; what it lets through is looked at again.
+    [[nodiscard]] bool MaySpeak(std::string_view bytes) const
+    {
+        const auto isSame = [](char c, QChar of) { return QChar(QLatin1Char(LowerCase(c))) == of; };
+        return std::ranges::search(bytes, word_.english, isSame).begin() != bytes.end()
+               || bytes.find(word_.japaneseBytes) != std::string_view::npos;
+    }
+    [[nodiscard]] static int Sum(int a, int b) { return a > std::numeric_limits<int>::max() - b ? a : a + b; }
+
+    ReportWord word_;
+    int count_ = 0;
+    std::optional<int> told_;
+};
+
+class CReportCounter {
+public:
+    void Add(std::string_view line)
+    {
+        errors_.Add(line);
+        warnings_.Add(line);
+    }
+    [[nodiscard]] ReportCount Count() const { return {errors_.Count(), warnings_.Count()}; }
+
+private:
+    static ReportWord Word(const QString& english, const QString& japanese)
+    {
+        return {english, japanese, fromQString(japanese).value_or(std::string())};
+    }
+    CWordCount errors_{Word(u"error"_s, u"エラー"_s)};
+    CWordCount warnings_{Word(u"warning"_s, u"警告"_s)};
+};
 
 } // namespace
 
@@ -132,9 +177,40 @@ QStringList CReportTail::NewLines()
     return lines;
 }
 
+ReportCount CountReport(const QString& path)
+{
+    constexpr qint64 piece = 1 << 20;
+    constexpr qsizetype longest = 64 * 1024; // bytes of a line; a longer one counts as several
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QFile::ReadOnly))
+        return {};
+    CReportCounter counter;
+    QByteArray bytes; // from the begin of a line
+    for (qint64 left = file.size(); left > 0;) {
+        const QByteArray next = file.read(std::min(left, piece));
+        if (next.isEmpty())
+            break;
+        left -= next.size();
+        bytes += next;
+        qsizetype begin = 0;
+        for (qsizetype end = bytes.indexOf('\n'); end >= 0; end = bytes.indexOf('\n', begin)) {
+            counter.Add({bytes.constData() + begin, static_cast<std::size_t>(end - begin)});
+            begin = end + 1;
+        }
+        for (; bytes.size() - begin > longest; begin += longest)
+            counter.Add({bytes.constData() + begin, static_cast<std::size_t>(longest)});
+        bytes = bytes.mid(begin);
+    }
+    counter.Add({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    return counter.Count();
+}
+
 ReportCount CountReport(const std::vector<std::string>& lines)
 {
-    return {CountWords(lines, {u"error"_s, u"エラー"_s}), CountWords(lines, {u"warning"_s, u"警告"_s})};
+    CReportCounter counter;
+    for (const std::string& line : lines)
+        counter.Add(line);
+    return counter.Count();
 }
 
 } // namespace sbd

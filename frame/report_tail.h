@@ -37,10 +37,14 @@ private:
 struct ReportCount {
     int errors = 0;
     int warnings = 0;
+    friend bool operator==(const ReportCount&, const ReportCount&) = default;
 };
 
-/// Counts the errors and warnings in the lines of a report (CP932): "Error = 3" says a number, any other line that
-/// speaks of an error is one. A guess, as the form of a report is the engine's own.
+/// Counts the errors and warnings in a report: "Error = 3" says a number, any other line that speaks of an error is one.
+/// A guess, as the form of a report is the engine's own. All of the file counts, of what size it is, piece by piece; what
+/// comes to it meanwhile does not.
+[[nodiscard]] ReportCount CountReport(const QString& path);
+/// The same of lines (CP932).
 [[nodiscard]] ReportCount CountReport(const std::vector<std::string>& lines);
 
 } // namespace sbd

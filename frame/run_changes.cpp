@@ -184,7 +184,7 @@ void CRunChanges::ShowNotice(bool wasModified)
                                ShowPane(true);
                                pane_->Lines()->setFocus(Qt::OtherFocusReason);
                            }});
-    notice.actions.append({u"元に戻す(&U)"_s, [this] { TakeRunBack(); }});
+    notice.actions.append({u"元に戻す: 解析での変更(&U)"_s, [this] { TakeRunBack(); }});
     frame_.Notices().Show(notice);
 }
 

@@ -1,6 +1,7 @@
 #include "frame/run_notices.h"
 
 #include "compare/take_back.h"
+#include "document/kept_inputs.h"
 #include "document/path.h"
 #include "document/save_flow.h"
 #include "document/section_doc.h"
@@ -49,13 +50,15 @@ std::shared_ptr<const CSbdData> ReadKept(CChildFrame& child, const QString& file
     return nullptr;
 }
 
-/// "元に戻す" and "比べる" for a state that stands in memory, or in a file that is read when it is wanted.
+/// "元に戻す" and "比べる" for a state that stands in memory, or in a file that is read when it is wanted. Several notices
+/// may offer a way back: each says to what.
 QList<NoticeAction> WaysBack(CChildFrame& child, const std::function<std::shared_ptr<const CSbdData>()>& before,
                              const QString& name, const QString& key, const ShowDifferences& show)
 {
     const QPointer<CChildFrame> frame = &child;
     QList<NoticeAction> actions;
-    actions.append({u"元に戻す(&R)"_s, [=] {
+    const bool isRun = key == kRunKey; // each key once
+    actions.append({u"元に戻す: %1(&%2)"_s.arg(name, isRun ? u"B"_s : u"R"_s), [=] {
                         const std::shared_ptr<const CSbdData> data = frame ? before() : nullptr;
                         if (!data || !frame)
                             return;
@@ -63,13 +66,28 @@ QList<NoticeAction> WaysBack(CChildFrame& child, const std::function<std::shared
                         frame->Notices().Close(key);
                     }});
     if (show) {
-        actions.append({u"比べる(&C)..."_s, [=] {
+        actions.append({isRun ? u"比べる(&M)..."_s : u"比べる(&C)..."_s, [=] {
                             const std::shared_ptr<const CSbdData> data = frame ? before() : nullptr;
                             if (data && frame)
                                 CompareWith(*frame, *data, name, show);
                         }});
     }
     return actions;
+}
+
+/// Changes that were not saved, until the user closes the notice or takes them back: then no session tells of them again.
+void ShowUntilSettled(CChildFrame& child, const QString& text,
+                      const std::function<std::shared_ptr<const CSbdData>()>& unsaved, const QString& keptIn,
+                      const ShowDifferences& show)
+{
+    const QPointer<CChildFrame> frame = &child;
+    QList<NoticeAction> actions = WaysBack(child, unsaved, u"保存していなかった入力"_s, kLostKey, show);
+    actions[0].act = [frame, keptIn, act = actions[0].act] {
+        act();
+        if (frame && !frame->Notices().Shows(kLostKey))
+            SettleKeptInput(keptIn);
+    };
+    child.Notices().Show({kLostKey, text, actions, true, [keptIn] { SettleKeptInput(keptIn); }});
 }
 
 QString KeptText(const QString& kept)
@@ -146,10 +164,23 @@ void ShowLostChanges(CChildFrame& child, const QString& why, const std::shared_p
     QString text = why;
     if (!keptIn.isEmpty())
         text += u"\n保管した場所: "_s + QDir::toNativeSeparators(keptIn);
-    child.Notices().Show({kLostKey, text,
-                          WaysBack(
-                              child, [unsaved] { return unsaved; }, u"保存していなかった入力"_s, kLostKey, show),
-                          true});
+    ShowUntilSettled(
+        child, text, [unsaved] { return unsaved; }, keptIn, show);
+}
+
+void ShowKeptChanges(CChildFrame& child, const KeptInput& kept, const ShowDifferences& show)
+{
+    std::string bytes;
+    if (!ReadFileBytes(ToPath(kept.file), bytes).Ok() || child.Doc().DataOf(bytes).SameProject(child.Doc().Data()))
+        return;
+    const QString text =
+        u"前回のチェック (%1) の読み直しで画面から消えた、保存していなかった変更があります。\n保管した場所: %2"_s.arg(
+            kept.time.toString(u"yyyy/MM/dd HH:mm:ss"_s), QDir::toNativeSeparators(kept.file));
+    const QPointer<CChildFrame> frame = &child;
+    const auto read = [frame, file = kept.file] {
+        return frame ? ReadKept(*frame, file) : std::shared_ptr<const CSbdData>();
+    };
+    ShowUntilSettled(child, text, read, kept.file, show);
 }
 
 void ShowRunReport(CChildFrame& child, const RunReport& report, const ShowDifferences& show)

@@ -13,6 +13,7 @@ namespace sbd {
 class CChildFrame;
 class CSbdData;
 struct DifferenceView;
+struct KeptInput;
 struct RunReport;
 
 /// Shows a list of differences.
@@ -32,5 +33,8 @@ bool ReadAgain(CChildFrame& child, const ShowDifferences& show);
 /// Tells that changes which were not saved have left the window by a reload: `why` says of which.
 void ShowLostChanges(CChildFrame& child, const QString& why, const std::shared_ptr<const CSbdData>& unsaved,
                      const QString& keptIn, const ShowDifferences& show);
+
+/// The same of changes that an earlier session has kept, and whose notice nobody has closed.
+void ShowKeptChanges(CChildFrame& child, const KeptInput& kept, const ShowDifferences& show);
 
 } // namespace sbd

@@ -19,7 +19,8 @@ using namespace literals;
 
 namespace {
 
-constexpr qint64 kMostBytes = 2 << 20; // read anew at each repaint
+constexpr qint64 kMostBytes = 2 << 20;      // read anew at each repaint
+constexpr std::size_t kMostLines = 100'000; // a file of line ends alone would be millions
 constexpr std::size_t kMostLineBytes = 1000;
 constexpr std::size_t kHeadSteps = 2; // lines above the report
 constexpr unsigned kBlue = 0xFF0000;
@@ -114,7 +115,7 @@ ChkText ReadChkText(const QString& chkPath)
         return {};
     const QByteArray bytes = file.read(kMostBytes);
     ChkText text = SplitChkText({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    text.cut = !file.atEnd();
+    text.cut = text.cut || !file.atEnd();
     return text;
 }
 
@@ -123,6 +124,10 @@ ChkText SplitChkText(std::string_view bytes)
     ChkText text;
     text.opened = true;
     while (!bytes.empty()) {
+        if (text.lines.size() == kMostLines) {
+            text.cut = true;
+            break;
+        }
         const std::size_t end = bytes.find('\n');
         std::string_view line = bytes.substr(0, end);
         if (line.ends_with('\r'))

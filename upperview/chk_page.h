@@ -39,7 +39,7 @@ struct ChkText {
     std::vector<std::string> lines; ///< CP932, without line ends
 };
 
-/// Reads a report while others may write to it; at most the first 2 MB.
+/// Reads a report while others may write to it; at most the first 2 MB and 100,000 lines.
 [[nodiscard]] ChkText ReadChkText(const QString& chkPath);
 [[nodiscard]] ChkText SplitChkText(std::string_view bytes);
 

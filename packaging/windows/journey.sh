@@ -48,5 +48,6 @@ if ! $quick; then
     take 'a path of more than 260 characters' use_long_path
     take 'help page, search, preview, pictures' use_help_pane
 fi
+take 'a sign-out' sign_out
 take 'closing' close_all
 echo "done in $SECONDS s, pictures in $out"

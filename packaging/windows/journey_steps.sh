@@ -417,6 +417,47 @@ use_long_path() {
     wait_active 'KELD section - ?*三径間 鈑桁橋.sbd?'
 }
 
+# The recovery copies in the user's folder.
+recovery_copies() { find "$WINEPREFIX/drive_c/users" -path '*/recovery/*.sbd' 2>/dev/null || true; }
+has_recovery_copy() { [[ -n $(recovery_copies) ]]; }
+has_no_recovery_copy() { [[ -z $(recovery_copies) ]]; }
+
+# A sign-out as Windows makes it: all windows are asked whether the session may end, then they are told that it does. The
+# first time the user thinks better of it.
+sign_out() {
+    keys F6 ctrl+Home Right
+    text 'SIGNED OUT'
+    keys Return
+    wait_until 5 'a title with a mark' is_modified
+    cp "$project" "$out/before.sbd"
+    win wineboot --end-session >"$out/sign-out.log" 2>&1 </dev/null &
+    local session=$!
+    to_front '変更の保存' # the system soon asks over it whether to wait any longer
+    picture 10-sign-out
+    has_recovery_copy || fail 'a recovery copy that stands before the question'
+    cmp "$out/before.sbd" "$project" || fail 'a file that is as it was, as long as nobody has answered'
+    keys Escape
+    wait_until 30 'an end of the sign-out that was given up' is_gone "$session"
+    to_front 'KELD section - ?*三径間 鈑桁橋.sbd??' # with the mark of a change
+    wait_until 5 'a project that is not saved, in a program that stays' is_modified
+    ! is_gone "$station" || fail 'a program that stays'
+    settle
+
+    win wineboot --end-session >>"$out/sign-out.log" 2>&1 </dev/null &
+    session=$!
+    to_front '変更の保存'
+    keys Return # saves
+    wait_until 30 'the end of the program' is_gone "$station"
+    wait "$station" || true # the system does not wait for an end of its own
+    wait_until 30 'the end of the session' is_gone "$session"
+    expect_lines "$out/before.sbd" "$project" $'TITLE:SIGNED OUT\r'
+    has_no_recovery_copy || fail 'no recovery copy of what was saved'
+    # What the program has left behind, locks with its number among it, is in nobody's way.
+    start "$project"
+    wait_active 'KELD section - ?三径間 鈑桁橋.sbd?' 60
+    settle
+}
+
 # picture_size FILE: width x height.
 picture_size() { identify -format '%wx%h' "$1"; }
 is_written() { [[ -s $1 ]]; }

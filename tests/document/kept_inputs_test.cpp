@@ -55,6 +55,8 @@ class KeptInputsTest : public QObject {
 
 private slots:
     void anInputIsKeptWithItsTimeItsRunAndHowThatEnded();
+    void howTheLastRunHasEndedIsKnownLater();
+    void whatTheUserKnowsOfIsMarked();
     void theLastTenOfAProjectAreKept();
     void allTogetherStayWithinTheirRoom();
     void whatIsLargerThanAllRoomIsNotKept();
@@ -84,6 +86,37 @@ void KeptInputsTest::anInputIsKeptWithItsTimeItsRunAndHowThatEnded()
     QVERIFY(QDir(folder).isEmpty());
     SetKeptEnd(file, {RunEndKind::Report}); // has gone
     QVERIFY(QDir(folder).isEmpty());
+}
+
+void KeptInputsTest::howTheLastRunHasEndedIsKnownLater()
+{
+    const QTemporaryDir folder;
+    QCOMPARE(LastRunText(kProject, folder.path()), QString());
+    const QString first = Keep(folder.path(), "a");
+    QVERIFY(LastRunText(kProject, folder.path()).endsWith(u": 終了を確認できていません"_s));
+    SetKeptEnd(first, {RunEndKind::ExitCode, 7});
+    const QString line = LastRunText(kProject, folder.path());
+    QVERIFY2(line.startsWith(u"解析実行 "_s) && line.endsWith(u": 異常終了 (終了コード 7)"_s), qPrintable(line));
+    const KeptInput kept = KeptInputsOf(kProject, folder.path()).at(0);
+    QVERIFY(kept.endTime.isValid() && kept.endTime >= kept.time);
+    QVERIFY(line.contains(kept.endTime.toString(u"yyyy/MM/dd HH:mm:ss"_s)));
+    // What is kept for another reason is no run.
+    for (const KeptKind kind : {KeptKind::Unsaved, KeptKind::Replaced, KeptKind::Overwritten})
+        QVERIFY(!KeepInput(kProject, "b", kind, folder.path()).isEmpty());
+    QCOMPARE(LastRunText(kProject, folder.path()), line);
+    QCOMPARE(LastRunText(u"/data/other.sbd"_s, folder.path()), QString());
+}
+
+void KeptInputsTest::whatTheUserKnowsOfIsMarked()
+{
+    const QTemporaryDir folder;
+    const QString file = Keep(folder.path(), "a");
+    QVERIFY(!KeptInputsOf(kProject, folder.path()).at(0).settled);
+    SettleKeptInput(file);
+    SetKeptEnd(file, {RunEndKind::Report, 0, 1, 2});
+    const KeptInput input = KeptInputsOf(kProject, folder.path()).at(0);
+    QVERIFY(input.settled);
+    QCOMPARE(input.end, (RunEnd{RunEndKind::Report, 0, 1, 2}));
 }
 
 void KeptInputsTest::theLastTenOfAProjectAreKept()

@@ -8,6 +8,12 @@
 //   result EXT COUNT      writes COUNT bytes as a result file of that extension
 //   sleep MS
 //   hold MS               leaves a child behind that holds the project file's lock
+//   later MS VERB...      leaves a child behind that does the verb after that time, and holds nothing
+//   term ignore|obey      what a request to end does to it, and to the children that it starts from here on (not Windows)
+//   half MS               writes the first half of the project file, and the whole of it after that time
+//   print COUNT           prints that many bytes, and as many as errors
+//   flood COUNT FORM      replaces the report by COUNT bytes: "lines", "one-line", "blank-lines" or "control" bytes; the
+//                         last line of the first three tells of an error
 //   rubbish COUNT         replaces the project file by COUNT bytes that are no text
 //   truncate COUNT        cuts the project file
 //   delete                removes the project file
@@ -19,6 +25,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 #include <sstream>
 #include <string>
@@ -77,6 +84,7 @@ void SetValue(const Job& job, const std::string& keyword, const std::string& val
 
 #ifdef _WIN32
 constexpr const wchar_t* kSleep = L"--sleep"; // what the child of `hold` is started with
+constexpr const wchar_t* kLater = L"--later"; // and that of `later`
 
 std::string Utf8(const std::wstring& text)
 {
@@ -104,22 +112,39 @@ void WriteSurroundings(const Job& job)
                                                         + std::to_string(GetErrorMode()) + '\n');
 }
 
+/// Starts this program once more; its words go by `line`. False if it does not start.
+bool StartSelf(std::wstring line, bool inherit)
+{
+    wchar_t self[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, self, MAX_PATH);
+    line = L"engine " + line;
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION child{};
+    return CreateProcessW(self, line.data(), nullptr, nullptr, inherit ? TRUE : FALSE, 0, nullptr, nullptr, &start,
+                          &child)
+           != 0;
+}
+
 /// The child gets the open file, and sleeps on it.
 void Hold(const Job& job, int ms)
 {
     SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
     const HANDLE file = CreateFileW(job.project.c_str(), GENERIC_READ | GENERIC_WRITE, 0, &inheritable, OPEN_EXISTING,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
-    wchar_t self[MAX_PATH] = {};
-    GetModuleFileNameW(nullptr, self, MAX_PATH);
-    std::wstring line = L"engine " + std::wstring(kSleep) + L' ' + std::to_wstring(ms);
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION child{};
-    if (file == INVALID_HANDLE_VALUE
-        || !CreateProcessW(self, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &child))
+    if (file == INVALID_HANDLE_VALUE || !StartSelf(kSleep + (L' ' + std::to_wstring(ms)), true))
         std::exit(4);
 }
+
+/// The verb stands in a file of its own, since a command line would have to be taken apart again.
+void Later(const Job& job, int ms, const std::string& verb)
+{
+    Write(WithExtension(job.base, ".later"), verb);
+    if (!StartSelf(kLater + (L' ' + std::to_wstring(ms)) + L" \"" + job.project.wstring() + L'"', false))
+        std::exit(4);
+}
+
+void ObeyTerm(bool) {}
 
 void Crash()
 {
@@ -142,6 +167,23 @@ void Hold(const Job& job, int ms)
     }
 }
 
+void Do(const Job& job, std::istringstream& line);
+
+void Later(const Job& job, int ms, const std::string& verb)
+{
+    if (fork() == 0) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(ms));
+        std::istringstream words(verb);
+        Do(job, words);
+        _exit(0);
+    }
+}
+
+void ObeyTerm(bool obey)
+{
+    std::signal(SIGTERM, obey ? SIG_DFL : SIG_IGN);
+}
+
 void Crash()
 {
     std::signal(SIGSEGV, SIG_DFL);
@@ -155,6 +197,41 @@ std::string Rubbish(std::size_t count)
     for (std::size_t i = 0; i < count; ++i)
         bytes[i] = static_cast<char>(i * 7919 >> 3);
     return bytes;
+}
+
+void WriteHalf(const Job& job, int ms)
+{
+    const std::string bytes = Read(job.project);
+    Write(job.project, bytes.substr(0, bytes.size() / 2));
+    std::this_thread::sleep_for(std::chrono::milliseconds(ms));
+    Write(job.project, bytes);
+}
+
+void Print(std::size_t count)
+{
+    const std::string line(999, 'x');
+    for (std::size_t done = 0; done < count; done += line.size() + 1) {
+        std::cout << line << '\n';
+        std::cerr << line << '\n';
+    }
+}
+
+void Flood(const Job& job, std::size_t count, const std::string& form)
+{
+    const fs::path path = WithExtension(job.results, ".CHK");
+    Write(path, "");
+    std::ofstream file(path, std::ios::binary);
+    std::string piece = form == "blank-lines" ? std::string(1 << 16, '\n') : std::string(1 << 16, 'x');
+    for (std::size_t i = 0; i < piece.size(); ++i) {
+        if (form == "lines" && i % 80 == 79)
+            piece[i] = '\n';
+        if (form == "control")
+            piece[i] = static_cast<char>(i % 32);
+    }
+    for (std::size_t done = 0; done < count; done += piece.size())
+        file << piece;
+    if (form != "control")
+        file << "Error: the last line\r\n";
 }
 
 void Do(const Job& job, std::istringstream& line)
@@ -184,6 +261,20 @@ void Do(const Job& job, std::istringstream& line)
         Write(WithExtension(job.results, '.' + extension), std::string(count, '\0'));
     } else if (verb == "crash") {
         Crash();
+    } else if (verb == "later") {
+        int ms = 0;
+        std::string rest;
+        std::getline(line >> ms >> std::ws, rest);
+        Later(job, ms, rest);
+    } else if (verb == "term") {
+        std::string word;
+        line >> word;
+        ObeyTerm(word == "obey");
+    } else if (verb == "flood") {
+        std::string form;
+        std::size_t count = 0;
+        line >> count >> form;
+        Flood(job, count, form);
 #ifdef _WIN32
     } else if (verb == "commandline") {
         WriteCommandLine(job);
@@ -203,6 +294,10 @@ void Do(const Job& job, std::istringstream& line)
             Write(job.project, Rubbish(static_cast<std::size_t>(number)));
         else if (verb == "truncate")
             fs::resize_file(job.project, static_cast<std::uintmax_t>(number));
+        else if (verb == "half")
+            WriteHalf(job, number);
+        else if (verb == "print")
+            Print(static_cast<std::size_t>(number));
         else if (verb == "exit")
             std::exit(number);
     }
@@ -221,6 +316,11 @@ int main(int argc, char** argv)
         Sleep(static_cast<DWORD>(std::stoi(job.arguments[1].wstring())));
         return 0;
     }
+    const bool isLater = job.arguments.size() == 3 && job.arguments[0] == kLater;
+    if (isLater) {
+        Sleep(static_cast<DWORD>(std::stoi(job.arguments[1].wstring())));
+        job.arguments.erase(job.arguments.begin(), job.arguments.begin() + 2);
+    }
 #endif
     job.project = job.arguments.front();
     job.base = job.project;
@@ -229,7 +329,11 @@ int main(int argc, char** argv)
     job.results += fs::path(u8"_計算結果");
     job.results /= job.base.filename();
 
+#ifdef _WIN32
+    std::ifstream verbs(WithExtension(job.base, isLater ? ".later" : ".engine"));
+#else
     std::ifstream verbs(WithExtension(job.base, ".engine"));
+#endif
     for (std::string line; std::getline(verbs, line);) {
         std::istringstream words(line);
         Do(job, words);

@@ -8,6 +8,7 @@
 #include "sbdfile/writer.h"
 #include "tests/document/other_process.h"
 
+#include <QAbstractButton>
 #include <QDir>
 #include <QPushButton>
 #include <QTimer>
@@ -56,6 +57,7 @@ private slots:
     void theOfferTellsBothTimesAndHowMuchDiffers();
     void aCopyThatWasPutOffIsToldWhenItsProjectIsOpened();
     void aRunWhoseEndNobodySawIsToldWhenItsProjectIsOpened();
+    void changesThatACheckDidNotSeeAreToldUntilTheNoticeIsClosed();
     void aChangeOfBlockWritesACopy();
     void anOpenEditorsTextIsInTheCopy();
     void anEditIsCopiedWithin20Seconds();
@@ -297,6 +299,45 @@ void RecoveryOfferTest::aRunWhoseEndNobodySawIsToldWhenItsProjectIsOpened()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     SetKeptEnd(kept, {RunEndKind::Report, 0, 1, 2});
     QCOMPARE(station.frame.OpenProject(path)->Notices().Texts(), QStringList());
+}
+
+void RecoveryOfferTest::changesThatACheckDidNotSeeAreToldUntilTheNoticeIsClosed()
+{
+    LifeStation station;
+    const QString path = station.folder.Example(u"plate4"_s);
+    station.frame.OfferRecoveryCopies();
+    CChildFrame* child = station.frame.OpenProject(path);
+    Enter(*child, "UNSAVED");
+    station.Engine(u"plate4"_s, "chk ok\n");
+    station.frame.RunCommand(Command::CheckData);
+    QApplication::processEvents();
+    const auto openAgain = [&] {
+        child->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        child = station.frame.OpenProject(path);
+        return child->Notices().Shows(u"lost-changes"_s);
+    };
+    const auto press = [&](const QString& text) {
+        for (QAbstractButton* button : child->Notices().findChildren<QAbstractButton*>())
+            if (button->text().startsWith(text) && button->isVisible())
+                return button->click();
+        QFAIL(qPrintable(text));
+    };
+    QVERIFY(child->Notices().Shows(u"lost-changes"_s));
+    QVERIFY(openAgain()); // the session has ended with the notice on show
+    QVERIFY(
+        child->Notices().TextOf(u"lost-changes"_s).contains(QDir::toNativeSeparators(KeptInputsOf(path).at(0).file)));
+    press(u"元に戻す: 保存していなかった入力"_s);
+    QCOMPARE(child->Doc().Data().Option(301, 0), std::string_view("NSAVED")); // as a reload reads it
+    station.user.save = SaveAnswer::Discard;
+    QVERIFY(!openAgain()); // the user has had it
+    // A notice that is closed stays so.
+    Enter(*child, "MORE");
+    station.frame.RunCommand(Command::CheckData);
+    QApplication::processEvents();
+    QVERIFY(openAgain());
+    press(u"×"_s);
+    QVERIFY(!openAgain());
 }
 
 void RecoveryOfferTest::aChangeOfBlockWritesACopy()

@@ -130,9 +130,18 @@ void ReportTailTest::errorsAndWarningsAreCounted()
     std::vector<std::string> list;
     for (const QByteArray& line : lines.split('\n'))
         list.push_back(line.toStdString());
-    const ReportCount count = CountReport(list);
-    QCOMPARE(count.errors, errors);
-    QCOMPARE(count.warnings, warnings);
+    const ReportCount count{errors, warnings};
+    QCOMPARE(CountReport(list), count);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"a.CHK"_s);
+    Write(path, lines);
+    QCOMPARE(CountReport(path), count);
+    // Behind what a page shows, and over the edges of pieces.
+    for (const int blanks : {3'000'000, 1'048'570}) {
+        Write(path, QByteArray(blanks, ' ') + '\n' + lines, QFile::Truncate);
+        QCOMPARE(CountReport(path), count);
+    }
+    QCOMPARE(CountReport(folder.filePath(u"none.CHK"_s)), ReportCount());
 }
 
 QTEST_MAIN(ReportTailTest)

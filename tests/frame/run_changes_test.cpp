@@ -33,6 +33,7 @@ private slots:
     void marksGoAlongWithARowThatIsPutIn();
     void closingTheNoticeEndsEveryMark();
     void theListIsWorkedByKeys();
+    void aKeyGoesThroughTheChangesFromWhereverOneIs();
     void changesThatWereNotSavedAreNamed();
     void anotherRunTakesThePlaceOfTheOneBefore();
     void aRunByItsEngineIsShownToo();
@@ -345,6 +346,29 @@ void RunChangesTest::theListIsWorkedByKeys()
     desk.child->RunChanges().Pane()->findChild<QToolButton*>()->click();
     QVERIFY(!lines->isVisible());
     QVERIFY(desk.Grid().hasFocus());
+}
+
+void RunChangesTest::aKeyGoesThroughTheChangesFromWhereverOneIs()
+{
+    Desk desk;
+    QVERIFY(desk.isActive);
+    desk.Open(desk.folder.Example(u"plate4"_s), 302);
+    Press(Qt::Key_F7);
+    QVERIFY(desk.frame.statusBar()->currentMessage().startsWith(u"解析の前と後で違う所は"_s)); // there was no run
+    RunOf(desk, ChangeSome);
+    for (const QString& place : {u"313/3/6"_s, u"313/5/6"_s, u"301/1/2"_s, u"313/3/6"_s}) {
+        Press(Qt::Key_F7);
+        QTRY_COMPARE(Place(desk), place);
+    }
+    Press(Qt::Key_F7, Qt::ShiftModifier);
+    QTRY_COMPARE(Place(desk), u"301/1/2"_s);
+    desk.child->Tree().setFocus();
+    Press(Qt::Key_F7); // in the tree
+    QTRY_COMPARE(Place(desk), u"313/3/6"_s);
+    desk.child->GoToBlock(255);
+    QApplication::processEvents();
+    Press(Qt::Key_F7); // on the page of the report
+    QTRY_COMPARE(desk.Panel().Block(), 313);
 }
 
 void RunChangesTest::changesThatWereNotSavedAreNamed()

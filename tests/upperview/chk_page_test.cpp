@@ -81,6 +81,7 @@ private slots:
     void anUnreadableReportIsNone();
     void aHugeReportIsCutAndSaysSo();
     void aBinaryReportIsShownInTime();
+    void aReportOfLineEndsIsCut();
     void longLinesAreCutBetweenCharacters();
     void coloursAndPlacesReachThePaper();
     void onlyWhatIsVisibleIsPainted();
@@ -241,6 +242,14 @@ void ChkPageTest::aBinaryReportIsShownInTime()
     const std::vector<ChkLine> lines = ChkPageLines({254, true, true, text});
     QVERIFY(Points(lines, Qt::red) > 0);
     QVERIFY2(clock.elapsed() < 3000, qPrintable(QString::number(clock.elapsed())));
+}
+
+void ChkPageTest::aReportOfLineEndsIsCut()
+{
+    const ChkText text = SplitChkText(std::string(2 << 20, '\n'));
+    QVERIFY(text.cut);
+    QCOMPARE(text.lines.size(), std::size_t(100'000));
+    QVERIFY(!SplitChkText(std::string(100'000, '\n')).cut);
 }
 
 void ChkPageTest::longLinesAreCutBetweenCharacters()
