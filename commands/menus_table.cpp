@@ -17,7 +17,8 @@ constexpr MenuItem kFile[] = {NewProject, Open, Close, kSeparator, Save, SaveAs,
 constexpr MenuItem kEdit[] = {Undo, Redo, kSeparator, Cut, Copy, Paste, Delete, CopyWithHeads, kSeparator, FillDown,
                               FillRight, FillSelection, OpenList, kSeparator, SelectRow, SelectColumn, SelectAllCells,
                               kSeparator, MoveRowUp, MoveRowDown, InsertRow, DeleteRow, DuplicateRow, kSeparator,
-                              AddRows, FilterRows, kSeparator, NextFinding, PreviousFinding, FindingList};
+                              AddRows, FilterRows, kSeparator, FindText, FindNext, FindPrevious, ReplaceText,
+                              kSeparator, ImportTable, ExportTable, kSeparator, NextFinding, PreviousFinding, FindingList};
 constexpr MenuItem kView[] = {SwitchFigureAndHelp, Notes, kSeparator, ViewAll, ViewXY, ViewYZ, ViewXZ, kSeparator,
                               ZoomIn, ZoomOut, kSeparator, MoveUp, MoveDown, MoveLeft, MoveRight, kSeparator,
                               MenuId::TreeItems, MenuId::Cells};
