@@ -46,6 +46,9 @@ public:
     /// Looks at what is still to be looked at.
     void LookNow();
 
+    /// The cells that come back different, as the last look has found them.
+    [[nodiscard]] const CReadBack& ReadBack() const { return readBack_; }
+
     /// Blocks with findings, ascending.
     [[nodiscard]] std::vector<int> Blocks() const;
     /// The findings of a block by row and column; those of the block as a whole first.

@@ -11,6 +11,8 @@
 #include "frame/notice_bar.h"
 #include "frame/program_icon.h"
 #include "frame/project_findings.h"
+#include "frame/project_replace.h"
+#include "frame/replace_pane.h"
 #include "frame/run_changes.h"
 #include "frame/settings.h"
 #include "frame/tree_pane.h"
@@ -51,6 +53,7 @@ constexpr int kSplitterHandle = 5;
 constexpr int kLeastPane = 80;   // px
 constexpr int kLeastRight = 480; // px, the row numbers and labels of the option blocks
 constexpr int kLeastDown = 160;  // px, the heads and some rows
+constexpr int kReplaceHeight = 240;
 
 } // namespace
 
@@ -119,6 +122,7 @@ void CChildFrame::CreatePanes()
     lower_ = new QSplitter(Qt::Vertical);
     findings_ = std::make_unique<CProjectFindings>(*this);
     runChanges_ = std::make_unique<CRunChanges>(*this);
+    replace_ = std::make_unique<CProjectReplace>(*this);
     for (QSplitter* splitter : {outer_, inner_, lower_}) {
         splitter->setHandleWidth(kSplitterHandle);
         splitter->setChildrenCollapsible(false);
@@ -131,10 +135,12 @@ void CChildFrame::CreatePanes()
     lower_->addWidget(panelPane_);
     lower_->addWidget(findings_->Pane());
     lower_->addWidget(runChanges_->Pane());
+    lower_->addWidget(replace_->Pane());
     lower_->setStretchFactor(0, 1); // a higher window heightens the panel
     lower_->setStretchFactor(1, 0);
     lower_->setStretchFactor(2, 0);
-    lower_->setSizes({kLeastDown, CSettings().FindingsHeight(), CSettings().FindingsHeight()});
+    lower_->setStretchFactor(3, 0);
+    lower_->setSizes({kLeastDown, CSettings().FindingsHeight(), CSettings().FindingsHeight(), kReplaceHeight});
     connect(lower_, &QSplitter::splitterMoved, this, [this] {
         if (findings_->ShowsPane())
             CSettings().SetFindingsHeight(lower_->sizes().at(1));
@@ -193,6 +199,7 @@ void CChildFrame::ShowPanel(int block)
         connect(search, &CDown999::jumpRequested, this, &CChildFrame::JumpTo);
     if (panel_ != nullptr) {
         connect(panel_.get(), &CPanel::undoChanged, this, &CChildFrame::undoChanged);
+        panel_->Grid()->showNotice = [this](const QString& text) { ShowPasteNotice(text); };
         connect(panel_.get(), &CPanel::summaryChanged, this, &CChildFrame::summaryChanged);
         connect(panel_.get(), &CPanel::otherBlockWanted, this, &CChildFrame::StepHistory, Qt::QueuedConnection);
         static_cast<QVBoxLayout*>(panelPane_->layout())->addWidget(panel_.get(), 1);
@@ -203,8 +210,19 @@ void CChildFrame::ShowPanel(int block)
     FitHelpToPage();
     findings_->OnPanelShown();
     runChanges_->OnPanelShown();
+    replace_->OnPanelShown();
     if (panelHadFocus)
         FocusPanel();
+}
+
+/// What a paste has left stays to be read, and bars no way.
+void CChildFrame::ShowPasteNotice(const QString& text)
+{
+    const auto key = u"paste"_s;
+    if (text.isEmpty())
+        notices_->Close(key);
+    else
+        notices_->Show({key, text, {}, true});
 }
 
 void CChildFrame::RemovePanel()
@@ -337,6 +355,8 @@ QList<QWidget*> CChildFrame::FocusPlaces() const
         places << findings_->Pane()->Lines();
     if (runChanges_->Pane()->isVisible())
         places << runChanges_->Pane()->Lines();
+    if (replace_->Pane()->isVisible())
+        places << replace_->Pane();
     places << upView_->currentWidget();
     return places;
 }

@@ -19,6 +19,7 @@ class CLeftView;
 class CNoticeBar;
 class CPanel;
 class CProjectFindings;
+class CProjectReplace;
 class CRecoveryCopy;
 class CRunChanges;
 class CSbdData;
@@ -51,6 +52,8 @@ public:
     [[nodiscard]] CProjectFindings& Findings() { return *findings_; }
     /// What the last run has changed.
     [[nodiscard]] CRunChanges& RunChanges() { return *runChanges_; }
+    /// Find and replace, in a block and in the project.
+    [[nodiscard]] CProjectReplace& Replace() { return *replace_; }
     /// The panel on show; null for a block whose panel is empty.
     [[nodiscard]] CPanel* Panel() { return panel_.get(); }
 
@@ -148,6 +151,7 @@ private:
     void CreatePanes();
     void ShowPanel(int block);
     void RemovePanel();
+    void ShowPasteNotice(const QString& text);
     void ShowTitle();
     void OnModified(bool modified);
     void ShowOwnPage();
@@ -175,6 +179,7 @@ private:
     QSplitter* lower_ = nullptr; // panel over the list of findings
     std::unique_ptr<CProjectFindings> findings_;
     std::unique_ptr<CRunChanges> runChanges_;
+    std::unique_ptr<CProjectReplace> replace_;
     std::unique_ptr<CPanel> panel_;
     QWidget* panelPane_ = nullptr; // holds the panel; blank for blocks without one
     int currentBlock_ = 0;

@@ -9,6 +9,7 @@
 #include "frame/profile.h"
 #include "frame/program_icon.h"
 #include "frame/project_findings.h"
+#include "frame/project_replace.h"
 #include "frame/run_changes.h"
 #include "frame/settings.h"
 
@@ -112,6 +113,8 @@ void CMainFrame::SetUpChild(CChildFrame& child)
     connect(&child.Findings(), &CProjectFindings::told, this,
             [this](const QString& text) { statusBar()->showMessage(text, kNoticeTime); });
     connect(&child.RunChanges(), &CRunChanges::told, this,
+            [this](const QString& text) { statusBar()->showMessage(text, kNoticeTime); });
+    connect(&child.Replace(), &CProjectReplace::told, this,
             [this](const QString& text) { statusBar()->showMessage(text, kNoticeTime); });
     connect(&child.Findings(), &CProjectFindings::listWanted, this, [this] { ShowFindingList(true); });
     connect(child.Findings().Pane(), &CFindingPane::silentChosen, this, [this](const SilentKinds& kinds) {

@@ -8,8 +8,10 @@
 #include "frame/language.h"
 #include "frame/main_frame.h"
 #include "frame/project_findings.h"
+#include "frame/project_replace.h"
 #include "frame/run_changes.h"
 #include "frame/settings.h"
+#include "frame/table_files.h"
 #include "grid/grid_ctrl.h"
 #include "panels/panel.h"
 #include "panels/print_name.h"
@@ -165,6 +167,12 @@ void CMainFrame::AddEditHandlers()
     OnChild(Command::NextRunChange, [](CChildFrame& child) { child.RunChanges().GoToNext(false); });
     OnChild(Command::PreviousRunChange, [](CChildFrame& child) { child.RunChanges().GoToNext(true); });
     OnChild(Command::FindingList, [this](CChildFrame& child) { ShowFindingList(!child.Findings().ShowsPane()); });
+    OnChild(Command::FindText, [](CChildFrame& child) { child.Replace().Open(false); });
+    OnChild(Command::ReplaceText, [](CChildFrame& child) { child.Replace().Open(true); });
+    OnChild(Command::FindNext, [](CChildFrame& child) { child.Replace().GoToNext(false); });
+    OnChild(Command::FindPrevious, [](CChildFrame& child) { child.Replace().GoToNext(true); });
+    OnChild(Command::ImportTable, [this](CChildFrame& child) { ImportTable(child, prompts_); });
+    OnChild(Command::ExportTable, [this](CChildFrame& child) { ExportTable(child, prompts_); });
     OnChild(Command::JumpToHit, [](CChildFrame& child) {
         if (auto* search = qobject_cast<CDown999*>(child.Panel()))
             search->JumpToHit();

@@ -82,6 +82,25 @@ QString SavePictureName(QWidget* parent, const QString& proposal)
     return RunDialog(dialog, u"保存(&S)"_s);
 }
 
+QString OpenTableName(QWidget* parent, const QString& folder)
+{
+    QFileDialog dialog(parent, u"取り込む表のファイル"_s, folder);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setNameFilters({u"表 (*.csv *.txt *.tsv *.dat *.CSV *.TXT)"_s, u"すべてのファイル (*)"_s});
+    return RunDialog(dialog, u"開く(&O)"_s);
+}
+
+QString SaveTableName(QWidget* parent, const QString& proposal)
+{
+    const QFileInfo file(proposal);
+    QFileDialog dialog(parent, u"表の書き出し"_s, file.path());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilter(u"CSV (*.csv)"_s);
+    dialog.setDefaultSuffix(u"csv"_s);
+    dialog.selectFile(file.fileName());
+    return RunDialog(dialog, u"保存(&S)"_s);
+}
+
 SaveAnswer Ask(QWidget* parent, const QString& text)
 {
     QMessageBox box(QMessageBox::Question, u"変更の保存"_s, text, QMessageBox::NoButton, parent);
@@ -232,6 +251,7 @@ Prompts ScreenPrompts()
     prompts.choosePrinter = ChoosePrinter;
     prompts.previewPrint = PreviewPrint;
     prompts.savePictureName = SavePictureName;
+    prompts.tables = {OpenTableName, SaveTableName, ChooseImport, ChooseExport};
     prompts.chooseColour = ChooseColour;
     prompts.chooseFont = ChooseFont;
     prompts.chooseDecimals = ChooseDecimals;
@@ -258,6 +278,7 @@ Prompts SilentPrompts(std::function<void(const QString& text)> told)
     prompts.choosePrinter = [](QWidget*, QPrinter&) { return false; };
     prompts.previewPrint = [](QWidget*, QPrinter&, const std::function<void(QPrinter&)>&) {};
     prompts.savePictureName = [](QWidget*, const QString&) { return QString(); };
+    prompts.tables = SilentTablePrompts();
     prompts.chooseColour = [](QWidget*, const QColor&) { return QColor(); };
     prompts.chooseFont = [](QWidget*, DisplaySettings&) { return false; };
     prompts.chooseDecimals = [](QWidget*, DisplaySettings&) { return false; };

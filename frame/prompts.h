@@ -8,6 +8,7 @@
 #include "frame/engine_runner.h"
 #include "frame/kept_inputs_dialog.h"
 #include "frame/start_chooser.h"
+#include "frame/table_prompts.h"
 
 #include <QColor>
 #include <QString>
@@ -84,6 +85,8 @@ struct Prompts {
     std::function<void(QWidget* parent, QPrinter& printer, const std::function<void(QPrinter&)>& paint)> previewPrint;
     /// File to save a picture in, its kind by its ending; the dialog starts with `proposal`.
     std::function<QString(QWidget* parent, const QString& proposal)> savePictureName;
+    /// Tables in text files.
+    TablePrompts tables;
     /// A colour; an invalid one if the user gave up.
     std::function<QColor(QWidget* parent, const QColor& now)> chooseColour;
     /// Font and text colour of the help pane, or its decimals; false if the user gave up.

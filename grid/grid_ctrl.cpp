@@ -11,6 +11,7 @@
 #include <QInputMethod>
 #include <QMessageBox>
 #include <QPointer>
+#include <QResizeEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTimer>
@@ -32,6 +33,10 @@ CGridCtrl::CGridCtrl(QWidget* parent)
 {
     showMessage = [this](const QString& message) {
         QMessageBox::warning(this, QStringLiteral("KELD section"), message);
+    };
+    showNotice = [this](const QString& text) {
+        if (!text.isEmpty())
+            showMessage(text);
     };
     setHorizontalHeader(head_);
     setVerticalHeader(numbers_);
@@ -403,8 +408,13 @@ void CGridCtrl::updateGeometries()
 
 void CGridCtrl::resizeEvent(QResizeEvent* event)
 {
+    // A pane that opens beside the grid, or below it, must not put the focus out of sight.
+    const QRect seen(QPoint(0, 0), event->oldSize());
+    const bool wasSeen = currentIndex().isValid() && seen.contains(visualRect(currentIndex()).center());
     QTableView::resizeEvent(event);
     updateGeometries();
+    if (wasSeen && !viewport()->rect().contains(visualRect(currentIndex())))
+        scrollTo(currentIndex());
 }
 
 } // namespace sbd

@@ -78,6 +78,9 @@ public:
 
     /// Tells the user something; by default a message box.
     std::function<void(const QString& message)> showMessage;
+    /// Says what a paste has left as it was; empty: it has left nothing. By default a message too; a window that has a
+    /// place for what bars no way puts it there.
+    std::function<void(const QString& text)> showNotice;
 
     /// Carries out a command of the grid; one that is not the grid's own is given to whoever listens. False: neither.
     bool RunCommand(Command command);

@@ -98,8 +98,7 @@ void CGridCtrl::TellPaste(const GridPaste& paste)
     if (const QString left = TellLeft(paste); !left.isEmpty())
         numbers += (numbers.isEmpty() ? QString() : QStringLiteral("\n")) + left;
     if (paste.refused.isEmpty() || (pasted && paste.keptCells == 0)) { // where nothing can be put, nothing is missing
-        if (!numbers.isEmpty())
-            showMessage(numbers);
+        showNotice(numbers);
         return;
     }
     QString message = tr("「%1」%2はこのシステムの文字コード（シフトJIS）にない文字です。")
@@ -112,7 +111,7 @@ void CGridCtrl::TellPaste(const GridPaste& paste)
                        .arg(CellName(paste.firstKept));
     else
         message += tr("貼り付けは行いませんでした。別の文字に置き換えてから、もう一度貼り付けてください。");
-    showMessage(numbers.isEmpty() ? message : message + u'\n' + numbers);
+    showNotice(numbers.isEmpty() ? message : message + u'\n' + numbers);
 }
 
 void CGridCtrl::Delete()

@@ -4,6 +4,7 @@
 #include "panelmodel/panel_model.h"
 
 #include <deque>
+#include <span>
 #include <variant>
 
 namespace sbd {
@@ -22,6 +23,13 @@ struct CellPlace {
     int row = 0;
     int column = 0;
     friend bool operator==(const CellPlace&, const CellPlace&) = default;
+};
+
+/// A text for a cell.
+struct CellEntry {
+    CellPlace place;
+    std::string text;
+    friend bool operator==(const CellEntry&, const CellEntry&) = default;
 };
 
 /// What one undo did: where (column 0: in none of them), and what to show again.
@@ -58,7 +66,19 @@ enum class FillOn {
 };
 
 /// What kind of command it was.
-enum class EditCommand { Cell, Clear, Paste, Fill, MoveUp, MoveDown, InsertRow, DeleteRow, DuplicateRow };
+enum class EditCommand {
+    Cell,
+    Clear,
+    Paste,
+    Fill,
+    Replace,
+    Import,
+    MoveUp,
+    MoveDown,
+    InsertRow,
+    DeleteRow,
+    DuplicateRow
+};
 
 /// What the user did: the first cell that it concerned, or the row (column 0).
 struct EditDone {
@@ -88,6 +108,10 @@ public:
     /// The same into a selected range: a text that fits into it several times without a rest is put there as often, one
     /// cell into every cell; any other is put in once from its first cell on.
     PasteOutcome PasteOver(const CellRange& range, std::string_view text);
+
+    /// Puts a text into each of the cells, as a paste does, and adds the rows that are missing for them. A cell that
+    /// takes its text only when another one has its own gets it.
+    PasteOutcome PutCells(EditCommand command, std::span<const CellEntry> cells);
 
     // Fills. A range that goes beyond the rows of the table leaves them alone: automatic rows and, behind a whole column,
     // the rows below the last used one. A cell that takes no text is no source.

@@ -155,6 +155,35 @@ PasteOutcome CPanelEditor::PasteOver(const CellRange& range, std::string_view te
     return KeepFill(EditCommand::Paste, std::move(step), std::move(outcome));
 }
 
+PasteOutcome CPanelEditor::PutCells(EditCommand command, std::span<const CellEntry> cells)
+{
+    PasteOutcome outcome;
+    if (cells.empty())
+        return outcome;
+    const CellPlace first = cells.front().place;
+    outcome.range = {first.row, first.column, first.row, first.column};
+    for (const CellEntry& cell : cells)
+        outcome.range = {std::min(outcome.range.top, cell.place.row), std::min(outcome.range.left, cell.place.column),
+                         std::max(outcome.range.bottom, cell.place.row),
+                         std::max(outcome.range.right, cell.place.column)};
+    const int rowsBefore = model_.GridRows();
+    if (outcome.range.bottom > rowsBefore && !HidesRows())
+        model_.AddRows(outcome.range.bottom - rowsBefore);
+    Step step;
+    PasteOutcome before; // of a first pass: what is locked in it may be free in the second one
+    for (const CellEntry& cell : cells)
+        if (!IsHidden(cell.place.row))
+            PutPasted(step, cell.place, cell.text, before);
+    for (const CellEntry& cell : cells)
+        if (!IsHidden(cell.place.row))
+            PutPasted(step, cell.place, cell.text, outcome);
+    outcome.put += before.put;
+    step.addedRows = model_.GridRows() - rowsBefore;
+    if (step.changes.empty())
+        model_.TakeBackRows(std::exchange(step.addedRows, 0));
+    return KeepFill(command, std::move(step), std::move(outcome));
+}
+
 /// A cell that takes no text has none to give: the words of an automatic row make it one.
 void CPanelEditor::PutFilled(Step& step, CellPlace from, CellPlace to, PasteOutcome& outcome)
 {

@@ -64,6 +64,10 @@ std::string NameOf(const CPanelModel& model, const EditDone& done)
         return block + ' ' + row + Cp932(" 消去");
     case EditCommand::Paste:
         return block + ' ' + row + Cp932(" 貼り付け");
+    case EditCommand::Replace:
+        return block + ' ' + row + Cp932(" 置換");
+    case EditCommand::Import:
+        return block + ' ' + row + Cp932(" 取り込み");
     case EditCommand::MoveUp:
         return block + ' ' + row + Cp932(" 順序上へ移動");
     case EditCommand::MoveDown:

@@ -9,6 +9,11 @@ namespace sbd {
 class CPanelEditor;
 class CPanelSource;
 class CRowFilter;
+struct CellHit;
+struct CellEntry;
+struct OpenGrid;
+struct PasteOutcome;
+struct ReplaceOutcome;
 
 /// One block on show. Holds nothing lasting: what the user types is handed to the document when the focus moves, before
 /// a save and in ClosePanel(). A panel that is deleted without being closed leaves the document as it is.
@@ -47,6 +52,17 @@ public:
     [[nodiscard]] bool CanFilterRows() const override { return model_ != nullptr; }
     [[nodiscard]] bool FiltersRows() const override;
     void FilterRows() override;
+
+    // Several cells as one step (input_cells.cpp).
+    /// Puts texts into cells, as a paste does.
+    PasteOutcome ImportCells(const std::vector<CellEntry>& cells);
+    /// What ImportCells() would do; nothing is changed.
+    [[nodiscard]] PasteOutcome TryCells(const std::vector<CellEntry>& cells) const;
+    /// Replaces texts in this block, and in others.
+    ReplaceOutcome ReplaceHits(const std::vector<CellHit>& hits);
+    /// What the grid holds beside the data, and what is out of sight.
+    [[nodiscard]] OpenGrid ShownGrid() const;
+
     /// Null while no filter is open.
     [[nodiscard]] CRowFilter* RowFilter() const { return filter_; }
     void AddRows(int count) override;

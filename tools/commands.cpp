@@ -10,6 +10,7 @@
 #include "tools/result_panel_commands.h"
 #include "tools/search_command.h"
 #include "tools/set_command.h"
+#include "tools/table_commands.h"
 #include "tools/version_commands.h"
 
 #include <algorithm>
@@ -108,6 +109,16 @@ constexpr ToolCommand kCommands[] = {
      "JSON で出力します。EDITS.json は {\"block\", \"row\", \"column\", \"text\"} の配列で、行と列は panel の出力どおり 1 から数えます。\n"
      "開き直すと変わるセルがあれば終了コードは 3 です。",
      RunSet},
+    {"export", "export IN BLOCK [--names F | --no-names]",
+     "Prints the rows of a block as CSV in UTF-8, with heads, without its automatic rows.",
+     "ブロックの行を、見出しを付けた CSV (UTF-8) で出力します。自動計算の行は含みません。",
+     RunExport},
+    {"import", "import IN OUT BLOCK TABLE [--names F | --no-names]",
+     "Loads IN, appends the rows of a CSV or text table to a block, saves the project as OUT. Code and separator are guessed;\n"
+     "columns go by the heads, if the first row has them. Prints as JSON what did not fit; exit code 3 if anything did not.",
+     "IN を読み込み、CSV や文字の表の行をブロックの末尾に加えて、OUT として保存します。文字コードと区切りは自動で決めます。\n"
+     "列は、1 行目が見出しならそれに従います。入らなかった値を JSON で出力し、あれば終了コードは 3 です。",
+     RunImport},
     {"check", "check IN... [--names F | --no-names] [--json]",
      "Says whether IN stands in the writer's own form, and lists by block, row and column what a load and a save would\n"
      "change: lines that are passed over, values that are repaired, rows whose empty inner cell will shift, option values\n"

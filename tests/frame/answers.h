@@ -24,6 +24,7 @@ struct Answers {
     QList<ChangedFileAnswer> changedFile; ///< cancel after the last
     std::function<void(const DifferenceView&)> withDifferences;
     std::function<void(const KeptInputsView&)> withKept;
+    TablePrompts tables = SilentTablePrompts();
 
     QString proposal;    ///< name the save dialog began with
     QStringList filters; ///< of the dialog for a new project's file
@@ -73,6 +74,19 @@ struct Answers {
             kept = view.inputs;
             if (withKept)
                 withKept(view);
+        };
+        prompts.tables.openName = [this](QWidget* parent, const QString& folder) {
+            return tables.openName(parent, folder);
+        };
+        prompts.tables.saveName = [this](QWidget* parent, const QString& name) {
+            proposal = name;
+            return tables.saveName(parent, name);
+        };
+        prompts.tables.chooseImport = [this](QWidget* parent, const ImportView& view) {
+            return tables.chooseImport(parent, view);
+        };
+        prompts.tables.chooseExport = [this](QWidget* parent, const QString& block) {
+            return tables.chooseExport(parent, block);
         };
         prompts.runs.askYesNo = prompts.askYesNo;
         prompts.runs.askOkCancel = prompts.askYesNo;
