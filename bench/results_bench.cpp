@@ -1,7 +1,10 @@
 // Reading the results of a large bridge against plain fread of the same bytes into memory of their size, and choosing
 // what the table shows of them against a look at the same values.
 #include "bench/baseline.h"
+#include "results/diagram_curves.h"
 #include "results/field_reader.h"
+#include "results/figure_pick.h"
+#include "results/result_envelope.h"
 #include "results/result_files.h"
 #include "results/result_paths.h"
 #include "results/result_table.h"
@@ -12,7 +15,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <numeric>
 #include <random>
+#include <span>
 #include <string>
 
 namespace sbd::bench {
@@ -30,6 +35,10 @@ ShortestTimes freadTimes;
 ShortestTimes readTimes;
 ShortestTimes scanTimes;
 ShortestTimes tableTimes;
+ShortestTimes passTimes;
+ShortestTimes envelopeTimes;
+ShortestTimes envelopeTableTimes;
+ShortestTimes pickTimes;
 
 std::string StationName(std::int32_t station)
 {
@@ -258,6 +267,96 @@ void BM_ChangeSelection(benchmark::State& state)
     state.counters["times_scan"] = tableTimes.Of(state.range(0)) / scanTimes.Of(state.range(0));
 }
 
+/// The largest and the smallest value of each component over all load cases, each value looked at once in the order of
+/// the memory.
+void BM_PassOverAllValues(benchmark::State& state)
+{
+    constexpr std::size_t components = 6;
+    const AnalysisResults& results = ResultsInMemory(static_cast<std::int32_t>(state.range(0)));
+    const auto& values = results.displacement.values;
+    Measure(state, passTimes, [&] {
+        std::array<double, 2 * components> extremes;
+        std::fill_n(extremes.begin(), components, -1e100);
+        std::fill_n(extremes.begin() + components, components, 1e100);
+        for (std::size_t at = 0; at < values.size(); at += components)
+            for (std::size_t k = 0; k < components; ++k) {
+                extremes[k] = std::max(extremes[k], values[at + k]);
+                extremes[components + k] = std::min(extremes[components + k], values[at + k]);
+            }
+        return extremes;
+    });
+}
+
+/// The largest and the smallest value of each node and component, with the load cases that decide.
+void BM_Envelope(benchmark::State& state)
+{
+    constexpr std::size_t components = 6;
+    const AnalysisResults& results = ResultsInMemory(static_cast<std::int32_t>(state.range(0)));
+    std::vector<std::size_t> cases(results.model.loadCaseNames.size());
+    std::iota(cases.begin(), cases.end(), 0);
+    std::vector<EnvelopeValue> envelope(kNodes * components);
+    Measure(state, envelopeTimes, [&] {
+        std::size_t notNumbers = 0;
+        for (std::size_t node = 0; node < kNodes; ++node)
+            notNumbers += EnvelopeOfItem(results.displacement.values.data() + node * cases.size() * components, cases,
+                                         std::span(envelope).subspan(node * components, components));
+        benchmark::DoNotOptimize(envelope.data());
+        return notNumbers;
+    });
+    state.counters["times_pass"] = envelopeTimes.Of(state.range(0)) / passTimes.Of(state.range(0));
+}
+
+/// The whole table of it, with names, extremes and the texts of a pane.
+void BM_EnvelopeTable(benchmark::State& state)
+{
+    constexpr std::size_t rowsInView = 40;
+    const AnalysisResults& results = ResultsInMemory(static_cast<std::int32_t>(state.range(0)));
+    ResultSelection selection;
+    selection.girder = AllWord();
+    selection.station = NoneWord();
+    selection.envelope = true;
+    selection.envelopeLoads = results.model.loadCaseNames;
+    Measure(state, envelopeTableTimes, [&] {
+        const CResultTable table(results, selection);
+        if (table.RowCount() != kNodes)
+            std::abort();
+        std::size_t bytes = 0;
+        for (std::size_t row = 1; row <= rowsInView; ++row)
+            for (std::size_t column = 0; column < table.GridColumnCount(); ++column)
+                bytes += table.CellText(row, column).size();
+        return bytes;
+    });
+    state.counters["times_pass"] = envelopeTableTimes.Of(state.range(0)) / passTimes.Of(state.range(0));
+}
+
+/// A click into the diagram of a girder of 1,000 stations, two curves; and one among 20,000 nodes. The limit is 2 ms.
+void BM_Pick(benchmark::State& state)
+{
+    const AnalysisResults& results = ResultsInMemory(static_cast<std::int32_t>(state.range(0)));
+    DiagramCurve curve;
+    curve.diagram.positions.clear();
+    for (std::int32_t station = 0; station < kStations; ++station) {
+        curve.diagram.positions.push_back(station);
+        curve.diagram.points.push_back(station % 7);
+        curve.diagram.nodes.push_back(station + 1);
+        curve.diagram.stationNames.push_back(StationName(station));
+        if (station > 0)
+            curve.diagram.bays.push_back({static_cast<std::size_t>(station) - 1, station, station - 1.0,
+                                          double(station), (station - 1) % 7 * 1.0, station % 7 * 1.0});
+    }
+    curve.diagram.greatest = 6;
+    const std::vector<DiagramCurve> curves{curve, curve};
+    const DiagramScale scale = FitCurves(curves, {1200, 500}, kFitZoom, {});
+    FramePlaces places;
+    for (std::int32_t node = 0; node < kNodes; ++node)
+        places.nodes.push_back({double(node % 1200), double(node % 500)});
+    double x = 0;
+    Measure(state, pickTimes, [&] {
+        x = x > 1000 ? 100 : x + 7;
+        return std::pair(PickOrdinate(results, curves, scale, {x, 250}), PickNode(places, {x, 250}));
+    });
+}
+
 void Sizes(benchmark::internal::Benchmark* benchmark)
 {
     benchmark->ArgName("load_cases")->Arg(40)->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -268,6 +367,10 @@ BENCHMARK(BM_PlainFread)->Apply(Sizes);
 BENCHMARK(BM_ReadResultFiles)->Apply(Sizes);
 BENCHMARK(BM_ScanLoadCases)->Apply(Sizes);
 BENCHMARK(BM_ChangeSelection)->Apply(Sizes);
+BENCHMARK(BM_PassOverAllValues)->Apply(Sizes);
+BENCHMARK(BM_Envelope)->Apply(Sizes);
+BENCHMARK(BM_EnvelopeTable)->Apply(Sizes);
+BENCHMARK(BM_Pick)->Apply(Sizes);
 
 } // namespace
 

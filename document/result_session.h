@@ -6,6 +6,7 @@
 
 #include <QObject>
 
+#include <map>
 #include <string>
 
 namespace sbd {
@@ -35,14 +36,25 @@ public:
     void Mark(std::string name);
 
     /// Says that a member or node was clicked in the figure.
-    void Pick(const std::string& name, std::size_t component, bool rightEnd) { emit picked(name, component, rightEnd); }
+    /// `isLeast`: in the diagram of the smallest values of an envelope.
+    void Pick(const std::string& name, std::size_t component, bool rightEnd, bool isLeast = false)
+    {
+        emit picked(name, component, rightEnd, isLeast);
+    }
+
+    /// Asks for sheets of several figures: whoever can make them, does.
+    void AskForSheets() { emit sheetsWanted(); }
+
+    /// Widths in pixels that the user has given to columns of the table, by kind and head.
+    std::map<std::string, int> columnWidths;
 
 signals:
     /// The figure of the selection is another one.
     void figureChanged();
     void stateChanged();
     void markChanged();
-    void picked(const std::string& name, std::size_t component, bool rightEnd);
+    void picked(const std::string& name, std::size_t component, bool rightEnd, bool isLeast);
+    void sheetsWanted();
 
 private:
     CKELDSectionDoc& doc_;

@@ -3,6 +3,7 @@
 #include "document/engine_command.h"
 #include "document/project_lock.h"
 #include "document/recovery.h"
+#include "document/result_session.h"
 #include "document/save_flow.h"
 #include "document/section_doc.h"
 #include "frame/change_pane.h"
@@ -13,6 +14,7 @@
 #include "frame/project_findings.h"
 #include "frame/project_replace.h"
 #include "frame/replace_pane.h"
+#include "frame/result_sheets_dialog.h"
 #include "frame/run_changes.h"
 #include "frame/settings.h"
 #include "frame/tree_pane.h"
@@ -84,6 +86,8 @@ CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, std::unique_ptr<C
     connect(&upView_->Chk(), &CChkView::placeWanted, this, &CChildFrame::JumpTo);
     connect(&upView_->Help(), &CHelpView::blockWanted, this, &CChildFrame::GoToBlock);
     connect(&upView_->Figure(), &CFigurePane::cellWanted, this, &CChildFrame::JumpTo);
+    connect(&ResultSessionOf(*doc_), &CResultSession::sheetsWanted, this,
+            [this] { CResultSheetsDialog(doc_.get(), this).exec(); });
     SetTitle(doc_->Title());
     GoToBlock(kFirstBlock);
 }

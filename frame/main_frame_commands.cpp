@@ -355,6 +355,8 @@ void CMainFrame::Print(CChildFrame& child, bool preview)
     UpdateCommands();
     QPrinter printer(QPrinter::HighResolution);
     NamePrint(printer, ProposedFile(child.Doc(), PageName(child), u".pdf"_s));
+    if (child.UpView().IsWide())
+        printer.setPageOrientation(QPageLayout::Landscape);
     const auto paint = [&child](QPrinter& on) { child.UpView().Print(on); };
     if (preview)
         prompts_.previewPrint(this, printer, paint);

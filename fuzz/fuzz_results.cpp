@@ -19,8 +19,8 @@ Record Read(std::span<const std::byte> bytes)
     return record;
 }
 
-template <typename T>
-std::size_t Reserved(const std::vector<T>& list)
+template <typename T, typename Memory>
+std::size_t Reserved(const std::vector<T, Memory>& list)
 {
     return list.capacity() * sizeof(T);
 }
@@ -56,7 +56,7 @@ void CheckModel(const sbd::AnalysisModel& model, std::size_t size)
 void CheckTurn(const sbd::AnalysisModel& model, sbd::ResultCube cube)
 {
     const std::size_t count = cube.values.size();
-    const std::vector<double> before = cube.values;
+    const sbd::ResultValues before = cube.values;
     std::size_t turned = 0;
     for (int turn = 0; turn < 4; ++turn)
         turned = sbd::TurnForceAxes(model, cube);

@@ -1,7 +1,7 @@
 #include "panels/result_output.h"
 
 #include "document/section_doc.h"
-#include "results/figure_heading.h"
+#include "results/result_csv.h"
 #include "results/result_title.h"
 
 #include <QFontMetricsF>
@@ -19,6 +19,7 @@ namespace {
 
 constexpr double kPixelsPerInch = 96; // of the column widths
 constexpr double kPadding = 3;        // pixels between a line and a text
+constexpr double kLeastShrink = 0.6;  // of columns that do not fit on a sheet
 constexpr std::size_t kHeadRows = 3;  // a blank line, the heads, their units; below the title
 
 QString CellOf(const CResultTable& table, std::size_t row, std::size_t column)
@@ -33,16 +34,12 @@ QString UnitOf(const CResultTable& table, std::size_t column)
     return unit.isEmpty() ? unit : u'[' + unit + u']';
 }
 
-/// What stands over the table: its title, from where it is, and words of warning where the input is newer or the files
-/// have faults.
+/// What stands over the table.
 QStringList HeadLines(const CResultTable& table, const ResultSelection& selection, const ResultState& state)
 {
-    QStringList lines{ResultTitle(selection)};
-    for (const std::string& line : {OriginText(state), StaleLine(state)})
-        if (!line.empty())
-            lines << toQString(line);
-    if (const QString warning = toQString(table.FaultLine()); !warning.isEmpty())
-        lines << warning;
+    QStringList lines;
+    for (const std::string& line : TableHeadLines(table, selection, state))
+        lines << toQString(line);
     return lines;
 }
 
@@ -66,50 +63,60 @@ QStringList Wrapped(const QStringList& lines, const QFontMetricsF& metrics, doub
     return wrapped;
 }
 
-/// Rows of the grid that are filled, the heads included.
-std::size_t FilledRows(const CResultTable& table)
-{
-    return table.RowCount() > 0 ? kFirstValueRow + table.RowCount() : std::min<std::size_t>(table.GridRowCount(), 1);
-}
-
-QString CsvCell(QString text)
-{
-    if (!text.contains(u',') && !text.contains(u'"') && !text.contains(u'\n'))
-        return text;
-    return u'"' + text.replace(u'"', u"\"\""_s) + u'"';
-}
-
 /// Lays the table out in pixels; the painter is scaled.
 class TablePrinter {
 public:
+    /// The columns that stand on one sheet, from the left.
+    using Columns = std::vector<std::size_t>;
+
     TablePrinter(QPainter& painter, const CResultTable& table, const QFont& font)
         : painter_(painter)
         , table_(table)
         , metrics_(font)
     {
-        double width = 0;
-        for (std::size_t column = 0; column < table.GridColumnCount(); ++column) {
-            lefts_.push_back(width);
-            width += ColumnWidth(column);
-        }
-        lefts_.push_back(width);
+        for (std::size_t column = 0; column < table.GridColumnCount(); ++column)
+            widths_.push_back(ColumnWidth(column));
         rowHeight_ = metrics_.height() + kPadding;
     }
 
-    [[nodiscard]] double Width() const { return lefts_.back(); }
     [[nodiscard]] double RowHeight() const { return rowHeight_; }
-
-    void Row(std::size_t row, double top)
+    [[nodiscard]] double Width(const Columns& columns) const
     {
-        for (std::size_t column = 0; column < table_.GridColumnCount(); ++column) {
+        double width = 0;
+        for (const std::size_t column : columns)
+            width += widths_[column];
+        return width;
+    }
+
+    /// Number and name stand on each sheet, a load case beside the value that it decides.
+    [[nodiscard]] std::vector<Columns> Sheets(double width) const
+    {
+        std::vector<Columns> sheets(1);
+        for (std::size_t column = 0; column < widths_.size();) {
+            Columns next{column};
+            while (++column < widths_.size() && column > kFirstValueColumn && table_.HasWords(column))
+                next.push_back(column);
+            Columns& last = sheets.back();
+            if (last.size() > kFirstValueColumn && Width(last) + Width(next) > width)
+                sheets.push_back({kNumberColumn, kNameColumn});
+            sheets.back().insert(sheets.back().end(), next.begin(), next.end());
+        }
+        return sheets;
+    }
+
+    void Row(const Columns& columns, std::size_t row, double top)
+    {
+        double left = 0;
+        for (const std::size_t column : columns) {
             const double lines = row == 0 ? 2 : 1;
-            const QRectF cell(lefts_[column], top, lefts_[column + 1] - lefts_[column], lines * rowHeight_);
+            const QRectF cell(left, top, widths_[column], lines * rowHeight_);
+            left += widths_[column];
             if (table_.CellBackground(row, column))
                 painter_.fillRect(cell, QColor(0xE0, 0xE0, 0xE0));
             painter_.drawRect(cell);
-            const Qt::Alignment side = row == 0                ? Qt::AlignHCenter
-                                       : column == kNameColumn ? Qt::AlignLeft
-                                                               : Qt::AlignRight;
+            const Qt::Alignment side = row == 0                  ? Qt::AlignHCenter
+                                       : table_.HasWords(column) ? Qt::AlignLeft
+                                                                 : Qt::AlignRight;
             painter_.drawText(cell.adjusted(kPadding, 0, -kPadding, 0), int(side | Qt::AlignVCenter),
                               row == 0 ? CellOf(table_, 0, column) + u'\n' + UnitOf(table_, column)
                                        : CellOf(table_, row, column));
@@ -117,10 +124,11 @@ public:
     }
 
 private:
-    /// That of the grid, or that of the widest of its texts.
+    /// That of the grid, of load cases only where they need it, or that of the widest of its texts.
     [[nodiscard]] double ColumnWidth(std::size_t column) const
     {
-        double width = std::max<double>(table_.GridColumnWidth(column),
+        const bool isCase = column > kNameColumn && table_.HasWords(column);
+        double width = std::max<double>(isCase ? 0 : table_.GridColumnWidth(column),
                                         metrics_.horizontalAdvance(UnitOf(table_, column)) + 2 * kPadding);
         for (std::size_t row = 0; row < FilledRows(table_); ++row)
             width = std::max(width, metrics_.horizontalAdvance(CellOf(table_, row, column)) + 2 * kPadding);
@@ -130,7 +138,7 @@ private:
     QPainter& painter_;
     const CResultTable& table_;
     QFontMetricsF metrics_;
-    std::vector<double> lefts_;
+    std::vector<double> widths_;
     double rowHeight_ = 0;
 };
 
@@ -143,23 +151,20 @@ QString ResultTitle(const ResultSelection& selection)
 
 QByteArray ResultCsv(const CResultTable& table, const ResultSelection& selection, const ResultState& state)
 {
-    QString text;
-    for (const QString& line : HeadLines(table, selection, state))
-        text += CsvCell(line) + u"\r\n"_s;
-    for (std::size_t row = 0; row < FilledRows(table); ++row) {
-        for (std::size_t column = kNameColumn; column < table.GridColumnCount(); ++column) {
-            if (column > kNameColumn)
-                text += u',';
-            const QString unit = row == 0 ? UnitOf(table, column) : QString();
-            text += CsvCell(CellOf(table, row, column) + (unit.isEmpty() ? unit : u' ' + unit));
-        }
-        text += u"\r\n";
-    }
-    return QByteArrayLiteral("\xEF\xBB\xBF") + text.toUtf8();
+    return QByteArray::fromStdString(CsvOfTable(table, selection, state));
+}
+
+bool IsWideTable(const CResultTable& table)
+{
+    constexpr int portrait = 700; // pixels between the margins of a sheet of A4
+    int width = 0;
+    for (std::size_t column = 0; column < table.GridColumnCount(); ++column)
+        width += table.GridColumnWidth(column);
+    return width > portrait;
 }
 
 bool PrintResultTable(QPagedPaintDevice& device, const CResultTable& table, const ResultSelection& selection,
-                      const QFont& font, const ResultState& state)
+                      const QFont& font, const ResultState& state, const PrintProgress& progress)
 {
     QPainter painter;
     if (!painter.begin(&device))
@@ -171,7 +176,12 @@ bool PrintResultTable(QPagedPaintDevice& device, const CResultTable& table, cons
     const double inch = device.logicalDpiX() / kPixelsPerInch;
     const QSizeF paper(device.width() / inch, device.height() / inch);
     TablePrinter printer(painter, table, pixels);
-    const double shrink = printer.Width() > paper.width() ? paper.width() / printer.Width() : 1;
+    // Somewhat smaller letters rather than more sheets, but never smaller than can be read.
+    const std::vector<TablePrinter::Columns> sheets = printer.Sheets(paper.width() / kLeastShrink);
+    double widest = paper.width();
+    for (const TablePrinter::Columns& columns : sheets)
+        widest = std::max(widest, printer.Width(columns));
+    const double shrink = paper.width() / widest;
     const QSizeF page = paper / shrink;
     painter.scale(inch * shrink, inch * shrink);
 
@@ -184,20 +194,25 @@ bool PrintResultTable(QPagedPaintDevice& device, const CResultTable& table, cons
     const auto fitting = static_cast<std::size_t>(page.height() / height);
     const std::size_t rowsOnPage = fitting > headRows ? fitting - headRows : 1;
     const std::size_t end = FilledRows(table);
-    const std::size_t pages = end > 1 ? (end - 2) / rowsOnPage + 1 : 1;
+    const std::size_t rowPages = end > 1 ? (end - 2) / rowsOnPage + 1 : 1;
+    const std::size_t pages = rowPages * sheets.size();
     const QRectF titleLine(0, 0, page.width(), height);
     for (std::size_t number = 0; number < pages; ++number) {
+        if (progress && !progress(static_cast<int>(number), static_cast<int>(pages)))
+            return false;
         if (number > 0 && !device.newPage())
             return false;
+        const std::size_t first = number / sheets.size() * rowsOnPage + 1;
+        const TablePrinter::Columns& columns = sheets[number % sheets.size()];
         for (qsizetype line = 0; line < title.size(); ++line)
             painter.drawText(titleLine.translated(0, static_cast<double>(line) * height),
                              int(Qt::AlignLeft | Qt::AlignVCenter), title[line]);
         painter.drawText(titleLine, int(Qt::AlignRight | Qt::AlignVCenter), u"%1 / %2"_s.arg(number + 1).arg(pages));
         if (end == 0)
             break;
-        printer.Row(0, static_cast<double>(headRows - 2) * height);
-        for (std::size_t i = 0; i < rowsOnPage && number * rowsOnPage + i + 1 < end; ++i)
-            printer.Row(number * rowsOnPage + i + 1, static_cast<double>(headRows + i) * height);
+        printer.Row(columns, 0, static_cast<double>(headRows - 2) * height);
+        for (std::size_t i = 0; i < rowsOnPage && first + i < end; ++i)
+            printer.Row(columns, first + i, static_cast<double>(headRows + i) * height);
     }
     return painter.end();
 }

@@ -7,6 +7,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
+
 class QFont;
 class QPagedPaintDevice;
 
@@ -19,9 +21,18 @@ namespace sbd {
 [[nodiscard]] QByteArray ResultCsv(const CResultTable& table, const ResultSelection& selection,
                                    const ResultState& state = {});
 
-/// Paints the table page by page, as many rows as fit under title and heads. Columns that are too wide for the paper
-/// together are made narrower, with their font. False if the device cannot be painted on.
+/// Told ahead of each page; false: the print is not wanted any more.
+using PrintProgress = std::function<bool(int done, int all)>;
+
+/// True for a table that is read better on a sheet that lies.
+[[nodiscard]] bool IsWideTable(const CResultTable& table);
+
+/// Paints the table page by page, as many rows as fit under title and heads. Columns that are too wide for the
+/// paper together are made smaller, with their font; where that could not be read they go on on another sheet, with the
+/// names. False if the device cannot be painted on, or if it is not wanted any
+/// more.
 [[nodiscard]] bool PrintResultTable(QPagedPaintDevice& device, const CResultTable& table,
-                                    const ResultSelection& selection, const QFont& font, const ResultState& state = {});
+                                    const ResultSelection& selection, const QFont& font, const ResultState& state = {},
+                                    const PrintProgress& progress = {});
 
 } // namespace sbd

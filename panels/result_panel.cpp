@@ -11,8 +11,10 @@
 #include "panels/result_output.h"
 #include "panels/result_panel_source.h"
 #include "project/block_numbers.h"
+#include "project/text.h"
 #include "results/result_faults.h"
 #include "results/result_title.h"
+#include "results/result_workbook.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -28,6 +30,7 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -65,7 +68,10 @@ QString Text8(std::string_view utf8)
 
 QString AskFile(QWidget* parent, const QString& proposal)
 {
-    return QFileDialog::getSaveFileName(parent, CDown253::tr("表をCSVに保存"), proposal, CDown253::tr("CSV (*.csv)"));
+    const bool isBook = proposal.endsWith(u".xlsx"_s);
+    return QFileDialog::getSaveFileName(
+        parent, isBook ? CDown253::tr("表をExcelに保存") : CDown253::tr("表をCSVに保存"), proposal,
+        isBook ? CDown253::tr("Excel (*.xlsx)") : CDown253::tr("CSV (*.csv)"));
 }
 
 /// The file that a table is proposed to go into.
@@ -79,8 +85,24 @@ bool PrintOnPaper(const CKELDSectionDoc& doc, QWidget* parent, const CResultTabl
 {
     QPrinter printer(QPrinter::HighResolution);
     NamePrint(printer, TableFile(doc, selection, u".pdf"_s));
+    printer.setPageOrientation(IsWideTable(table) ? QPageLayout::Landscape : QPageLayout::Portrait);
     QPrintDialog dialog(&printer, parent);
-    return dialog.exec() != QDialog::Accepted || PrintResultTable(printer, table, selection, parent->font(), state);
+    if (dialog.exec() != QDialog::Accepted)
+        return true;
+    constexpr int patience = 1000; // ms
+    QProgressDialog progress(CDown253::tr("表を印刷しています..."), CDown253::tr("中止"), 0, 1, parent);
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(patience);
+    const bool isDone =
+        PrintResultTable(printer, table, selection, parent->font(), state, [&progress](int done, int all) {
+            progress.setMaximum(all);
+            progress.setValue(done);
+            return !progress.wasCanceled();
+        });
+    if (!progress.wasCanceled())
+        return isDone;
+    printer.abort();
+    return true;
 }
 
 /// A drop list that the wheel changes only while it has the focus: who scrolls the choices must not change one.
@@ -128,7 +150,7 @@ CDown253::CDown253(CKELDSectionDoc* doc, QWidget* parent)
     })
     , shown_(doc)
     , session_(ResultSessionOf(*doc))
-    , cells_(std::make_unique<CResultSource>(doc->rowWidthMode))
+    , cells_(std::make_unique<CResultSource>(doc->rowWidthMode, session_.columnWidths))
 {
     MakeControls();
     ConnectControls();
@@ -181,6 +203,9 @@ void CDown253::MakeControls()
     form->setVerticalSpacing(kSpacing);
     form->addRow(tr("出力選択"), kind_);
     form->addRow(tr("荷重"), load_);
+    MakeEnvelopeChoice();
+    form->addRow(envelope_);
+    form->addRow(envelopeLoads_);
     form->addRow(tr("主桁(すべて･なし･桁名)"), girder_);
     form->addRow(stationLabel_, station_);
     form->addRow(tr("図出力項目"), figureItem_);
@@ -195,15 +220,23 @@ void CDown253::MakeControls()
     form->addRow(tr("絞り込み"), filter_);
 
     save_ = new QPushButton(tr("CSVに保存..."));
+    saveBook_ = new QPushButton(tr("Excelに保存..."));
+    connect(saveBook_, &QPushButton::clicked, this, &CDown253::SaveXlsx);
     print_ = new QPushButton(tr("印刷..."));
     connect(save_, &QPushButton::clicked, this, &CDown253::SaveCsv);
     connect(print_, &QPushButton::clicked, this, &CDown253::Print);
     fileOrder_ = new QPushButton(tr("ファイルの順に戻す"));
     fileOrder_->hide();
     connect(fileOrder_, &QPushButton::clicked, this, [this] { SortBy(0); });
+    sheets_ = new QPushButton(tr("図をPDFに..."));
+    sheets_->setToolTip(tr("主桁ごとの図をまとめて、しおりの付いた一つのPDFにします。"));
+    connect(sheets_, &QPushButton::clicked, this, [this] { session_.AskForSheets(); });
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(save_);
-    buttons->addWidget(print_);
+    buttons->addWidget(saveBook_);
+    auto* onPaper = new QHBoxLayout;
+    onPaper->addWidget(print_);
+    onPaper->addWidget(sheets_);
 
     state_ = new QLabel;
     state_->setWordWrap(true);
@@ -213,7 +246,9 @@ void CDown253::MakeControls()
     left->setContentsMargins(kSpacing, kSpacing, kSpacing, kSpacing);
     left->addLayout(form);
     left->addWidget(MakeColumnChoice());
+    left->addWidget(MakeOverChoice());
     left->addLayout(buttons);
+    left->addLayout(onPaper);
     left->addWidget(fileOrder_);
     left->addWidget(state_);
     left->addStretch();
@@ -257,12 +292,43 @@ QWidget* CDown253::MakeColumnChoice()
 {
     constexpr int columns = 3;
     auto* group = new QGroupBox(tr("表出力項目"));
+    group->setObjectName(u"columns"_s);
     auto* grid = new QGridLayout(group);
     grid->setVerticalSpacing(0);
     for (std::size_t i = 0; i < columnOn_.size(); ++i) {
         columnOn_[i] = new QCheckBox;
         grid->addWidget(columnOn_[i], static_cast<int>(i) / columns, static_cast<int>(i) % columns);
     }
+    return group;
+}
+
+void CDown253::MakeEnvelopeChoice()
+{
+    constexpr int listHeight = 110;
+    envelope_ = new QCheckBox(tr("荷重の最大・最小 (包絡)"));
+    envelope_->setToolTip(tr("選んだ荷重の最大値と最小値を、その荷重名とともに表と図に出します。"));
+    loads_ = new QStringListModel(this);
+    envelopeLoads_ = new QListView;
+    envelopeLoads_->setObjectName(u"envelopeLoads"_s);
+    envelopeLoads_->setModel(loads_);
+    envelopeLoads_->setAccessibleName(tr("包絡する荷重"));
+    envelopeLoads_->setToolTip(tr("包絡する荷重。Ctrl+A ですべて選びます。"));
+    envelopeLoads_->setSelectionMode(QAbstractItemView::MultiSelection);
+    envelopeLoads_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    envelopeLoads_->setUniformItemSizes(true);
+    envelopeLoads_->setFixedHeight(listHeight);
+}
+
+QWidget* CDown253::MakeOverChoice()
+{
+    overLoad_ = MakeBox();
+    overGirder_ = MakeBox();
+    auto* group = new QGroupBox(tr("図の重ね描き"));
+    auto* form = new QFormLayout(group);
+    form->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    form->setVerticalSpacing(kSpacing);
+    form->addRow(tr("図に重ねる荷重"), overLoad_);
+    form->addRow(tr("図に重ねる主桁"), overGirder_);
     return group;
 }
 
@@ -296,6 +362,11 @@ void CDown253::ConnectControls()
     connect(filter_, &QLineEdit::textChanged, this, &CDown253::OnFilter);
     connect(Grid()->horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
             [this](int section) { SortBy(section + 1); });
+    Grid()->horizontalHeader()->viewport()->installEventFilter(this);
+    connect(envelope_, &QCheckBox::toggled, this, &CDown253::OnEnvelope);
+    connect(envelopeLoads_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &CDown253::OnEnvelopeLoads);
+    connect(overLoad_, &QComboBox::currentIndexChanged, this, &CDown253::OnOver);
+    connect(overGirder_, &QComboBox::currentIndexChanged, this, &CDown253::OnOver);
     connect(Grid(), &CGridCtrl::currentCellChanged, this, &CDown253::MarkRow);
     connect(&session_, &CResultSession::picked, this, &CDown253::OnPicked);
     connect(&session_, &CResultSession::stateChanged, this, &CDown253::ShowOrigin);
@@ -333,8 +404,41 @@ void CDown253::SetUpControls()
     FillResultTable();
 }
 
+void CDown253::ShowSeveral()
+{
+    const AnalysisModel& model = shown_->Results().model;
+    const ResultSelection& selection = session_.selection;
+    const std::vector<std::string> names = EnvelopeLoads(model, selection.kind);
+    QStringList shown;
+    for (const std::string& name : names)
+        shown << toQString(ShownLoad(Trim(name)));
+    {
+        const QSignalBlocker quiet(envelope_);
+        const QSignalBlocker quietToo(envelopeLoads_->selectionModel());
+        envelope_->setChecked(selection.envelope);
+        envelopeLoads_->setVisible(selection.envelope);
+        if (loads_->stringList() != shown)
+            loads_->setStringList(shown);
+        QItemSelection chosen;
+        for (std::size_t i = 0; i < names.size(); ++i)
+            if (std::ranges::find(selection.envelopeLoads, names[i]) != selection.envelopeLoads.end())
+                chosen.select(loads_->index(static_cast<int>(i)), loads_->index(static_cast<int>(i)));
+        envelopeLoads_->selectionModel()->select(chosen, QItemSelectionModel::ClearAndSelect);
+        envelopeLoads_->viewport()->update();
+    }
+    const QString none = tr("(なし)");
+    const auto orNone = [&](const std::string& cp932) { return cp932.empty() ? none : toQString(cp932); };
+    Fill(overLoad_, QStringList{none} + Texts(ChoicesOf(model, selection.kind).loads),
+         orNone(ShownLoad(selection.overLoad)));
+    Fill(overGirder_, QStringList{none} + Texts(model.girderNames), orNone(selection.overGirder));
+    overLoad_->setEnabled(!selection.envelope);
+    overGirder_->setEnabled(!selection.envelope);
+    load_->setEnabled(!selection.envelope);
+}
+
 void CDown253::ShowLoads()
 {
+    ShowSeveral();
     const ResultSelection& selection = session_.selection;
     Fill(load_, Texts(ChoicesOf(shown_->Results().model, selection.kind).loads), toQString(ShownLoad(selection.load)));
 }
@@ -397,11 +501,15 @@ void CDown253::ShowState()
     const bool hasLoads = !shown_->Results().model.loadCaseNames.empty();
     state_->setText(!hasLoads
                         ? tr("骨組解析の結果ファイルをまだ読み込んでいません。解析が終わると、ここで読み込めます。")
+                    : !table.LoadIndex() && session_.selection.envelope
+                        ? tr("包絡する荷重が選ばれていません。一覧で荷重を選んでください。")
                     : !table.LoadIndex() ? tr("この荷重は解析結果にありません。荷重を選んでください。")
                     : table.RowCount() == 0 ? tr("選択に当てはまる結果がありません。主桁または名称を選んでください。")
                                             : tr("%1 行").arg(table.RowCount()));
     save_->setEnabled(table.RowCount() > 0);
+    saveBook_->setEnabled(table.RowCount() > 0);
     print_->setEnabled(table.RowCount() > 0);
+    sheets_->setEnabled(hasLoads && !shown_->Results().model.girderNames.empty());
 }
 
 void CDown253::ShowFaults()
@@ -443,7 +551,7 @@ void CDown253::MarkRow()
                       : std::string());
 }
 
-void CDown253::OnPicked(const std::string& name, std::size_t component, bool rightEnd)
+void CDown253::OnPicked(const std::string& name, std::size_t component, bool rightEnd, bool isLeast)
 {
     const CResultTable& table = cells_->Table();
     std::size_t row = 0;
@@ -454,9 +562,25 @@ void CDown253::OnPicked(const std::string& name, std::size_t component, bool rig
     const std::vector<ResultColumn>& columns = table.Columns();
     std::size_t column = kNameColumn;
     for (std::size_t i = 0; i < columns.size(); ++i)
-        if (columns[i].component == component && (columns[i].place != component) == rightEnd)
+        if (columns[i].component == component && (columns[i].place != component) == rightEnd && !columns[i].IsCase()
+            && (columns[i].part == ResultPart::Least) == isLeast)
             column = kFirstValueColumn + i;
     Grid()->SetFocusCell(static_cast<int>(kFirstValueRow + row), static_cast<int>(column));
+}
+
+bool CDown253::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonRelease)
+        KeepWidths();
+    return CPanel::eventFilter(watched, event);
+}
+
+void CDown253::KeepWidths()
+{
+    const int zoom = Grid()->Zoom();
+    for (int column = 1; column <= cells_->ColumnCount(); ++column)
+        if (const int width = Grid()->columnWidth(column - 1); width != cells_->ColumnWidth(column) * zoom / 100)
+            session_.columnWidths[cells_->WidthKey(column)] = (width * 100 + zoom / 2) / zoom;
 }
 
 void CDown253::OnFilter(const QString& text)
@@ -561,6 +685,44 @@ void CDown253::OnFigureItem(int index)
     session_.ShowFigureAnew();
 }
 
+void CDown253::OnEnvelope(bool on)
+{
+    ResultSelection& selection = session_.selection;
+    selection.envelope = on;
+    selection.sortColumn = 0; // the columns are others
+    if (on && EnvelopeCases(shown_->Results().model, selection).empty())
+        selection.envelopeLoads = EnvelopeLoads(shown_->Results().model, selection.kind);
+    ShowSeveral();
+    FillResultTable();
+}
+
+void CDown253::OnEnvelopeLoads()
+{
+    ResultSelection& selection = session_.selection;
+    const std::vector<std::string> names = EnvelopeLoads(shown_->Results().model, selection.kind);
+    selection.envelopeLoads.clear();
+    for (std::size_t i = 0; i < names.size(); ++i)
+        if (envelopeLoads_->selectionModel()->isSelected(loads_->index(static_cast<int>(i))))
+            selection.envelopeLoads.push_back(names[i]);
+    FillResultTable();
+}
+
+void CDown253::OnOver()
+{
+    const AnalysisModel& model = shown_->Results().model;
+    ResultSelection& selection = session_.selection;
+    const std::vector<std::string> loads = ChoicesOf(model, selection.kind).loads;
+    const int load = overLoad_->currentIndex() - 1; // behind "none"
+    const int girder = overGirder_->currentIndex() - 1;
+    selection.overLoad = load >= 0 && static_cast<std::size_t>(load) < loads.size()
+                             ? LoadOfShown(loads[static_cast<std::size_t>(load)])
+                             : std::string();
+    selection.overGirder = girder >= 0 && static_cast<std::size_t>(girder) < model.girderNames.size()
+                               ? model.girderNames[static_cast<std::size_t>(girder)]
+                               : std::string();
+    session_.ShowFigureAnew();
+}
+
 void CDown253::OnColumns()
 {
     for (std::size_t i = 0; i < columnOn_.size(); ++i)
@@ -591,7 +753,18 @@ void CDown253::SaveCsv()
     if (path.isEmpty())
         return;
     const QByteArray csv = ResultCsv(cells_->Table(), session_.selection, session_.State());
-    const FileResult result = ReplaceFileBytes(ToPath(path), {csv.constData(), static_cast<std::size_t>(csv.size())});
+    TellSaved(path, ReplaceFileBytes(ToPath(path), {csv.constData(), static_cast<std::size_t>(csv.size())}));
+}
+
+void CDown253::SaveXlsx()
+{
+    const QString path = askFile(this, TableFile(*shown_, session_.selection, u".xlsx"_s));
+    if (!path.isEmpty())
+        TellSaved(path, SaveResultWorkbook(ToPath(path), cells_->Table(), session_.selection, session_.State()));
+}
+
+void CDown253::TellSaved(const QString& path, const FileResult& result)
+{
     if (!result.Ok())
         warn(this, tr("表を保存できませんでした。%1\n元のファイルがあれば、そのまま残っています。\n"
                       "保存先の空きと権限を確かめるか、別の場所に保存してください。\n\n(詳細: %2)")
@@ -620,7 +793,9 @@ void CDown253::contextMenuEvent(QContextMenuEvent* event)
     const int column = Grid()->FocusCell().column;
     menu.addAction(tr("この列で並べ替え (昇順・降順・ファイルの順)"), this, [this, column] { SortBy(column); });
     menu.addAction(fileOrder_->text(), this, [this] { SortBy(0); })->setEnabled(session_.selection.sortColumn > 0);
+    menu.addAction(tr("見出しを付けてコピー"), Grid(), [this] { Grid()->RunCommand(Command::CopyWithHeads); });
     menu.addAction(save_->text(), this, &CDown253::SaveCsv)->setEnabled(save_->isEnabled());
+    menu.addAction(saveBook_->text(), this, &CDown253::SaveXlsx)->setEnabled(saveBook_->isEnabled());
     menu.addAction(print_->text(), this, &CDown253::Print)->setEnabled(print_->isEnabled());
     menu.exec(event->globalPos());
 }

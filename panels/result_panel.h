@@ -24,6 +24,7 @@ namespace sbd {
 class CResultSession;
 class CResultSource;
 class CResultTable;
+struct FileResult;
 struct ResultSelection;
 
 /// The choices of what is shown beside the table of it. The choices are kept by the document; the table is read from its
@@ -46,8 +47,11 @@ public:
     /// Tells the user something.
     std::function<void(QWidget* parent, const QString& message)> warn;
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 public slots:
     void SaveCsv();
+    void SaveXlsx();
     void Print();
 
 protected:
@@ -57,6 +61,8 @@ private:
     void MakeControls();
     [[nodiscard]] QWidget* MakeColumnChoice();
     [[nodiscard]] QWidget* MakeExcludedChoice();
+    void MakeEnvelopeChoice();
+    [[nodiscard]] QWidget* MakeOverChoice();
     void ConnectControls();
 
     // Controls from the selection.
@@ -65,6 +71,7 @@ private:
     void ShowStations();
     void ShowOffered();
     void ShowKindWords();
+    void ShowSeveral();
     void FillResultTable();
     void ShowState();
     void ShowFaults();
@@ -72,7 +79,9 @@ private:
     /// The figure marks the row under the cursor.
     void MarkRow();
     /// The cursor goes to what was clicked in the figure.
-    void OnPicked(const std::string& name, std::size_t component, bool rightEnd);
+    void OnPicked(const std::string& name, std::size_t component, bool rightEnd, bool isLeast);
+    /// Columns that the mouse has made wider or narrower stay so.
+    void KeepWidths();
     void OnMagnification(int index);
     void OnFilter(const QString& text);
     /// Upward, downward, and then in the order of the files again; 0: at once in that.
@@ -87,8 +96,12 @@ private:
     void OnGirder(int index);
     void OnStation(const QString& text);
     void OnFigureItem(int index);
+    void OnEnvelope(bool on);
+    void OnEnvelopeLoads();
+    void OnOver();
     void OnColumns();
     void OnExcluded();
+    void TellSaved(const QString& path, const FileResult& result);
     /// The document's copy takes what the controls show.
     void Commit();
 
@@ -109,11 +122,18 @@ private:
     QLabel* state_ = nullptr;
     QLabel* origin_ = nullptr; // below the table: from which files it is
     QComboBox* magnification_ = nullptr;
+    QCheckBox* envelope_ = nullptr;
+    QListView* envelopeLoads_ = nullptr;
+    QStringListModel* loads_ = nullptr; // that the envelope can take
+    QComboBox* overLoad_ = nullptr;     // laid over in the figure
+    QComboBox* overGirder_ = nullptr;
     QLineEdit* filter_ = nullptr;
     QPushButton* fileOrder_ = nullptr; // there while the rows stand in another one
     QLabel* faults_ = nullptr;         // below everything; hidden without a fault
     QPushButton* save_ = nullptr;
+    QPushButton* saveBook_ = nullptr;
     QPushButton* print_ = nullptr;
+    QPushButton* sheets_ = nullptr;
 };
 
 } // namespace sbd

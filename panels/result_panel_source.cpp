@@ -50,8 +50,19 @@ int CResultSource::ColumnCount() const
     return std::max(static_cast<int>(table_.GridColumnCount()) - 1, 0);
 }
 
+std::string CResultSource::WidthKey(int column) const
+{
+    // Heads of load cases are alike; the value that they belong to stands ahead of them.
+    std::string key = KindWord(table_.Kind());
+    if (column > 1 && table_.HasWords(Place(column)))
+        key += "/" + table_.CellText(0, Place(column - 1));
+    return key + "/" + table_.CellText(0, Place(column));
+}
+
 int CResultSource::ColumnWidth(int column) const
 {
+    if (const auto own = widths_.find(column > 0 ? WidthKey(column) : std::string()); own != widths_.end())
+        return std::max(own->second, kLeastWidth);
     return std::max(table_.GridColumnWidth(Place(column)) + (column > 0 ? widening_ : 0), kLeastWidth);
 }
 
@@ -88,7 +99,7 @@ QColor CResultSource::TextColor(int row, int column) const
 
 bool CResultSource::IsRightAligned(int, int column) const
 {
-    return Place(column) >= kFirstValueColumn;
+    return Place(column) >= kFirstValueColumn && !table_.HasWords(Place(column));
 }
 
 void CResultSource::Begin(GridCell at)

@@ -6,6 +6,8 @@
 
 #include <QHash>
 
+#include <map>
+#include <string>
 #include <vector>
 
 namespace sbd {
@@ -14,8 +16,11 @@ namespace sbd {
 /// filled anew; it never reaches the results.
 class CResultSource : public CGridSource {
 public:
-    /// `widening`: pixels by which each column is wider than its base.
-    explicit CResultSource(int widening) : widening_(widening) {}
+    /// `widening`: pixels by which each column is wider than its base. `widths`: those that the user has given, by WidthKey.
+    CResultSource(int widening, const std::map<std::string, int>& widths) : widening_(widening), widths_(widths) {}
+
+    /// What a column is, whatever columns stand before it: its kind and its head.
+    [[nodiscard]] std::string WidthKey(int column) const;
 
     void SetTable(CResultTable table);
     [[nodiscard]] const CResultTable& Table() const { return table_; }
@@ -61,6 +66,7 @@ private:
 
     CResultTable table_;
     int widening_;
+    const std::map<std::string, int>& widths_;
     QHash<Cell, QString> edits_;
     std::vector<Step> steps_;
 };

@@ -17,6 +17,14 @@ std::size_t MoveFront(std::span<const std::byte>& from, std::span<std::byte> int
     return count;
 }
 
+/// Takes bytes off the front of `from`.
+std::span<const std::byte> TakeFront(std::span<const std::byte>& from, std::size_t most)
+{
+    const std::span<const std::byte> front = from.first(std::min(most, from.size()));
+    from = from.subspan(front.size());
+    return front;
+}
+
 } // namespace
 
 FileSource::FileSource(FileHandle file, std::uint64_t size)
@@ -39,16 +47,33 @@ std::unique_ptr<FileSource> FileSource::Open(const std::filesystem::path& path)
     return std::unique_ptr<FileSource>(new FileSource(std::move(file), facts.size));
 }
 
+void FileSource::Fill()
+{
+    ahead_ = {piece_.get(), std::fread(piece_.get(), 1, kPiece, file_.get())};
+}
+
+std::span<const std::byte> FileSource::Next(std::size_t most)
+{
+    if (ahead_.empty())
+        Fill();
+    return TakeFront(ahead_, most);
+}
+
 std::size_t FileSource::Read(std::span<std::byte> into)
 {
     std::size_t given = MoveFront(ahead_, into);
     while (given < into.size()) {
-        ahead_ = {piece_.get(), std::fread(piece_.get(), 1, kPiece, file_.get())};
+        Fill();
         if (ahead_.empty())
             break;
         given += MoveFront(ahead_, into.subspan(given));
     }
     return given;
+}
+
+std::span<const std::byte> MemorySource::Next(std::size_t most)
+{
+    return TakeFront(left_, most);
 }
 
 std::size_t MemorySource::Read(std::span<std::byte> into)

@@ -28,6 +28,8 @@ public:
     [[nodiscard]] virtual std::uint64_t Size() const = 0;
     /// Fills `into` with the next bytes; gives how many came, fewer only at the end or when reading fails.
     [[nodiscard]] virtual std::size_t Read(std::span<std::byte> into) = 0;
+    /// The next bytes where they lie, at most `most`; none at the end. They stay there until the next call.
+    [[nodiscard]] virtual std::span<const std::byte> Next(std::size_t most) = 0;
 };
 
 /// A regular file. Folders, pipes and devices do not open: they have no size that could bound what is read.
@@ -38,8 +40,10 @@ public:
 
     [[nodiscard]] std::uint64_t Size() const override { return size_; }
     [[nodiscard]] std::size_t Read(std::span<std::byte> into) override;
+    [[nodiscard]] std::span<const std::byte> Next(std::size_t most) override;
 
 private:
+    void Fill();
     FileSource(FileHandle file, std::uint64_t size);
 
     FileHandle file_;
@@ -55,6 +59,7 @@ public:
 
     [[nodiscard]] std::uint64_t Size() const override { return size_; }
     [[nodiscard]] std::size_t Read(std::span<std::byte> into) override;
+    [[nodiscard]] std::span<const std::byte> Next(std::size_t most) override;
 
 private:
     std::span<const std::byte> left_;

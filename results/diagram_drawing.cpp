@@ -10,28 +10,35 @@ namespace {
 constexpr std::size_t kVerticalReaction = 2;  // Fz
 constexpr double kHeadHalfWidth = 8.0 / 1000; // of the pane's width
 constexpr double kHeadLength = 2;             // half-widths
+constexpr double kBarOffset = 6;              // pixels from the bar of another diagram
 
 /// Puts lines and texts at positions and values.
 class Drawing {
 public:
-    Drawing(const GirderDiagram& diagram, const DiagramScale& scale) : diagram_(diagram), scale_(scale) {}
+    Drawing(const GirderDiagram& diagram, const DiagramScale& scale, FigurePen pen)
+        : diagram_(diagram)
+        , scale_(scale)
+        , pen_(pen)
+    {
+    }
 
     void Axis() { Line({scale_.X(0), scale_.AxisY()}, {scale_.X(diagram_.Length()), scale_.AxisY()}); }
-    void Between(FigurePoint from, FigurePoint to) { Line(from, to); }
+    void Between(FigurePoint from, FigurePoint to) { Line(from, to, pen_); }
     void ToAxis(FigurePoint point) { Line(point, {point.x, scale_.AxisY()}, FigurePen::Faint); }
     [[nodiscard]] FigurePoint At(double position, double value) const { return {scale_.X(position), scale_.Y(value)}; }
 
     /// A bar from the axis to its value; a vertical reaction gets a head there.
     void Bar(FigurePoint tip)
     {
+        tip.x += pen_ == FigurePen::Plain || pen_ == FigurePen::Greatest ? 0 : kBarOffset;
         const FigurePoint foot{tip.x, scale_.AxisY()};
-        Line(foot, tip);
+        Line(foot, tip, pen_);
         if (diagram_.component != kVerticalReaction)
             return;
         const double halfWidth = scale_.screen.clientWidth * kHeadHalfWidth;
         const double back =
             tip.y - std::copysign(std::min(halfWidth * kHeadLength, std::abs(tip.y - foot.y)), tip.y - foot.y);
-        drawing_.heads.push_back({tip, {tip.x - halfWidth, back}, {tip.x + halfWidth, back}});
+        drawing_.heads.push_back({{tip, {tip.x - halfWidth, back}, {tip.x + halfWidth, back}}, pen_});
     }
 
     void Labels()
@@ -69,6 +76,7 @@ private:
 
     const GirderDiagram& diagram_;
     const DiagramScale& scale_;
+    FigurePen pen_;
     DiagramDrawing drawing_;
 };
 
@@ -104,11 +112,11 @@ void DrawReactions(Drawing& drawing, const GirderDiagram& diagram)
 
 } // namespace
 
-DiagramDrawing DrawDiagram(const GirderDiagram& diagram, const DiagramScale& scale)
+DiagramDrawing DrawDiagram(const GirderDiagram& diagram, const DiagramScale& scale, FigurePen pen)
 {
     if (diagram.bays.empty())
         return {};
-    Drawing drawing(diagram, scale);
+    Drawing drawing(diagram, scale, pen);
     drawing.Axis();
     switch (diagram.kind) {
     case ResultKind::Force:

@@ -28,14 +28,22 @@ struct FigureText {
     double value = 0;      ///< the ordinate that the text tells, if it is one
 };
 
+/// The tip of a vertical reaction.
+struct FigureHead {
+    std::array<FigurePoint, 3> corners;
+    FigurePen pen = FigurePen::Plain;
+};
+
 struct DiagramDrawing {
     std::vector<FigureLine> lines;
-    std::vector<std::array<FigurePoint, 3>> heads; ///< filled tips of vertical reactions
-    std::vector<FigureText> stationNames;          ///< at the axis, on the side where no values are
+    std::vector<FigureHead> heads;        ///< filled
+    std::vector<FigureText> stationNames; ///< at the axis, on the side where no values are
     std::vector<FigureText> values;
 };
 
-/// A diagram without bays draws nothing.
-[[nodiscard]] DiagramDrawing DrawDiagram(const GirderDiagram& diagram, const DiagramScale& scale);
+/// A diagram without bays draws nothing. `pen`: of its line; with another one than the plain one it is one of several,
+/// whose bars stand beside each other.
+[[nodiscard]] DiagramDrawing DrawDiagram(const GirderDiagram& diagram, const DiagramScale& scale,
+                                         FigurePen pen = FigurePen::Plain);
 
 } // namespace sbd

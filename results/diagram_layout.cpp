@@ -29,6 +29,7 @@ struct Wish {
     bool isValue = false;
     int rank = kOther;
     FigureMark mark = FigureMark::None;
+    FigurePen pen = FigurePen::Plain;
 };
 
 std::string Trimmed(std::string_view text)
@@ -56,24 +57,38 @@ bool IsInPane(FigurePoint point, const FigureScreen& screen)
     return point.x >= 0 && point.y >= 0 && point.x <= screen.clientWidth && point.y <= screen.clientHeight;
 }
 
-/// Texts in the order in which they look for a place.
-std::vector<Wish> WishesOf(const GirderDiagram& diagram, const DiagramDrawing& drawing, const FigureScreen& screen,
-                           const TextMetrics& metrics)
+/// Texts in the order in which they look for a place. `drawings`: those of the curves; `named`: which of them has the names.
+std::vector<Wish> WishesOf(std::span<const DiagramCurve> curves, const std::vector<DiagramDrawing>& drawings,
+                           std::size_t named, const FigureScreen& screen, const TextMetrics& metrics)
 {
     std::vector<Wish> wishes;
+    double greatest = 0;
+    double least = 0;
+    bool any = false;
+    for (const DiagramCurve& curve : curves) {
+        if (curve.diagram.bays.empty())
+            continue;
+        greatest = any ? std::max(greatest, curve.diagram.greatest) : curve.diagram.greatest;
+        least = any ? std::min(least, curve.diagram.least) : curve.diagram.least;
+        any = true;
+    }
     bool greatestDone = false;
-    bool leastDone = !(diagram.least < diagram.greatest);
-    const auto add = [&](const FigureText& text, bool isValue) {
+    bool leastDone = !(least < greatest);
+    const auto add = [&](const GirderDiagram& diagram, FigurePen pen, const FigureText& text, bool isValue) {
         if (!IsInPane(text.at, screen)) // NaN is in none
             return;
         std::string words = Trimmed(text.text);
         if (words.empty())
             return;
-        Wish wish{.text = &text, .words = std::move(words), .isValue = isValue, .rank = RankOf(diagram, text.point)};
-        if (isValue && !greatestDone && text.value == diagram.greatest) {
+        Wish wish{.text = &text,
+                  .words = std::move(words),
+                  .isValue = isValue,
+                  .rank = RankOf(diagram, text.point),
+                  .pen = isValue ? pen : FigurePen::Plain};
+        if (isValue && !greatestDone && text.value == greatest) {
             wish.mark = FigureMark::Greatest;
             greatestDone = true;
-        } else if (isValue && !leastDone && text.value == diagram.least) {
+        } else if (isValue && !leastDone && text.value == least) {
             wish.mark = FigureMark::Least;
             leastDone = true;
         }
@@ -82,10 +97,11 @@ std::vector<Wish> WishesOf(const GirderDiagram& diagram, const DiagramDrawing& d
         wish.width = metrics.width(wish.words);
         wishes.push_back(std::move(wish));
     };
-    for (const FigureText& text : drawing.values)
-        add(text, true);
-    for (const FigureText& text : drawing.stationNames)
-        add(text, false);
+    for (std::size_t i = 0; i < curves.size(); ++i)
+        for (const FigureText& text : drawings[i].values)
+            add(curves[i].diagram, curves[i].pen, text, true);
+    for (const FigureText& text : drawings[named].stationNames)
+        add(curves[named].diagram, FigurePen::Plain, text, false);
     std::ranges::stable_sort(wishes, {}, &Wish::rank);
     return wishes;
 }
@@ -146,7 +162,7 @@ public:
         if (drawing.lines.size() > most)
             return;
         for (const FigureLine& line : drawing.lines)
-            if (line.pen == FigurePen::Plain)
+            if (line.pen != FigurePen::Faint)
                 lines_.push_back(line);
     }
 
@@ -212,7 +228,7 @@ Layout Place(const std::vector<Wish>& wishes, CLabelRoom room, const CLineField&
             continue;
         const LabelBox& box = found->box;
         room.Take(box);
-        PlacedText text{wish.words, box, upright, wish.mark, std::nullopt};
+        PlacedText text{wish.words, box, upright, wish.mark, std::nullopt, wish.pen};
         if (found->isOut) {
             const bool below = box.top > wish.text->at.y;
             text.leader =
@@ -324,9 +340,10 @@ void PlaceSigns(const DiagramScale& scale, const TextMetrics& metrics, CLabelRoo
     }
 }
 
-std::string NoteText(std::size_t shown, std::size_t values)
+std::string NoteText(std::size_t shown, std::size_t values, const FigureScreen& screen)
 {
-    return Cp932("値 " + std::to_string(shown) + "/" + std::to_string(values) + " を表示 (拡大すると残りも出ます)");
+    return Cp932("値 " + std::to_string(shown) + "/" + std::to_string(values) + " を表示"
+                 + (screen.isPaper ? "" : " (拡大すると残りも出ます)"));
 }
 
 /// The corner in which it is said that there are more values than texts; nothing if no corner has room.
@@ -335,7 +352,7 @@ std::optional<LabelBox> TakeNotePlace(const FigureScreen& screen, std::size_t va
 {
     if (!(metrics.height > 0))
         return std::nullopt;
-    const double width = metrics.width(NoteText(values, values));
+    const double width = metrics.width(NoteText(values, values, screen));
     const double bottom = screen.clientHeight - metrics.height - kGap;
     for (double up = 0; up < screen.clientHeight / 2; up += metrics.height)
         for (const double left : {screen.clientWidth - width - kGap, kGap}) {
@@ -350,20 +367,31 @@ std::optional<LabelBox> TakeNotePlace(const FigureScreen& screen, std::size_t va
 
 } // namespace
 
-DiagramPage LayOutDiagram(const GirderDiagram& diagram, const DiagramScale& scale, const TextMetrics& metrics,
-                          std::span<const LabelBox> taken)
+DiagramPage LayOutDiagrams(std::span<const DiagramCurve> curves, const DiagramScale& scale, const TextMetrics& metrics,
+                           std::span<const LabelBox> taken)
 {
     DiagramPage page;
-    page.drawing = DrawDiagram(diagram, scale);
-    if (diagram.bays.empty())
+    std::vector<DiagramDrawing> drawings;
+    std::size_t longest = 0;
+    for (std::size_t i = 0; i < curves.size(); ++i) {
+        drawings.push_back(DrawDiagram(curves[i].diagram, scale, curves[i].pen));
+        const DiagramDrawing& own = drawings.back();
+        page.drawing.lines.insert(page.drawing.lines.end(), own.lines.begin(), own.lines.end());
+        page.drawing.heads.insert(page.drawing.heads.end(), own.heads.begin(), own.heads.end());
+        page.drawing.values.insert(page.drawing.values.end(), own.values.begin(), own.values.end());
+        if (curves[i].diagram.Length() > curves[longest].diagram.Length())
+            longest = i;
+    }
+    if (std::ranges::all_of(curves, [](const DiagramCurve& curve) { return curve.diagram.bays.empty(); }))
         return page;
+    page.drawing.stationNames = drawings[longest].stationNames;
     CLabelRoom room({0, 0, scale.screen.clientWidth, scale.screen.clientHeight});
     for (const LabelBox& box : taken)
         room.Take(box);
     const CLineField lines(page.drawing);
-    const std::vector<Wish> wishes = WishesOf(diagram, page.drawing, scale.screen, metrics);
+    const std::vector<Wish> wishes = WishesOf(curves, drawings, longest, scale.screen, metrics);
     page.values = static_cast<std::size_t>(std::ranges::count(wishes, true, &Wish::isValue));
-    SpanStrip(diagram, scale, metrics, page).Draw(room);
+    SpanStrip(curves[longest].diagram, scale, metrics, page).Draw(room);
     PlaceSigns(scale, metrics, room, page);
     Layout layout = BestLayout(wishes, room, lines, metrics.height);
     if (layout.valuesShown < page.values) {
@@ -371,12 +399,19 @@ DiagramPage LayOutDiagram(const GirderDiagram& diagram, const DiagramScale& scal
         const std::optional<LabelBox> note = TakeNotePlace(scale.screen, page.values, metrics, room);
         layout = BestLayout(wishes, room, lines, metrics.height);
         if (note)
-            page.texts.push_back(
-                {NoteText(layout.valuesShown, page.values), *note, false, FigureMark::None, std::nullopt});
+            page.texts.push_back({NoteText(layout.valuesShown, page.values, scale.screen), *note, false,
+                                  FigureMark::None, std::nullopt});
     }
     page.valuesShown = layout.valuesShown;
     std::ranges::move(layout.texts, std::back_inserter(page.texts));
     return page;
+}
+
+DiagramPage LayOutDiagram(const GirderDiagram& diagram, const DiagramScale& scale, const TextMetrics& metrics,
+                          std::span<const LabelBox> taken)
+{
+    const DiagramCurve curve{diagram, FigurePen::Plain, {}};
+    return LayOutDiagrams({&curve, 1}, scale, metrics, taken);
 }
 
 } // namespace sbd

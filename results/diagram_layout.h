@@ -1,6 +1,7 @@
 // Where the texts of a diagram stand, so that none is written over another one, and what lies under it: supports and spans.
 #pragma once
 
+#include "results/diagram_curves.h"
 #include "results/diagram_drawing.h"
 #include "results/label_room.h"
 
@@ -29,18 +30,21 @@ struct PlacedText {
     bool upright = false; ///< read from below
     FigureMark mark = FigureMark::None;
     std::optional<FigureLine> leader; ///< from the point to a text that had to give way
+    FigurePen pen = FigurePen::Plain; ///< whose ink a text without a mark has
 };
 
 struct DiagramPage {
-    DiagramDrawing drawing; ///< with the supports and spans; its texts are those that ask for a place
+    DiagramDrawing drawing; ///< of all diagrams, with the supports and spans; its texts are those that ask for a place
     std::vector<PlacedText> texts;
     std::size_t values = 0; ///< whose points are in the pane
     std::size_t valuesShown = 0;
 };
 
-/// The diagram with its texts. No box of a text overlaps another one or one of `taken`. Where they do not all have room,
+/// The diagrams with their texts, the names of the points being those of the longest one. No box of a text overlaps another one or one of `taken`. Where they do not all have room,
 /// the extremes come first, then the ends, the supports, and of the others evenly what fits; an enlarged figure shows the
 /// rest.
+[[nodiscard]] DiagramPage LayOutDiagrams(std::span<const DiagramCurve> curves, const DiagramScale& scale,
+                                         const TextMetrics& metrics, std::span<const LabelBox> taken);
 [[nodiscard]] DiagramPage LayOutDiagram(const GirderDiagram& diagram, const DiagramScale& scale,
                                         const TextMetrics& metrics, std::span<const LabelBox> taken);
 

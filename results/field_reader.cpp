@@ -1,5 +1,6 @@
 #include "results/field_reader.h"
 
+#include <cstring>
 #include <limits>
 
 namespace sbd {
@@ -36,6 +37,34 @@ std::size_t FieldReader::Take(std::span<std::byte> into)
     left_ = got == into.size() ? left_ - got : 0;
     endedEarly_ = endedEarly_ || got < into.size();
     return got;
+}
+
+ResultValues FieldReader::Values(std::uint64_t count)
+{
+    const auto whole = static_cast<std::size_t>(std::min<std::uint64_t>(count, left_ / sizeof(double)));
+    using Memory = CZeroedMemory<double>;
+    ResultValues values(whole, Memory(Memory::Fresh()));
+    const std::size_t size = whole * sizeof(double);
+    std::size_t got = 0;
+    while (got < size) {
+        const std::span<const std::byte> piece = source_.Next(std::min(size - got, kPiece));
+        if (piece.empty())
+            break;
+        if (std::ranges::any_of(piece, [](std::byte byte) { return byte != std::byte{0}; }))
+            std::memcpy(reinterpret_cast<std::byte*>(values.data()) + got, piece.data(), piece.size());
+        got += piece.size();
+    }
+    taken_ += got;
+    left_ = got == size ? left_ - got : 0;
+    arrayWasMissing_ = got == 0;
+    if (got < size || whole < count) {
+        endedEarly_ = true;
+        std::array<std::byte, sizeof(double)> cutEntry;
+        arrayWasMissing_ = Take(cutEntry) == 0 && arrayWasMissing_;
+    }
+    values.resize(got / sizeof(double));
+    detail::FromFileOrder(std::as_writable_bytes(std::span(values)), sizeof(double));
+    return {std::move(values), Memory()}; // from now on a list like others
 }
 
 std::int32_t FieldReader::Word()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "results/byte_source.h"
+#include "results/zeroed_memory.h"
 
 #include <algorithm>
 #include <array>
@@ -77,6 +78,9 @@ public:
     /// `count` entries (numbers, or arrays of numbers), or as many as there are whole.
     template <typename T>
     [[nodiscard]] std::vector<T> Array(std::uint64_t count);
+
+    /// The same of numbers. Pieces of the source that are all zeros cost no memory.
+    [[nodiscard]] ResultValues Values(std::uint64_t count);
 
     /// True if the last Array found no byte at all.
     [[nodiscard]] bool ArrayWasMissing() const { return arrayWasMissing_; }

@@ -70,10 +70,13 @@ void AppendWarnings(FigureHeading& heading, const AnalysisResults& results, cons
             heading.push_back({{std::move(line), FigureMark::Warning}});
 }
 
-std::string DiagramScaleText(const GirderDiagram& diagram, const DiagramScale& scale)
+std::string DiagramScaleText(std::span<const DiagramCurve> curves, const DiagramScale& scale)
 {
-    if (!CanTell(scale.sxScale) || !CanTell(scale.syScale) || diagram.Length() <= 0 || diagram.Amplitude() <= 0)
+    const bool isDrawn = std::ranges::any_of(
+        curves, [](const DiagramCurve& curve) { return curve.diagram.Length() > 0 && curve.diagram.Amplitude() > 0; });
+    if (!CanTell(scale.sxScale) || !CanTell(scale.syScale) || !isDrawn)
         return {};
+    const GirderDiagram& diagram = curves.front().diagram;
     const double perCentimetre = kMillimetresPerCentimetre / (scale.syScale * scale.screen.millimetresPerPixel);
     const double metresPerPixel = 1 / scale.sxScale;
     if (!CanTell(perCentimetre) || !CanTell(metresPerPixel))
@@ -88,20 +91,63 @@ bool IsTurned(const GirderDiagram& diagram)
     return diagram.kind == ResultKind::Displacement && diagram.component != kVertical;
 }
 
-std::vector<FigureWords> ExtremesLine(const GirderDiagram& diagram)
+enum class Extreme { Greatest, Least };
+
+/// "最大 1234.5 (C5)", of an envelope with the load case.
+FigureWords ExtremeWords(const AnalysisModel& model, const GirderDiagram& diagram, Extreme which)
 {
-    const auto part = [&](std::string_view word, double value, FigureMark mark) {
-        const std::string station = StationOf(diagram, value);
-        return FigureWords{Cp932(word) + " " + Number(value, kValueDecimals)
-                               + (station.empty() ? station : " (" + station + ")"),
-                           mark};
-    };
-    std::vector<FigureWords> line{part("最大", diagram.greatest, FigureMark::Greatest),
-                                  part("最小", diagram.least, FigureMark::Least),
-                                  {"正の値は軸の下側"_cp932}};
-    if (IsTurned(diagram))
-        line.push_back({"表とは正負が逆"_cp932});
-    return line;
+    const bool isGreatest = which == Extreme::Greatest;
+    const double value = isGreatest ? diagram.greatest : diagram.least;
+    std::string place = StationOf(diagram, value);
+    if (const std::string load = ShownLoadAt(model, CaseOf(diagram, value)); !load.empty())
+        place += (place.empty() ? "" : ", ") + load;
+    constexpr double half = 0.05; // of the last digit: what is less has no sign
+    return {Cp932(isGreatest ? "最大" : "最小") + " " + Number(std::abs(value) < half ? 0 : value, kValueDecimals)
+                + (place.empty() ? place : " (" + place + ")"),
+            isGreatest ? FigureMark::Greatest : FigureMark::Least};
+}
+
+void AppendExtremes(FigureHeading& heading, const AnalysisModel& model, std::span<const DiagramCurve> curves)
+{
+    std::vector<FigureWords> signs{{"正の値は軸の下側"_cp932}};
+    if (IsTurned(curves.front().diagram))
+        signs.push_back({"表とは正負が逆"_cp932});
+    if (ShowsEnvelope(curves)) {
+        std::vector<FigureWords> line;
+        for (const DiagramCurve& curve : curves) {
+            line.push_back(ExtremeWords(model, curve.diagram,
+                                        curve.pen == FigurePen::Greatest ? Extreme::Greatest : Extreme::Least));
+            line.back().sample = curve.pen;
+        }
+        line.insert(line.end(), signs.begin(), signs.end());
+        heading.push_back(std::move(line));
+        return;
+    }
+    for (const DiagramCurve& curve : curves) {
+        std::vector<FigureWords> line;
+        if (curves.size() > 1)
+            line.push_back({curve.name, FigureMark::None, curve.pen});
+        if (!curve.diagram.bays.empty())
+            for (const Extreme which : {Extreme::Greatest, Extreme::Least})
+                line.push_back(ExtremeWords(model, curve.diagram, which));
+        if (&curve == &curves.back())
+            line.insert(line.end(), signs.begin(), signs.end());
+        heading.push_back(std::move(line));
+    }
+}
+
+/// "[1] 死荷重　[2] ...": the load cases whose numbers stand at the values.
+void AppendCases(FigureHeading& heading, const AnalysisModel& model, std::span<const DiagramCurve> curves)
+{
+    constexpr std::size_t most = 20; // more would leave no room for the figure
+    const std::vector<std::size_t> cases = DecidingCases(curves);
+    std::vector<FigureWords> line;
+    for (std::size_t i = 0; i < std::min(cases.size(), most); ++i)
+        line.push_back({"[" + std::to_string(i + 1) + "] " + ShownLoadAt(model, static_cast<std::int64_t>(cases[i]))});
+    if (cases.size() > most)
+        line.push_back({Cp932("ほか " + std::to_string(cases.size() - most) + " 件 (表に荷重名)")});
+    if (!line.empty())
+        heading.push_back(std::move(line));
 }
 
 } // namespace
@@ -117,14 +163,26 @@ std::string OriginText(const ResultState& state)
 }
 
 FigureHeading DiagramHeading(const AnalysisResults& results, const ResultSelection& selection,
-                             const GirderDiagram& diagram, const DiagramScale& scale, const ResultState& state)
+                             std::span<const DiagramCurve> curves, const DiagramScale& scale, const ResultState& state)
 {
     FigureHeading heading{{{FigureTitle(results.model, selection)}}};
-    AppendOrigin(heading, state, DiagramScaleText(diagram, scale));
-    if (!diagram.bays.empty())
-        heading.push_back(ExtremesLine(diagram));
-    AppendWarnings(heading, results, state, diagram.notNumbers);
+    AppendOrigin(heading, state, DiagramScaleText(curves, scale));
+    std::size_t notNumbers = 0;
+    for (const DiagramCurve& curve : curves)
+        notNumbers += curve.diagram.notNumbers;
+    if (std::ranges::any_of(curves, [](const DiagramCurve& curve) { return !curve.diagram.bays.empty(); })) {
+        AppendExtremes(heading, results.model, curves);
+        AppendCases(heading, results.model, curves);
+    }
+    AppendWarnings(heading, results, state, notNumbers);
     return heading;
+}
+
+FigureHeading DiagramHeading(const AnalysisResults& results, const ResultSelection& selection,
+                             const GirderDiagram& diagram, const DiagramScale& scale, const ResultState& state)
+{
+    const DiagramCurve curve{diagram, FigurePen::Plain, {}};
+    return DiagramHeading(results, selection, std::span(&curve, 1), scale, state);
 }
 
 FigureHeading FrameHeading(const AnalysisResults& results, const std::string& title, const FigureScreen& screen,
@@ -157,7 +215,8 @@ std::vector<HeadingPart> PlaceHeading(const FigureHeading& heading, const TextMe
     double y = top;
     for (const std::vector<FigureWords>& line : heading) {
         double x = left;
-        for (const FigureWords& words : line)
+        for (const FigureWords& words : line) {
+            bool isFirst = true;
             for (std::size_t begin = 0; begin < words.text.size();) {
                 // Parts are divided by wide blanks, which a second byte of another character cannot be taken for.
                 std::size_t end = begin;
@@ -167,14 +226,17 @@ std::vector<HeadingPart> PlaceHeading(const FigureHeading& heading, const TextMe
                 begin = std::min(end + blank.size(), words.text.size());
                 if (part.empty())
                     continue;
-                const double wide = metrics.width(part);
+                const std::optional<FigurePen> sample = isFirst ? words.sample : std::nullopt;
+                isFirst = false;
+                const double wide = metrics.width(part) + (sample ? kSamplePlace : 0);
                 if (x > left && x + wide > left + width) {
                     x = left;
                     y += metrics.height;
                 }
-                placed.push_back({{part, words.mark}, {x, y, wide, metrics.height}});
+                placed.push_back({{part, words.mark, sample}, {x, y, wide, metrics.height}});
                 x += wide + gap;
             }
+        }
         y += metrics.height;
     }
     return placed;

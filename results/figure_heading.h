@@ -5,6 +5,8 @@
 #include "results/result_selection.h"
 #include "results/result_state.h"
 
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -14,6 +16,7 @@ namespace sbd {
 struct FigureWords {
     std::string text;
     FigureMark mark = FigureMark::None;
+    std::optional<FigurePen> sample = std::nullopt; ///< a piece of line in front of it, as in a legend
 
     friend bool operator==(const FigureWords&, const FigureWords&) = default;
 };
@@ -22,7 +25,12 @@ using FigureHeading = std::vector<std::vector<FigureWords>>;
 /// "計画: box2.sbd　結果: 2026/11/22 09:30": what of it is known.
 [[nodiscard]] std::string OriginText(const ResultState& state);
 
-/// Of a diagram along a girder.
+/// Of the diagrams along girders, with a legend where there are several: extremes of each, and of an envelope the load
+/// cases by the numbers that stand at the values.
+[[nodiscard]] FigureHeading DiagramHeading(const AnalysisResults& results, const ResultSelection& selection,
+                                           std::span<const DiagramCurve> curves, const DiagramScale& scale,
+                                           const ResultState& state);
+
 [[nodiscard]] FigureHeading DiagramHeading(const AnalysisResults& results, const ResultSelection& selection,
                                            const GirderDiagram& diagram, const DiagramScale& scale,
                                            const ResultState& state);
@@ -38,8 +46,11 @@ using FigureHeading = std::vector<std::vector<FigureWords>>;
 /// parts, which lie one below the other from `left` and `top` on.
 struct HeadingPart {
     FigureWords words;
-    LabelBox box;
+    LabelBox box; ///< of the words, the sample in front of them included
 };
+/// Length of a sample, and of the place that it takes.
+inline constexpr double kSampleLength = 22;
+inline constexpr double kSamplePlace = 26;
 [[nodiscard]] std::vector<HeadingPart> PlaceHeading(const FigureHeading& heading, const TextMetrics& metrics,
                                                     double left, double top, double width);
 

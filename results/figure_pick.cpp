@@ -83,12 +83,20 @@ DiagramPick PickOf(const AnalysisResults& results, const GirderDiagram& diagram,
 {
     const std::size_t point = ordinate.bay + (ordinate.rightEnd ? 1 : 0);
     const std::string node = NameAt(results.model.nodeNames, diagram.nodes[point]);
-    DiagramPick pick{RowName(results.model, diagram, ordinate), ordinate.rightEnd, ordinate.value, ordinate.tip, {}};
+    DiagramPick pick{.name = RowName(results.model, diagram, ordinate),
+                     .rightEnd = ordinate.rightEnd,
+                     .value = ordinate.value,
+                     .at = ordinate.tip,
+                     .words = {}};
     if (diagram.kind == ResultKind::Force)
         pick.words = "要素 "_cp932 + pick.name + (ordinate.rightEnd ? " 右端\n"_cp932 : " 左端\n"_cp932);
     pick.words += "格点 "_cp932 + node + " (" + diagram.stationNames[point] + ")\n"
                   + ComponentWord(diagram.kind, diagram.component) + " = " + Fixed(ordinate.value) + " "
                   + UnitWord(diagram.kind, diagram.component);
+    const DiagramBay& bay = diagram.bays[ordinate.bay];
+    if (const std::string load = ShownLoadAt(results.model, ordinate.rightEnd ? bay.rightCase : bay.leftCase);
+        !load.empty())
+        pick.words += "\n荷重 "_cp932 + load;
     return pick;
 }
 
@@ -130,6 +138,25 @@ std::optional<DiagramPick> PickOrdinate(const AnalysisResults& results, const Gi
             best = &ordinates[right ? i + 1 : i];
         }
     return best == nullptr ? std::nullopt : std::optional(PickOf(results, diagram, *best));
+}
+
+std::optional<DiagramPick> PickOrdinate(const AnalysisResults& results, std::span<const DiagramCurve> curves,
+                                        const DiagramScale& scale, FigurePoint pointer)
+{
+    std::optional<DiagramPick> best;
+    double bestDistance = 0;
+    for (const DiagramCurve& curve : curves) {
+        std::optional<DiagramPick> own = PickOrdinate(results, curve.diagram, scale, pointer);
+        const double distance = own ? Distance(pointer, own->at) : 0;
+        if (!own || (best && distance > bestDistance))
+            continue;
+        if (!curve.name.empty())
+            own->words = curve.name + "\n" + own->words;
+        own->pen = curve.pen;
+        best = std::move(own);
+        bestDistance = distance;
+    }
+    return best;
 }
 
 std::vector<FigurePoint> OrdinatesOf(const AnalysisResults& results, const GirderDiagram& diagram,

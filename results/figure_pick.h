@@ -1,6 +1,7 @@
 // What of a figure lies under the pointer.
 #pragma once
 
+#include "results/diagram_curves.h"
 #include "results/model_overlay.h"
 #include "results/result_diagram.h"
 
@@ -13,17 +14,23 @@ namespace sbd {
 
 /// An ordinate of a diagram.
 struct DiagramPick {
-    std::string name;      ///< of the row in the table: member or node, in CP932
-    bool rightEnd = false; ///< of the member
-    double value = 0;      ///< as the figure has it
-    FigurePoint at;        ///< its place on the screen
-    std::string words;     ///< CP932, in lines: what, where, how much
+    std::string name;                 ///< of the row in the table: member or node, in CP932
+    bool rightEnd = false;            ///< of the member
+    double value = 0;                 ///< as the figure has it
+    FigurePen pen = FigurePen::Plain; ///< of the diagram, where there are several
+    FigurePoint at;                   ///< its place on the screen
+    std::string words;                ///< CP932, in lines: what, where, how much
 };
 
 /// The ordinate whose tip or bar lies at the pointer, else the nearer one of the bay between whose axis and line the
 /// pointer is; nothing elsewhere. Ordinates that are no numbers are never found.
 [[nodiscard]] std::optional<DiagramPick> PickOrdinate(const AnalysisResults& results, const GirderDiagram& diagram,
                                                       const DiagramScale& scale, FigurePoint pointer);
+
+/// The same of several diagrams; of those equally near that of the last one.
+[[nodiscard]] std::optional<DiagramPick> PickOrdinate(const AnalysisResults& results,
+                                                      std::span<const DiagramCurve> curves, const DiagramScale& scale,
+                                                      FigurePoint pointer);
 
 /// The ordinates of the row of the table with this name: both ends of a member, or the point of a node.
 [[nodiscard]] std::vector<FigurePoint> OrdinatesOf(const AnalysisResults& results, const GirderDiagram& diagram,

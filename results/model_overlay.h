@@ -24,6 +24,9 @@ enum class FigurePen {
     Selected,   ///< the row under the cursor
     Plain,      ///< supports, diagrams
     Faint,      ///< the undeformed structure
+    Second,     ///< a diagram laid over another one
+    Greatest,   ///< the largest values of several load cases, and the smallest
+    Least,
 };
 
 /// The grid row under the cursor, from 1, and its block.

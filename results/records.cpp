@@ -185,7 +185,7 @@ bool ResultCube::Read(ByteSource& source)
     cut = reader.EndedEarly();
     if (size1 <= 0)
         return true;
-    values = reader.Array<double>(EntryCount(size1, size2, size3));
+    values = reader.Values(EntryCount(size1, size2, size3));
     cut = reader.EndedEarly();
     return !reader.ArrayWasMissing();
 }

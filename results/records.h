@@ -4,6 +4,8 @@
 // may lie: what a record really holds is the size of its lists.
 #pragma once
 
+#include "results/zeroed_memory.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -121,11 +123,11 @@ inline constexpr std::size_t kElementComponents = 12;
 
 /// The .Z3D, .Z3F and .Z3R files: a value for each node or member, load case and component.
 struct ResultCube {
-    std::int32_t size1 = 0;     ///< nodes or members
-    std::int32_t size2 = 0;     ///< load cases
-    std::int32_t size3 = 0;     ///< components
-    std::vector<double> values; ///< the component running fastest; fewer than the sizes say if the file ends early
-    bool cut = false;           ///< the file ended ahead of what its counts say
+    std::int32_t size1 = 0; ///< nodes or members
+    std::int32_t size2 = 0; ///< load cases
+    std::int32_t size3 = 0; ///< components
+    ResultValues values;    ///< the component running fastest; fewer than the sizes say if the file ends early
+    bool cut = false;       ///< the file ended ahead of what its counts say
 
     /// The value of an item and load case (both from 0) in a model of `loadCaseCount` load cases and `components`
     /// components; nothing if the file had none.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace sbd {
 
@@ -42,12 +43,20 @@ double PlanLength(const NodeTable& table, const Member& member)
     return std::hypot(to[0] - from[0], to[1] - from[1]);
 }
 
-/// Reads the ordinates at both ends of a member.
+/// An ordinate and the load case that decides it.
+struct Ordinate {
+    double value = 0;
+    std::int32_t loadCase = -1;
+};
+
+/// Reads the ordinates at both ends of a member: in one load case, or the largest or smallest of several.
 class Ordinates {
 public:
-    Ordinates(const AnalysisResults& results, std::size_t loadCase, const GirderDiagram& diagram)
+    Ordinates(const AnalysisResults& results, std::span<const std::size_t> cases, std::optional<EnvelopeSide> side,
+              const GirderDiagram& diagram)
         : cube_(CubeOf(results, diagram.kind))
-        , loadCase_(loadCase)
+        , cases_(cases)
+        , side_(side)
         , loads_(static_cast<std::size_t>(std::max(results.model.loadCaseCount, 0)))
         , kind_(diagram.kind)
         , component_(diagram.component)
@@ -56,25 +65,44 @@ public:
     }
 
     /// Nothing if the results hold no such values.
-    [[nodiscard]] std::optional<std::array<double, 2>> Of(const Member& member) const
+    [[nodiscard]] std::optional<std::array<Ordinate, 2>> Of(const Member& member) const
     {
         const bool isForce = kind_ == ResultKind::Force;
-        const auto left = Value(isForce ? member.element : member.nodes[0], component_);
-        const auto right =
-            isForce ? Value(member.element, component_ + kNodeComponents) : Value(member.nodes[1], component_);
+        const auto left = Value(isForce ? member.element : member.nodes[0], component_, factor_);
+        const auto right = isForce ? Value(member.element, component_ + kNodeComponents, -factor_)
+                                   : Value(member.nodes[1], component_, factor_);
         if (!left || !right)
             return std::nullopt;
-        return std::array{factor_ * *left, isForce ? -factor_ * *right : factor_ * *right};
+        return std::array{*left, *right};
     }
 
 private:
-    [[nodiscard]] std::optional<double> Value(std::size_t item, std::size_t place) const
+    [[nodiscard]] std::optional<Ordinate> Value(std::size_t item, std::size_t place, double factor) const
     {
-        return cube_.At(item, loadCase_, place, loads_, ValuesOfItem(kind_));
+        if (!side_) {
+            const auto value = cases_.empty() ? std::nullopt : At(item, cases_.front(), place);
+            return value ? std::optional(Ordinate{factor * *value}) : std::nullopt;
+        }
+        Ordinate best{std::numeric_limits<double>::quiet_NaN()};
+        for (const std::size_t loadCase : cases_) {
+            const std::optional<double> value = At(item, loadCase, place);
+            if (!value)
+                return std::nullopt;
+            const double own = factor * *value;
+            if (std::isfinite(own)
+                && (best.loadCase < 0 || (*side_ == EnvelopeSide::Greatest ? own > best.value : own < best.value)))
+                best = {own, static_cast<std::int32_t>(loadCase)};
+        }
+        return best;
+    }
+    [[nodiscard]] std::optional<double> At(std::size_t item, std::size_t loadCase, std::size_t place) const
+    {
+        return cube_.At(item, loadCase, place, loads_, ValuesOfItem(kind_));
     }
 
     const ResultCube& cube_;
-    std::size_t loadCase_;
+    std::span<const std::size_t> cases_;
+    std::optional<EnvelopeSide> side_;
     std::size_t loads_;
     ResultKind kind_;
     std::size_t component_;
@@ -102,6 +130,9 @@ void AppendBay(GirderDiagram& diagram, const AnalysisModel& model, const Diagram
     diagram.points.resize(point + 1);
     diagram.points[point - 1] = bay.left;
     diagram.points[point] = bay.right;
+    diagram.pointCases.resize(point + 1);
+    diagram.pointCases[point - 1] = bay.leftCase;
+    diagram.pointCases[point] = bay.rightCase;
 }
 
 void FindExtremes(GirderDiagram& diagram)
@@ -137,28 +168,73 @@ std::size_t GirderOf(const AnalysisModel& model, std::string_view name)
     return found == model.girderNames.end() ? 0 : static_cast<std::size_t>(found - model.girderNames.begin());
 }
 
-void AppendLabel(std::vector<DiagramLabel>& labels, double value)
-{
-    if (!std::isfinite(value) || std::abs(value) < kLeastLabel)
-        return;
-    std::string number;
-    AppendFixed(number, value, 0, 1);
-    std::string text;
-    AppendPadded(text, number, kLabelWidth, true);
-    labels.push_back({value, std::move(text)});
-}
+/// Writes the values at the points of a diagram, with the number of the load case that decides.
+class LabelWriter {
+public:
+    explicit LabelWriter(const GirderDiagram& diagram) : diagram_(diagram) {}
 
-/// The values of a force in front of and behind each point.
-void AppendJump(std::vector<DiagramLabel>& labels, double before, double behind)
-{
-    if (std::isfinite(before) != std::isfinite(behind))
-        AppendLabel(labels, std::isfinite(before) ? before : behind);
-    else if (std::abs(behind - before) <= kOneLabelStep) {
-        AppendLabel(labels, std::abs(before) > std::abs(behind) ? before : behind);
-    } else {
-        AppendLabel(labels, before);
-        AppendLabel(labels, behind);
+    void Append(std::vector<DiagramLabel>& labels, Ordinate ordinate) const
+    {
+        if (!std::isfinite(ordinate.value) || std::abs(ordinate.value) < kLeastLabel)
+            return;
+        std::string number;
+        AppendFixed(number, ordinate.value, 0, 1);
+        const auto loadCase = static_cast<std::size_t>(ordinate.loadCase);
+        if (ordinate.loadCase >= 0 && loadCase < diagram_.caseNumbers.size() && diagram_.caseNumbers[loadCase] > 0)
+            number += "[" + std::to_string(diagram_.caseNumbers[loadCase]) + "]";
+        std::string text;
+        AppendPadded(text, number, kLabelWidth, true);
+        labels.push_back({ordinate.value, std::move(text)});
     }
+
+    /// The values of a force in front of and behind a point.
+    void AppendJump(std::vector<DiagramLabel>& labels, Ordinate before, Ordinate behind) const
+    {
+        if (std::isfinite(before.value) != std::isfinite(behind.value))
+            Append(labels, std::isfinite(before.value) ? before : behind);
+        else if (std::abs(behind.value - before.value) <= kOneLabelStep) {
+            Append(labels, std::abs(before.value) > std::abs(behind.value) ? before : behind);
+        } else {
+            Append(labels, before);
+            Append(labels, behind);
+        }
+    }
+
+private:
+    const GirderDiagram& diagram_;
+};
+
+GirderDiagram MakeDiagram(const AnalysisResults& results, std::span<const std::size_t> cases,
+                          std::optional<EnvelopeSide> side, std::string_view girder, ResultKind kind,
+                          std::size_t component)
+{
+    const AnalysisModel& model = results.model;
+    GirderDiagram diagram;
+    diagram.kind = kind;
+    diagram.girder = GirderOf(model, girder);
+    diagram.component = component;
+    diagram.sign = kind == ResultKind::Displacement ? -1.0 : 1.0;
+    const Ordinates ordinates(results, cases, side, diagram);
+    const std::size_t bays = model.stationCount > 1 ? static_cast<std::size_t>(model.stationCount) - 1 : 0;
+    for (std::size_t bay = 0; bay < bays; ++bay) {
+        const std::size_t at = diagram.girder * bays + bay;
+        if (at >= model.girderElements.size())
+            break;
+        const std::optional<Member> member = MemberOf(results, model.girderElements[at]);
+        const auto values = member ? ordinates.Of(*member) : std::nullopt;
+        const double length = values ? PlanLength(results.nodeTable, *member) : 0;
+        if (!values || !std::isfinite(length))
+            continue;
+        const double x0 = diagram.Length();
+        const auto [left, right] = *values;
+        AppendBay(
+            diagram, model,
+            {bay, model.girderElements[at], x0, x0 + length, left.value, right.value, left.loadCase, right.loadCase},
+            *member);
+    }
+    FindExtremes(diagram);
+    FindSupports(diagram, results.nodeTable);
+    return diagram;
 }
 
 } // namespace
@@ -179,47 +255,45 @@ std::string StationOf(const GirderDiagram& diagram, double ordinate)
     return {};
 }
 
+std::int32_t CaseOf(const GirderDiagram& diagram, double ordinate)
+{
+    for (const DiagramBay& bay : diagram.bays) {
+        if (bay.left == ordinate)
+            return bay.leftCase;
+        if (bay.right == ordinate)
+            return bay.rightCase;
+    }
+    return -1;
+}
+
 GirderDiagram MakeGirderDiagram(const AnalysisResults& results, std::size_t loadCase, std::string_view girder,
                                 ResultKind kind, std::size_t component)
 {
-    const AnalysisModel& model = results.model;
-    GirderDiagram diagram;
-    diagram.kind = kind;
-    diagram.girder = GirderOf(model, girder);
-    diagram.component = component;
-    diagram.sign = kind == ResultKind::Displacement ? -1.0 : 1.0;
-    const Ordinates ordinates(results, loadCase, diagram);
-    const std::size_t bays = model.stationCount > 1 ? static_cast<std::size_t>(model.stationCount) - 1 : 0;
-    for (std::size_t bay = 0; bay < bays; ++bay) {
-        const std::size_t at = diagram.girder * bays + bay;
-        if (at >= model.girderElements.size())
-            break;
-        const std::optional<Member> member = MemberOf(results, model.girderElements[at]);
-        const auto values = member ? ordinates.Of(*member) : std::nullopt;
-        const double length = values ? PlanLength(results.nodeTable, *member) : 0;
-        if (!values || !std::isfinite(length))
-            continue;
-        const double x0 = diagram.Length();
-        AppendBay(diagram, model, {bay, model.girderElements[at], x0, x0 + length, (*values)[0], (*values)[1]},
-                  *member);
-    }
-    FindExtremes(diagram);
-    FindSupports(diagram, results.nodeTable);
-    return diagram;
+    return MakeDiagram(results, {&loadCase, 1}, std::nullopt, girder, kind, component);
+}
+
+GirderDiagram MakeEnvelopeDiagram(const AnalysisResults& results, std::span<const std::size_t> cases, EnvelopeSide side,
+                                  std::string_view girder, ResultKind kind, std::size_t component)
+{
+    return MakeDiagram(results, cases, side, girder, kind, component);
 }
 
 std::vector<std::vector<DiagramLabel>> LabelsOf(const GirderDiagram& diagram)
 {
+    const LabelWriter writer(diagram);
     std::vector<std::vector<DiagramLabel>> labels(diagram.bays.empty() ? 0 : diagram.positions.size());
+    const auto left = [](const DiagramBay& bay) { return Ordinate{bay.left, bay.leftCase}; };
+    const auto right = [](const DiagramBay& bay) { return Ordinate{bay.right, bay.rightCase}; };
     for (std::size_t point = 0; point < labels.size(); ++point) {
         if (diagram.kind != ResultKind::Force)
-            AppendLabel(labels[point], diagram.points[point]);
+            writer.Append(labels[point],
+                          {diagram.points[point], point < diagram.pointCases.size() ? diagram.pointCases[point] : -1});
         else if (point == 0)
-            AppendLabel(labels[point], diagram.bays.front().left);
+            writer.Append(labels[point], left(diagram.bays.front()));
         else if (point == diagram.bays.size())
-            AppendLabel(labels[point], diagram.bays.back().right);
+            writer.Append(labels[point], right(diagram.bays.back()));
         else
-            AppendJump(labels[point], diagram.bays[point - 1].right, diagram.bays[point].left);
+            writer.AppendJump(labels[point], right(diagram.bays[point - 1]), left(diagram.bays[point]));
     }
     return labels;
 }

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,8 @@ struct DiagramBay {
     double x1 = 0;
     double left = 0;
     double right = 0;
+    std::int32_t leftCase = -1; ///< load case, from 0, that decides; of an envelope
+    std::int32_t rightCase = -1;
 };
 
 /// A value as it is written at a point.
@@ -28,6 +31,9 @@ struct DiagramLabel {
     double value = 0;
     std::string text;
 };
+
+/// Which of the values of several load cases a diagram shows.
+enum class EnvelopeSide { Greatest, Least };
 
 /// Points stand between and around the bays that have a member; a bay without one has no length.
 struct GirderDiagram {
@@ -39,9 +45,12 @@ struct GirderDiagram {
     std::vector<double> positions{0};      ///< of the points
     std::vector<std::string> stationNames; ///< of the points; none without bays
     std::vector<double> points;            ///< ordinates of the points; none for forces, which have two
-    std::vector<std::int32_t> nodes;       ///< numbers of the nodes at the points; none without bays
-    std::vector<std::size_t> supports;     ///< the points that stand on a support
-    double least = 0;                      ///< of all ordinates that are numbers
+    std::vector<std::int32_t> pointCases;  ///< the load cases that decide at the points, as in the bays
+    std::vector<std::int32_t>
+        caseNumbers;                   ///< the number that each load case has in the texts; none without an envelope
+    std::vector<std::int32_t> nodes;   ///< numbers of the nodes at the points; none without bays
+    std::vector<std::size_t> supports; ///< the points that stand on a support
+    double least = 0;                  ///< of all ordinates that are numbers
     double greatest = 0;
     std::size_t notNumbers = 0; ///< ordinates that are none: they are not drawn
 
@@ -52,9 +61,18 @@ struct GirderDiagram {
 /// The station at which an ordinate stands first among equal ones, in CP932; empty where there is none.
 [[nodiscard]] std::string StationOf(const GirderDiagram& diagram, double ordinate);
 
+/// The load case that decides that ordinate, from 0; below 0 where the diagram is no envelope.
+[[nodiscard]] std::int32_t CaseOf(const GirderDiagram& diagram, double ordinate);
+
 /// A girder that is not there stands for the first one.
 [[nodiscard]] GirderDiagram MakeGirderDiagram(const AnalysisResults& results, std::size_t loadCase,
                                               std::string_view girder, ResultKind kind, std::size_t component);
+
+/// The same of the largest or the smallest ordinates in several load cases. A bay without a value that is a number is no
+/// number.
+[[nodiscard]] GirderDiagram MakeEnvelopeDiagram(const AnalysisResults& results, std::span<const std::size_t> cases,
+                                                EnvelopeSide side, std::string_view girder, ResultKind kind,
+                                                std::size_t component);
 
 /// What is written at each point: the value, or for forces the value ahead of it and behind it, one if they differ by
 /// 50 at most. Values below 1e-6 in amount are not written.

@@ -1,8 +1,11 @@
 #include "results/result_files.h"
 
+#include "results/byte_source.h"
 #include "results/result_paths.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <span>
 
 namespace sbd {
@@ -11,11 +14,39 @@ namespace {
 
 constexpr std::size_t kTriple = 3;
 
-/// Turns the whole triples at the front of `values`; true if there was one.
-bool TurnTriples(std::span<double> values)
+/// Tells of a place in a list whether a large piece around it holds nothing but zeros.
+class CHoles {
+public:
+    explicit CHoles(std::span<const double> values) : values_(values) {}
+
+    [[nodiscard]] bool IsInHole(std::size_t place)
+    {
+        constexpr std::size_t piece = kPiece / sizeof(double);
+        if (place / piece != looked_) {
+            looked_ = place / piece;
+            const std::span own =
+                values_.subspan(looked_ * piece).first(std::min(piece, values_.size() - looked_ * piece));
+            isHole_ = own.size() == piece && std::ranges::all_of(own, IsZero);
+        }
+        return isHole_;
+    }
+    [[nodiscard]] static bool IsZero(double value) { return std::bit_cast<std::uint64_t>(value) == 0; }
+
+private:
+    std::span<const double> values_;
+    std::size_t looked_ = static_cast<std::size_t>(-1);
+    bool isHole_ = false;
+};
+
+/// Turns the whole triples at the front of `values`, which begin at the place `from` of the list; true if there was one.
+/// In a hole the zeros stay as they are: a sign for each of them would fill the memory.
+bool TurnTriples(std::span<double> values, std::size_t from, CHoles& holes)
 {
     for (std::size_t at = 0; at + kTriple <= values.size(); at += kTriple) {
         const double second = values[at + 1];
+        if (CHoles::IsZero(second) && CHoles::IsZero(values[at + 2]) && holes.IsInHole(from + at + 1)
+            && holes.IsInHole(from + at + 2))
+            continue;
         values[at + 1] = -values[at + 2];
         values[at + 2] = second;
     }
@@ -47,9 +78,10 @@ std::size_t TurnForceAxes(const AnalysisModel& model, ResultCube& force)
         std::uint64_t{kElementComponents} * static_cast<std::uint32_t>(model.loadCaseCount);
     std::size_t turned = 0;
     std::span<double> left(force.values);
+    CHoles holes(force.values);
     for (std::size_t element = 0; element < model.elementLinks.size() && !left.empty(); ++element) {
         const auto own = static_cast<std::size_t>(std::min<std::uint64_t>(valuesOfElement, left.size()));
-        if (model.HasTurnedAxes(element) && TurnTriples(left.first(own)))
+        if (model.HasTurnedAxes(element) && TurnTriples(left.first(own), force.values.size() - left.size(), holes))
             ++turned;
         left = left.subspan(own);
     }

@@ -65,12 +65,45 @@ std::string ShownLoad(std::string_view load)
     return load.starts_with(kRaisedLoad) ? std::string(load.substr(1)) + RaisedMark() : std::string(load);
 }
 
+std::string PlainLoad(std::string_view load)
+{
+    return std::string(load.starts_with(kRaisedLoad) ? load.substr(1) : load);
+}
+
 std::string LoadOfShown(std::string_view shown)
 {
     const std::size_t mark = shown.find(RaisedMark());
     if (mark == std::string_view::npos)
         return std::string(shown);
     return "-" + std::string(TrimRight(shown.substr(0, mark)));
+}
+
+std::vector<std::string> EnvelopeLoads(const AnalysisModel& model, ResultKind kind)
+{
+    std::vector<std::string> loads;
+    for (const std::string& name : model.loadCaseNames)
+        if (kind == ResultKind::Force || !Trim(name).starts_with(kRaisedLoad))
+            loads.push_back(name);
+    return loads;
+}
+
+std::vector<std::size_t> EnvelopeCases(const AnalysisModel& model, const ResultSelection& selection)
+{
+    const std::set<std::string_view> chosen(selection.envelopeLoads.begin(), selection.envelopeLoads.end());
+    std::vector<std::size_t> cases;
+    for (std::size_t i = 0; i < model.loadCaseNames.size(); ++i) {
+        const std::string& name = model.loadCaseNames[i];
+        if (chosen.contains(name) && (selection.kind == ResultKind::Force || !Trim(name).starts_with(kRaisedLoad)))
+            cases.push_back(i);
+    }
+    return cases;
+}
+
+std::string ShownLoadAt(const AnalysisModel& model, std::int64_t loadCase)
+{
+    if (loadCase < 0 || static_cast<std::uint64_t>(loadCase) >= model.loadCaseNames.size())
+        return {};
+    return ShownLoad(Trim(model.loadCaseNames[static_cast<std::size_t>(loadCase)]));
 }
 
 std::optional<std::string> FirstLoad(const AnalysisModel& model, ResultKind kind)
@@ -131,6 +164,11 @@ ResultSelection KeptSelection(const ResultSelection& selection, const AnalysisMo
         kept.station = first.station;
         kept.stationEnabled = kept.girder == NoneWord();
     }
+    std::erase_if(kept.envelopeLoads, [&](const std::string& name) { return !LoadCaseOf(model, name); });
+    if (!LoadCaseOf(model, kept.overLoad))
+        kept.overLoad.clear();
+    if (std::ranges::find(model.girderNames, kept.overGirder) == model.girderNames.end())
+        kept.overGirder.clear();
     Offer(kept, model);
     const std::set<std::string_view> offered(kept.offeredNames.begin(), kept.offeredNames.end());
     std::erase_if(kept.excludedNames, [&](const std::string& name) { return !offered.contains(name); });
@@ -141,8 +179,8 @@ void SelectKind(ResultSelection& selection, const AnalysisModel& model, ResultKi
 {
     selection.sortColumn = 0; // the columns are others
     selection.kind = kind;
-    if (selection.load.starts_with(kRaisedLoad))
-        selection.load.erase(0, 1);
+    selection.load = PlainLoad(selection.load);
+    selection.overLoad = PlainLoad(selection.overLoad);
     selection.figureItem = ComponentWord(kind, InfoOf(kind).defaultComponent);
     Offer(selection, model);
 }

@@ -27,7 +27,11 @@ struct ResultSelection {
     std::string filter;                         ///< only names that hold this text stand in the table
     std::size_t sortColumn = 0;                 ///< grid column that rules the order of the rows; 0: that of the files
     bool descending = false;
-    bool panelUsed = false; ///< the panel was on show once
+    bool envelope = false; ///< the largest and the smallest values of several load cases, in place of those of `load`
+    std::vector<std::string> envelopeLoads; ///< the names of those
+    std::string overLoad;                   ///< load case that the figure lays over the first one; empty: the same
+    std::string overGirder;                 ///< girder, likewise
+    bool panelUsed = false;                 ///< the panel was on show once
 
     friend bool operator==(const ResultSelection&, const ResultSelection&) = default;
 };
@@ -47,8 +51,17 @@ struct ResultChoices {
 
 /// A load case "-(..." stands for the forces with those against the dead load raised, and is shown with words for that.
 [[nodiscard]] std::string ShownLoad(std::string_view load);
+/// A load case with raised forces by the name that it has for the other kinds; another one as it is.
+[[nodiscard]] std::string PlainLoad(std::string_view load);
 /// The load case of a text of ShownLoad.
 [[nodiscard]] std::string LoadOfShown(std::string_view shown);
+
+/// The load cases of the envelope, from 0 in the order of the results: those that the kind has.
+[[nodiscard]] std::vector<std::size_t> EnvelopeCases(const AnalysisModel& model, const ResultSelection& selection);
+/// The names of the load cases that an envelope of the kind can take.
+[[nodiscard]] std::vector<std::string> EnvelopeLoads(const AnalysisModel& model, ResultKind kind);
+/// A load case by its place, as it is shown; empty if it is not there.
+[[nodiscard]] std::string ShownLoadAt(const AnalysisModel& model, std::int64_t loadCase);
 
 /// The first load case, without blanks around it, that a user of the kind looks at first; nothing if none is of that form.
 [[nodiscard]] std::optional<std::string> FirstLoad(const AnalysisModel& model, ResultKind kind);

@@ -5,7 +5,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <span>
 #include <unordered_set>
+#include <utility>
 
 namespace sbd {
 
@@ -66,13 +69,33 @@ private:
     std::string_view lastFound_;
 };
 
+constexpr int kCaseWidth = 170; // for names of 20 bytes
+
+/// The columns of an envelope for one of values.
+void AppendEnvelope(std::vector<ResultColumn>& columns, const ResultColumn& value)
+{
+    for (const auto& [part, word] : {std::pair(ResultPart::Greatest, "最大"), std::pair(ResultPart::GreatestCase, ""),
+                                     std::pair(ResultPart::Least, "最小"), std::pair(ResultPart::LeastCase, "")}) {
+        ResultColumn own = value;
+        own.part = part;
+        own.head = own.IsCase() ? "荷重"_cp932 : value.head + Cp932(word);
+        own.width = own.IsCase() ? kCaseWidth : value.width + 20;
+        columns.push_back(std::move(own));
+    }
+}
+
 std::vector<ResultColumn> ColumnsOf(const ResultSelection& selection)
 {
     const ResultKind kind = selection.kind;
     const ResultKindInfo& info = InfoOf(kind);
     std::vector<ResultColumn> columns;
     const auto add = [&](std::string_view prefix, std::size_t component, std::size_t place, double factor) {
-        columns.push_back({Cp932(prefix) + ComponentWord(kind, component), info.valueWidth, component, place, factor});
+        const ResultColumn column{Cp932(prefix) + ComponentWord(kind, component), info.valueWidth, component, place,
+                                  factor};
+        if (selection.envelope)
+            AppendEnvelope(columns, column);
+        else
+            columns.push_back(column);
     };
     for (std::size_t component = 0; component < kNodeComponents; ++component) {
         if (!selection.columnOn[component])
@@ -89,6 +112,12 @@ std::vector<ResultColumn> ColumnsOf(const ResultSelection& selection)
     return columns;
 }
 
+/// With what the load cases of a column decide.
+std::string HeadOf(const std::vector<ResultColumn>& columns, std::size_t column)
+{
+    return columns[column].IsCase() && column > 0 ? columns[column - 1].head + "の荷重"_cp932 : columns[column].head;
+}
+
 } // namespace
 
 std::string SortHead(const ResultSelection& selection)
@@ -97,7 +126,7 @@ std::string SortHead(const ResultSelection& selection)
         return Cp932(InfoOf(selection.kind).nameHead);
     const std::vector<ResultColumn> columns = ColumnsOf(selection);
     return selection.sortColumn >= kFirstValueColumn && selection.sortColumn - kFirstValueColumn < columns.size()
-               ? columns[selection.sortColumn - kFirstValueColumn].head
+               ? HeadOf(columns, selection.sortColumn - kFirstValueColumn)
                : std::string();
 }
 
@@ -106,20 +135,97 @@ CResultTable::CResultTable(const AnalysisResults& results, const ResultSelection
     , kind_(selection.kind)
     , load_(LoadCaseOf(results.model, selection.load))
 {
+    if (selection.envelope) {
+        cases_ = EnvelopeCases(results.model, selection);
+        load_ = cases_.empty() ? std::nullopt : std::optional(cases_.front());
+    }
     if (!load_)
         return;
     const std::uint64_t values = ValuesOfItem(kind_);
     valuesOfItem_ = values * static_cast<std::uint32_t>(std::max(results.model.loadCaseCount, 1));
-    valuesBefore_ = values * *load_;
+    valuesBefore_ = values * (cases_.empty() ? *load_ : cases_.back());
     columns_ = ColumnsOf(selection);
     for (const ResultColumn& column : columns_)
         valuesBehind_ = std::max<std::uint64_t>(valuesBehind_, column.place + 1);
+    if (!cases_.empty())
+        valuesBehind_ = values; // of each item all
     TakeNames(selection);
+    Filter(selection.filter);
+    if (!cases_.empty())
+        FindEnvelope();
     if (kind_ == ResultKind::Reaction)
         DropSmallReactions();
-    Filter(selection.filter);
     Sort(selection.sortColumn, selection.descending);
-    FindExtremes();
+    if (cases_.empty())
+        FindExtremes();
+    else
+        FindEnvelopeExtremes();
+}
+
+void CResultTable::FindEnvelope()
+{
+    const std::size_t values = ValuesOfItem(kind_);
+    const ResultValues& all = CubeOf(*results_, kind_).values;
+    envelope_.resize(items_.size() * values);
+    envelopeOf_.resize(items_.empty() ? 0 : items_.back() + std::size_t{1});
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        const std::span own = std::span(envelope_).subspan(i * values, values);
+        envelopeOf_[items_[i]] = static_cast<std::uint32_t>(i);
+        const double* const first = all.data() + items_[i] * valuesOfItem_;
+        if (EnvelopeOfItem(first, cases_, own) == 0)
+            continue;
+        for (const ResultColumn& column : columns_) // of the columns that are shown
+            if (column.part == ResultPart::Greatest)
+                notNumbers_ += static_cast<std::size_t>(std::ranges::count_if(cases_, [&](std::size_t loadCase) {
+                    return !std::isfinite(first[loadCase * values + column.place]);
+                }));
+    }
+}
+
+double CResultTable::EnvelopeValueOf(std::uint32_t item, const ResultColumn& column) const
+{
+    const EnvelopeValue value = envelope_[envelopeOf_[item] * ValuesOfItem(kind_) + column.place].Times(column.factor);
+    if (!value.IsThere())
+        return std::numeric_limits<double>::quiet_NaN();
+    switch (column.part) {
+    case ResultPart::GreatestCase:
+        return value.greatestCase;
+    case ResultPart::Least:
+        return value.least;
+    case ResultPart::LeastCase:
+        return value.leastCase;
+    default:
+        return value.greatest;
+    }
+}
+
+void CResultTable::FindEnvelopeExtremes()
+{
+    constexpr std::size_t columnsOfValue = 4; // see AppendEnvelope
+    constexpr std::size_t least = 2;
+    const auto take = [](ColumnExtremes& own, double value, std::size_t row) {
+        if (value > own.max) {
+            own.max = value;
+            own.maxRow = row;
+        }
+        if (value < own.min) {
+            own.min = value;
+            own.minRow = row;
+        }
+    };
+    const std::size_t values = ValuesOfItem(kind_);
+    extremes_.resize(columns_.size());
+    for (std::size_t row = 0; row < items_.size(); ++row) {
+        const EnvelopeValue* const own = envelope_.data() + envelopeOf_[items_[row]] * values;
+        for (std::size_t column = 0; column < columns_.size(); column += columnsOfValue) {
+            const EnvelopeValue& value = own[columns_[column].place];
+            const double factor = columns_[column].factor;
+            if (!value.IsThere())
+                continue;
+            take(extremes_[column], (factor < 0 ? value.least : value.greatest) * factor, row);
+            take(extremes_[column + least], (factor < 0 ? value.greatest : value.least) * factor, row);
+        }
+    }
 }
 
 std::string CResultTable::FaultLine() const
@@ -155,6 +261,14 @@ void CResultTable::TakeNames(const ResultSelection& selection)
 /// What is no number stays: it has to be seen.
 void CResultTable::DropSmallReactions()
 {
+    if (!cases_.empty()) {
+        std::erase_if(items_, [&](std::uint32_t item) {
+            return std::ranges::none_of(columns_, [&](const ResultColumn& column) {
+                return !column.IsCase() && !(std::abs(EnvelopeValueOf(item, column)) <= kLeastReaction);
+            });
+        });
+        return;
+    }
     std::erase_if(items_, [&](std::uint32_t item) {
         const double* const values = ValuesOf(item);
         return std::ranges::none_of(
@@ -188,7 +302,9 @@ void CResultTable::Sort(std::size_t gridColumn, bool descending)
         return;
     }
     const ResultColumn& column = columns_[gridColumn - kFirstValueColumn];
-    const auto valueOf = [&](std::uint32_t item) { return ValuesOf(item)[column.place] * column.factor; };
+    const auto valueOf = [&](std::uint32_t item) {
+        return cases_.empty() ? ValuesOf(item)[column.place] * column.factor : EnvelopeValueOf(item, column);
+    };
     std::ranges::stable_sort(items_, [&](std::uint32_t a, std::uint32_t b) {
         const double first = valueOf(a);
         const double second = valueOf(b);
@@ -242,7 +358,8 @@ std::string_view CResultTable::Name(std::size_t row) const
 
 double CResultTable::Value(std::size_t row, std::size_t column) const
 {
-    return ValuesOf(items_[row])[columns_[column].place] * columns_[column].factor;
+    return cases_.empty() ? ValuesOf(items_[row])[columns_[column].place] * columns_[column].factor
+                          : EnvelopeValueOf(items_[row], columns_[column]);
 }
 
 std::size_t CResultTable::GridRowCount() const
@@ -269,9 +386,23 @@ std::string CResultTable::HeadText(std::size_t gridColumn) const
     return gridColumn == kNameColumn ? Cp932(InfoOf(kind_).nameHead) : columns_[gridColumn - kFirstValueColumn].head;
 }
 
+bool CResultTable::HasWords(std::size_t gridColumn) const
+{
+    return gridColumn == kNameColumn
+           || (gridColumn >= kFirstValueColumn && gridColumn < GridColumnCount()
+               && columns_[gridColumn - kFirstValueColumn].IsCase());
+}
+
+std::string CResultTable::CellOf(const ResultColumn& column, double value) const
+{
+    if (!column.IsCase())
+        return ValueText(value);
+    return std::isnan(value) ? std::string() : ShownLoadAt(results_->model, static_cast<std::int64_t>(value));
+}
+
 std::string CResultTable::Unit(std::size_t gridColumn) const
 {
-    return gridColumn >= kFirstValueColumn && gridColumn < GridColumnCount()
+    return gridColumn >= kFirstValueColumn && gridColumn < GridColumnCount() && !HasWords(gridColumn)
                ? UnitWord(kind_, columns_[gridColumn - kFirstValueColumn].component)
                : std::string();
 }
@@ -295,9 +426,16 @@ std::string CResultTable::ExtremeText(std::size_t gridRow, std::size_t gridColum
 {
     if (gridColumn == kNameColumn)
         return gridRow == kMaxRow ? "最大値"_cp932 : "最小値"_cp932;
-    const ColumnExtremes& extremes = extremes_[gridColumn - kFirstValueColumn];
-    const bool isThere = gridRow == kMaxRow ? extremes.maxRow.has_value() : extremes.minRow.has_value();
-    return isThere ? ValueText(gridRow == kMaxRow ? extremes.max : extremes.min) : std::string();
+    const std::size_t column = gridColumn - kFirstValueColumn;
+    const bool isCase = columns_[column].IsCase(); // that of the extreme value beside it
+    const ColumnExtremes& extremes = extremes_[isCase ? column - 1 : column];
+    const std::optional<std::size_t> row = gridRow == kMaxRow ? extremes.maxRow : extremes.minRow;
+    if (!row)
+        return {};
+    if (isCase)
+        return *row < items_.size() && items_[*row] < ItemsThere() ? CellOf(columns_[column], Value(*row, column))
+                                                                   : std::string();
+    return ValueText(gridRow == kMaxRow ? extremes.max : extremes.min);
 }
 
 bool CResultTable::IsFilled(std::size_t gridRow, std::size_t gridColumn) const
@@ -324,7 +462,9 @@ std::string CResultTable::CellText(std::size_t gridRow, std::size_t gridColumn) 
     if (gridRow < kFirstValueRow)
         return ExtremeText(gridRow, gridColumn);
     const std::size_t row = gridRow - kFirstValueRow;
-    return gridColumn == kNameColumn ? std::string(Name(row)) : ValueText(Value(row, gridColumn - kFirstValueColumn));
+    return gridColumn == kNameColumn
+               ? std::string(Name(row))
+               : CellOf(columns_[gridColumn - kFirstValueColumn], Value(row, gridColumn - kFirstValueColumn));
 }
 
 std::optional<std::uint32_t> CResultTable::CellColor(std::size_t gridRow, std::size_t gridColumn) const

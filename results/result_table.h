@@ -1,7 +1,8 @@
-// The table of block 253: displacements, forces or reactions of one load case. It holds which names are taken and the
-// extremes; the text of a cell is made when it is asked for.
+// The table of block 253: displacements, forces or reactions of one load case, or the largest and the smallest of
+// several. It holds which names are taken and the extremes; the text of a cell is made when it is asked for.
 #pragma once
 
+#include "results/result_envelope.h"
 #include "results/result_selection.h"
 
 #include <cstddef>
@@ -28,13 +29,19 @@ inline constexpr std::uint32_t kMaxColor = 16711935;           ///< magenta
 inline constexpr std::uint32_t kMinColor = 16711680;           ///< blue
 inline constexpr std::uint32_t kExtremesBackground = 11842740; ///< grey
 
-/// One column of values.
+/// What a column has of a component.
+enum class ResultPart { Value, Greatest, GreatestCase, Least, LeastCase };
+
+/// One column of values, or of the load cases that decide.
 struct ResultColumn {
     std::string head; ///< CP932
     int width = 0;
     std::size_t component = 0;
     std::size_t place = 0; ///< of the value among those of its item and load case
     double factor = 1;
+    ResultPart part = ResultPart::Value;
+
+    [[nodiscard]] bool IsCase() const { return part == ResultPart::GreatestCase || part == ResultPart::LeastCase; }
 };
 
 /// The largest and the smallest value of a column and where they stand: rows from 0, the first of equal ones. No row if
@@ -60,11 +67,13 @@ public:
     /// What is wrong with the files of the results, in one line of CP932; empty: nothing.
     [[nodiscard]] std::string FaultLine() const;
 
-    /// Nothing: there is no such load case, and the table has neither columns nor rows.
+    [[nodiscard]] ResultKind Kind() const { return kind_; }
+    /// The load case, the first one of an envelope. Nothing: there is none, and the table has neither columns nor rows.
     [[nodiscard]] std::optional<std::size_t> LoadIndex() const { return load_; }
     [[nodiscard]] const std::vector<ResultColumn>& Columns() const { return columns_; }
     [[nodiscard]] std::size_t RowCount() const { return items_.size(); }
     [[nodiscard]] std::string_view Name(std::size_t row) const;
+    /// In a column of load cases the place of the load case, from 0; what is not there is no number.
     [[nodiscard]] double Value(std::size_t row, std::size_t column) const;
     [[nodiscard]] const ColumnExtremes& Extremes(std::size_t column) const { return extremes_[column]; }
     /// Values of the rows that are no numbers. They stand in the table as texts and are no extremes.
@@ -77,6 +86,8 @@ public:
     [[nodiscard]] int GridColumnWidth(std::size_t gridColumn) const;
     /// Text of a cell in CP932, blanks included; empty outside of what is filled.
     [[nodiscard]] std::string CellText(std::size_t gridRow, std::size_t gridColumn) const;
+    /// True for names and load cases.
+    [[nodiscard]] bool HasWords(std::size_t gridColumn) const;
     /// The unit of a column of values in CP932; empty for the others.
     [[nodiscard]] std::string Unit(std::size_t gridColumn) const;
     /// Nothing: the grid's own colour.
@@ -94,6 +105,10 @@ private:
     [[nodiscard]] std::size_t ItemsThere() const;
     /// Of the load case; `item` must be below ItemsThere().
     [[nodiscard]] const double* ValuesOf(std::size_t item) const;
+    void FindEnvelope();
+    [[nodiscard]] double EnvelopeValueOf(std::uint32_t item, const ResultColumn& column) const;
+    void FindEnvelopeExtremes();
+    [[nodiscard]] std::string CellOf(const ResultColumn& column, double value) const;
     [[nodiscard]] std::string HeadText(std::size_t gridColumn) const;
     [[nodiscard]] std::string ValueText(double value) const;
     [[nodiscard]] std::string ExtremeText(std::size_t gridRow, std::size_t gridColumn) const;
@@ -108,7 +123,10 @@ private:
     std::uint64_t valuesBefore_ = 0; ///< those of the load cases ahead
     std::uint64_t valuesBehind_ = 0; ///< that the columns need, from the first of the load case on
     std::vector<ResultColumn> columns_;
-    std::vector<std::uint32_t> items_; ///< the item of each row
+    std::vector<std::uint32_t> items_;      ///< the item of each row
+    std::vector<std::size_t> cases_;        ///< of the envelope; none: the values of the load case
+    std::vector<EnvelopeValue> envelope_;   ///< all values of the items, one item behind the other
+    std::vector<std::uint32_t> envelopeOf_; ///< the place of each item in it
     std::vector<ColumnExtremes> extremes_;
     std::size_t notNumbers_ = 0;
 };

@@ -26,7 +26,7 @@ std::string Times(double magnification)
     return text;
 }
 
-std::string Exclusions(const std::vector<std::string>& names)
+std::string Listed(const std::vector<std::string>& names)
 {
     std::string text;
     for (std::size_t i = 0; i < std::min(names.size(), kNamedExclusions); ++i)
@@ -36,11 +36,19 @@ std::string Exclusions(const std::vector<std::string>& names)
     return text;
 }
 
+/// "最大・最小 (荷重 3 件)"
+std::string EnvelopeWord(std::size_t cases)
+{
+    return Cp932("最大・最小 (荷重 " + std::to_string(cases) + " 件)");
+}
+
 } // namespace
 
 std::string ShortTableTitle(const ResultSelection& selection)
 {
-    std::string title = KindWord(selection.kind) + Part("荷重", ShownLoad(selection.load));
+    std::string title = KindWord(selection.kind)
+                        + (selection.envelope ? "　"_cp932 + EnvelopeWord(selection.envelopeLoads.size())
+                                              : Part("荷重", ShownLoad(selection.load)));
     title += Part("主桁", selection.girder);
     // Each name begins with the empty text.
     if (selection.girder == NoneWord() || selection.station != NoneWord())
@@ -55,16 +63,23 @@ std::string TableTitle(const ResultSelection& selection)
         title += Part("絞り込み", selection.filter);
     if (selection.sortColumn > 0)
         title += Part("並び", SortHead(selection) + (selection.descending ? " 降順"_cp932 : " 昇順"_cp932));
+    if (selection.envelope) {
+        std::vector<std::string> loads;
+        for (const std::string& load : selection.envelopeLoads)
+            loads.push_back(ShownLoad(Trim(load)));
+        title += Part("荷重", Listed(loads));
+    }
     if (!selection.excludedNames.empty())
-        title += Part("出力しない名称", Exclusions(selection.excludedNames));
+        title += Part("出力しない名称", Listed(selection.excludedNames));
     return title;
 }
 
 std::string FigureTitle(const AnalysisModel& model, const ResultSelection& selection, double magnification)
 {
     std::string title = KindWord(selection.kind);
-    const std::string load = Part("荷重", ShownLoad(selection.load));
-    if (selection.kind == ResultKind::Displacement && selection.girder == AllWord())
+    const std::string load = selection.envelope ? "　"_cp932 + EnvelopeWord(EnvelopeCases(model, selection).size())
+                                                : Part("荷重", ShownLoad(selection.load));
+    if (selection.kind == ResultKind::Displacement && selection.girder == AllWord() && !selection.envelope)
         return title + load + Part("主桁", selection.girder)
                + Part("変形の倍率", Times(selection.magnification == 0 ? magnification : selection.magnification)
                                         + (selection.magnification == 0 ? " (自動)"_cp932 : ""));

@@ -80,21 +80,27 @@ constexpr ToolCommand kCommands[] = {
      "Prints where the result files of a project path are looked for, as JSON.",
      "結果ファイルを探す場所を JSON で出力します。",
      RunResultPaths},
-    {"result-table", "result-table PROJECT --kind K --load L --girder G --station S [--off C]... [--exclude N]...",
+    {"result-table", "result-table PROJECT --kind K --load L... --girder G --station S [--envelope] [--off C]... [--exclude N]...\n"
+     "                        [--filter T] [--sort HEAD [--descending]] [--csv OUT] [--xlsx OUT]",
      "Prints the table of analysis results for a selection, as JSON. K is 変位, 断面力 or 反力, L a load case as the\n"
      "results name it, G a girder, すべて or なし, S the beginning of names, すべて or なし. --off leaves a component's\n"
-     "columns out, --exclude a name.",
+     "columns out, --exclude a name. --envelope: the largest and smallest values of the load cases L (of all, without one)\n"
+     "with the load cases that decide. --filter: only names that hold T. --sort: by the column with this head.\n"
+     "--csv and --xlsx write the table to a file instead, with units.",
      "選択した解析結果の表を JSON で出力します。K は 変位・断面力・反力、L は結果にある荷重名、G は主桁・すべて・なし、\n"
-     "S は名称の始まり・すべて・なしです。--off: その成分の列を除きます。--exclude: その名称を除きます。",
+     "S は名称の始まり・すべて・なしです。--off: その成分の列を除きます。--exclude: その名称を除きます。\n"
+     "--envelope: 荷重 L(なければすべて)の最大・最小と、それを決める荷重名。--filter: T を含む名称だけ。\n"
+     "--sort: その見出しの列で並べ替え。--csv, --xlsx: 表を単位付きでファイルに書き出します。",
      RunResultTable},
     {"result-choices", "result-choices PROJECT (--kind K | --first-use)",
      "Prints what the panel of the table offers for a kind of result, or what it shows at its first use, as JSON.",
      "結果の種類ごとに表のパネルで選べるもの、または最初に表示するものを JSON で出力します。",
      RunResultChoices},
-    {"result-diagram", "result-diagram PROJECT --kind K --load L --girder G --item C [--width W --height H]",
+    {"result-diagram", "result-diagram PROJECT --kind K --load L... --girder G --item C [--envelope] [--width W --height H]",
      "Prints the diagram of a component along a girder, as JSON, with its pixels in a pane of W x H. 変位 with the girder\n"
-     "すべて: the deformed frame.",
-     "主桁に沿った成分の図を JSON で出力します。W x H の枠での画素も付きます。変位で主桁が すべて: 骨組の変形図。",
+     "すべて: the deformed frame. --envelope: the largest and smallest ordinates of the load cases L (of all, without one).",
+     "主桁に沿った成分の図を JSON で出力します。W x H の枠での画素も付きます。変位で主桁が すべて: 骨組の変形図。\n"
+     "--envelope: 荷重 L(なければすべて)の最大・最小の図。",
      RunResultDiagram},
     {"projection", "projection PROJECT --width W --height H [--overlay]",
      "Prints the figure of the model in a pane of W x H pixels from its four sides, as JSON. --overlay: with bracing, cross\n"

@@ -1,6 +1,7 @@
 #include "tools/result_figure_commands.h"
 
 #include "commands/commands_table.h"
+#include "results/diagram_curves.h"
 #include "results/model_overlay.h"
 #include "results/result_diagram.h"
 #include "results/result_files.h"
@@ -215,12 +216,57 @@ json ViewJson(const AnalysisResults& results, const CSbdData* data, const Figure
     return shown;
 }
 
+json OrNull(std::string text)
+{
+    return text.empty() ? json() : json(std::move(text));
+}
+
+CommandResult RunEnvelopeDiagram(CResultArguments& parsed)
+{
+    ResultSelection selection;
+    selection.envelope = true;
+    selection.kind = parsed.Kind();
+    selection.envelopeLoads = parsed.Values("--load");
+    selection.girder = parsed.Text("--girder");
+    selection.figureItem = parsed.Text("--item");
+    const std::size_t component = parsed.Component(selection.kind, selection.figureItem);
+    std::optional<FigureScreen> screen;
+    if (parsed.Has("--width") || parsed.Has("--height"))
+        screen =
+            FigureScreen{static_cast<double>(parsed.Pixels("--width")), static_cast<double>(parsed.Pixels("--height"))};
+    if (parsed.Wrong())
+        return WrongUse("result-diagram", *parsed.Wrong());
+    const AnalysisResults results = ResultsOf(parsed.Project());
+    const AnalysisModel& model = results.model;
+    if (selection.envelopeLoads.empty())
+        selection.envelopeLoads = EnvelopeLoads(model, selection.kind);
+    const std::vector<DiagramCurve> curves = CurvesOf(results, selection);
+    json shown = {{"kind", InfoOf(selection.kind).word},
+                  {"girder", FromCp932(selection.girder)},
+                  {"item", InfoOf(selection.kind).components[component]},
+                  {"envelope", TextList(selection.envelopeLoads)},
+                  {"curves", json::array()}};
+    for (const DiagramCurve& curve : curves) {
+        json own = DiagramJson(model, curve.diagram, screen);
+        own["name"] = FromCp932(curve.name);
+        for (std::size_t i = 0; i < curve.diagram.bays.size(); ++i) {
+            const DiagramBay& bay = curve.diagram.bays[i];
+            own["bays"][i]["leftLoad"] = OrNull(FromCp932(ShownLoadAt(model, bay.leftCase)));
+            own["bays"][i]["rightLoad"] = OrNull(FromCp932(ShownLoadAt(model, bay.rightCase)));
+        }
+        shown["curves"].push_back(std::move(own));
+    }
+    return Print(shown);
+}
+
 } // namespace
 
 CommandResult RunResultDiagram(Arguments arguments)
 {
-    CResultArguments parsed(
-        arguments, {.withValue = {"--kind", "--load", "--girder", "--item", "--width", "--height"}, .alone = {}});
+    CResultArguments parsed(arguments, {.withValue = {"--kind", "--load", "--girder", "--item", "--width", "--height"},
+                                        .alone = {"--envelope"}});
+    if (!parsed.Wrong() && parsed.Has("--envelope"))
+        return RunEnvelopeDiagram(parsed);
     ResultKind kind = ResultKind::Displacement;
     std::string load;
     std::string girder;

@@ -1,7 +1,12 @@
 #include "tools/result_panel_commands.h"
 
+#include "project/text.h"
+#include "results/result_csv.h"
 #include "results/result_files.h"
+#include "results/result_stamp.h"
 #include "results/result_table.h"
+#include "results/result_workbook.h"
+#include "sbdfile/project_file.h"
 #include "tools/command_support.h"
 #include "tools/json_text.h"
 #include "tools/result_arguments.h"
@@ -122,25 +127,93 @@ json ChoicesJson(const AnalysisModel& model, ResultKind kind)
 
 } // namespace
 
+namespace {
+
+/// The selection of the call. Its order is that of the grid column with this head, which the table knows.
+ResultSelection SelectionOf(CResultArguments& parsed)
+{
+    ResultSelection selection;
+    selection.kind = parsed.Kind();
+    selection.envelope = parsed.Has("--envelope");
+    if (selection.envelope)
+        selection.envelopeLoads = parsed.Values("--load");
+    else
+        selection.load = parsed.Text("--load");
+    selection.girder = parsed.Text("--girder");
+    selection.station = parsed.Text("--station");
+    selection.excludedNames = parsed.Values("--exclude");
+    for (const std::string& off : parsed.Values("--off"))
+        selection.columnOn[parsed.Component(selection.kind, off)] = false;
+    if (parsed.Has("--filter"))
+        selection.filter = parsed.Text("--filter");
+    selection.descending = parsed.Has("--descending");
+    return selection;
+}
+
+/// The grid column that the selection calls so; 0: none.
+std::size_t ColumnOf(ResultSelection selection, const std::string& head)
+{
+    constexpr std::size_t most = kFirstValueColumn + 4 * kElementComponents;
+    for (selection.sortColumn = kNameColumn; selection.sortColumn < most; ++selection.sortColumn)
+        if (SortHead(selection) == head)
+            return selection.sortColumn;
+    return 0;
+}
+
+/// Writes the files that are asked for; what went wrong, or nothing.
+std::optional<CommandResult> WriteTables(CResultArguments& parsed, const CResultTable& table,
+                                         const ResultSelection& selection, const ResultState& state)
+{
+    const auto told = [](const std::string& path, const FileResult& result) {
+        return result.Ok()
+                   ? std::nullopt
+                   : std::optional(Fail("sbdtool result-table: 書き込めません: " + path + " (" + result.detail + ")"));
+    };
+    if (parsed.Has("--csv")) {
+        const std::string path = FromCp932(parsed.Text("--csv"));
+        if (auto failed = told(path, ReplaceFileBytes(PathOf(path), CsvOfTable(table, selection, state))))
+            return failed;
+    }
+    if (parsed.Has("--xlsx")) {
+        const std::string path = FromCp932(parsed.Text("--xlsx"));
+        return told(path, SaveResultWorkbook(PathOf(path), table, selection, state));
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
 CommandResult RunResultTable(Arguments arguments)
 {
-    CResultArguments parsed(
-        arguments, {.withValue = {"--kind", "--load", "--girder", "--station", "--off", "--exclude"}, .alone = {}});
+    CResultArguments parsed(arguments, {.withValue = {"--kind", "--load", "--girder", "--station", "--off", "--exclude",
+                                                      "--filter", "--sort", "--csv", "--xlsx"},
+                                        .alone = {"--envelope", "--descending"}});
     ResultSelection selection;
-    if (!parsed.Wrong()) {
-        selection.kind = parsed.Kind();
-        selection.load = parsed.Text("--load");
-        selection.girder = parsed.Text("--girder");
-        selection.station = parsed.Text("--station");
-        selection.excludedNames = parsed.Values("--exclude");
-        for (const std::string& off : parsed.Values("--off"))
-            selection.columnOn[parsed.Component(selection.kind, off)] = false;
+    if (!parsed.Wrong())
+        selection = SelectionOf(parsed);
+    if (!parsed.Wrong() && parsed.Has("--sort")) {
+        const std::string head = parsed.Text("--sort");
+        selection.sortColumn = ColumnOf(selection, head);
+        if (!parsed.Wrong() && selection.sortColumn == 0)
+            return WrongUse("result-table", "その見出しの列はありません: " + FromCp932(head));
     }
     if (parsed.Wrong())
         return WrongUse("result-table", *parsed.Wrong());
 
-    const AnalysisResults results = ResultsOf(parsed.Project());
+    AnalysisResults results;
+    ResultStamp asRead;
+    const std::filesystem::path project = PathOf(parsed.Project());
+    ReadStampedResultFiles(project, results, asRead);
+    for (const std::string& load : selection.envelopeLoads)
+        if (!LoadCaseOf(results.model, load))
+            return Fail("sbdtool result-table: この荷重は結果にありません: " + FromCp932(load));
+    if (selection.envelope && selection.envelopeLoads.empty())
+        selection.envelopeLoads = EnvelopeLoads(results.model, selection.kind);
     const CResultTable table(results, selection);
+    if (auto failed = WriteTables(parsed, table, selection, ResultStateOf(project, asRead, false)))
+        return *failed;
+    if (parsed.Has("--csv") || parsed.Has("--xlsx"))
+        return {};
     const ResultKindInfo& info = InfoOf(selection.kind);
     json shown = TableJson(table);
     shown.update(
@@ -154,6 +227,8 @@ CommandResult RunResultTable(Arguments arguments)
          {"figureItem", table.LoadIndex() ? json(info.components[info.defaultComponent]) : json()},
          {"excluded", TextList(selection.excludedNames)},
          {"offered", TextList(OfferedNames(results.model, selection.kind, selection.girder, selection.station))}});
+    if (selection.envelope)
+        shown["envelope"] = TextList(selection.envelopeLoads);
     return Print(shown);
 }
 

@@ -8,7 +8,8 @@
 
 namespace sbd {
 
-/// result-table PROJECT --kind K --load L --girder G --station S [--off C]... [--exclude N]...
+/// result-table PROJECT --kind K --load L... --girder G --station S [--envelope] [--off C]... [--exclude N]...
+/// [--filter T] [--sort HEAD] [--descending] [--csv OUT] [--xlsx OUT]
 [[nodiscard]] CommandResult RunResultTable(std::span<const std::string> arguments);
 
 /// result-choices PROJECT (--kind K | --first-use)

@@ -345,7 +345,7 @@ int main(int count, char** values)
         return *code;
     QCommandLineParser parser;
     parser.setApplicationDescription(u"Draws the help page of a block. For the figures of the analysis see "
-                                     u"sbdpage figure --help and sbdpage diagram --help, for the bridge as it is "
+                                     u"sbdpage figure, diagram, sheets and table with --help, for the bridge as it is "
                                      u"put in sbdpage elevation, section or plan with --help."_s);
     parser.addHelpOption();
     parser.addPositionalArgument(u"BLOCK"_s, u"number of the block"_s);

@@ -1,17 +1,26 @@
 #include "sbdpage_figures.h"
 
+#include "document/path.h"
 #include "document/result_session.h"
 #include "document/section_doc.h"
+#include "panels/result_output.h"
 #include "project/catalogue.h"
+#include "sbdfile/project_file.h"
 #include "sbdpage_pictures.h"
 #include "upperview/display_look.h"
 #include "upperview/result_diagram.h"
+#include "upperview/result_sheets.h"
 
+#include <QBuffer>
 #include <QCommandLineParser>
+#include <QGuiApplication>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QPdfWriter>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 
 namespace sbd {
 
@@ -42,6 +51,30 @@ std::optional<int> Number(const QCommandLineParser& parser, const QString& optio
         return number;
     FailCall(u"--%1 takes a number from %2 to %3"_s.arg(option).arg(least).arg(most));
     return std::nullopt;
+}
+
+void AddDirectionOption(QCommandLineParser& parser)
+{
+    parser.addOption({u"direction"_s, u"Direction it is seen from, such as 1,-2,0.5."_s, u"x,y,z"_s});
+}
+
+/// Takes the direction of the call into the view; false if it is none, which is told.
+bool TakeDirection(const QCommandLineParser& parser, FigureView& view)
+{
+    if (!parser.isSet(u"direction"_s))
+        return true;
+    const QStringList words = parser.value(u"direction"_s).split(u',');
+    std::array<double, 3> direction{};
+    bool areNumbers = words.size() == 3;
+    for (std::size_t i = 0; i < direction.size() && areNumbers; ++i)
+        direction[i] = words[static_cast<qsizetype>(i)].toDouble(&areNumbers);
+    const double length = std::hypot(direction[0], direction[1], direction[2]);
+    if (!areNumbers || !std::isfinite(length) || !(length > 0)) {
+        FailCall(u"--direction takes three numbers, not all 0"_s);
+        return false;
+    }
+    view.viewDirection = direction;
+    return true;
 }
 
 /// The project of the call, with results; false if there is nothing to draw from, which is told.
@@ -87,6 +120,7 @@ int DrawFigure(const QStringList& arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription(u"sbdpage figure: draws the frame of a project."_s);
     AddCommonOptions(parser);
+    AddDirectionOption(parser);
     parser.addOptions(
         {{u"view"_s, u"Side it is seen from: XY, YZ, XZ or ALL."_s, u"name"_s, u"ALL"_s},
          {u"block"_s, u"Block on the panel; rows of 523 and 573 are shown in red."_s, u"number"_s, u"0"_s},
@@ -102,15 +136,16 @@ int DrawFigure(const QStringList& arguments)
     constexpr int mostRow = 1'000'000;
     const std::optional<int> block = Number(parser, u"block"_s, 0, mostBlock);
     const std::optional<int> row = Number(parser, u"row"_s, 0, mostRow);
-    if (!block || !row)
+    FigureView seen;
+    ApplyViewCommand(seen, view->command);
+    if (!block || !row || !TakeDirection(parser, seen))
         return kBadPictureCall;
     CKELDSectionDoc doc;
     int code = 0;
     if (!Open(parser, doc, code))
         return code;
     return DrawInPane(parser, doc, [&](QPainter& painter, const FigureScreen& screen, const FigureLook& look) {
-        FigureView shown;
-        ApplyViewCommand(shown, view->command);
+        FigureView shown = seen;
         DrawModelFigure(painter, screen, doc.Results(), doc.Data(), {CanonicalBlock(*block), *row}, look, shown,
                         ResultSessionOf(doc).State());
     });
@@ -168,15 +203,64 @@ std::optional<ResultSelection> SelectionOf(const QCommandLineParser& parser, con
     return selection;
 }
 
+/// The load cases of an option, in CP932; nothing if one is not there, which is told.
+std::optional<std::vector<std::string>> LoadsOf(const QStringList& words, const AnalysisModel& model)
+{
+    std::vector<std::string> loads;
+    for (const QString& word : words) {
+        loads.push_back(fromQString(word).value_or(std::string()));
+        if (!LoadCaseOf(model, loads.back())) {
+            FailCall(u"no such load case; there are "_s + Listed(model.loadCaseNames));
+            return std::nullopt;
+        }
+    }
+    return loads;
+}
+
+void AddSelectionOptions(QCommandLineParser& parser)
+{
+    parser.addOptions(
+        {{u"load"_s, u"Load case, by its whole name; with --envelope several times, all if none is given."_s,
+          u"name"_s},
+         {u"envelope"_s, u"The largest and smallest values of several load cases."_s},
+         {u"over-load"_s, u"Load case that is laid over the first one."_s, u"name"_s},
+         {u"over-girder"_s, u"Girder that is laid over the first one."_s, u"name"_s}});
+}
+
+/// Puts what is shown of several load cases or girders into the selection; false if a name is not there, which is told.
+bool TakeSeveral(const QCommandLineParser& parser, const AnalysisModel& model, ResultSelection& selection)
+{
+    selection.envelope = parser.isSet(u"envelope"_s);
+    if (selection.envelope) {
+        const auto loads = LoadsOf(parser.values(u"load"_s), model);
+        if (!loads)
+            return false;
+        selection.envelopeLoads = loads->empty() ? EnvelopeLoads(model, selection.kind) : *loads;
+    }
+    const auto over = LoadsOf(parser.values(u"over-load"_s), model);
+    if (!over)
+        return false;
+    if (!over->empty())
+        selection.overLoad = over->front();
+    selection.overGirder = Text(parser, u"over-girder"_s, {});
+    if (!selection.overGirder.empty()
+        && std::ranges::find(model.girderNames, selection.overGirder) == model.girderNames.end()) {
+        FailCall(u"no such girder; there are "_s + Listed(model.girderNames));
+        return false;
+    }
+    return true;
+}
+
 int DrawDiagram(const QStringList& arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         u"sbdpage diagram: draws a result along a girder, or the deformed frame of all girders."_s);
     AddCommonOptions(parser);
+    AddDirectionOption(parser); // of the deformed frame
+    AddSelectionOptions(parser);
     parser.addOptions(
         {{u"kind"_s, u"変位, 断面力 or 反力; 断面力 if not given."_s, u"word"_s},
-         {u"load"_s, u"Load case, by its whole name."_s, u"name"_s},
          {u"girder"_s, u"Girder; すべて with 変位 for the deformed frame."_s, u"name"_s},
          {u"item"_s, u"Component, such as Uz, My or Fz."_s, u"name"_s},
          {u"magnification"_s, u"Of the deformed frame: 0 (what suits), 1, 10, 100 or 1000."_s, u"number"_s, u"100"_s}});
@@ -187,16 +271,153 @@ int DrawDiagram(const QStringList& arguments)
     if (!Open(parser, doc, code))
         return code;
     std::optional<ResultSelection> selection = SelectionOf(parser, doc.Results().model);
-    if (!selection)
+    if (!selection || !TakeSeveral(parser, doc.Results().model, *selection))
         return kBadPictureCall;
     bool isNumber = false;
     selection->magnification = parser.value(u"magnification"_s).toInt(&isNumber);
     if (!isNumber || std::ranges::find(kMagnifications, selection->magnification) == std::end(kMagnifications))
         return FailCall(u"--magnification takes 0, 1, 10, 100 or 1000"_s);
+    FigureView seen;
+    if (!TakeDirection(parser, seen))
+        return kBadPictureCall;
     return DrawInPane(parser, doc, [&](QPainter& painter, const FigureScreen& screen, const FigureLook& look) {
-        FigureView view;
+        FigureView view = seen;
         DrawResultPage(painter, screen, doc.Results(), *selection, look, view, ResultSessionOf(doc).State());
     });
+}
+
+// --- sheets ------------------------------------------------------------------------------------------
+
+/// "My,Sz,Uz"; nothing if one is no component, which is told. Moments of reactions are asked for by their kind: 反力Mx.
+std::optional<std::vector<SheetItem>> ItemsOf(const QString& words)
+{
+    std::vector<SheetItem> items;
+    for (const QString& word : words.split(u',', Qt::SkipEmptyParts)) {
+        const std::string own = fromQString(word.trimmed()).value_or(std::string());
+        bool found = false;
+        for (const ResultKind kind : {ResultKind::Force, ResultKind::Displacement, ResultKind::Reaction}) {
+            const std::string head = KindWord(kind);
+            const std::optional<std::size_t> component =
+                ComponentOf(kind, own.starts_with(head) ? own.substr(head.size()) : own);
+            if (!component || found)
+                continue;
+            items.push_back({kind, *component});
+            found = true;
+        }
+        if (!found) {
+            FailCall(
+                u"no such item: %1; there are Nx Sy Sz Tx My Mz, Ux Uy Uz θx θy θz, Fx Fy Fz, 反力Mx 反力My 反力Mz"_s
+                    .arg(word));
+            return std::nullopt;
+        }
+    }
+    return items;
+}
+
+int DrawSheets(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        u"sbdpage sheets: several diagrams of a girder on one sheet, all girders as one PDF with bookmarks."_s);
+    parser.addHelpOption();
+    AddSelectionOptions(parser);
+    parser.addOptions({{u"project"_s, u"The project; its results lie beside it."_s, u"file"_s},
+                       {u"girder"_s, u"Girder, several times; all if none is given."_s, u"name"_s},
+                       {u"items"_s, u"Components from top to bottom."_s, u"names"_s, u"My,Sz,Uz"_s},
+                       {u"paper"_s, u"A4 or A3."_s, u"name"_s, u"A4"_s},
+                       {u"lying"_s, u"Sheets lie. Without --lying and --upright they do with up to two figures."_s},
+                       {u"upright"_s, u"Sheets stand."_s},
+                       {u"pdf"_s, u"The file to write."_s, u"file"_s}});
+    parser.process(arguments);
+
+    CKELDSectionDoc doc;
+    int code = 0;
+    if (!Open(parser, doc, code))
+        return code;
+    const AnalysisModel& model = doc.Results().model;
+    ResultSelection selection = FirstUseSelection(model);
+    if (!parser.isSet(u"envelope"_s) && parser.isSet(u"load"_s)) {
+        const auto loads = LoadsOf({parser.value(u"load"_s)}, model);
+        if (!loads)
+            return kBadPictureCall;
+        selection.load = loads->front();
+    }
+    const std::optional<std::vector<SheetItem>> items = ItemsOf(parser.value(u"items"_s));
+    if (!TakeSeveral(parser, model, selection) || !items)
+        return kBadPictureCall;
+    std::vector<std::string> girders;
+    for (const QString& girder : parser.values(u"girder"_s)) {
+        girders.push_back(fromQString(girder).value_or(std::string()));
+        if (std::ranges::find(model.girderNames, girders.back()) == model.girderNames.end())
+            return FailCall(u"no such girder; there are "_s + Listed(model.girderNames));
+    }
+    const QString paper = parser.value(u"paper"_s).toUpper();
+    if (paper != u"A4"_s && paper != u"A3"_s)
+        return FailCall(u"--paper takes A4 or A3"_s);
+    const std::vector<ResultSheet> sheets =
+        SheetsOfGirders(selection, girders.empty() ? model.girderNames : girders, *items);
+    if (sheets.empty() || items->empty())
+        return FailCall(u"there is nothing to draw"_s, kNothing);
+    const QPageLayout layout = SheetLayout(paper == u"A3"_s ? QPageSize::A3 : QPageSize::A4,
+                                           parser.isSet(u"lying"_s)     ? QPageLayout::Landscape
+                                           : parser.isSet(u"upright"_s) ? QPageLayout::Portrait
+                                                                        : OrientationOf(sheets));
+    const QByteArray pdf =
+        SheetsPdf(layout, doc.Results(), sheets, FigureFont(doc.display), ResultSessionOf(doc).State(), {});
+    const QString path = parser.value(u"pdf"_s);
+    if (path.isEmpty())
+        return FailCall(u"--pdf says where to draw"_s);
+    const FileResult result = ReplaceFileBytes(ToPath(path), {pdf.constData(), static_cast<std::size_t>(pdf.size())});
+    return pdf.isEmpty() || !result.Ok() ? FailCall(u"cannot write "_s + path) : 0;
+}
+
+// --- table -------------------------------------------------------------------------------------------
+
+int PrintTable(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"sbdpage table: prints the table of results into a PDF."_s);
+    parser.addHelpOption();
+    AddSelectionOptions(parser);
+    parser.addOptions({{u"project"_s, u"The project; its results lie beside it."_s, u"file"_s},
+                       {u"kind"_s, u"変位, 断面力 or 反力; 断面力 if not given."_s, u"word"_s},
+                       {u"girder"_s, u"Girder, すべて for all of them."_s, u"name"_s},
+                       {u"pdf"_s, u"The file to write."_s, u"file"_s}});
+    parser.process(arguments);
+
+    CKELDSectionDoc doc;
+    int code = 0;
+    if (!Open(parser, doc, code))
+        return code;
+    const AnalysisModel& model = doc.Results().model;
+    ResultSelection selection = FirstUseSelection(model);
+    const std::optional<ResultKind> kind = ResultKindOf(Text(parser, u"kind"_s, KindWord(selection.kind)));
+    if (!kind)
+        return FailCall(u"--kind takes 変位, 断面力 or 反力"_s);
+    SelectKind(selection, model, *kind);
+    if (!parser.isSet(u"envelope"_s))
+        selection.load = Text(parser, u"load"_s, selection.load);
+    if (!TakeSeveral(parser, model, selection))
+        return kBadPictureCall;
+    selection.girder = Text(parser, u"girder"_s, selection.girder);
+    const CResultTable table(doc.Results(), selection);
+    if (table.RowCount() == 0)
+        return FailCall(u"no result is of this choice"_s, kNothing);
+    const QString path = parser.value(u"pdf"_s);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    bool isDone = false;
+    {
+        QPdfWriter writer(&buffer);
+        writer.setPageLayout(
+            SheetLayout(QPageSize::A4, IsWideTable(table) ? QPageLayout::Landscape : QPageLayout::Portrait));
+        isDone = PrintResultTable(writer, table, selection, QGuiApplication::font(), ResultSessionOf(doc).State());
+    }
+    if (path.isEmpty())
+        return FailCall(u"--pdf says where to print"_s);
+    const FileResult result =
+        ReplaceFileBytes(ToPath(path), {buffer.data().constData(), static_cast<std::size_t>(buffer.data().size())});
+    return !isDone || !result.Ok() ? FailCall(u"cannot write "_s + path) : 0;
 }
 
 } // namespace
@@ -209,6 +430,10 @@ std::optional<int> RunFigureCommand(const QStringList& arguments)
         return DrawFigure(own);
     if (command == u"diagram"_s)
         return DrawDiagram(own);
+    if (command == u"sheets"_s)
+        return DrawSheets(own);
+    if (command == u"table"_s)
+        return PrintTable(own);
     return std::nullopt;
 }
 

@@ -51,8 +51,13 @@ bool CFigurePane::ShowsResult() const
 bool CFigurePane::HasFigure() const
 {
     const AnalysisResults& results = doc_->Results();
-    return !results.nodeTable.coordinates.empty()
-           && (!ShowsResult() || LoadCaseOf(results.model, ResultSessionOf(*doc_).selection.load));
+    if (results.nodeTable.coordinates.empty())
+        return false;
+    if (!ShowsResult())
+        return true;
+    const ResultSelection& selection = ResultSessionOf(*doc_).selection;
+    return selection.envelope ? !EnvelopeCases(results.model, selection).empty()
+                              : LoadCaseOf(results.model, selection.load).has_value();
 }
 
 void CFigurePane::Refresh()
@@ -70,6 +75,7 @@ void CFigurePane::FigureIsAnother()
     hold_ = Hold::None;
     pressedAt_.reset();
     places_.reset();
+    curves_.reset();
     update();
 }
 
@@ -285,16 +291,15 @@ const FramePlaces& CFigurePane::Places()
     return places_.emplace(std::move(places));
 }
 
-std::optional<DiagramPick> CFigurePane::OrdinateAt(QPointF place) const
+std::optional<DiagramPick> CFigurePane::OrdinateAt(QPointF place)
 {
     const AnalysisResults& results = doc_->Results();
-    const ResultSelection& selection = ResultSessionOf(*doc_).selection;
-    const std::optional<std::size_t> load = LoadCaseOf(results.model, selection.load);
-    if (!load)
+    if (!curves_)
+        curves_ = CurvesOf(results, ResultSessionOf(*doc_).selection);
+    if (curves_->empty())
         return std::nullopt;
-    const GirderDiagram diagram = DiagramOf(results, selection, *load);
-    const DiagramScale scale = FitDiagram(diagram, FigureScreenOf(*this), view_.zoom, PanOf(view_));
-    return PickOrdinate(results, diagram, scale, {place.x(), place.y()});
+    const DiagramScale scale = FitCurves(*curves_, FigureScreenOf(*this), view_.zoom, PanOf(view_));
+    return PickOrdinate(results, *curves_, scale, {place.x(), place.y()});
 }
 
 QString CFigurePane::WordsAt(QPointF place)
@@ -328,7 +333,7 @@ void CFigurePane::PickAt(QPointF place)
             session.Pick(
                 pick->name,
                 ComponentOf(selection.kind, selection.figureItem).value_or(InfoOf(selection.kind).defaultComponent),
-                pick->rightEnd);
+                pick->rightEnd, pick->pen == FigurePen::Least);
         return;
     }
     const std::optional<std::int32_t> node = PickNode(Places(), pointer);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "commands/commands.h"
+#include "results/diagram_curves.h"
 #include "results/figure_pick.h"
 #include "upperview/model_figure.h"
 
@@ -62,7 +63,7 @@ private:
     /// The pane as a sheet whose pixels are known, where `painter` paints on one.
     [[nodiscard]] FigureScreen ScreenFor(const QPainter& painter) const;
     void PickAt(QPointF place);
-    [[nodiscard]] std::optional<DiagramPick> OrdinateAt(QPointF place) const;
+    [[nodiscard]] std::optional<DiagramPick> OrdinateAt(QPointF place);
     /// The frame as it stands in the pane; made once a paint.
     [[nodiscard]] const FramePlaces& Places();
     [[nodiscard]] bool ShowsDiagram() const;
@@ -81,6 +82,7 @@ private:
     bool spaceDown_ = false;
     std::optional<QPointF> pressedAt_; // by the left button, for a click
     std::optional<FramePlaces> places_;
+    std::optional<std::vector<DiagramCurve>> curves_; ///< of the figure on show, for picks
 };
 
 } // namespace sbd

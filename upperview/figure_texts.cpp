@@ -18,12 +18,6 @@ constexpr double kFontShare = 0.6; // of the font of the model figure
 constexpr double kMargin = 3;      // pixels around the heading
 constexpr double kRim = 3;         // pixels, both sides together
 
-QColor ColorOf(std::uint32_t color)
-{
-    return QColor(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
-                  static_cast<int>((color >> 16) & 0xFF));
-}
-
 QColor InkOf(FigureMark mark, const FigureLook& look)
 {
     switch (mark) {
@@ -47,6 +41,12 @@ std::vector<HeadingPart> Placed(const QPainter& painter, const FigureHeading& he
 }
 
 } // namespace
+
+QColor ColorOf(std::uint32_t color)
+{
+    return QColor(static_cast<int>(color & 0xFF), static_cast<int>((color >> 8) & 0xFF),
+                  static_cast<int>((color >> 16) & 0xFF));
+}
 
 QFont SmallFont(const FigureLook& look)
 {
@@ -80,8 +80,15 @@ std::vector<LabelBox> PaintHeading(QPainter& painter, const FigureHeading& headi
     for (const HeadingPart& part : Placed(painter, heading, screen, look)) {
         const LabelBox& box = part.box;
         painter.fillRect(QRectF(box.left, box.top, box.width, box.height), look.backColor);
+        double left = box.left;
+        if (part.words.sample) {
+            const double middle = std::trunc(box.top + box.height / 2);
+            painter.setPen(PenOf(*part.words.sample, look));
+            painter.drawLine(QPointF(left, middle), QPointF(left + kSampleLength, middle));
+            left += kSamplePlace;
+        }
         painter.setPen(InkOf(part.words.mark, look));
-        painter.drawText(QPointF(box.left, box.top + metrics.ascent()), toQString(part.words.text));
+        painter.drawText(QPointF(left, box.top + metrics.ascent()), toQString(part.words.text));
         boxes.push_back(box);
     }
     return boxes;
@@ -116,7 +123,7 @@ void PaintTexts(QPainter& painter, std::span<const PlacedText> texts, const QFon
             letters.addText(QPointF(0, metrics.ascent()), font, words);
             painter.strokePath(letters, ground);
         }
-        painter.setPen(InkOf(text.mark, look));
+        painter.setPen(text.mark == FigureMark::None ? PenOf(text.pen, look).color() : InkOf(text.mark, look));
         painter.drawText(QPointF(0, metrics.ascent()), words);
         painter.restore();
     }

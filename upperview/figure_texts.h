@@ -13,6 +13,9 @@ class QPainter;
 
 namespace sbd {
 
+/// A colour of the tables, with blue in the high byte.
+[[nodiscard]] QColor ColorOf(std::uint32_t color);
+
 /// The font of headings and diagrams, smaller than that of the figure of the model.
 [[nodiscard]] QFont SmallFont(const FigureLook& look);
 

@@ -1,6 +1,7 @@
 #include "upperview/model_figure.h"
 
 #include "results/model_labels.h"
+#include "results/result_table.h"
 #include "upperview/figure_texts.h"
 #include "upperview/paper.h"
 
@@ -275,6 +276,15 @@ QPen PenOf(FigurePen pen, const FigureLook& look)
         return {look.backColor, 1};
     case FigurePen::Selected:
         return ink(Qt::red, 3);
+    case FigurePen::Second: {
+        QPen dashed = ink(QColor(0xB0, 0x50, 0), 1.5);
+        dashed.setDashPattern({5, 3}); // told from the first one without colours too
+        return dashed;
+    }
+    case FigurePen::Greatest:
+        return ink(ColorOf(kMaxColor), 1.5);
+    case FigurePen::Least:
+        return ink(ColorOf(kMinColor), 1.5);
     case FigurePen::Faint:
         return ink(QColor(0x80, 0x80, 0x80), 1);
     case FigurePen::Plain:

@@ -21,17 +21,18 @@ void PaintDiagram(QPainter& painter, const DiagramPage& page, const FigureScreen
 {
     const DiagramDrawing& drawing = page.drawing;
     CFigureLines lines(screen);
-    for (const FigurePen pen : {FigurePen::Faint, FigurePen::Plain}) {
+    for (const FigurePen pen :
+         {FigurePen::Faint, FigurePen::Least, FigurePen::Greatest, FigurePen::Plain, FigurePen::Second}) {
         for (const FigureLine& line : drawing.lines)
             if (line.pen == pen)
                 lines.Add(line.from, line.to);
         lines.Paint(painter, PenOf(pen, look));
     }
-    const QColor ink = Ink(Qt::black, look.backColor);
-    painter.setBrush(ink);
-    for (const auto& head : drawing.heads) {
+    for (const FigureHead& head : drawing.heads) {
+        painter.setPen(QPen(PenOf(head.pen, look).color(), 1));
+        painter.setBrush(painter.pen().color());
         QPolygonF corners;
-        for (const FigurePoint& corner : head)
+        for (const FigurePoint& corner : head.corners)
             corners << QPointF(corner.x, corner.y);
         const bool isNumber = std::ranges::all_of(
             corners, [](const QPointF& corner) { return std::isfinite(corner.x()) && std::isfinite(corner.y()); });
@@ -77,13 +78,6 @@ double PaintDeformed(QPainter& painter, const AnalysisResults& results, std::siz
 
 } // namespace
 
-GirderDiagram DiagramOf(const AnalysisResults& results, const ResultSelection& selection, std::size_t loadCase)
-{
-    const std::size_t component =
-        ComponentOf(selection.kind, selection.figureItem).value_or(InfoOf(selection.kind).defaultComponent);
-    return MakeGirderDiagram(results, loadCase, selection.girder, selection.kind, component);
-}
-
 double MagnificationOf(const AnalysisResults& results, const ResultSelection& selection, std::size_t loadCase)
 {
     return selection.magnification > 0 ? selection.magnification : SuitingMagnification(results, loadCase);
@@ -91,7 +85,7 @@ double MagnificationOf(const AnalysisResults& results, const ResultSelection& se
 
 bool ShowsDeformed(const ResultSelection& selection)
 {
-    return selection.kind == ResultKind::Displacement && selection.girder == AllWord();
+    return selection.kind == ResultKind::Displacement && selection.girder == AllWord() && !selection.envelope;
 }
 
 ModelScale DeformedScale(const CModelProjection& before, const CModelProjection& moved, const FigureScreen& screen,
@@ -107,11 +101,13 @@ void DrawResultPage(QPainter& painter, const FigureScreen& screen, const Analysi
                     const ResultSelection& selection, const FigureLook& look, FigureView& view,
                     const ResultState& state, const std::string& marked)
 {
-    const std::optional<std::size_t> load = LoadCaseOf(results.model, selection.load);
-    if (!load || screen.clientWidth <= 0 || screen.clientHeight <= 0)
+    if (screen.clientWidth <= 0 || screen.clientHeight <= 0)
         return;
     painter.save();
     if (ShowsDeformed(selection)) {
+        const std::optional<std::size_t> load = LoadCaseOf(results.model, selection.load);
+        if (!load)
+            return painter.restore();
         const double magnification = MagnificationOf(results, selection, *load);
         const double scale = PaintDeformed(painter, results, *load, magnification, screen, look, view, marked);
         FigureHeading heading =
@@ -119,14 +115,17 @@ void DrawResultPage(QPainter& painter, const FigureScreen& screen, const Analysi
         heading.insert(heading.begin() + 1, {{"灰色: 変形前"_cp932}, {"黒: 変形後"_cp932}});
         static_cast<void>(PaintHeading(painter, heading, screen, look));
     } else {
-        const GirderDiagram diagram = DiagramOf(results, selection, *load);
+        const std::vector<DiagramCurve> curves = CurvesOf(results, selection);
+        if (curves.empty())
+            return painter.restore();
         const FigurePan pan = TakeMouseMarks(view, screen);
-        const DiagramScale scale = FitDiagram(diagram, screen, view.zoom, pan);
-        const FigureHeading heading = DiagramHeading(results, selection, diagram, scale, state);
+        const DiagramScale scale = FitCurves(curves, screen, view.zoom, pan);
+        const FigureHeading heading = DiagramHeading(results, selection, curves, scale, state);
         const std::vector<LabelBox> taken = BoxesOfHeading(painter, heading, screen, look);
-        const DiagramPage page = LayOutDiagram(diagram, scale, MetricsOf(painter, SmallFont(look)), taken);
+        const DiagramPage page = LayOutDiagrams(curves, scale, MetricsOf(painter, SmallFont(look)), taken);
         PaintDiagram(painter, page, screen, look);
-        PaintRings(painter, OrdinatesOf(results, diagram, scale, marked), look);
+        for (const DiagramCurve& curve : curves)
+            PaintRings(painter, OrdinatesOf(results, curve.diagram, scale, marked), look);
         static_cast<void>(PaintHeading(painter, heading, screen, look));
     }
     painter.restore();

@@ -54,6 +54,11 @@ void CUpView::Print(QPaintDevice& sheet)
         static_cast<CPageView*>(currentWidget())->PrintPage(painter, Foot());
 }
 
+bool CUpView::IsWide() const
+{
+    return currentWidget() == figure_ && figure_->width() > figure_->height();
+}
+
 PrintFoot CUpView::Foot() const
 {
     const int block = currentWidget() == help_ ? help_->Cell().block : doc_->CurrentBlock();

@@ -35,6 +35,9 @@ public:
     /// Prints what is on show, on one sheet: a printer or a PDF file. A page stands on it whole.
     void Print(QPaintDevice& sheet);
 
+    /// True for a figure that is read better on a sheet that lies.
+    [[nodiscard]] bool IsWide() const;
+
     /// Saves what is on show as a picture, by the file's ending in PNG, SVG or PDF: a page whole, a figure as it stands in
     /// the pane. False for another ending, or if the file cannot be written.
     [[nodiscard]] bool SavePicture(const QString& file);

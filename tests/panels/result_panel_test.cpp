@@ -11,6 +11,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -65,9 +66,14 @@ private:
     [[nodiscard]] QListView* Excluded() const
     {
         const auto lists = panel_->findChildren<QListView*>();
-        const auto own = std::ranges::find_if(
-            lists, [](const QListView* list) { return list->selectionMode() == QAbstractItemView::MultiSelection; });
+        const auto own = std::ranges::find_if(lists, [](const QListView* list) {
+            return list->selectionMode() == QAbstractItemView::MultiSelection && list->objectName().isEmpty();
+        });
         return *own;
+    }
+    [[nodiscard]] QList<QCheckBox*> Columns() const
+    {
+        return panel_->findChild<QGroupBox*>(u"columns"_s)->findChildren<QCheckBox*>();
     }
     [[nodiscard]] QString Cell(int row, int column) const { return panel_->Grid()->Source()->Text(row, column); }
     void Choose(QComboBox* box, const QString& text)
@@ -101,6 +107,11 @@ private slots:
     void theMagnificationIsChosenInThePanel();
     void aHeadSortsTheRowsAndTheOrderOfTheFilesComesBack();
     void theFilterLeavesNamesThatHoldIt();
+    void anEnvelopeTellsTheCasesThatDecide();
+    void twoCasesAreLaidOverEachOtherInTheFigure();
+    void widthsThatTheMouseHasGivenStay();
+    void copiesHaveHeadsWithUnits();
+    void theSpreadsheetIsWritten();
     void aLongTablePrintsOnSeveralPages();
     void withoutResultsItSaysSo();
     void resultsThatComeLaterAreShown();
@@ -138,7 +149,7 @@ void ResultPanelTest::eachChoiceFillsTheTable()
     Choose(Load(), u"前死荷重(鋼重+床版)"_s);
     QCOMPARE(Selection().load, fromQString(u"前死荷重(鋼重+床版)"_s).value());
     QVERIFY(Cell(6, 10) != before);
-    const auto boxes = panel_->findChildren<QCheckBox*>();
+    const auto boxes = Columns();
     QCOMPARE(boxes.size(), 6);
     boxes[0]->click();
     QCOMPARE(panel_->Grid()->Source()->ColumnCount(), 11);
@@ -184,14 +195,14 @@ void ResultPanelTest::theSelectionOutlivesThePanel()
     OpenProject("box2");
     Choose(Kind(), u"反力"_s);
     Choose(Girder(), u"すべて"_s);
-    panel_->findChildren<QCheckBox*>()[4]->click();
+    Columns()[4]->click();
     const QString cell = Cell(5, 3);
     QVERIFY(!cell.isEmpty());
     Close();
     Open();
     QCOMPARE(Kind()->currentText(), u"反力"_s);
     QCOMPARE(Girder()->currentText(), u"すべて"_s);
-    QVERIFY(!panel_->findChildren<QCheckBox*>()[4]->isChecked());
+    QVERIFY(!Columns()[4]->isChecked());
     QCOMPARE(Cell(5, 3), cell);
 }
 
@@ -202,7 +213,7 @@ void ResultPanelTest::anotherKindDropsTheRaisedLoad()
     QCOMPARE(Load()->currentText(), u"(B-L:MY最大)"_s);
     QCOMPARE(Load()->findText(u"(B-L:MY最大)(相反応力考慮)"_s), -1);
     QCOMPARE(Item()->currentText(), u"Uz"_s);
-    QCOMPARE(panel_->findChildren<QCheckBox*>()[3]->text(), u"θx"_s);
+    QCOMPARE(Columns()[3]->text(), u"θx"_s);
     QVERIFY(panel_->Table().RowCount() > 0);
 }
 
@@ -403,7 +414,7 @@ void ResultPanelTest::aHeadSortsTheRowsAndTheOrderOfTheFilesComesBack()
     QCOMPARE(Cell(3, 1), first);
     QVERIFY(!(*back)->isVisible());
     doubleClick(3);
-    panel_->findChildren<QCheckBox*>()[0]->click(); // the columns are others
+    Columns()[0]->click(); // the columns are others
     QCOMPARE(Cell(3, 1), first);
 }
 
@@ -421,6 +432,116 @@ void ResultPanelTest::theFilterLeavesNamesThatHoldIt()
     QVERIFY(TableTitle(Selection()).find("-C1") != std::string::npos); // CSV and paper say so
     filter->clear();
     QCOMPARE(panel_->Grid()->Source()->UsedRows(), rows);
+}
+
+void ResultPanelTest::anEnvelopeTellsTheCasesThatDecide()
+{
+    OpenProject("plate4");
+    const int rows = panel_->Grid()->Source()->UsedRows();
+    auto* list = panel_->findChild<QListView*>(u"envelopeLoads"_s);
+    const auto boxes = panel_->findChildren<QCheckBox*>();
+    const auto on = std::ranges::find_if(boxes, [](const QCheckBox* box) { return box->text().contains(u"包絡"_s); });
+    QVERIFY(on != boxes.end() && list != nullptr && !list->isVisible());
+    (*on)->click();
+    QVERIFY(list->isVisible());
+    QVERIFY(!Load()->isEnabled());
+    QCOMPARE(Selection().envelopeLoads.size(), std::size_t(list->model()->rowCount())); // all of them at first
+    QCOMPARE(panel_->Grid()->Source()->UsedRows(), rows);
+    QCOMPARE(panel_->Grid()->Source()->Head(2, 0), u"左Nx最大\n[kN]"_s);
+    QCOMPARE(panel_->Grid()->Source()->Head(3, 0), u"荷重"_s);
+    QVERIFY(!Cell(3, 3).isEmpty());
+    QVERIFY(!panel_->Grid()->Source()->IsRightAligned(3, 3));
+    list->clearSelection();
+    QCOMPARE(panel_->Grid()->Source()->UsedRows(), 0);
+    list->selectionModel()->select(list->model()->index(0, 0), QItemSelectionModel::Select);
+    list->selectionModel()->select(list->model()->index(1, 0), QItemSelectionModel::Select);
+    QCOMPARE(Selection().envelopeLoads.size(), std::size_t(2));
+    for (int row = 3; row <= rows; ++row)
+        QVERIFY(Cell(row, 3) == list->model()->index(0, 0).data() || Cell(row, 3) == list->model()->index(1, 0).data());
+    // A click at the curve of the smallest values goes to their column.
+    ResultSessionOf(*doc_).Pick(fromQString(Cell(6, 1)).value(), 4, false, true);
+    QCOMPARE(panel_->Grid()->Source()->Head(panel_->Grid()->FocusCell().column, 0), u"左My最小\n[kN・m]"_s);
+    Close();
+    Open();
+    QCOMPARE(panel_->findChild<QListView*>(u"envelopeLoads"_s)->selectionModel()->selectedIndexes().size(), 2);
+    QVERIFY(panel_->findChild<QListView*>(u"envelopeLoads"_s)->isVisible());
+    const QString folder = qEnvironmentVariable("SBD_FIGURES");
+    if (!folder.isEmpty())
+        QVERIFY(panel_->grab().save(folder + u"/panel253-envelope.png"_s));
+}
+
+void ResultPanelTest::twoCasesAreLaidOverEachOtherInTheFigure()
+{
+    OpenProject("plate4");
+    QSignalSpy figure(&ResultSessionOf(*doc_), &CResultSession::figureChanged);
+    const auto boxes = panel_->findChildren<QComboBox*>();
+    QComboBox* const overLoad = boxes[6];
+    QComboBox* const overGirder = boxes[7];
+    QCOMPARE(overLoad->count(), Load()->count() + 1);
+    overLoad->setCurrentIndex(1 + Load()->findText(u"(B-L:MY最小)(相反応力考慮)"_s));
+    QCOMPARE(figure.count(), 1);
+    QVERIFY(LoadCaseOf(doc_->Results().model, Selection().overLoad)); // the name that the results have
+    overGirder->setCurrentIndex(2);
+    QVERIFY(Selection().overGirder == "G2");
+    overLoad->setCurrentIndex(0);
+    overGirder->setCurrentIndex(0);
+    QVERIFY(Selection().overLoad.empty() && Selection().overGirder.empty());
+}
+
+void ResultPanelTest::widthsThatTheMouseHasGivenStay()
+{
+    OpenProject("plate4");
+    QHeaderView* const head = panel_->Grid()->horizontalHeader();
+    const int before = panel_->Grid()->columnWidth(1);
+    const int edge = head->sectionViewportPosition(1) + head->sectionSize(1) - 1;
+    QTest::mousePress(head->viewport(), Qt::LeftButton, {}, {edge, 5});
+    QTest::mouseMove(head->viewport(), {edge + 20, 5});
+    QTest::mouseMove(head->viewport(), {edge + 40, 5});
+    QTest::mouseRelease(head->viewport(), Qt::LeftButton, {}, {edge + 40, 5});
+    const int wide = panel_->Grid()->columnWidth(1);
+    QCOMPARE(wide, before + 40);
+    Girder()->setCurrentIndex(Girder()->findText(u"G2"_s)); // filled anew
+    QCOMPARE(panel_->Grid()->columnWidth(1), wide);
+    QCOMPARE(panel_->Grid()->columnWidth(2), before);
+    Columns()[1]->click(); // fewer columns: it is still the one of this head
+    QCOMPARE(panel_->Grid()->columnWidth(1), wide);
+    Close();
+    Open();
+    QCOMPARE(panel_->Grid()->columnWidth(1), wide);
+    Choose(Kind(), u"変位"_s);
+    QVERIFY(panel_->Grid()->columnWidth(1) != wide);
+}
+
+void ResultPanelTest::copiesHaveHeadsWithUnits()
+{
+    OpenProject("plate4");
+    panel_->Grid()->SetFocusCell(3, 2);
+    panel_->Grid()->RunCommand(Command::CopyWithHeads);
+    const QString text = QApplication::clipboard()->text();
+    QVERIFY2(text.startsWith(u"左Nx [kN]\n"_s), qPrintable(text));
+    QVERIFY(text.contains(Cell(3, 2)));
+}
+
+void ResultPanelTest::theSpreadsheetIsWritten()
+{
+    OpenProject("plate4");
+    QTemporaryDir folder;
+    QString proposed;
+    const QString path = folder.filePath(u"表.xlsx"_s);
+    panel_->askFile = [&](QWidget*, const QString& name) {
+        proposed = name;
+        return path;
+    };
+    panel_->SaveXlsx();
+    QVERIFY(proposed.endsWith(u".xlsx"_s));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().startsWith("PK"));
+    QString told;
+    panel_->warn = [&](QWidget*, const QString& message) { told = message; };
+    panel_->askFile = [](QWidget*, const QString&) { return u"/no/such/folder/x.xlsx"_s; };
+    panel_->SaveXlsx();
+    QVERIFY(told.contains(u"/no/such/folder/x.xlsx"_s));
 }
 
 void ResultPanelTest::aLongTablePrintsOnSeveralPages()
@@ -459,7 +580,7 @@ void ResultPanelTest::withoutResultsItSaysSo()
         QVERIFY(!button->isEnabled());
     Choose(Kind(), u"反力"_s);
     Choose(Girder(), u"すべて"_s);
-    panel_->findChildren<QCheckBox*>()[0]->click();
+    Columns()[0]->click();
     panel_->Delete();
     panel_->Undo();
 }
@@ -491,7 +612,7 @@ void ResultPanelTest::aLargeBridgeIsFilledAtOnce()
     timer.start();
     emit doc_->reloaded();
     QVERIFY(panel_->Table().RowCount() == members);
-    panel_->findChildren<QCheckBox*>()[0]->click();
+    Columns()[0]->click();
     const qint64 filled = timer.elapsed();
     QVERIFY2(filled < 3000, qPrintable(QString::number(filled)));
     qInfo("two fills of %zu rows: %lld ms", members, static_cast<long long>(filled));

@@ -26,10 +26,16 @@ public:
         std::ranges::fill(into.first(count), std::byte{1});
         return count;
     }
+    [[nodiscard]] std::span<const std::byte> Next(std::size_t most) override
+    {
+        piece_.resize(std::min(most, std::size_t{8}));
+        return std::span(piece_).first(Read(piece_));
+    }
 
 private:
     std::uint64_t size_;
     std::size_t good_;
+    std::vector<std::byte> piece_;
 };
 
 std::string Field20(std::string_view text)

@@ -198,8 +198,8 @@ TEST(DrawDiagram, VerticalReactionsHaveAHeadAtTheirTip)
     const DiagramDrawing drawing = DrawDiagram(diagram, FitDiagram(diagram, kScreen, 1, {}));
     EXPECT_THAT(drawing.lines, SizeIs(2)) << "the axis and the one bar";
     ASSERT_THAT(drawing.heads, SizeIs(1));
-    EXPECT_EQ(drawing.heads[0][0].y, 500);
-    EXPECT_DOUBLE_EQ(drawing.heads[0][2].x - drawing.heads[0][1].x, 2 * 7.2);
+    EXPECT_EQ(drawing.heads[0].corners[0].y, 500);
+    EXPECT_DOUBLE_EQ(drawing.heads[0].corners[2].x - drawing.heads[0].corners[1].x, 2 * 7.2);
     const GirderDiagram along = MakeGirderDiagram(SmallBridge(), 0, "G1", ResultKind::Reaction, 0);
     EXPECT_THAT(DrawDiagram(along, FitDiagram(along, kScreen, 1, {})).heads, IsEmpty());
 }

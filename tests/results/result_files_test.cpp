@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <set>
 
 namespace sbd {
@@ -48,12 +49,58 @@ TEST_F(ResultFiles, AllSixAreRead)
     EXPECT_EQ(results.reaction, SampleCube(6, 2, 6));
 }
 
+#if defined(__linux__)
+
+/// Kilobytes that are in memory for this process.
+std::size_t KilobytesInMemory()
+{
+    std::ifstream status("/proc/self/status");
+    std::string word;
+    while (status >> word)
+        if (word == "VmRSS:") {
+            std::size_t kilobytes = 0;
+            status >> kilobytes;
+            return kilobytes;
+        }
+    return 0;
+}
+
+TEST_F(ResultFiles, HolesOfAFileCostNoMemory)
+{
+    WriteAll();
+    // 768 MB: values at the front and at the end, nothing between them.
+    constexpr std::int32_t members = 1 << 20;
+    constexpr std::uint64_t size = 12 + std::uint64_t{members} * 96;
+    const std::filesystem::path file = ResultFile(project, ".Z3F");
+    WriteFile(file, FileBytes().Word(members).Word(8).Word(12).All(std::vector<double>{1, 2, 3}).Text());
+    std::filesystem::resize_file(file, 12 + std::uint64_t{members} * 8 * 12 * 8);
+    std::ofstream(file, std::ios::binary | std::ios::in | std::ios::ate)
+        .seekp(-8, std::ios::end)
+        .write("\0\0\0\0\0\0\xF0?", 8);
+    ASSERT_GT(std::filesystem::file_size(file), size);
+    AnalysisResults results;
+    results.force = {};
+    const std::size_t before = KilobytesInMemory();
+    ReadResultFiles(project, results);
+    ASSERT_EQ(results.force.values.size(), std::size_t{members} * 96);
+    EXPECT_EQ(results.force.values[0], 1);
+    EXPECT_EQ(results.force.values[1], -3) << "turned";
+    EXPECT_EQ(results.force.values[5000], 0);
+    EXPECT_EQ(results.force.values.back(), 1);
+    // Memory checkers have their own.
+#if !defined(__SANITIZE_ADDRESS__)
+    EXPECT_LT(KilobytesInMemory(), before + 64 * 1024);
+#endif
+}
+
+#endif
+
 TEST_F(ResultFiles, ForcesAreTurnedWhenTheyAreRead)
 {
     WriteAll();
     AnalysisResults results;
     ReadResultFiles(project, results);
-    const std::vector<double>& values = results.force.values;
+    const ResultValues& values = results.force.values;
     EXPECT_EQ(std::vector<double>(values.begin(), values.begin() + 12),
               (std::vector<double>{1, -3, 2, 4, -6, 5, 7, -9, 8, 10, -12, 11}));
     EXPECT_EQ(values[4 * 24 + 1], 4 * 24 + 2) << "the fifth member's section is not turned";
@@ -145,7 +192,7 @@ TEST(TurnForceAxes, OnlyMembersWithTurnedSectionsTurn)
     model.elementLinks = {{0, 0, 2, 0}, {0, 0, 1, 0}};
     ResultCube force = SampleCube(2, 2, 12);
     EXPECT_EQ(TurnForceAxes(model, force), 1U);
-    const std::vector<double> expected = {
+    const ResultValues expected = {
         1,  2,   3,  4,  5,   6,  7,  8,   9,  10, 11,  12, //
         13, 14,  15, 16, 17,  18, 19, 20,  21, 22, 23,  24, //
         25, -27, 26, 28, -30, 29, 31, -33, 32, 34, -36, 35, // second member, first load case

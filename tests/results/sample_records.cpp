@@ -121,8 +121,9 @@ ResultCube SampleCube(std::int32_t size1, std::int32_t size2, std::int32_t size3
     cube.size1 = size1;
     cube.size2 = size2;
     cube.size3 = size3;
-    cube.values = Counting<double>(
+    const std::vector<double> values = Counting<double>(
         static_cast<std::size_t>(size1) * static_cast<std::size_t>(size2) * static_cast<std::size_t>(size3), 1);
+    cube.values.assign(values.begin(), values.end());
     return cube;
 }
 

@@ -139,7 +139,7 @@ TEST(ResultCube, CutInItsValuesItReadsTrueAndKeepsTheWholeOnes)
 {
     const auto [record, read] = ReadFrom<ResultCube>(BytesOf(SampleCube(3, 2, 6)).Front(12 + 5 * 8 + 3));
     EXPECT_TRUE(read);
-    EXPECT_EQ(record.values, (std::vector<double>{1, 2, 3, 4, 5}));
+    EXPECT_EQ(record.values, (ResultValues{1, 2, 3, 4, 5}));
 }
 
 TEST(ResultCube, ThreeSizesThatLieTakeWhatTheFileHolds)
@@ -160,7 +160,7 @@ TEST(ResultCube, ValuesThatAreNoNumbersStayAsTheyAre)
     cube.values[1] = -std::numeric_limits<double>::quiet_NaN();
     cube.values[2] = -0.0;
     cube.values[3] = std::numeric_limits<double>::denorm_min();
-    const std::vector<double> values = ReadFrom<ResultCube>(BytesOf(cube).Text()).record.values;
+    const ResultValues values = ReadFrom<ResultCube>(BytesOf(cube).Text()).record.values;
     ASSERT_EQ(values.size(), 6U);
     for (std::size_t i = 0; i < values.size(); ++i)
         EXPECT_EQ(std::bit_cast<std::uint64_t>(values[i]), std::bit_cast<std::uint64_t>(cube.values[i])) << i;

@@ -1,5 +1,9 @@
 #include "tests/tools/tool_runs.h"
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
 namespace sbd {
 
 using nlohmann::json;
@@ -45,6 +49,77 @@ TEST(ResultTableCommand, AnUnknownLoadIsNoError)
     EXPECT_EQ(table.at("girder"), "--kind");
     EXPECT_EQ(table.at("figureItem"), nullptr);
     EXPECT_EQ(table.at("rows"), json::array());
+}
+
+TEST(ResultTableCommand, AnEnvelopeNamesTheCasesThatDecide)
+{
+    const std::vector<std::string> all = {"result-table", Example("plate4"), "--kind", "断面力",    "--girder",
+                                          "G1",           "--station",       "なし",   "--envelope"};
+    const json table = Printed(Tool(all));
+    EXPECT_EQ(table.at("envelope").size(), 13U) << "all load cases";
+    EXPECT_THAT(table.at("heads"), SizeIs(2 + 48));
+    EXPECT_EQ(table.at("heads")[2], "左Nx最大");
+    std::vector<std::string> two = all;
+    two.insert(two.end(),
+               {"--load", "前死荷重(鋼重+床版)", "--load", "温度変化(+30℃)", "--off", "Nx", "--off", "Sy", "--off",
+                "Sz", "--off", "Tx", "--off", "Mz", "--sort", "左My最大", "--descending", "--filter", "C1"});
+    const json sorted = Printed(Tool(two));
+    EXPECT_EQ(sorted.at("envelope").size(), 2U);
+    double before = 1e100;
+    for (const json& row : sorted.at("rows")) {
+        EXPECT_NE(row.at("name").get<std::string>().find("C1"), std::string::npos);
+        const double value = std::stod(row.at("cells")[0].get<std::string>());
+        EXPECT_LE(value, before);
+        before = value;
+        EXPECT_THAT(row.at("cells")[1], testing::AnyOf(json("前死荷重(鋼重+床版)"), json("温度変化(+30℃)")));
+    }
+    ASSERT_GT(sorted.at("rows").size(), 5U);
+    ExpectRefused(Tool({"result-table", Example("plate4"), "--kind", "変位", "--girder", "G1", "--station", "なし",
+                        "--envelope", "--sort", "左My最大"}),
+                  "左My最大");
+    EXPECT_EQ(Tool({"result-table", Example("plate4"), "--kind", "変位", "--girder", "G1", "--station", "なし",
+                    "--envelope", "--load", "no"})
+                  .exitCode,
+              2);
+}
+
+TEST(ResultTableCommand, WritesTheTableForOtherPrograms)
+{
+    const std::filesystem::path folder = std::filesystem::temp_directory_path();
+    const std::filesystem::path csv = folder / "result-table-test.csv";
+    const std::filesystem::path xlsx = folder / "result-table-test.xlsx";
+    const CommandResult done =
+        Tool({"result-table", Example("box2"), "--kind", "反力", "--load", "前死荷重", "--girder", "すべて",
+              "--station", "なし", "--csv", csv.string(), "--xlsx", xlsx.string()});
+    EXPECT_EQ(done.exitCode, 0) << done.error;
+    EXPECT_EQ(done.output, "");
+    std::ifstream file(csv, std::ios::binary);
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    EXPECT_NE(text.find("格点名,Fx [kN],Fy [kN],Fz [kN],Mx [kN・m]"), std::string::npos) << text;
+    std::ifstream book(xlsx, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(book), {}).substr(0, 2), "PK");
+    std::filesystem::remove(csv);
+    std::filesystem::remove(xlsx);
+    EXPECT_EQ(Tool({"result-table", Example("box2"), "--kind", "反力", "--load", "前死荷重", "--girder", "すべて",
+                    "--station", "なし", "--csv", "/no/such/folder/x.csv"})
+                  .exitCode,
+              2);
+}
+
+TEST(ResultDiagramCommand, AnEnvelopeHasTwoCurvesAndTheCasesOfEachEnd)
+{
+    const json shown = Printed(Tool({"result-diagram", Example("plate4"), "--kind", "断面力", "--girder", "G2",
+                                     "--item", "My", "--envelope", "--width", "900", "--height", "500"}));
+    ASSERT_THAT(shown.at("curves"), SizeIs(2));
+    for (const json& curve : shown.at("curves")) {
+        EXPECT_EQ(curve.at("girderUsed"), "G2");
+        for (const json& bay : curve.at("bays"))
+            EXPECT_TRUE(bay.at("leftLoad").is_string());
+    }
+    EXPECT_GE(shown.at("curves")[0].at("greatest"), shown.at("curves")[1].at("greatest"));
+    ExpectRefused(
+        Tool({"result-diagram", Example("plate4"), "--kind", "断面力", "--girder", "G2", "--item", "Ux", "--envelope"}),
+        "Ux");
 }
 
 TEST(ResultChoicesCommand, PrintsWhatIsOfferedAndWhatIsShownFirst)

@@ -46,7 +46,7 @@ struct Shown {
     [[nodiscard]] GirderDiagram Diagram()
     {
         const ResultSelection& selection = Session().selection;
-        return DiagramOf(doc.Results(), selection, *LoadCaseOf(doc.Results().model, selection.load));
+        return CurvesOf(doc.Results(), selection).front().diagram;
     }
     [[nodiscard]] DiagramScale Scale()
     {

@@ -63,6 +63,9 @@ private slots:
     void theFrameIsDrawnFromEachSide();
     void theRowUnderTheCursorIsRed();
     void aDiagramIsThatOfItsChoices();
+    void severalCasesAndGirdersAreDrawn();
+    void sheetsOfAllGirdersHaveBookmarks();
+    void theTableOfResultsIsPrinted();
     void oneCallWritesAllThreeKindsOfFile();
     void aRecordGoesIntoAPipe();
     void aWrongCallSaysWhatThereIs_data();
@@ -80,6 +83,11 @@ void SbdpageFiguresTest::theFrameIsDrawnFromEachSide()
         QVERIFY(!views.contains(image));
         views << image;
     }
+    const QStringList turned{u"figure"_s,   u"--project"_s, Project(u"plate4"_s), u"--width"_s, u"600"_s,
+                             u"--height"_s, u"300"_s};
+    QVERIFY(Picture(turned + QStringList{u"--direction"_s, u"0,0,2"_s}) != Picture(turned));
+    QVERIFY(!views.contains(Picture(turned + QStringList{u"--direction"_s, u"1,-2,0.5"_s})));
+    QCOMPARE(RunPage(turned + QStringList{u"--direction"_s, u"0,0,0"_s, u"--png"_s, u"x.png"_s}).code, 2);
 }
 
 void SbdpageFiguresTest::theRowUnderTheCursorIsRed()
@@ -104,6 +112,61 @@ void SbdpageFiguresTest::aDiagramIsThatOfItsChoices()
         QVERIFY2(!pictures.contains(image), qPrintable(choices.join(u' ')));
         pictures << image;
     }
+}
+
+void SbdpageFiguresTest::severalCasesAndGirdersAreDrawn()
+{
+    const QStringList diagram{u"diagram"_s, u"--project"_s, Project(u"plate4"_s)};
+    const QImage envelope = Picture(diagram + QStringList{u"--envelope"_s});
+    QVERIFY(CountPixels(envelope, QColor(255, 0, 255)) > 300); // the largest values
+    QVERIFY(CountPixels(envelope, QColor(0, 0, 255)) > 300);
+    const QImage two = Picture(
+        diagram
+        + QStringList{u"--envelope"_s, u"--load"_s, u"前死荷重(鋼重+床版)"_s, u"--load"_s, u"温度変化(+30℃)"_s});
+    QVERIFY(two != envelope);
+    const QImage over = Picture(diagram + QStringList{u"--over-girder"_s, u"G3"_s});
+    QVERIFY(CountPixels(over, QColor(0xB0, 0x50, 0)) > 100);
+    QVERIFY(CountPixels(Picture(diagram), QColor(0xB0, 0x50, 0)) == 0);
+    QCOMPARE(RunPage(diagram + QStringList{u"--over-load"_s, u"x"_s, u"--png"_s, u"x.png"_s}).code, 2);
+    QCOMPARE(RunPage(diagram + QStringList{u"--envelope"_s, u"--load"_s, u"x"_s, u"--png"_s, u"x.png"_s}).code, 2);
+}
+
+void SbdpageFiguresTest::sheetsOfAllGirdersHaveBookmarks()
+{
+    const QString path = folder_.filePath(u"sheets.pdf"_s);
+    const QStringList sheets{u"sheets"_s, u"--project"_s, Project(u"plate4"_s), u"--pdf"_s, path};
+    const auto pdf = [&](const QStringList& more) {
+        QFile::remove(path);
+        const Run run = RunPage(sheets + more);
+        if (run.code != 0)
+            qWarning("%s", qPrintable(run.told));
+        QFile file(path);
+        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    QByteArray bytes = pdf({});
+    QCOMPARE(bytes.count("/Type /Page\n"), 4);
+    QCOMPARE(bytes.count("/Dest ["), 16);
+    QVERIFY(bytes.contains("/MediaBox [0 0 595")); // upright
+    bytes = pdf({u"--items"_s, u"My"_s, u"--girder"_s, u"G2"_s, u"--envelope"_s});
+    QCOMPARE(bytes.count("/Type /Page\n"), 1);
+    QVERIFY(bytes.contains("/MediaBox [0 0 842") || bytes.contains("/MediaBox [0 0 841"));
+    QCOMPARE(RunPage(sheets + QStringList{u"--items"_s, u"Qx"_s}).code, 2);
+    QCOMPARE(RunPage(sheets + QStringList{u"--girder"_s, u"G9"_s}).code, 2);
+    QCOMPARE(RunPage({u"sheets"_s, u"--project"_s, Project(u"plate4"_s)}).code, 2);
+}
+
+void SbdpageFiguresTest::theTableOfResultsIsPrinted()
+{
+    const QString path = folder_.filePath(u"table.pdf"_s);
+    const QStringList table{u"table"_s, u"--project"_s, Project(u"plate4"_s), u"--pdf"_s, path};
+    QCOMPARE(RunPage(table).code, 0);
+    QFile file(path);
+    QVERIFY(file.open(QFile::ReadOnly));
+    QCOMPARE(file.readAll().count("/Type /Page\n"), 1);
+    file.close();
+    QCOMPARE(RunPage(table + QStringList{u"--envelope"_s}).code, 0);
+    QVERIFY(file.open(QFile::ReadOnly));
+    QVERIFY(file.readAll().count("/Type /Page\n") > 3); // so many columns can be read on several sheets only
 }
 
 void SbdpageFiguresTest::oneCallWritesAllThreeKindsOfFile()
