@@ -24,6 +24,9 @@ struct Answers {
     QList<ChangedFileAnswer> changedFile; ///< cancel after the last
     std::function<void(const DifferenceView&)> withDifferences;
     std::function<void(const KeptInputsView&)> withKept;
+    std::optional<BookChoice> book;
+    std::optional<CompareChoice> comparison;
+    QString reportFile;
 
     QString proposal;    ///< name the save dialog began with
     QStringList filters; ///< of the dialog for a new project's file
@@ -32,6 +35,8 @@ struct Answers {
     QList<bool> putOff; ///< of the questions about copies: "later" is the answer to begin with
     QList<DifferenceView> shown;
     QList<KeptInput> kept;
+    BookSource bookSource;
+    CompareSource compareSource;
 
     [[nodiscard]] Prompts Dialogs()
     {
@@ -73,6 +78,18 @@ struct Answers {
             kept = view.inputs;
             if (withKept)
                 withKept(view);
+        };
+        prompts.chooseBook = [this](QWidget*, const BookSource& source) {
+            bookSource = source;
+            return book;
+        };
+        prompts.chooseComparison = [this](QWidget*, const CompareSource& source) {
+            compareSource = source;
+            return comparison;
+        };
+        prompts.saveReportName = [this](QWidget*, const QString& name, const QStringList&) {
+            proposal = name;
+            return reportFile;
         };
         prompts.runs.askYesNo = prompts.askYesNo;
         prompts.runs.askOkCancel = prompts.askYesNo;
