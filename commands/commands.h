@@ -21,6 +21,8 @@ enum class Command {
     Print,
     PrintPreview,
     SavePicture,
+    InputBook,
+    CompareProject,
     Exit,
 
     // Editing

@@ -28,6 +28,8 @@ inline constexpr CommandRow kRows[] = {
     {Command::Print, 57607, "印刷(&P)...", "Ctrl+P", "", "print"},
     {Command::PrintPreview, 57609, "印刷プレビュー(&V)", "", "", "preview"},
     {Command::SavePicture, 0, "図を保存(&G)...", "", "", "", FreeView},
+    {Command::InputBook, 0, "入力データの帳票(&B)...", "", "入力データを PDF または表計算ファイルに書き出す", ""},
+    {Command::CompareProject, 0, "物件の比較(&M)...", "", "別の物件、保存してあるファイル、保管した入力との違い", ""},
     {Command::Exit, 57665, "アプリケーションの終了(&X)", "Ctrl+Q", "", "", Nothing},
 
     // Editing

@@ -13,7 +13,7 @@ namespace {
 using enum Command;
 
 constexpr MenuItem kFile[] = {NewProject, Open, Close, kSeparator, Save, SaveAs, kSeparator, Print, PrintPreview,
-                              SavePicture, kSeparator, MenuFill::RecentFiles, kSeparator, Exit};
+                              SavePicture, InputBook, kSeparator, CompareProject, kSeparator, MenuFill::RecentFiles, kSeparator, Exit};
 constexpr MenuItem kEdit[] = {Undo, Redo, kSeparator, Cut, Copy, Paste, Delete, CopyWithHeads, kSeparator, FillDown,
                               FillRight, FillSelection, OpenList, kSeparator, SelectRow, SelectColumn, SelectAllCells,
                               kSeparator, MoveRowUp, MoveRowDown, InsertRow, DeleteRow, DuplicateRow, kSeparator,

@@ -31,6 +31,7 @@ QString AboutText(const QString& systemVersion, const QString& programVersion, c
                    u"システムの版: %1\nこのプログラムの版: %2\n\n"
                    u"このプログラムは MIT License です。次のソフトウェアを使用しています。\n"
                    u"　Qt %3　GNU LGPL 第 3 版\n"
+                   u"　libxlsxwriter　BSD License、zlib　zlib License\n"
                    u"　toml++、JSON for Modern C++　MIT License"_s.arg(systemVersion, programVersion,
                                                                        QString::fromLatin1(qVersion()));
     const QString licences = LicencesOf(programFolder);

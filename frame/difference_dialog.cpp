@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <set>
+#include <tuple>
 
 namespace sbd {
 
@@ -144,20 +145,39 @@ CDifferenceDialog::CDifferenceDialog(DifferenceView view, QWidget* parent)
 
     auto* buttons = new QDialogButtonBox(this);
     if (view_.takeBack) {
-        QPushButton* chosen = buttons->addButton(u"選んだ行を戻す(&T)"_s, QDialogButtonBox::ActionRole);
-        QPushButton* all = buttons->addButton(u"すべて戻す(&A)"_s, QDialogButtonBox::ActionRole);
-        chosen->setToolTip(u"311・324・325・501・702 のブロックは、ブロックごとに戻ります。"_s);
         const auto takeBack = [this](const std::vector<Difference>& differences) {
             const auto act = view_.takeBack; // the dialog may go with its caller
             accept();
             act(differences);
         };
-        connect(chosen, &QPushButton::clicked, this, [this, takeBack] { takeBack(Chosen()); });
+        const struct {
+            QString text;
+            Reach reach;
+        } reaches[] = {{u"選んだセルを%1(&T)"_s, Reach::Cell},
+                       {u"その行を%1(&R)"_s, Reach::Row},
+                       {u"そのブロックを%1(&B)"_s, Reach::Block}};
+        QList<QPushButton*> chosen;
+        for (const auto& entry : reaches) {
+            QPushButton* button = buttons->addButton(entry.text.arg(view_.verb), QDialogButtonBox::ActionRole);
+            button->setToolTip(
+                u"311・324・325・501・702 のブロックは、ブロックごとに%1ことになります。"_s.arg(view_.verb));
+            const Reach reach = entry.reach;
+            connect(button, &QPushButton::clicked, this, [this, takeBack, reach] { takeBack(Chosen(reach)); });
+            chosen << button;
+        }
+        QPushButton* all = buttons->addButton(u"すべて%1(&A)"_s.arg(view_.verb), QDialogButtonBox::ActionRole);
         connect(all, &QPushButton::clicked, this, [this, takeBack] { takeBack(view_.differences); });
-        const auto mayTake = [this, chosen] { chosen->setEnabled(list_->selectionModel()->hasSelection()); };
+        const auto mayTake = [this, chosen] {
+            for (QPushButton* button : chosen)
+                button->setEnabled(list_->selectionModel()->hasSelection());
+        };
         connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this, mayTake);
         mayTake();
         all->setEnabled(!view_.differences.empty());
+    }
+    if (view_.save) {
+        QPushButton* save = buttons->addButton(u"一覧を書き出す(&W)..."_s, QDialogButtonBox::ActionRole);
+        connect(save, &QPushButton::clicked, this, [this] { view_.save(view_.differences); });
     }
     QPushButton* close = buttons->addButton(u"閉じる(&C)"_s, QDialogButtonBox::RejectRole);
     close->setDefault(true);
@@ -172,11 +192,23 @@ CDifferenceDialog::CDifferenceDialog(DifferenceView view, QWidget* parent)
     list_->setFocus();
 }
 
-std::vector<Difference> CDifferenceDialog::Chosen() const
+std::vector<Difference> CDifferenceDialog::Chosen(Reach reach) const
 {
-    std::vector<Difference> chosen;
+    // By block, row and column, each alone or with the row or block it stands in. A row that was removed and one that is
+    // there may have the same number.
+    const auto keyOf = [this, reach](std::size_t line) {
+        const Difference& difference = view_.differences[line];
+        const bool gone = difference.kind == DifferenceKind::RowRemoved;
+        const int row = reach == Reach::Block ? 0 : difference.row;
+        return std::tuple(difference.block, gone && reach != Reach::Block, row, reach == Reach::Cell ? line : 0);
+    };
+    std::set<std::tuple<int, bool, int, std::size_t>> keys;
     for (const QModelIndex& index : list_->selectionModel()->selectedRows())
-        chosen.push_back(view_.differences[static_cast<std::size_t>(index.row())]);
+        keys.insert(keyOf(static_cast<std::size_t>(index.row())));
+    std::vector<Difference> chosen;
+    for (std::size_t line = 0; line < view_.differences.size(); ++line)
+        if (keys.contains(keyOf(line)))
+            chosen.push_back(view_.differences[line]);
     return chosen;
 }
 

@@ -21,10 +21,13 @@ struct DifferenceView {
     QString before; ///< heads of the two columns of texts
     QString after;
     std::vector<Difference> differences;
+    QString verb = QStringLiteral("戻す"); ///< what taking back is called
     /// Takes differences back; empty: nothing can be taken back from here. The dialog closes with it.
     std::function<void(const std::vector<Difference>& chosen)> takeBack = {};
     /// Shows the place of a difference; empty: there is none to be shown. The dialog closes with it.
     std::function<void(const Difference& difference)> goTo = {};
+    /// Writes the list to a file that the user names; empty: it cannot be. The dialog stays.
+    std::function<void(const std::vector<Difference>& differences)> save = {};
 };
 
 /// "313 間隔", as the menus call a block; the title may be missing.
@@ -61,7 +64,9 @@ public:
     explicit CDifferenceDialog(DifferenceView view, QWidget* parent = nullptr);
 
 private:
-    [[nodiscard]] std::vector<Difference> Chosen() const;
+    /// How much goes along with what is chosen.
+    enum class Reach { Cell, Row, Block };
+    [[nodiscard]] std::vector<Difference> Chosen(Reach reach) const;
     void GoTo(const QModelIndex& index);
 
     DifferenceView view_;

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QMdiArea;
@@ -16,6 +17,7 @@ namespace sbd {
 class CChildFrame;
 class CKELDSectionDoc;
 class CProjectLock;
+class CSbdData;
 struct FileResult;
 struct WantedRun;
 
@@ -60,6 +62,10 @@ public:
 
     /// Shows the kept inputs of a project.
     void ShowKeptInputs(CChildFrame& child);
+    /// Writes the input of a project as a book: what the user chooses, where the user wants it.
+    void WriteBook(CChildFrame& child);
+    /// Compares a project with another one, its file or a kept input.
+    void Compare(CChildFrame& child);
 
     /// Offers the recovery copies that a crash has left and that hold anything else than their projects. From here on a
     /// project that is opened tells of its own.
@@ -104,6 +110,9 @@ private:
     [[nodiscard]] bool TakeOver(CChildFrame& child, const RecoveryCopy& copy);
     [[nodiscard]] RecoveryAnswer AskAboutCopy(const OfferedCopy& offered, qsizetype number, qsizetype of);
     void TellOfCopies(CChildFrame& child);
+    /// The project of another file, with the names of this one; nothing, and a message, if it cannot be read.
+    [[nodiscard]] std::optional<CSbdData> ReadOther(CChildFrame& child, const QString& path);
+    void SaveDifferences(CChildFrame& child, const QString& name, const std::vector<Difference>& differences);
     void OpenAsCopy(const KeptInput& input);
     [[nodiscard]] bool AskYesNo(const QString& text) const;
     void Warn(const QString& text) const;

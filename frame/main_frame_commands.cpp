@@ -127,6 +127,8 @@ void CMainFrame::AddFileHandlers()
     OnChild(Command::Print, [this](CChildFrame& child) { Print(child, false); });
     OnChild(Command::PrintPreview, [this](CChildFrame& child) { Print(child, true); });
     OnChild(Command::SavePicture, [this](CChildFrame& child) { SavePicture(child); });
+    OnChild(Command::InputBook, [this](CChildFrame& child) { files_->WriteBook(child); });
+    OnChild(Command::CompareProject, [this](CChildFrame& child) { files_->Compare(child); });
     handlers_[Command::Exit] = [this] { close(); };
 }
 

@@ -101,6 +101,32 @@ QString SaveTableName(QWidget* parent, const QString& proposal)
     return RunDialog(dialog, u"保存(&S)"_s);
 }
 
+QString SaveReportName(QWidget* parent, const QString& proposal, const QStringList& filters)
+{
+    const auto ending = [](const QString& filter) { return filter.section(u"*."_s, 1).section(u')', 0, 0); };
+    const QFileInfo file(proposal);
+    QFileDialog dialog(parent, u"書き出し"_s, file.path());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(ending(filters.value(0)));
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                     [&dialog, ending](const QString& filter) { dialog.setDefaultSuffix(ending(filter)); });
+    dialog.selectFile(file.completeBaseName());
+    return RunDialog(dialog, u"書き出す(&S)"_s);
+}
+
+std::optional<BookChoice> ChooseBook(QWidget* parent, const BookSource& source)
+{
+    CBookDialog dialog(source, parent);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Choice()) : std::nullopt;
+}
+
+std::optional<CompareChoice> ChooseComparison(QWidget* parent, const CompareSource& source)
+{
+    CCompareDialog dialog(source, parent);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.Choice()) : std::nullopt;
+}
+
 SaveAnswer Ask(QWidget* parent, const QString& text)
 {
     QMessageBox box(QMessageBox::Question, u"変更の保存"_s, text, QMessageBox::NoButton, parent);
@@ -247,6 +273,9 @@ Prompts ScreenPrompts()
     prompts.showKeptInputs = [](QWidget* parent, const KeptInputsView& view) {
         CKeptInputsDialog(view, parent).exec();
     };
+    prompts.chooseBook = ChooseBook;
+    prompts.chooseComparison = ChooseComparison;
+    prompts.saveReportName = SaveReportName;
     prompts.hasPrinter = HasPrinter;
     prompts.choosePrinter = ChoosePrinter;
     prompts.previewPrint = PreviewPrint;
@@ -274,6 +303,9 @@ Prompts SilentPrompts(std::function<void(const QString& text)> told)
     prompts.askChangedFile = [](QWidget*, const QString&) { return ChangedFileAnswer::Cancel; };
     prompts.showDifferences = [](QWidget*, const DifferenceView&) {};
     prompts.showKeptInputs = [](QWidget*, const KeptInputsView&) {};
+    prompts.chooseBook = [](QWidget*, const BookSource&) { return std::optional<BookChoice>(); };
+    prompts.chooseComparison = [](QWidget*, const CompareSource&) { return std::optional<CompareChoice>(); };
+    prompts.saveReportName = [](QWidget*, const QString&, const QStringList&) { return QString(); };
     prompts.hasPrinter = [] { return true; };
     prompts.choosePrinter = [](QWidget*, QPrinter&) { return false; };
     prompts.previewPrint = [](QWidget*, QPrinter&, const std::function<void(QPrinter&)>&) {};

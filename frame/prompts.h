@@ -4,6 +4,8 @@
 #include "document/box_web.h"
 #include "document/display_settings.h"
 #include "document/recovery.h"
+#include "frame/book_dialog.h"
+#include "frame/compare_dialog.h"
 #include "frame/difference_dialog.h"
 #include "frame/engine_runner.h"
 #include "frame/kept_inputs_dialog.h"
@@ -15,6 +17,7 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 
 class QPrinter;
 class QWidget;
@@ -76,6 +79,13 @@ struct Prompts {
     std::function<void(QWidget* parent, DifferenceView view)> showDifferences;
     /// Shows the kept inputs of a project, and does what the user wants with them.
     std::function<void(QWidget* parent, const KeptInputsView& view)> showKeptInputs;
+
+    /// What goes into the book of the input; nothing if the user gave up.
+    std::function<std::optional<BookChoice>(QWidget* parent, const BookSource& source)> chooseBook;
+    /// With what the project is compared; nothing if the user gave up.
+    std::function<std::optional<CompareChoice>(QWidget* parent, const CompareSource& source)> chooseComparison;
+    /// File to write a book or a list to, its kind by its ending; the dialog starts with `proposal`.
+    std::function<QString(QWidget* parent, const QString& proposal, const QStringList& filters)> saveReportName;
 
     /// False where nothing can be printed on: the system's dialogs would not even come up.
     std::function<bool()> hasPrinter;

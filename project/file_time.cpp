@@ -23,6 +23,13 @@ std::int64_t FileTicksPerSecond()
     return 10'000'000;
 }
 
+std::int64_t FileTimeNow()
+{
+    FILETIME now = {};
+    GetSystemTimeAsFileTime(&now);
+    return static_cast<std::int64_t>((static_cast<std::uint64_t>(now.dwHighDateTime) << 32) | now.dwLowDateTime);
+}
+
 std::string LocalTimeText(std::int64_t changed)
 {
     const auto ticks = static_cast<std::uint64_t>(changed);
@@ -46,6 +53,11 @@ std::string LocalTimeText(std::int64_t changed)
 std::int64_t FileTicksPerSecond()
 {
     return 1'000'000'000;
+}
+
+std::int64_t FileTimeNow()
+{
+    return static_cast<std::int64_t>(std::time(nullptr)) * FileTicksPerSecond();
 }
 
 std::string LocalTimeText(std::int64_t changed)

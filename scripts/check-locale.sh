@@ -3,7 +3,7 @@
 # comma in a project file is another project. std::from_chars, std::to_chars and the byte classes of project/text.h do not.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-folders=(commands project sbdfile compare results panelmodel check search document tools upperview/page)
+folders=(commands project sbdfile sheets compare results panelmodel check book search document tools upperview/page)
 banned='(f|s|sn|vs|vsn)?printf|s?scanf|fscanf|strto(d|f|ld|l|ll|ul|ull)|ato(f|i|l|ll)|sto(d|f|ld|i|l|ll|ul|ull)'
 banned+='|is(alnum|alpha|blank|cntrl|digit|graph|lower|print|punct|space|upper|xdigit)|to(lower|upper)|(str|wcs)coll'
 banned+='|setlocale|localeconv|QLocale|[io]?stringstream|[io]?fstream|std::(locale|to_string\(.*(\.|double))'

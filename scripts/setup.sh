@@ -8,7 +8,7 @@ set -euo pipefail
 
 packages=(g++ cmake ninja-build ccache
     qt6-base-dev libgl-dev qt6-qpa-plugins qt6-translations-l10n librsvg2-bin nlohmann-json3-dev libtomlplusplus-dev
-    fonts-ipafont-gothic)
+    libxlsxwriter-dev zlib1g-dev fonts-ipafont-gothic)
 if [[ -n ${WAYLAND_DISPLAY:-} && -z ${DISPLAY:-} ]]; then
     packages+=(qt6-wayland)
 fi
@@ -18,7 +18,7 @@ case ${1:-} in
         packages+=(dpkg-dev file lintian appstream desktop-file-utils shared-mime-info libxml2-utils debootstrap)
         ;;
     windows)
-        packages+=(g++-mingw-w64-x86-64-posix qt6-base-dev-tools dpkg-dev googletest icoutils unzip nsis locales
+        packages+=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev qt6-base-dev-tools dpkg-dev googletest icoutils unzip nsis locales
             wine64 xvfb xauth xdotool openbox x11-utils imagemagick python3)
         ;;
     dev | ci)

@@ -2,6 +2,7 @@
 
 #include "commands/commands.h"
 #include "panelmodel/tree_rows.h"
+#include "tools/book_command.h"
 #include "tools/command_support.h"
 #include "tools/listing_commands.h"
 #include "tools/project_commands.h"
@@ -134,10 +135,18 @@ constexpr ToolCommand kCommands[] = {
      "空欄のためにずれる行、空の値のために失われる項目の値です。読み取れなかったものを種類と行で示します。失われるか誤って\n"
      "読まれるものがあれば終了コードは 3、書式の違いや補正だけなら 1、何もなければ 0 です。",
      RunCheck},
-    {"diff", "diff A B [--names F | --no-names] [--json]",
-     "Lists what differs between two projects, by block, row and column. Exit code 1 if anything does.",
-     "二つのプロジェクトの違いをブロック・行・列で示します。違いがあれば終了コードは 1 です。",
+    {"diff", "diff A B [--names F | --no-names] [--json] [--xlsx OUT]",
+     "Lists what differs between two projects, by block, row and column. --xlsx: also as a spreadsheet. Exit code 1 if\n"
+     "anything does.",
+     "二つのプロジェクトの違いをブロック・行・列で示します。--xlsx: 表計算ファイルにも書き出します。違いがあれば終了コードは\n"
+     "1 です。",
      RunDiff},
+    {"book", "book IN OUT.xlsx [--blocks LIST] [--since OTHER] [--names F | --no-names]",
+     "Writes the input of IN as a spreadsheet: cover, contents, and a sheet for each block that holds input. --blocks: only\n"
+     "these, \"301,313,600-639\". --since: only those in which IN differs from the project OTHER. As a PDF: sbdpage book.",
+     "IN の入力データを表計算ファイルに書き出します。表紙、目次と、入力のあるブロックごとのシートです。--blocks: 「301,313,600-639」\n"
+     "のように指定したブロックだけ。--since: プロジェクト OTHER と違うブロックだけ。PDF は sbdpage book で作ります。",
+     RunBook},
     {"text", "text IN [--names F | --no-names]",
      "Prints a project as lines of text, one a row, in UTF-8: for a version control that compares line by line\n"
      "(docs/version-control.md).",

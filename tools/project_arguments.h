@@ -23,6 +23,9 @@ struct ParsedArguments {
     bool plain = false;
     bool noNames = false;
     bool asJson = false;
+    std::string blocks; ///< numbers with "," between
+    std::optional<std::string> since;
+    std::optional<std::string> sheets;
     std::optional<std::string> wrong; ///< what could not be understood, for the user
 };
 
@@ -31,6 +34,8 @@ struct AllowedOptions {
     bool asJson = false;
     bool plain = false;
     bool tree = false;
+    bool book = false;
+    bool sheets = false;
 };
 
 /// Any number of words from one on.

@@ -1,7 +1,9 @@
 #include "tools/project_commands.h"
 
+#include "book/difference_report.h"
 #include "check/file_check.h"
 #include "compare/compare.h"
+#include "project/file_time.h"
 #include "project/sbd_data.h"
 #include "sbdfile/grid_names.h"
 #include "sbdfile/writer.h"
@@ -102,7 +104,7 @@ CommandResult RunCheck(std::span<const std::string> arguments)
 
 CommandResult RunDiff(std::span<const std::string> arguments)
 {
-    const ParsedArguments parsed = ParseArguments(arguments, {.names = true, .asJson = true}, 2);
+    const ParsedArguments parsed = ParseArguments(arguments, {.names = true, .asJson = true, .sheets = true}, 2);
     if (parsed.wrong)
         return WrongUse("diff", *parsed.wrong);
     if (parsed.words[0] == kStandardStream && parsed.words[1] == kStandardStream)
@@ -127,6 +129,12 @@ CommandResult RunDiff(std::span<const std::string> arguments)
             result.output += DifferenceText(difference) + "\n";
     }
     result.exitCode = differences.empty() ? 0 : 1;
+    if (parsed.sheets) {
+        const ReportSides names{parsed.words[0] + " → " + parsed.words[1], parsed.words[0], parsed.words[1],
+                                LocalTimeText(FileTimeNow())};
+        if (const FileResult written = WriteDifferenceSheets(PathOf(*parsed.sheets), names, differences); !written.Ok())
+            return CannotWrite(*parsed.sheets, written);
+    }
     return result;
 }
 

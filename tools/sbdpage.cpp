@@ -4,6 +4,7 @@
 #include "project/catalogue.h"
 #include "project/console.h"
 #include "project/text.h"
+#include "sbdpage_book.h"
 #include "sbdpage_drawings.h"
 #include "sbdpage_figures.h"
 #include "upperview/draw_painter.h"
@@ -343,10 +344,13 @@ int main(int count, char** values)
         return *code;
     if (const std::optional<int> code = RunDrawingCommand(QCoreApplication::arguments()))
         return *code;
+    if (const std::optional<int> code = RunBookCommand(QCoreApplication::arguments()))
+        return *code;
     QCommandLineParser parser;
     parser.setApplicationDescription(u"Draws the help page of a block. For the figures of the analysis see "
                                      u"sbdpage figure, diagram, sheets and table with --help, for the bridge as it is "
-                                     u"put in sbdpage elevation, section or plan with --help."_s);
+                                     u"put in sbdpage elevation, section or plan with --help, for "
+                                     u"the input as a book sbdpage book --help."_s);
     parser.addHelpOption();
     parser.addPositionalArgument(u"BLOCK"_s, u"number of the block"_s);
     parser.addOptions({{u"project"_s, u"Quotes values of this project."_s, u"file"_s},

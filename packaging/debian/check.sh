@@ -113,7 +113,7 @@ manual_pages() {
         $("$files/usr/bin/sbdtool" --help | grep '^  ' | grep -oE -e '--[a-z-]+'); do
         has sbdtool "$word"
     done
-    for word in $(for command in '' figure diagram; do "$files/usr/bin/sbdpage" $command --help; done |
+    for word in $(for command in '' figure diagram book; do "$files/usr/bin/sbdpage" $command --help; done |
         grep -oE -e '--[a-z-]+' | sort -u); do
         has sbdpage "$word"
     done

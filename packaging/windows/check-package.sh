@@ -94,7 +94,7 @@ unpacked_files() {
     for file in sbdstation.exe sbdtool.exe sbdpage.exe qt.conf README.ja.txt deployment.sample.ini \
         plugins/{platforms/qwindows,platforms/qoffscreen,styles/qwindowsvistastyle,tls/qschannelbackend}.dll \
         translations/qtbase_ja.qm \
-        licences/{README.ja,KELD-section,Qt,LGPL-3,GPL-3,GCC,MinGW-w64,tomlplusplus,nlohmann-json}.txt; do
+        licences/{README.ja,KELD-section,Qt,LGPL-3,GPL-3,GCC,MinGW-w64,tomlplusplus,nlohmann-json,libxlsxwriter,zlib,MPL-2.0}.txt; do
         [[ -s $portable/$file ]] || { echo "missing: $file"; missing=1; }
     done
     diff --recursive --brief --exclude='README.*' examples "$portable/examples"

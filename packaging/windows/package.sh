@@ -95,11 +95,13 @@ licences() {
     text "$of/mingw-w64-common/copyright" "$to/MinGW-w64.txt"
     text "$of/libtomlplusplus-dev/copyright" "$to/tomlplusplus.txt"
     text "$of/nlohmann-json3-dev/copyright" "$to/nlohmann-json.txt"
-    for licence in LGPL-3 LGPL-2.1 GPL-3 GPL-2 Apache-2.0; do
+    text "$of/libxlsxwriter-dev/copyright" "$to/libxlsxwriter.txt"
+    text "$of/libz-mingw-w64-dev/copyright" "$to/zlib.txt"
+    for licence in LGPL-3 LGPL-2.1 GPL-3 GPL-2 Apache-2.0 MPL-2.0; do
         text "/usr/share/common-licenses/$licence" "$to/$licence.txt"
     done
     cp "$here/qt.sh" "$here/toolchain.cmake" "$to/Qt-build/"
-    sed -e "s/@QT@/$qt/g" -e "s/@QT_SOURCE@/$(dpkg-query -W -f '${source:Version}' qt6-base-dev)/g" \
+    sed -e "s/@XLSXWRITER@/$(dpkg-query -W -f '${source:Version}' libxlsxwriter-dev)/g" -e "s/@QT@/$qt/g" -e "s/@QT_SOURCE@/$(dpkg-query -W -f '${source:Version}' qt6-base-dev)/g" \
         -e "s/@GCC@/${gcc%-posix}/g" "$here/licences/README.ja.txt" |
         text /dev/stdin "$to/README.ja.txt"
 }

@@ -25,6 +25,9 @@ struct Answers {
     std::function<void(const DifferenceView&)> withDifferences;
     std::function<void(const KeptInputsView&)> withKept;
     TablePrompts tables = SilentTablePrompts();
+    std::optional<BookChoice> book;
+    std::optional<CompareChoice> comparison;
+    QString reportFile;
 
     QString proposal;    ///< name the save dialog began with
     QStringList filters; ///< of the dialog for a new project's file
@@ -33,6 +36,8 @@ struct Answers {
     QList<bool> putOff; ///< of the questions about copies: "later" is the answer to begin with
     QList<DifferenceView> shown;
     QList<KeptInput> kept;
+    BookSource bookSource;
+    CompareSource compareSource;
 
     [[nodiscard]] Prompts Dialogs()
     {
@@ -87,6 +92,18 @@ struct Answers {
         };
         prompts.tables.chooseExport = [this](QWidget* parent, const QString& block) {
             return tables.chooseExport(parent, block);
+        };
+        prompts.chooseBook = [this](QWidget*, const BookSource& source) {
+            bookSource = source;
+            return book;
+        };
+        prompts.chooseComparison = [this](QWidget*, const CompareSource& source) {
+            compareSource = source;
+            return comparison;
+        };
+        prompts.saveReportName = [this](QWidget*, const QString& name, const QStringList&) {
+            proposal = name;
+            return reportFile;
         };
         prompts.runs.askYesNo = prompts.askYesNo;
         prompts.runs.askOkCancel = prompts.askYesNo;

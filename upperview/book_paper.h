@@ -1,0 +1,38 @@
+// The book of a project's input on paper.
+#pragma once
+
+#include "book/book_sheets.h"
+#include "book/input_book.h"
+#include "sbdfile/project_file.h"
+
+#include <QFont>
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace sbd {
+
+class CSbdData;
+
+/// What the book shows beside its blocks, and how.
+struct BookLook {
+    QString fontFamily;     ///< empty: the usual Japanese one
+    bool sketches = false;  ///< with the sketches of each block's help page
+    bool landscape = false; ///< A4 lying
+};
+
+/// What a written book has.
+struct BookReport {
+    FileResult result;
+    int pages = 0;
+};
+
+/// Cover, contents with links, each block as a table with heads, broken by rows and by columns; bookmarks. Wide tables
+/// repeat the columns that name the row. The file is put in place as a whole. Nothing if `progress` gave up. Beside the
+/// book itself no more than one block is held at a time.
+[[nodiscard]] std::optional<BookReport> WriteBookPdf(const QString& path, const CSbdData& data,
+                                                     const std::vector<int>& blocks, const BookFacts& facts,
+                                                     const BookLook& look, const BookProgress& progress = {});
+
+} // namespace sbd
