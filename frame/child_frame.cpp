@@ -22,6 +22,7 @@
 #include "project/sbd_data.h"
 #include "sbdfile/writer.h"
 #include "upperview/chk_view.h"
+#include "upperview/drawing_pane.h"
 #include "upperview/figure_pane.h"
 #include "upperview/help_view.h"
 #include "upperview/up_view.h"
@@ -78,6 +79,7 @@ CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, std::unique_ptr<C
     connect(&upView_->Chk(), &CChkView::placeWanted, this, &CChildFrame::JumpTo);
     connect(&upView_->Help(), &CHelpView::blockWanted, this, &CChildFrame::GoToBlock);
     connect(&upView_->Figure(), &CFigurePane::cellWanted, this, &CChildFrame::JumpTo);
+    connect(&upView_->Drawing(), &CDrawingPane::cellWanted, this, &CChildFrame::JumpTo);
     SetTitle(doc_->Title());
     GoToBlock(kFirstBlock);
 }
@@ -244,6 +246,13 @@ void CChildFrame::JumpTo(int block, int row, int column)
 void CChildFrame::ShowHelpPage(bool show)
 {
     doc_->showHelpPage = show;
+    doc_->showDrawing = false;
+    upView_->Refresh();
+}
+
+void CChildFrame::ShowDrawing(bool show)
+{
+    doc_->showDrawing = show;
     upView_->Refresh();
 }
 

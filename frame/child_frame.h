@@ -80,6 +80,8 @@ public:
     void JumpTo(int block, int row, int column);
     /// Shows the help page, or the model figure instead.
     void ShowHelpPage(bool show);
+    /// The drawing of the bridge in front of both, or not.
+    void ShowDrawing(bool show);
     /// What the tree shows, and in which language.
     void SetTreeView(const TreeView& view);
 
