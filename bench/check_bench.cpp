@@ -2,6 +2,7 @@
 #include "bench/baseline.h"
 #include "bench/generated_project.h"
 #include "check/doubts.h"
+#include "check/drawing_doubts.h"
 #include "check/read_back.h"
 #include "panelmodel/panel_editor.h"
 #include "sbdfile/project_file.h"
@@ -17,6 +18,7 @@ ShortestTimes wholeTimes;
 ShortestTimes editTripTimes;
 ShortestTimes editTimes;
 ShortestTimes doubtTimes;
+ShortestTimes drawingTimes;
 
 /// 0: the sample plate4; else a project of so many megabytes.
 const CSbdData& ProjectOf(const benchmark::State& state)
@@ -90,11 +92,26 @@ void DoubtsOfAll(benchmark::State& state)
     Measure(state, doubtTimes, [&] { return Doubts(data); });
 }
 
+/// Looked at once nobody types.
+void DrawingDoubtsOfAll(benchmark::State& state)
+{
+    const CSbdData& data = ProjectOf(state);
+    std::size_t found = 0;
+    Measure(state, drawingTimes, [&] {
+        const FindingList doubts = DrawingDoubts(data, {});
+        found = doubts.list.size();
+        return found;
+    });
+    state.counters["found"] = static_cast<double>(found);
+    state.counters["girders"] = static_cast<double>(data.gridNames.girderNames.size());
+}
+
 BENCHMARK(WriteAndRead)->Arg(0)->Arg(10)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadBackOfAll)->Arg(0)->Arg(10)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(WriteAndReadOfOneBlock)->Arg(0)->Arg(10)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadBackOfOneEdit)->Arg(0)->Arg(10)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(DoubtsOfAll)->Arg(0)->Arg(10)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(DrawingDoubtsOfAll)->Arg(0)->Arg(10)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -2,14 +2,20 @@
 // limits stand in docs/performance.md.
 #include "bench/baseline.h"
 #include "bench/window_main.h"
+#include "document/section_doc.h"
 #include "drawing/girder_elevation.h"
 #include "project/text.h"
+#include "sbdfile/writer.h"
 #include "upperview/bridge_sheet.h"
 #include "upperview/draw_painter.h"
+#include "upperview/drawing_canvas.h"
+#include "upperview/drawing_pane.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QFile>
 #include <QImage>
 #include <QPainter>
+#include <QTemporaryDir>
 
 #include <string>
 #include <vector>
@@ -27,6 +33,7 @@ constexpr double kScale = 96 / 254.0; // pixels a unit
 ShortestTimes makeTimes;
 ShortestTimes bareTimes;
 ShortestTimes paintTimes;
+ShortestTimes editTimes;
 
 void AddRow(CSbdData& data, int block, const std::vector<std::string>& cells)
 {
@@ -137,10 +144,50 @@ void BM_PaintElevation(benchmark::State& state)
     state.counters["edit_ms"] = (paintTimes.Of(0) + makeTimes.Of(0)) * 1e3;
 }
 
+/// A cell is written as a panel does it, and the pane shows it: the elevation is made and painted.
+void BM_EditInThePane(benchmark::State& state)
+{
+    const QTemporaryDir folder;
+    const CSbdData data = Bridge();
+    const auto write = [&](const char* name, const std::string& bytes) {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        if (file.open(QFile::WriteOnly))
+            file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+    };
+    std::string names =
+        "[GRID_GRID]\r\n GIRDER_N_NAME = 1 G1\r\n SWAY_N_NAME = " + std::to_string(data.gridNames.swayNames.size());
+    for (const std::string& name : data.gridNames.swayNames)
+        names += " " + name;
+    write("long.abd", names + "\r\n[END_GRID_GRID]\r\n");
+    write("long.sbd", WriteProject(data));
+    CKELDSectionDoc doc;
+    static_cast<void>(doc.OpenDocument(folder.filePath(QStringLiteral("long.sbd"))));
+    CDrawingPane pane(&doc);
+    pane.resize(kSize);
+    pane.show();
+    QApplication::processEvents();
+    bool even = false;
+    Measure(state, editTimes, [&] {
+        even = !even;
+        PanelEdit edit;
+        edit.place.block = 313;
+        edit.write = [&](CProjectWriter& writer) { writer.SetCell(313, 5, 7, even ? "9" : "10"); };
+        edit.isModified = [] { return true; };
+        edit.looseAfter = [] { return LooseRows(); };
+        doc.Commit(edit);
+        QApplication::processEvents(); // makes the drawing, and paints
+        pane.Canvas().repaint();
+        return pane.TimesMade();
+    });
+    state.counters["shapes"] = static_cast<double>(pane.Canvas().Drawing().shapes.size());
+    state.counters["made"] = pane.TimesMade();
+}
+
 // The baseline first: the ratio is taken from the times measured so far.
 BENCHMARK(BM_MakeElevation)->ArgName("size")->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_BareElevationLines)->ArgName("size")->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PaintElevation)->ArgName("size")->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_EditInThePane)->ArgName("size")->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 
@@ -148,5 +195,5 @@ BENCHMARK(BM_PaintElevation)->ArgName("size")->Arg(0)->UseManualTime()->Unit(ben
 
 int main(int argc, char** argv)
 {
-    return sbd::bench::RunBenchmarks<QGuiApplication>(argc, argv);
+    return sbd::bench::RunBenchmarks<QApplication>(argc, argv);
 }

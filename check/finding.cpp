@@ -36,6 +36,7 @@ constexpr FindingRule kRules[] = {
     {RowCovered, "row-covered", Severity::Doubt, true},
     {NeededBlockEmpty, "needed-block-empty", Severity::Hint, true},
     {BlocksDisagree, "blocks-disagree", Severity::Hint, true},
+    {NotDrawable, "not-drawable", Severity::Doubt, true},
 };
 
 } // namespace

@@ -39,6 +39,7 @@ enum class FindingKind {
     RowCovered,       ///< a later row rules all that the row says
     NeededBlockEmpty, ///< a block that the project's type needs holds nothing
     BlocksDisagree,   ///< two blocks say the same thing differently
+    NotDrawable,      ///< the drawing of the bridge leaves out what the cell says
 };
 
 /// How much a finding weighs: 1 a loss or a misreading, 2 a doubt at a cell or a row, 3 a doubt at a block.

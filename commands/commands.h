@@ -62,6 +62,7 @@ enum class Command {
 
     // Help page and model figure
     SwitchFigureAndHelp,
+    BridgeDrawing,
     Notes,
     ViewXY,
     ViewYZ,

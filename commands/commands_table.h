@@ -69,6 +69,7 @@ inline constexpr CommandRow kRows[] = {
 
     // Help page and model figure
     {Command::SwitchFigureAndHelp, 32989, "モデル図　と　ヘルプ　との切り替え", "", "", "model-help", FreePage},
+    {Command::BridgeDrawing, 0, "橋の図(&B)", "F9", "入力から描いた側面図、断面図、平面図と、ヘルプとの切り替え", "bridge-drawing", FreePage, Check},
     {Command::Notes, 32990, "注意事項", "", "", "notes", FreePage},
     {Command::ViewXY, 32991, "XY面の表示", "", "", "plane-xy", FreeView},
     {Command::ViewYZ, 32992, "YZ面の表示", "", "", "plane-yz", FreeView},

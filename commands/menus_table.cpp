@@ -20,7 +20,7 @@ constexpr MenuItem kEdit[] = {Undo, Redo, kSeparator, Cut, Copy, Paste, Delete, 
                                AddRows, FilterRows, kSeparator, FindText, FindNext, FindPrevious, ReplaceText,
                                kSeparator, ImportTable, ExportTable, kSeparator, NextFinding, PreviousFinding, FindingList,
                                NextRunChange, PreviousRunChange};
-constexpr MenuItem kView[] = {GoTo, GoToNumber, Back, Forward, kSeparator, SwitchFigureAndHelp, Notes, kSeparator, ViewAll, ViewXY, ViewYZ, ViewXZ, kSeparator,
+constexpr MenuItem kView[] = {GoTo, GoToNumber, Back, Forward, kSeparator, SwitchFigureAndHelp, BridgeDrawing, Notes, kSeparator, ViewAll, ViewXY, ViewYZ, ViewXZ, kSeparator,
                               ZoomIn, ZoomOut, kSeparator, MoveUp, MoveDown, MoveLeft, MoveRight, kSeparator,
                               MenuId::TreeItems, MenuId::Cells};
 constexpr MenuItem kTreeItems[] = {ShowAllItems, ShowItemsOfProject, ShowUnfilteredItems, kSeparator, HidePlate,
@@ -64,7 +64,7 @@ constexpr MenuItem kMenuBar[] = {MenuId::File, MenuId::Edit, MenuId::View, MenuI
 constexpr Command kToolBar[] = {NewProject, Open, Save, kSeparator, Undo, Cut, Copy, Paste, kSeparator, Print,
                                 PrintPreview, kSeparator, WordLists, kSeparator, ResetCells, ColumnsWider,
                                 ColumnsNarrower, RowsHigher, RowsLower, kSeparator, Notes, RunAll, kSeparator,
-                                SwitchFigureAndHelp, ZoomIn, ZoomOut, ViewAll, ViewXY, ViewYZ, ViewXZ, MoveUp, MoveDown,
+                                SwitchFigureAndHelp, BridgeDrawing, ZoomIn, ZoomOut, ViewAll, ViewXY, ViewYZ, ViewXZ, MoveUp, MoveDown,
                                 MoveLeft, MoveRight};
 
 // clang-format on

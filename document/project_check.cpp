@@ -1,5 +1,6 @@
 #include "document/project_check.h"
 
+#include "check/drawing_doubts.h"
 #include "compare/difference_text.h"
 #include "panelmodel/panel_model.h"
 #include "project/sbd_data.h"
@@ -102,6 +103,15 @@ void DropOwn(FindingList& doubts)
     std::erase_if(doubts.list, [](const Finding& doubt) { return Holds(FindingsOfANewProject().doubts, doubt); });
 }
 
+/// Is anything told of the finding's cell?
+bool IsToldOf(const std::map<int, std::vector<Finding>>& told, const Finding& finding)
+{
+    const auto block = told.find(finding.block);
+    return block != told.end() && std::ranges::any_of(block->second, [&](const Finding& other) {
+               return other.row == finding.row && other.column == finding.column;
+           });
+}
+
 } // namespace
 
 CProjectCheck::CProjectCheck(const CKELDSectionDoc& doc, QObject* parent) : QObject(parent), doc_(doc)
@@ -109,9 +119,17 @@ CProjectCheck::CProjectCheck(const CKELDSectionDoc& doc, QObject* parent) : QObj
     timer_.setSingleShot(true);
     timer_.setInterval(0);
     connect(&timer_, &QTimer::timeout, this, &CProjectCheck::LookNow);
+    drawingTimer_.setSingleShot(true);
+    constexpr int pause = 300; // ms without a change
+    drawingTimer_.setInterval(pause);
+    connect(&drawingTimer_, &QTimer::timeout, this, &CProjectCheck::LookAtAllNow);
     connect(&doc, &CKELDSectionDoc::changed, this, &CProjectCheck::OnChanged);
     connect(&doc, &CKELDSectionDoc::reloaded, this, [this] {
         lookAtAll_ = true;
+        LookSoon();
+    });
+    connect(&doc, &CKELDSectionDoc::resultsRead, this, [this] {
+        lookAtDrawings_ = true;
         LookSoon();
     });
     // A row of a grid that does not stand in the data changes these alone.
@@ -133,6 +151,7 @@ void CProjectCheck::SetSilent(SilentKinds kinds)
 void CProjectCheck::OnChanged(const BlockChange& change)
 {
     changed_.push_back({change.block, change.row});
+    lookAtDrawings_ = lookAtDrawings_ || IsDrawn(change.block);
     LookSoon();
 }
 
@@ -144,9 +163,24 @@ void CProjectCheck::LookSoon()
 
 void CProjectCheck::LookNow()
 {
+    Look(false);
+}
+
+void CProjectCheck::LookAtAllNow()
+{
+    Look(true);
+}
+
+void CProjectCheck::Look(bool drawings)
+{
     timer_.stop();
+    drawingTimer_.stop();
     LookAtNames();
     LookAtData();
+    if (drawings)
+        LookAtDrawings();
+    else if (lookAtDrawings_)
+        drawingTimer_.start();
     LookAtPanel();
     if (!std::exchange(isNew_, false))
         return;
@@ -172,6 +206,7 @@ void CProjectCheck::LookAtData()
         return;
     std::set<int> judged;
     if (std::exchange(lookAtAll_, false)) {
+        lookAtDrawings_ = true;
         readBack_.Reset(doc_.Data());
         const std::span<const int> all = ShownBlocks();
         judged.insert(all.begin(), all.end());
@@ -250,6 +285,20 @@ bool CProjectCheck::TellDoubts(const std::vector<int>& blocks)
     return other;
 }
 
+void CProjectCheck::LookAtDrawings()
+{
+    if (!std::exchange(lookAtDrawings_, false))
+        return;
+    std::map<int, std::vector<Finding>> found;
+    if (!isUntouched_ && !silent_.contains(FindingKind::NotDrawable))
+        for (Finding& finding : DrawingDoubts(doc_.Data(), doc_.Results()).list)
+            found[finding.block].push_back(std::move(finding));
+    if (found == notDrawn_)
+        return;
+    notDrawn_ = std::move(found);
+    isNew_ = true;
+}
+
 /// Puts together what is told: the findings in the data at their places in the grid, and what the grid holds alone.
 void CProjectCheck::LookAtPanel()
 {
@@ -267,12 +316,13 @@ void CProjectCheck::LookAtPanel()
     isNew_ = true;
 
     told_.clear();
-    for (const std::map<int, std::vector<Finding>>* found : {&returned_, &doubts_}) {
+    for (const std::map<int, std::vector<Finding>>* found : {&returned_, &doubts_, &notDrawn_}) {
         for (const auto& [number, findings] : *found) {
             std::vector<Finding>& own = told_[number];
             const bool isNames = doc_.Data().Names(number) != nullptr;
             for (const Finding& finding : findings)
-                own.push_back(number == openBlock_ ? MovedBeside(loose_, isNames, finding) : finding);
+                if (found != &notDrawn_ || !IsToldOf(doubts_, finding)) // a cell that is doubted cannot be drawn
+                    own.push_back(number == openBlock_ ? MovedBeside(loose_, isNames, finding) : finding);
         }
     }
     if (panel != nullptr && doc_.Data().Names(openBlock_) == nullptr) {

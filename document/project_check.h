@@ -41,10 +41,12 @@ public:
     void SetSilent(SilentKinds kinds);
     [[nodiscard]] const SilentKinds& Silent() const { return silent_; }
 
-    /// Looks as soon as there is time.
+    /// Looks as soon as there is time; what drawing the bridge tells follows once nobody types.
     void LookSoon();
-    /// Looks at what is still to be looked at.
+    /// Looks at what is still to be looked at but for the drawings.
     void LookNow();
+    /// Likewise with the drawings of the bridge, which take longer.
+    void LookAtAllNow();
 
     /// The cells that come back different, as the last look has found them.
     [[nodiscard]] const CReadBack& ReadBack() const { return readBack_; }
@@ -70,15 +72,19 @@ private:
     void LookAtPanel();
     [[nodiscard]] bool TellReturned();
     [[nodiscard]] bool TellDoubts(const std::vector<int>& blocks);
+    void LookAtDrawings();
+    void Look(bool drawings);
     void Count();
 
     const CKELDSectionDoc& doc_;
     QTimer timer_;
+    QTimer drawingTimer_;
     SilentKinds silent_;
     CReadBack readBack_;
 
     // To be looked at.
     bool lookAtAll_ = true;
+    bool lookAtDrawings_ = true;
     std::vector<ChangedRow> changed_;
 
     // What it was judged by.
@@ -89,6 +95,7 @@ private:
     std::map<int, std::vector<ReturnedCell>> cells_;
     std::map<int, std::vector<Finding>> returned_;
     std::map<int, std::vector<Finding>> doubts_;
+    std::map<int, std::vector<Finding>> notDrawn_;
     bool isNew_ = false; // found since updated()
 
     // What is told.

@@ -141,6 +141,8 @@ public:
     DisplaySettings display;
     /// The pane above the panel shows the help page; false: the model figure.
     bool showHelpPage = true;
+    /// The drawing of the bridge stands in front of both.
+    bool showDrawing = false;
     /// A double click in the tree asked for the run of a report page; its repaint starts it.
     bool runOnShow = false;
     /// How the last run has ended, a line for the report pages; empty: not known.

@@ -29,7 +29,7 @@ const RowUse* BridgeDrawing::UseOf(int block, int row) const
     return found == rows.end() ? nullptr : &*found;
 }
 
-void CDrawingBuild::Shape(DrawingLayer layer, ShapeKind kind, std::vector<DrawnPoint> points, CellPlace source,
+void CDrawingBuild::Shape(DrawingLayer layer, ShapeKind kind, std::vector<DrawnPoint> points, SourceCell source,
                           bool open)
 {
     if (drawing.shapes.size() >= kMostShapes) {
@@ -43,7 +43,7 @@ void CDrawingBuild::Shape(DrawingLayer layer, ShapeKind kind, std::vector<DrawnP
     drawing.shapes.push_back({layer, kind, std::move(points), 0, source, open});
 }
 
-void CDrawingBuild::Circle(DrawingLayer layer, DrawnPoint centre, double radius, CellPlace source)
+void CDrawingBuild::Circle(DrawingLayer layer, DrawnPoint centre, double radius, SourceCell source)
 {
     const std::size_t before = drawing.shapes.size();
     Shape(layer, ShapeKind::Circle, {centre}, source);
@@ -51,13 +51,13 @@ void CDrawingBuild::Circle(DrawingLayer layer, DrawnPoint centre, double radius,
         drawing.shapes.back().radius = radius;
 }
 
-void CDrawingBuild::Label(DrawnPoint at, std::string text, LabelPlace place, CellPlace source)
+void CDrawingBuild::Label(DrawnPoint at, std::string text, LabelRow place, SourceCell source)
 {
     if (drawing.labels.size() < kMostShapes && IsNear(at))
         drawing.labels.push_back({at, std::move(text), place, source});
 }
 
-void CDrawingBuild::Omit(CellPlace place, std::string_view reason, std::string_view name)
+void CDrawingBuild::Omit(SourceCell place, std::string_view reason, std::string_view name, OmissionKind kind)
 {
     if (drawing.omissions.size() >= kMostOmissions) {
         omitsMore_ = true;
@@ -67,7 +67,7 @@ void CDrawingBuild::Omit(CellPlace place, std::string_view reason, std::string_v
     if (!name.empty())
         text = Cp932("「") + std::string(name) + Cp932("」");
     text += Cp932(reason);
-    drawing.omissions.push_back({place, std::move(text)});
+    drawing.omissions.push_back({place, std::move(text), kind});
 }
 
 void CDrawingBuild::Note(std::string_view utf8)
@@ -77,7 +77,7 @@ void CDrawingBuild::Note(std::string_view utf8)
         drawing.notes.push_back(std::move(text));
 }
 
-void CDrawingBuild::Use(CellPlace row, std::vector<DrawnPoint> area, bool covered)
+void CDrawingBuild::Use(SourceCell row, std::vector<DrawnPoint> area, bool covered)
 {
     row.column = 0;
     if (std::ranges::all_of(area, IsNear))

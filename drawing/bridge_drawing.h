@@ -15,12 +15,12 @@ struct DrawnPoint {
 };
 
 /// A cell: its block, grid row and grid column, both from 1; 0 stands for the whole block or the whole row.
-struct CellPlace {
+struct SourceCell {
     int block = 0;
     int row = 0;
     int column = 0;
-    friend bool operator==(const CellPlace&, const CellPlace&) = default;
-    [[nodiscard]] bool SameRow(const CellPlace& other) const { return block == other.block && row == other.row; }
+    friend bool operator==(const SourceCell&, const SourceCell&) = default;
+    [[nodiscard]] bool SameRow(const SourceCell& other) const { return block == other.block && row == other.row; }
 };
 
 /// The kind of a part; a layer of its own in files for other programs.
@@ -46,8 +46,10 @@ enum class DrawingLayer {
     Slab,
     Pavement,
     Rib,
+    SplicePlate,
+    Bolt,
 };
-inline constexpr std::size_t kDrawingLayers = static_cast<std::size_t>(DrawingLayer::Rib) + 1;
+inline constexpr std::size_t kDrawingLayers = static_cast<std::size_t>(DrawingLayer::Bolt) + 1;
 
 enum class ShapeKind { Line, Polygon, Circle };
 
@@ -57,18 +59,18 @@ struct DrawnShape {
     ShapeKind kind = ShapeKind::Line;
     std::vector<DrawnPoint> points;
     double radius = 0;
-    CellPlace source;
+    SourceCell source;
     bool open = false; ///< its true form is not told; drawn with a broken line
 };
 
 /// Where the text of a label stands: in a row above the drawing, or at its point.
-enum class LabelPlace { Above, FarAbove, AtPoint, Below };
+enum class LabelRow { Above, FarAbove, AtPoint, Below };
 
 struct DrawnLabel {
     DrawnPoint at;
     std::string text; ///< CP932
-    LabelPlace place = LabelPlace::AtPoint;
-    CellPlace source;
+    LabelRow place = LabelRow::AtPoint;
+    SourceCell source;
 };
 
 /// A length along x, with its text (CP932).
@@ -76,7 +78,7 @@ struct ChainPart {
     double from = 0;
     double to = 0;
     std::string text;
-    CellPlace source;
+    SourceCell source;
 };
 /// Dimensions side by side, one chain below the other.
 struct DimensionChain {
@@ -84,32 +86,41 @@ struct DimensionChain {
     std::vector<ChainPart> parts;
 };
 
-/// A plate along x; its thickness in mm at both ends.
+/// A plate along x; its thickness (or width) in mm at both ends.
 struct BandPart {
     double from = 0;
     double to = 0;
     double thickFrom = 0;
     double thickTo = 0;
     std::string text;
-    CellPlace source;
+    SourceCell source;
 };
-/// The thicknesses of one plate of a girder.
+/// The thicknesses, or the widths, of one plate of a girder.
 struct PlateBand {
     std::string title;
     std::vector<BandPart> parts;
+    bool ofWidths = false;
 };
 
 /// A row that speaks of this drawing: the area of its range. `covered`: later rows win everywhere in it.
 struct RowUse {
-    CellPlace row;
+    SourceCell row;
     std::vector<DrawnPoint> area;
     bool covered = false;
 };
 
+/// Why something could not be drawn.
+enum class OmissionKind {
+    Input,  ///< a cell is missing, names something unknown, or is no such measure
+    Length, ///< likewise, judged by the lengths of the bridge
+    Limit,  ///< the input may well be right: its meaning is open, or drawings do not show such things
+};
+
 /// What could not be drawn, and why (CP932).
 struct Omission {
-    CellPlace place;
+    SourceCell place;
     std::string reason;
+    OmissionKind kind = OmissionKind::Input;
 };
 
 struct BridgeDrawing {
@@ -137,13 +148,15 @@ inline constexpr int kMostPerBay = 200; ///< stiffeners, ribs
 /// A drawing while it is made; keeps the bounds.
 class CDrawingBuild {
 public:
-    void Shape(DrawingLayer layer, ShapeKind kind, std::vector<DrawnPoint> points, CellPlace source, bool open = false);
-    void Circle(DrawingLayer layer, DrawnPoint centre, double radius, CellPlace source);
-    void Label(DrawnPoint at, std::string text, LabelPlace place, CellPlace source);
+    void Shape(DrawingLayer layer, ShapeKind kind, std::vector<DrawnPoint> points, SourceCell source,
+               bool open = false);
+    void Circle(DrawingLayer layer, DrawnPoint centre, double radius, SourceCell source);
+    void Label(DrawnPoint at, std::string text, LabelRow place, SourceCell source);
     /// `reason` is UTF-8 and made of CP932 characters; `name` is CP932 and stands in front of it in brackets.
-    void Omit(CellPlace place, std::string_view reason, std::string_view name = {});
+    void Omit(SourceCell place, std::string_view reason, std::string_view name = {},
+              OmissionKind kind = OmissionKind::Input);
     void Note(std::string_view utf8);
-    void Use(CellPlace row, std::vector<DrawnPoint> area, bool covered);
+    void Use(SourceCell row, std::vector<DrawnPoint> area, bool covered);
 
     [[nodiscard]] BridgeDrawing Take();
 

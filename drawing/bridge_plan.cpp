@@ -28,6 +28,7 @@ private:
     void Girders();
     void Lines();
     void Members();
+    void BeamFlange(const CTableRows& sizes, std::size_t row, const DrawnPoint& from, const DrawnPoint& to);
     void Laterals();
     void GirderParts();
     void Skews(const CGirderLine& line, const std::vector<GirderSupport>& supports);
@@ -112,7 +113,7 @@ void CPlan::Girders()
         }
         const double before = 1500; // mm ahead of the girder
         build_.Label({points.front().x - before, points.front().y}, std::string(grid_.girders.Name(girder)),
-                     LabelPlace::AtPoint, {});
+                     LabelRow::AtPoint, {});
         build_.Shape(DrawingLayer::Girder, ShapeKind::Line, std::move(points), {});
     }
 }
@@ -131,9 +132,45 @@ void CPlan::Lines()
     }
 }
 
+/// The flanges of a cross beam in true width, so that a width that is out of line is seen.
+void CPlan::BeamFlange(const CTableRows& sizes, std::size_t row, const DrawnPoint& from, const DrawnPoint& to)
+{
+    constexpr std::array<std::size_t, 2> widthColumns{4, 6}; // upper, lower
+    constexpr double most = 10'000;                          // mm
+    double width = 0;
+    std::size_t column = widthColumns[0];
+    for (const std::size_t each : widthColumns)
+        if (const double value = NumberIn(sizes.Cell(row, each)).value_or(0); value > width && value < most) {
+            width = value;
+            column = each;
+        }
+    const double length = std::hypot(to.x - from.x, to.y - from.y);
+    if (!(width > 0) || !(length > 0))
+        return;
+    const double x = (to.y - from.y) / length * width / 2;
+    const double y = -(to.x - from.x) / length * width / 2;
+    build_.Shape(DrawingLayer::Flange, ShapeKind::Polygon,
+                 {{from.x - x, from.y - y}, {from.x + x, from.y + y}, {to.x + x, to.y + y}, {to.x - x, to.y - y}},
+                 sizes.Place(row, column));
+}
+
 void CPlan::Members()
 {
     const CCrossMembers members(build_, data_, grid_);
+    constexpr int sizeBlock = 533;
+    CDrawingBuild apart; // what its rows cannot name is told in the cross section
+    const CTableRows sizes(data_, sizeBlock, 1);
+    std::vector<CLastRowWins> sizeRows(grid_.girders.Count(), CLastRowWins(grid_.stations.Count()));
+    for (std::size_t row = sizes.Count(); row-- > sizes.First();) {
+        if (sizes.IsEmpty(row))
+            continue;
+        const auto stations =
+            RangeOfNames(apart, grid_.stations, sizes.Cell(row, 0), sizes.Cell(row, 1), sizes.Place(row, 0), "横桁");
+        const auto girders =
+            RangeOfNames(apart, grid_.girders, sizes.Cell(row, 2), sizes.Cell(row, 3), sizes.Place(row, 2), "主桁");
+        for (std::size_t gap = girders ? girders->from : 0; stations && girders && gap < girders->to; ++gap)
+            sizeRows[gap].Take(row, stations->from, stations->to + 1);
+    }
     for (const CCrossMembers::Row& row : members.Rows()) {
         std::vector<DrawnPoint> area;
         const std::array<std::array<std::size_t, 2>, 4> corners{{{row.girders.from, row.stations.from},
@@ -162,10 +199,13 @@ void CPlan::Members()
             const DrawingLayer layer = member.kind == CrossMemberKind::Beam   ? DrawingLayer::CrossBeam
                                        : member.kind == CrossMemberKind::Sway ? DrawingLayer::SwayBracing
                                                                               : DrawingLayer::CrossLine;
+            if (const std::size_t row = sizeRows[girder].At(station);
+                member.kind == CrossMemberKind::Beam && row != CLastRowWins::kNone)
+                BeamFlange(sizes, row, *from, *to);
             build_.Shape(layer, ShapeKind::Line, {*from, *to}, member.source);
         }
         if (top)
-            build_.Label(*top, std::string(grid_.stations.Name(station)), LabelPlace::Above, {});
+            build_.Label(*top, std::string(grid_.stations.Name(station)), LabelRow::Above, {});
     }
 }
 
@@ -225,7 +265,8 @@ void CPlan::Laterals()
     const CTableRows moved(data_, middles, 1);
     for (std::size_t row = moved.First(); usesMiddle && row < moved.Count(); ++row)
         if (const std::string_view cell = moved.Cell(row, 4); !cell.empty() && cell != "C")
-            build_.Omit(moved.Place(row, 4), "中間位置の変更は図に表していません(格間の中央としています)．");
+            build_.Omit(moved.Place(row, 4), "中間位置の変更は図に表していません(格間の中央としています)．", {},
+                        OmissionKind::Limit);
 }
 
 std::optional<std::array<DrawnPoint, 2>> CPlan::AlongGirder(const CGirderLine& line, double x) const
@@ -279,7 +320,7 @@ void CPlan::Skews(const CGirderLine& line, const std::vector<GirderSupport>& sup
         double angle = std::abs(std::remainder(cross - girder, 2 * std::numbers::pi)) * halfTurn / std::numbers::pi;
         std::string text = Cp932("θ=");
         AppendFixed(text, angle, 0, 2);
-        build_.Label({there->x, there->y - kTick}, text + Cp932("°"), LabelPlace::Below, support.source);
+        build_.Label({there->x, there->y - kTick}, text + Cp932("°"), LabelRow::Below, support.source);
     }
 }
 
@@ -314,7 +355,7 @@ void CPlan::GirderParts()
                           {at.x + direction.y * kTick, at.y - direction.x * kTick}},
                          splice.source);
             if (first)
-                build_.Label(at, splice.name, LabelPlace::FarAbove, splice.source);
+                build_.Label(at, splice.name, LabelRow::FarAbove, splice.source);
         }
         const std::vector<GirderSupport> supports = SupportsOf(apart, data_, line);
         for (const GirderSupport& support : supports)

@@ -42,7 +42,8 @@ CCrossMembers::CCrossMembers(CDrawingBuild& build, const CSbdData& data, const C
         if (!stations || !girders)
             continue;
         if (girders->from == girders->to) {
-            build.Omit(rows_.Place(row, kGirder), "主桁始と主桁終が同じ桁のため，部材を図にできません．");
+            build.Omit(rows_.Place(row, kGirder), "主桁始と主桁終が同じ桁のため，部材を図にできません．", {},
+                       OmissionKind::Limit);
             continue;
         }
         if (!KindOf(rows_.Cell(row, kType))) {

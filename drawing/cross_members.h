@@ -17,8 +17,8 @@ enum class CrossMemberKind {
 
 struct CrossMember {
     CrossMemberKind kind = CrossMemberKind::None;
-    std::string type; ///< CP932, as the cell has it
-    CellPlace source; ///< block 0 without a row
+    std::string type;  ///< CP932, as the cell has it
+    SourceCell source; ///< block 0 without a row
 };
 
 /// The members of the bridge by the rule that later rows win.
@@ -31,7 +31,7 @@ public:
 
     /// A row and where it stands.
     struct Row {
-        CellPlace place;
+        SourceCell place;
         IndexRange girders;
         IndexRange stations;
         bool covered = false;

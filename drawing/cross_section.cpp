@@ -19,7 +19,7 @@ constexpr std::size_t kEnds = 2;
 /// A level at one end of a member, and the cell that gives it.
 struct EndLevel {
     double y = 0;
-    CellPlace source;
+    SourceCell source;
 };
 
 class CSection {
@@ -208,7 +208,7 @@ void CSection::Beam(const SectionGirder& left, const SectionGirder& right, const
         build_.Use(levelRows.Place(*row, 0), {{x[0], upper[end].y}, {x[1], lower[end].y}}, false);
     }
     const auto strip = [&](DrawingLayer layer, std::array<double, kEnds> top, std::array<double, kEnds> foot,
-                           CellPlace source, bool open) {
+                           SourceCell source, bool open) {
         build_.Shape(layer, ShapeKind::Polygon, {{x[0], top[0]}, {x[1], top[1]}, {x[1], foot[1]}, {x[0], foot[0]}},
                      source, open);
     };
@@ -224,7 +224,7 @@ void CSection::Beam(const SectionGirder& left, const SectionGirder& right, const
     const double lowerThick = thick(lowerThickColumn);
     strip(DrawingLayer::CrossBeam, tops, feet, member.source, upperThick <= 0 || lowerThick <= 0);
     if (upperThick <= 0 || lowerThick <= 0) {
-        build_.Omit(row ? sizeRows.Place(*row, upperThickColumn) : CellPlace{sizes, 0, 0},
+        build_.Omit(row ? sizeRows.Place(*row, upperThickColumn) : SourceCell{sizes, 0, 0},
                     "の右の横桁の断面が決まらないため，外形だけを描きます．", left.name);
         return;
     }
@@ -234,7 +234,7 @@ void CSection::Beam(const SectionGirder& left, const SectionGirder& right, const
           sizeRows.Place(*row, lowerThickColumn), false);
     build_.Use(sizeRows.Place(*row, 0), {{x[0], tops[0]}, {x[1], feet[1]}}, false);
     build_.Label({(x[0] + x[1]) / 2, (tops[0] + feet[0]) / 2}, member.type + " H=" + LengthText(tops[0] - feet[0]),
-                 LabelPlace::AtPoint, member.source);
+                 LabelRow::AtPoint, member.source);
 }
 
 void CSection::Sway(const SectionGirder& left, const SectionGirder& right, const CrossMember& member)
@@ -250,7 +250,7 @@ void CSection::Sway(const SectionGirder& left, const SectionGirder& right, const
     std::array<DrawnPoint, kEnds> upper;
     std::array<DrawnPoint, kEnds> lower;
     std::array<std::optional<DrawnPoint>, kEnds> diagonal;
-    CellPlace source;
+    SourceCell source;
     for (std::size_t end = 0; end < kEnds; ++end) {
         const auto row = MemberRow(rows, left.girder, static_cast<int>(end));
         if (!row || !girders[end]->depth) {
@@ -261,7 +261,8 @@ void CSection::Sway(const SectionGirder& left, const SectionGirder& right, const
         const bool sloped = left.y != right.y;
         for (const std::size_t column : {upperTypeColumn, lowerTypeColumn})
             if (sloped && rows.Cell(*row, column) == "BOLT") {
-                build_.Omit(rows.Place(*row, column), "ボルトの位置で測る高さは，横断勾配があるため図にできません．");
+                build_.Omit(rows.Place(*row, column), "ボルトの位置で測る高さは，横断勾配があるため図にできません．",
+                            {}, OmissionKind::Limit);
                 return;
             }
         const auto top = UpperLevel(rows, *row, *girders[end]);
@@ -284,7 +285,8 @@ void CSection::Sway(const SectionGirder& left, const SectionGirder& right, const
             diagonal[end] = DrawnPoint{x[end] + (end == 0 ? *distance : -*distance), top->y - *drop};
         else
             build_.Omit(rows.Place(*row, offsetColumn),
-                        "斜材の端の位置が決まらないため(Bはボルトの位置)，斜材を図にできません．");
+                        "斜材の端の位置が決まらないため(Bはボルトの位置)，斜材を図にできません．", {},
+                        OmissionKind::Limit);
     }
     const auto line = [&](DrawnPoint from, DrawnPoint to) {
         build_.Shape(DrawingLayer::SwayBracing, ShapeKind::Line, {from, to}, source);
@@ -295,7 +297,7 @@ void CSection::Sway(const SectionGirder& left, const SectionGirder& right, const
     for (const auto& end : diagonal)
         if (end)
             line(*end, middle);
-    build_.Label({middle.x, (upper[0].y + upper[1].y + lower[0].y + lower[1].y) / 4}, member.type, LabelPlace::AtPoint,
+    build_.Label({middle.x, (upper[0].y + upper[1].y + lower[0].y + lower[1].y) / 4}, member.type, LabelRow::AtPoint,
                  member.source);
 }
 
@@ -327,7 +329,7 @@ struct DeckHeights {
     double x = 0;
     double top = 0;                 ///< of the girder
     std::array<double, 4> layers{}; ///< mm: haunch, slab, fill, pavement
-    CellPlace source;
+    SourceCell source;
 };
 
 /// The rows of 312 for girders and webs; -9 and -1 of a web stand for other values.
@@ -403,11 +405,10 @@ void CSection::Deck()
             corners.push_back({heights[i - 1].x, levels[i - 1]});
         if (most <= 0)
             continue;
-        const CellPlace source = rows.Place(static_cast<std::size_t>(heights.front().source.row) - 1, columns[layer]);
+        const SourceCell source = rows.Place(static_cast<std::size_t>(heights.front().source.row) - 1, columns[layer]);
         const DrawnPoint middle{(heights[0].x + heights[1].x) / 2,
                                 (corners[0].y + corners[1].y + levels[0] + levels[1]) / 4};
-        build_.Label(middle, names[layer] + " " + LengthText(heights.front().layers[layer]), LabelPlace::AtPoint,
-                     source);
+        build_.Label(middle, names[layer] + " " + LengthText(heights.front().layers[layer]), LabelRow::AtPoint, source);
         if (layers[layer])
             build_.Shape(*layers[layer], ShapeKind::Polygon, std::move(corners), source);
     }
@@ -426,10 +427,10 @@ void CSection::Chains()
             spacing.parts.push_back({girders_[i - 1].x, girder.x, LengthText(girder.x - girders_[i - 1].x), {}});
         if (girder.box && girder.websKnown)
             webPlaces.insert(webPlaces.end(), {girder.leftWeb, girder.rightWeb});
-        build_.Label({girder.x, 0}, girder.name, LabelPlace::Above, {});
+        build_.Label({girder.x, 0}, girder.name, LabelRow::Above, {});
         if (girder.depth)
             build_.Label({girder.x, girder.LowerEdge()}, "H=" + LengthText(*girder.depth) + " " + girder.section,
-                         LabelPlace::Below, girder.depthSource);
+                         LabelRow::Below, girder.depthSource);
         build_.Shape(DrawingLayer::CrossLine, ShapeKind::Line,
                      {{girder.x, girder.y + 500}, {girder.x, girder.LowerEdge() - 300}}, {});
     }

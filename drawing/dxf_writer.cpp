@@ -27,11 +27,16 @@ constexpr LayerKind kLayers[] = {
     {"継手", 6, kSolid},       {"断面変化", 8, kHidden},  {"支点", 7, kSolid},         {"不連続点", 5, kSolid},
     {"マンホール", 7, kSolid}, {"ずれ止め", 8, kSolid},   {"キャンバー", 4, kSolid},   {"横桁", 7, kSolid},
     {"対傾構", 3, kSolid},     {"下横構", 5, kSolid},     {"床版", 8, kSolid},         {"舗装", 8, kSolid},
-    {"縦リブ", 7, kSolid},
+    {"縦リブ", 7, kSolid},     {"添接板", 4, kSolid},     {"ボルト", 3, kSolid},
 };
 static_assert(std::size(kLayers) == kDrawingLayers);
 constexpr const char* kDimensions = "寸法";
 constexpr const char* kTexts = "文字";
+
+/// LibreCAD takes the name of a style for that of one of its own fonts, and this one has Japanese characters; other
+/// programs take the font that the style tells.
+constexpr const char* kStyle = "kst32b";
+constexpr const char* kFont = "msgothic.ttc";
 
 constexpr double kTextHeight = 2.5; // mm of paper
 constexpr double kChainStep = 9;
@@ -160,16 +165,19 @@ void Layers(CDxf& dxf)
 
 void Styles(CDxf& dxf)
 {
+    constexpr std::array<const char*, 2> names{"Standard", kStyle};
     std::string table;
-    TableHead(dxf, "STYLE", 1, table);
-    Entry(dxf, "STYLE", table, "AcDbTextStyleTableRecord", "Standard");
-    dxf.Number(40, 0);
-    dxf.Number(41, 1);
-    dxf.Number(50, 0);
-    dxf.Pair(71, 0);
-    dxf.Number(42, kTextHeight);
-    dxf.Pair(3, "msgothic.ttc");
-    dxf.Pair(4, "");
+    TableHead(dxf, "STYLE", static_cast<int>(names.size()), table);
+    for (const char* name : names) {
+        Entry(dxf, "STYLE", table, "AcDbTextStyleTableRecord", name);
+        dxf.Number(40, 0);
+        dxf.Number(41, 1);
+        dxf.Number(50, 0);
+        dxf.Pair(71, 0);
+        dxf.Number(42, kTextHeight);
+        dxf.Pair(3, kFont);
+        dxf.Pair(4, "");
+    }
     dxf.Pair(0, "ENDTAB");
 }
 
@@ -303,7 +311,7 @@ void Text(CDxf& dxf, std::string_view layer, const DrawnPoint& at, std::string_v
     Point(dxf, 10, at);
     dxf.Number(40, height);
     dxf.Pair(1, text);
-    dxf.Pair(7, "Standard");
+    dxf.Pair(7, kStyle);
     dxf.Pair(72, middle);
     Point(dxf, 11, at);
     dxf.Pair(100, "AcDbText");
@@ -377,11 +385,11 @@ void Labels(CDxf& dxf, const BridgeDrawing& drawing, const Extent& extent, doubl
     const std::string layer = Cp932(kTexts);
     for (const DrawnLabel& label : drawing.labels) {
         DrawnPoint at = label.at;
-        if (label.place == LabelPlace::Above)
+        if (label.place == LabelRow::Above)
             at.y = extent.most.y + scale;
-        else if (label.place == LabelPlace::FarAbove)
+        else if (label.place == LabelRow::FarAbove)
             at.y = extent.most.y + (1 + kRowStep) * scale;
-        else if (label.place == LabelPlace::Below)
+        else if (label.place == LabelRow::Below)
             at.y = extent.least.y - kRowStep * scale;
         Text(dxf, layer, at, label.text, kTextHeight * scale);
     }

@@ -30,7 +30,7 @@ enum HeightNumber : std::size_t {
     kXUpper = 6,
 };
 
-CellPlace PlaceOf(std::size_t record, std::size_t number)
+SourceCell PlaceOf(std::size_t record, std::size_t number)
 {
     constexpr int names = 4;
     return {kHeights, kTypeRows + static_cast<int>(record) + 1, names + static_cast<int>(number) + 1};
@@ -71,7 +71,7 @@ std::vector<NamedRecord> RecordsOf(CDrawingBuild& build, const CSbdData& data, c
         const auto& names = records[i].names;
         if (std::ranges::all_of(names, [](const std::string& name) { return Trim(name).empty(); }))
             continue;
-        CellPlace place = PlaceOf(i, 0);
+        SourceCell place = PlaceOf(i, 0);
         place.column = 1;
         const auto girders = RangeOfNames(build, line.Grid().girders, Trim(names[0]), Trim(names[1]), place, "主桁");
         if (!girders || !girders->Has(line.Girder()))
@@ -134,7 +134,7 @@ std::vector<DepthPiece> StationDepths(CDrawingBuild& build, const CSbdData& data
         piece.points = {{line.X(bay), *left.depth}, {line.X(bay + 1), *right.depth}};
         if (left.right + right.left > line.X(bay + 1) - line.X(bay) + kTouch) {
             build.Omit(PlaceOf(left.record, kDxr), "からの一定長さDXR，DXLが格間より長いため，図では直線としています．",
-                       line.StationName(bay));
+                       line.StationName(bay), OmissionKind::Length);
         } else {
             if (right.left > 0)
                 piece.points.insert(piece.points.begin() + 1, {line.X(bay + 1) - right.left, *right.depth});
@@ -257,7 +257,7 @@ const char* Shape(IntervalDepth& interval, const HGirderRecord& record, FlangeFo
                : "上フランジの２次曲線が決まらないため，桁の形を図にできません．";
 }
 
-DepthPiece PieceOf(const IntervalDepth& interval, double from, double to, CellPlace source)
+DepthPiece PieceOf(const IntervalDepth& interval, double from, double to, SourceCell source)
 {
     DepthPiece piece;
     piece.source = source;
@@ -290,11 +290,12 @@ std::optional<IntervalDepth> IntervalOf(CDrawingBuild& build, const HGirderRecor
     interval.changeEnd = interval.end - LengthOf(record, kDxe);
     if (LengthOf(record, kDxb) < 0 || LengthOf(record, kDxe) < 0
         || interval.changeBegin > interval.changeEnd + kTouch) {
-        build.Omit(PlaceOf(named.index, kDxb), "一定長さDXB，DXEが区間に合わないため，桁の形を図にできません．");
+        build.Omit(PlaceOf(named.index, kDxb), "一定長さDXB，DXEが区間に合わないため，桁の形を図にできません．", {},
+                   OmissionKind::Length);
         return std::nullopt;
     }
     if (const char* reason = Shape(interval, record, forms)) {
-        build.Omit(PlaceOf(named.index, kXLower), reason);
+        build.Omit(PlaceOf(named.index, kXLower), reason, {}, OmissionKind::Limit);
         return std::nullopt;
     }
     return interval;

@@ -16,7 +16,7 @@ struct DepthPoint {
 /// A stretch of a girder whose depth is known.
 struct DepthPiece {
     std::vector<DepthPoint> points; ///< two or more, x growing
-    CellPlace source;
+    SourceCell source;
 };
 
 struct GirderDepth {

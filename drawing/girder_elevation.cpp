@@ -204,12 +204,22 @@ void CElevation::Bands()
     } bands[] = {{"U.FLG", plates_.upper}, {"WEB", plates_.web}, {"L.FLG", plates_.lower}};
     for (const auto& band : bands) {
         PlateBand made{band.title, {}};
+        PlateBand widths{std::string(band.title) + Cp932("幅"), {}, true};
+        bool differ = false;
         for (std::size_t i = 0; i < band.plates.size(); ++i)
-            if (const auto& plate = band.plates[i])
+            if (const auto& plate = band.plates[i]) {
                 made.parts.push_back({plates_.sections[i].from, plates_.sections[i].to, plate->thickFrom,
                                       plate->thickTo, PlateText(*plate), plate->source});
+                const BandPart width{plates_.sections[i].from, plates_.sections[i].to,       plate->widthFrom,
+                                     plate->widthTo,           LengthText(plate->widthFrom), plate->source};
+                differ = differ || width.thickFrom != width.thickTo
+                         || (!widths.parts.empty() && widths.parts.back().thickTo != width.thickFrom);
+                widths.parts.push_back(width);
+            }
         if (!made.parts.empty())
             build_.drawing.bands.push_back(std::move(made));
+        if (differ) // a width that is out of line is seen
+            build_.drawing.bands.push_back(std::move(widths));
     }
 }
 
@@ -277,7 +287,7 @@ void CElevation::Joints()
         build_.Shape(DrawingLayer::Splice, ShapeKind::Line, {{splice.x, over}, {splice.x, -DepthAt(splice.x) - over}},
                      splice.source);
         const std::string type = splice.type.substr(0, splice.type.find('(')); // without "(省略可)"
-        build_.Label({splice.x, 0}, type.empty() ? splice.name : splice.name + " " + type, LabelPlace::FarAbove,
+        build_.Label({splice.x, 0}, type.empty() ? splice.name : splice.name + " " + type, LabelRow::FarAbove,
                      splice.source);
     }
 }
@@ -301,7 +311,7 @@ void CElevation::Supports()
                           {x, foot - 2 * halfWidth},
                           {x - halfWidth, foot - halfWidth}},
                          support.source);
-        build_.Label({x, foot - height}, support.word, LabelPlace::Below, support.source);
+        build_.Label({x, foot - height}, support.word, LabelRow::Below, support.source);
     }
 }
 
@@ -311,18 +321,18 @@ void CElevation::Stations()
         const double over = 300; // mm beyond the girder
         build_.Shape(DrawingLayer::CrossLine, ShapeKind::Line,
                      {{line_.X(i), over}, {line_.X(i), -DepthAt(line_.X(i)) - over}}, {}, false);
-        build_.Label({line_.X(i), 0}, std::string(line_.StationName(i)), LabelPlace::Above, {});
+        build_.Label({line_.X(i), 0}, std::string(line_.StationName(i)), LabelRow::Above, {});
     }
 }
 
 /// A chain through points from left to right; equal ones once.
-DimensionChain ChainOf(std::string_view title, std::vector<double> xs, const std::vector<CellPlace>& sources)
+DimensionChain ChainOf(std::string_view title, std::vector<double> xs, const std::vector<SourceCell>& sources)
 {
     DimensionChain chain{Cp932(title), {}};
     for (std::size_t i = 0; i + 1 < xs.size(); ++i)
         if (xs[i + 1] - xs[i] > kTouch)
             chain.parts.push_back(
-                {xs[i], xs[i + 1], LengthText(xs[i + 1] - xs[i]), i < sources.size() ? sources[i] : CellPlace()});
+                {xs[i], xs[i + 1], LengthText(xs[i + 1] - xs[i]), i < sources.size() ? sources[i] : SourceCell()});
     return chain;
 }
 
@@ -334,7 +344,7 @@ void CElevation::Chains()
         xs.push_back(section.from);
     if (!plates_.sections.empty()) {
         xs.push_back(plates_.sections.back().to);
-        std::vector<CellPlace> sources;
+        std::vector<SourceCell> sources;
         for (const GirderSection& section : plates_.sections)
             sources.push_back(section.source);
         chains.push_back(ChainOf("断面", xs, sources));
@@ -343,7 +353,7 @@ void CElevation::Chains()
     }
     if (!splices_.empty()) {
         xs = {line_.Begin()};
-        std::vector<CellPlace> sources;
+        std::vector<SourceCell> sources;
         for (const GirderSplice& splice : splices_) {
             xs.push_back(splice.x);
             sources.push_back(splice.source);

@@ -26,7 +26,7 @@ struct GirderSupport {
     bool bearing = false;     ///< a bearing stands there
     bool bearingLine = false; ///< on the line of bearings without one
     std::string word;         ///< CP932
-    CellPlace source;
+    SourceCell source;
 };
 [[nodiscard]] std::vector<GirderSupport> SupportsOf(CDrawingBuild& build, const CSbdData& data,
                                                     const CGirderLine& line);

@@ -86,7 +86,8 @@ void DrawManHoles(CDrawingBuild& build, const CSbdData& data, const CGirderLine&
             const double x = line.X(bay) + *dx;
             if (x < line.X(bay) - kTouch || x > line.X(bay + 1) + kTouch) {
                 build.Omit(rows.Place(row, dxColumn),
-                           "DXが格間の外になるため，マンホールを図にできません．単位はmmです．");
+                           "DXが格間の外になるため，マンホールを図にできません．単位はmmです．", {},
+                           OmissionKind::Length);
                 break;
             }
             const double y = webFoot(x) + *dy;
@@ -163,7 +164,8 @@ void DrawStuds(CDrawingBuild& build, const CSbdData& data, const CGirderLine& li
         const auto splice = std::ranges::find_if(splices, [&](const GirderSplice& each) { return each.name == name; });
         if (splice == splices.end()) {
             build.Omit(rows.Place(row, spliceColumn),
-                       "から始まるずれ止めの位置が決まらないため，図にできません(継手名の行だけを描きます)．", name);
+                       "から始まるずれ止めの位置が決まらないため，図にできません(継手名の行だけを描きます)．", name,
+                       OmissionKind::Limit);
             continue;
         }
         const auto begin = Leading(rows.Cell(row, beginColumn));
@@ -192,7 +194,8 @@ void DrawStuds(CDrawingBuild& build, const CSbdData& data, const CGirderLine& li
             }
         if (!fits)
             build.Omit(rows.Place(row, spaceColumn),
-                       "間隔の合計が桁の終わりを超えるため，残りのずれ止めを図にできません．");
+                       "間隔の合計が桁の終わりを超えるため，残りのずれ止めを図にできません．", {},
+                       OmissionKind::Length);
         build.Use(rows.Place(row, 0), {{first, 0}, {std::min(x, line.End()), 0}}, false);
     }
 }
@@ -235,13 +238,14 @@ void DrawCamber(CDrawingBuild& build, const CSbdData& data, const AnalysisResult
                 points.push_back({line.X(station), above - *value * kMillimetres * kCamberScale});
         }
         if (points.size() < 2) {
-            build.Omit(rows.Place(row, loadColumn), "のたわみがこの桁にないため，キャンバーを図にできません．", load);
+            build.Omit(rows.Place(row, loadColumn), "のたわみがこの桁にないため，キャンバーを図にできません．", load,
+                       OmissionKind::Limit);
             continue;
         }
         any = true;
         const DrawnPoint most = std::ranges::max(points, {}, [](const DrawnPoint& p) { return std::abs(p.y - above); });
         build.Shape(DrawingLayer::Camber, ShapeKind::Line, std::move(points), rows.Place(row, loadColumn));
-        build.Label(most, std::string(rows.Cell(row, classColumn)), LabelPlace::AtPoint, rows.Place(row, loadColumn));
+        build.Label(most, std::string(rows.Cell(row, classColumn)), LabelRow::AtPoint, rows.Place(row, loadColumn));
     }
     if (any) {
         build.Shape(DrawingLayer::Camber, ShapeKind::Line,

@@ -54,7 +54,8 @@ std::optional<double> NamedPlace(CDrawingBuild& build, const CTableRows& rows, s
     const auto i = static_cast<std::size_t>(*number);
     if (i > 0 && !bay.numbered) {
         build.Omit(rows.Place(row, kNumber),
-                   "左右の垂直補剛材の位置が異なり，番号の位置が決まらないため，図にできません．");
+                   "左右の垂直補剛材の位置が異なり，番号の位置が決まらないため，図にできません．", {},
+                   OmissionKind::Limit);
         return std::nullopt;
     }
     const double left = i == 0 ? line.X(*station) : bay.stiffeners[i - 1].x;
@@ -69,7 +70,8 @@ std::optional<double> NamedPlace(CDrawingBuild& build, const CTableRows& rows, s
     }
     const double x = left + *value * kMillimetres;
     if (x < line.X(*station) - kTouch || x > bayEnd + kTouch) {
-        build.Omit(rows.Place(row, kDistance), "位置が格間の外になるため，図にできません．間隔の単位はmです．");
+        build.Omit(rows.Place(row, kDistance), "位置が格間の外になるため，図にできません．間隔の単位はmです．", {},
+                   OmissionKind::Length);
         return std::nullopt;
     }
     return x;
@@ -109,7 +111,8 @@ std::vector<GirderPoint> PointsOf(CDrawingBuild& build, const CTableRows& rows, 
         }
         from += *length * kMillimetres;
         if (from > line.End() + kTouch) {
-            build.Omit(rows.Place(row, kLength), "位置が桁の終わりより先になるため，図にできません．単位はmです．");
+            build.Omit(rows.Place(row, kLength), "位置が桁の終わりより先になるため，図にできません．単位はmです．", {},
+                       OmissionKind::Length);
             lost = true;
             continue;
         }
@@ -138,7 +141,8 @@ std::vector<GirderSection> SectionsOf(CDrawingBuild& build, const CSbdData& data
     double from = line.Begin();
     for (const GirderPoint& point : PointsOf(build, rows, line, stiffeners)) {
         if (point.x <= from + kTouch) {
-            build.Omit(rows.Place(point.row, kStation), "断面の終わりが前の断面の終わりより左のため，図にできません．");
+            build.Omit(rows.Place(point.row, kStation), "断面の終わりが前の断面の終わりより左のため，図にできません．",
+                       {}, OmissionKind::Length);
             continue;
         }
         sections.push_back({std::string(rows.Cell(point.row, kName)), from, point.x, rows.Place(point.row, kStation)});

@@ -13,7 +13,7 @@ struct GirderSplice {
     std::string name; ///< CP932
     std::string type; ///< CP932; empty: the first one, with bolts
     double x = 0;
-    CellPlace source;
+    SourceCell source;
 };
 
 /// A stretch of a girder with plates of its own.
@@ -21,7 +21,7 @@ struct GirderSection {
     std::string name;
     double from = 0;
     double to = 0;
-    CellPlace source; ///< of its end
+    SourceCell source; ///< of its end
 };
 
 /// A plate over a section; width and thickness in mm at both ends.
@@ -32,7 +32,7 @@ struct SectionPlate {
     double thickFrom = 0;
     double thickTo = 0;
     std::string material; ///< CP932
-    CellPlace source;     ///< of the thickness
+    SourceCell source;    ///< of the thickness
 };
 
 struct GirderPlates {

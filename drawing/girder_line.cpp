@@ -118,7 +118,7 @@ std::optional<IndexRange> CGirderLine::NamedStations(CDrawingBuild& build, const
                         rows.Place(row, column), "横桁");
 }
 
-int CGirderLine::SidesOf(CDrawingBuild& build, std::string_view word, CellPlace place) const
+int CGirderLine::SidesOf(CDrawingBuild& build, std::string_view word, SourceCell place) const
 {
     struct SideWord {
         std::string word;

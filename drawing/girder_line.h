@@ -53,7 +53,7 @@ public:
     [[nodiscard]] std::optional<IndexRange> NamedStations(CDrawingBuild& build, const CTableRows& rows, std::size_t row,
                                                           std::size_t column) const;
     /// The sides that a word names on this girder: bit 0 left, bit 1 right; 0, and omitted, if it is none of its words.
-    [[nodiscard]] int SidesOf(CDrawingBuild& build, std::string_view word, CellPlace place) const;
+    [[nodiscard]] int SidesOf(CDrawingBuild& build, std::string_view word, SourceCell place) const;
     /// The bit of the side on show: both sides of an I girder are.
     [[nodiscard]] bool Shows(int sides) const { return (sides & (IsBox() ? 1 << static_cast<int>(side_) : 3)) != 0; }
 

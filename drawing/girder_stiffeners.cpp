@@ -119,14 +119,15 @@ std::optional<SpacingRow> ReadSpacings(CDrawingBuild& build, const CTableRows& r
     const std::size_t most = spacing.count > 1 ? 2 * (static_cast<std::size_t>(spacing.count) - 1) : 0;
     if (sizes > most || sizes % 2 != 0)
         build.Omit(rows.Place(row, kSpacings),
-                   "間隔の後の数値が，2本目からの幅と厚の組になりません．寸法は1本目の値としています．");
+                   "間隔の後の数値が，2本目からの幅と厚の組になりません．寸法は1本目の値としています．", {},
+                   OmissionKind::Limit);
     else
         for (std::size_t i = given + 1; i < numbers.size(); i += 2)
             spacing.thicknesses.push_back(numbers[i]);
     return spacing;
 }
 
-BayStiffeners InBay(CDrawingBuild& build, const SpacingRow& spacing, double from, double to, CellPlace source)
+BayStiffeners InBay(CDrawingBuild& build, const SpacingRow& spacing, double from, double to, SourceCell source)
 {
     BayStiffeners bay;
     double x = from;
@@ -137,7 +138,8 @@ BayStiffeners InBay(CDrawingBuild& build, const SpacingRow& spacing, double from
         else
             x += spacing.spacings[number];
         if (x < from - kTouch || x > to + kTouch) {
-            build.Omit(source, "間隔の合計が格間より長いため，格間の外の補剛材を図にできません．");
+            build.Omit(source, "間隔の合計が格間より長いため，格間の外の補剛材を図にできません．", {},
+                       OmissionKind::Length);
             break;
         }
         const double thickness =
@@ -247,7 +249,7 @@ struct Shares {
 
 std::optional<Shares> ReadShares(CDrawingBuild& build, const CSbdData& data)
 {
-    const CellPlace place{kSectionOptions, static_cast<int>(kShares) + 1, 2};
+    const SourceCell place{kSectionOptions, static_cast<int>(kShares) + 1, 2};
     std::vector<double> values;
     for (const std::string_view word : CellWords(data.Option(kSectionOptions, kShares)))
         if (const std::optional<double> value = NumberIn(word))
@@ -260,7 +262,8 @@ std::optional<Shares> ReadShares(CDrawingBuild& build, const CSbdData& data)
     for (std::size_t i = group; i < values.size(); ++i)
         if (values[i] != values[i % group]) {
             // Which of the four groups a girder takes is not told.
-            build.Omit(place, "4組の設置位置が異なり，どの組を使用するか決まらないため，水平補剛材を図にできません．");
+            build.Omit(place, "4組の設置位置が異なり，どの組を使用するか決まらないため，水平補剛材を図にできません．",
+                       {}, OmissionKind::Limit);
             return std::nullopt;
         }
     const Shares shares{values[0], {values[1], values[2]}};
@@ -399,7 +402,8 @@ HorizontalStiffeners HorizontalStiffenersOf(CDrawingBuild& build, const CSbdData
                 if (isSecond && !stages[0][panel]) {
                     if (winners[1][bay] != lonelyRow)
                         build.Omit(rows.Place(winners[1][bay], kStage),
-                                   "同じパネルに1段目がないため，2段目の水平補剛材を図にできません．");
+                                   "同じパネルに1段目がないため，2段目の水平補剛材を図にできません．", {},
+                                   OmissionKind::Limit);
                     lonelyRow = winners[1][bay];
                     continue;
                 }

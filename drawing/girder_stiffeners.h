@@ -11,7 +11,7 @@ namespace sbd {
 struct VerticalStiffener {
     double x = 0;
     double thickness = 0; ///< mm; 0 if it is not known
-    CellPlace source;
+    SourceCell source;
 };
 
 /// The stiffeners between two stations, from left to right.
@@ -34,7 +34,7 @@ struct HorizontalStiffener {
     bool upper = true;
     double share = 0;     ///< of the depth, from the flange on its side
     double thickness = 0; ///< mm; 0 if it is not known
-    CellPlace source;
+    SourceCell source;
 };
 
 struct HorizontalStiffeners {

@@ -12,7 +12,7 @@ namespace sbd {
 namespace {
 
 void Rectangle(CDrawingBuild& build, DrawingLayer layer, double left, double right, double bottom, double top,
-               CellPlace source)
+               SourceCell source)
 {
     build.Shape(layer, ShapeKind::Polygon, {{left, bottom}, {right, bottom}, {right, top}, {left, top}}, source);
 }
@@ -50,7 +50,7 @@ std::optional<SectionGirder> SectionGirderAt(const CSbdData& data, const CBridge
     result.webThick = GirderPlates::ThicknessAt(plates.web[*section], within, x);
     result.upperWidth = GirderPlates::WidthAt(plates.upper[*section], within, x);
     result.lowerWidth = GirderPlates::WidthAt(plates.lower[*section], within, x);
-    const auto sourceOf = [](const std::optional<SectionPlate>& plate) { return plate ? plate->source : CellPlace(); };
+    const auto sourceOf = [](const std::optional<SectionPlate>& plate) { return plate ? plate->source : SourceCell(); };
     result.upperSource = sourceOf(plates.upper[*section]);
     result.lowerSource = sourceOf(plates.lower[*section]);
     result.webSource = sourceOf(plates.web[*section]);
@@ -105,7 +105,7 @@ struct BoxSizes {
     double rightOut = 0;
     double leftLevel = 0;
     double rightLevel = 0;
-    CellPlace source;
+    SourceCell source;
 };
 
 std::optional<BoxSizes> BoxSizesAt(CDrawingBuild& build, const CSbdData& data, const CBridgeGrid& grid,
@@ -157,7 +157,7 @@ std::optional<BoxSizes> BoxSizesAt(CDrawingBuild& build, const CSbdData& data, c
 /// How many ribs a flange has at a station, and their places from the left web.
 struct RibPlaces {
     std::vector<double> places; ///< mm
-    CellPlace source;
+    SourceCell source;
 };
 
 /// The number of a rib in a cell of 325; -1 if it is none.
@@ -178,10 +178,10 @@ RibPlaces RibsAt(CDrawingBuild& build, const CSbdData& data, const CBridgeGrid& 
     const LRibRecord* nearest = nullptr;
     bool fromLeft = false;
     std::array<std::size_t, 2> best{};
-    CellPlace source;
+    SourceCell source;
     for (std::size_t i = 0; i < data.lRibs.size(); ++i) {
         const LRibRecord& record = data.lRibs[i];
-        const CellPlace place{kLongRibs, headRows + static_cast<int>(i) + 1, static_cast<int>(countColumn) + 1};
+        const SourceCell place{kLongRibs, headRows + static_cast<int>(i) + 1, static_cast<int>(countColumn) + 1};
         if (!IsFor(Trim(record.names[3]), flange))
             continue;
         const auto girders = RangeOfNames(build, grid.girders, Trim(record.names[0]), Trim(record.names[1]),
@@ -239,7 +239,7 @@ RibPlaces RibsAt(CDrawingBuild& build, const CSbdData& data, const CBridgeGrid& 
 struct RibSize {
     double height = 0;
     double thick = 0;
-    CellPlace source;
+    SourceCell source;
 };
 
 /// The size of a flat rib of the girder's section; nothing for other forms, which are omitted.
@@ -274,7 +274,8 @@ std::optional<RibSize> RibSizeOf(CDrawingBuild& build, const CSbdData& data, con
     const bool flat = NumberIn(rows.Cell(*winner, uColumn)).value_or(0) == 0
                       && NumberIn(rows.Cell(*winner, radiusColumn)).value_or(0) == 0;
     if (!flat) {
-        build.Omit(rows.Place(*winner, uColumn), "平リブ以外の縦リブは形が決まらないため，線だけを描きます．");
+        build.Omit(rows.Place(*winner, uColumn), "平リブ以外の縦リブは形が決まらないため，線だけを描きます．", {},
+                   OmissionKind::Limit);
         return std::nullopt;
     }
     if (!height || !thick || !(*height > 0 && *height < kMostSize) || !(*thick > 0 && *thick < kMostSize)) {
@@ -306,7 +307,7 @@ void DrawBox(CDrawingBuild& build, const CSbdData& data, const CBridgeGrid& grid
         const double share = (x - girder.leftWeb) / (girder.rightWeb - girder.leftWeb);
         return sizes->leftLevel + (sizes->rightLevel - sizes->leftLevel) * share;
     };
-    const auto flange = [&](const std::optional<BoxSizes>& sizes, double bottom, double top, CellPlace source) {
+    const auto flange = [&](const std::optional<BoxSizes>& sizes, double bottom, double top, SourceCell source) {
         if (!sizes || !(top > bottom))
             return;
         const double left = girder.leftWeb - sizes->leftOut;

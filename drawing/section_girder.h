@@ -16,7 +16,7 @@ struct SectionGirder {
     double x = 0;                ///< of the girder's line
     double y = 0;                ///< of its upper edge there
     std::optional<double> depth; ///< mm
-    CellPlace depthSource;
+    SourceCell depthSource;
     bool upperFlangeIncluded = true; ///< the upper edge is the flange's outer face, else the web's end
     bool lowerFlangeIncluded = true;
     double upperThick = 0; ///< 0: not known
@@ -24,9 +24,9 @@ struct SectionGirder {
     double webThick = 0;
     double upperWidth = 0;
     double lowerWidth = 0;
-    CellPlace upperSource;
-    CellPlace lowerSource;
-    CellPlace webSource;
+    SourceCell upperSource;
+    SourceCell lowerSource;
+    SourceCell webSource;
     std::string section; ///< its name
 
     bool box = false;

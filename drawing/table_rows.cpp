@@ -69,12 +69,12 @@ bool CTableRows::IsEmpty(std::size_t row) const
 }
 
 std::optional<IndexRange> RangeOfNames(CDrawingBuild& build, const CNameIndex& names, std::string_view from,
-                                       std::string_view to, CellPlace fromPlace, std::string_view kind)
+                                       std::string_view to, SourceCell fromPlace, std::string_view kind)
 {
     const auto find = [&](std::string_view name, int column) {
         const std::optional<std::size_t> index = names.Find(name);
         if (!index) {
-            CellPlace place = fromPlace;
+            SourceCell place = fromPlace;
             place.column = column;
             if (name.empty())
                 build.Omit(place, std::string(kind) + "名が空白のため，図にできません．");

@@ -30,7 +30,7 @@ public:
     [[nodiscard]] std::size_t Count() const { return count_; }
     /// Without blanks around; empty where there is no such cell.
     [[nodiscard]] std::string_view Cell(std::size_t row, std::size_t column) const;
-    [[nodiscard]] CellPlace Place(std::size_t row, std::size_t column) const
+    [[nodiscard]] SourceCell Place(std::size_t row, std::size_t column) const
     {
         return {block_, static_cast<int>(row) + 1, static_cast<int>(column) + 1};
     }
@@ -53,7 +53,7 @@ struct IndexRange {
 /// The range that two cells name, in whichever order; what is missing or unknown is omitted with its cell. `kind` says
 /// what the names are (UTF-8).
 [[nodiscard]] std::optional<IndexRange> RangeOfNames(CDrawingBuild& build, const CNameIndex& names,
-                                                     std::string_view from, std::string_view to, CellPlace fromPlace,
+                                                     std::string_view from, std::string_view to, SourceCell fromPlace,
                                                      std::string_view kind);
 
 /// Which row wins at each place: rows are taken from the last one on, each takes what is still free of its range.

@@ -29,6 +29,7 @@
 #include "project/sbd_data.h"
 #include "sbdfile/writer.h"
 #include "upperview/chk_view.h"
+#include "upperview/drawing_pane.h"
 #include "upperview/figure_pane.h"
 #include "upperview/help_view.h"
 #include "upperview/up_view.h"
@@ -88,6 +89,7 @@ CChildFrame::CChildFrame(std::unique_ptr<CKELDSectionDoc> doc, std::unique_ptr<C
     connect(&upView_->Figure(), &CFigurePane::cellWanted, this, &CChildFrame::JumpTo);
     connect(&ResultSessionOf(*doc_), &CResultSession::sheetsWanted, this,
             [this] { CResultSheetsDialog(doc_.get(), this).exec(); });
+    connect(&upView_->Drawing(), &CDrawingPane::cellWanted, this, &CChildFrame::JumpTo);
     SetTitle(doc_->Title());
     GoToBlock(kFirstBlock);
 }
@@ -301,6 +303,13 @@ void CChildFrame::GoBack(bool forward)
 void CChildFrame::ShowHelpPage(bool show)
 {
     doc_->showHelpPage = show;
+    doc_->showDrawing = false;
+    upView_->Refresh();
+}
+
+void CChildFrame::ShowDrawing(bool show)
+{
+    doc_->showDrawing = show;
     upView_->Refresh();
 }
 

@@ -92,6 +92,8 @@ public:
     void ShowHelpBeside(bool beside);
     /// Shows the help page, or the model figure instead.
     void ShowHelpPage(bool show);
+    /// The drawing of the bridge in front of both, or not.
+    void ShowDrawing(bool show);
     /// What the tree shows, and in which language.
     void SetTreeView(const TreeView& view);
 

@@ -27,6 +27,7 @@ constexpr SwitchableKind kSwitchable[] = {
     {FindingKind::RowCovered, u"後の行に含まれる行"},
     {FindingKind::NeededBlockEmpty, u"必要なブロックが空"},
     {FindingKind::BlocksDisagree, u"連動するブロックの不一致"},
+    {FindingKind::NotDrawable, u"橋の図に描けない所"},
 };
 
 } // namespace

@@ -19,6 +19,7 @@
 #include "project/block_numbers.h"
 #include "project/catalogue.h"
 #include "results/figure_view.h"
+#include "upperview/drawing_pane.h"
 #include "upperview/up_view.h"
 
 #include <QApplication>
@@ -190,7 +191,11 @@ void CMainFrame::AddRunHandlers()
 
 void CMainFrame::AddViewHandlers()
 {
-    OnChild(Command::SwitchFigureAndHelp, [](CChildFrame& child) { child.ShowHelpPage(!child.Doc().showHelpPage); });
+    OnChild(Command::SwitchFigureAndHelp, [](CChildFrame& child) {
+        // What lies behind the drawing comes to the front first.
+        child.ShowHelpPage(child.Doc().showDrawing == child.Doc().showHelpPage);
+    });
+    OnChild(Command::BridgeDrawing, [](CChildFrame& child) { child.ShowDrawing(!child.Doc().showDrawing); });
     OnChild(Command::Notes, [](CChildFrame& child) {
         child.Doc().SetCurrentBlock(kNotesBlock);
         child.Doc().SetHelpCell(-1, 0, 0);
@@ -356,6 +361,8 @@ void CMainFrame::Print(CChildFrame& child, bool preview)
     const QScopedValueRollback printing(printing_, true);
     UpdateCommands();
     QPrinter printer(QPrinter::HighResolution);
+    if (child.UpView().currentWidget() == &child.UpView().Drawing())
+        printer.setPageOrientation(QPageLayout::Landscape); // as the sheet lies
     NamePrint(printer, ProposedFile(child.Doc(), PageName(child), u".pdf"_s));
     if (child.UpView().IsWide())
         printer.setPageOrientation(QPageLayout::Landscape);

@@ -260,6 +260,7 @@ void CMainFrame::UpdateMarks()
     actions_->SetMark(Command::TabbedWindows, area_->viewMode() == QMdiArea::TabbedView);
     CChildFrame* child = CurrentChild();
     actions_->SetMark(Command::FindingList, child != nullptr && child->Findings().ShowsPane());
+    actions_->SetMark(Command::BridgeDrawing, child != nullptr && child->Doc().showDrawing);
     actions_->SetMark(Command::FilterRows,
                       child != nullptr && child->Panel() != nullptr && child->Panel()->FiltersRows());
     actions_->SetMark(Command::WordLists, child == nullptr || child->Doc().comboOrList == kWordLists);

@@ -172,7 +172,7 @@ void CProjectFindings::GoToNext(bool back)
     if (panel != nullptr && panel->Model() != nullptr && !panel->MayClose())
         return; // the cell has refused the text, and said so
     frame_.CommitPanel();
-    check_.LookNow();
+    check_.LookAtAllNow();
     const std::vector<int> blocks = check_.Blocks();
     if (blocks.empty()) {
         emit told(u"指摘はありません。"_s);

@@ -1,7 +1,10 @@
 // Any project and any nodes: every view comes to an end, within its bounds, and its parts come from rows that are there.
 #include "drawing/bridge_plan.h"
 #include "drawing/cross_section.h"
+#include "drawing/drawing_views.h"
+#include "drawing/dxf_writer.h"
 #include "drawing/girder_elevation.h"
+#include "drawing/joint_detail.h"
 #include "fuzz/property.h"
 #include "results/byte_source.h"
 #include "sbdfile/reader.h"
@@ -39,6 +42,10 @@ void Check(const sbd::BridgeDrawing& drawing, const sbd::CSbdData& data)
         Require(table == nullptr || static_cast<std::size_t>(shape.source.row) <= table->RowCount(),
                 "a part comes from a row that is there");
     }
+    const sbd::DrawnShape* part = sbd::PartAt(drawing, {0, 0}, 1e6, 5);
+    Require(part == nullptr || part->source.block != 0, "what is found comes from a cell");
+    if (drawing.shapes.size() < 100)
+        Require(sbd::DxfOf(drawing, 100).ends_with("EOF\r\n"), "a file for other programs is whole");
     for (const sbd::RowUse& use : drawing.rows)
         for (const sbd::DrawnPoint& point : use.area)
             Require(std::isfinite(point.x) && std::isfinite(point.y), "an area has numbers");
@@ -62,6 +69,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
             for (const sbd::GirderSide side : {sbd::GirderSide::Left, sbd::GirderSide::Right})
                 Check(sbd::GirderElevation(data, each, {girder, side, true}), data);
         Check(sbd::BridgePlan(data, each), data);
+        const std::size_t joints = sbd::JointNames(data, each, 0, sbd::GirderSide::Left).size();
+        for (std::size_t joint = 0; joint < std::min<std::size_t>(joints + 1, 3); ++joint)
+            Check(sbd::JointDetail(data, each, 0, sbd::GirderSide::Left, joint), data);
         for (std::size_t station = 0; station < 3; ++station)
             Check(sbd::CrossSection(data, each, station), data);
     }

@@ -1,16 +1,16 @@
 #include "sbdpage_drawings.h"
 
 #include "document/section_doc.h"
-#include "drawing/bridge_plan.h"
-#include "drawing/cross_section.h"
+#include "drawing/drawing_views.h"
 #include "drawing/dxf_writer.h"
-#include "drawing/girder_elevation.h"
+#include "drawing/joint_detail.h"
 #include "project/console.h"
 #include "project/text.h"
 #include "sbdpage_pictures.h"
 #include "upperview/bridge_sheet.h"
 #include "upperview/display_look.h"
 #include "upperview/draw_painter.h"
+#include "upperview/drawing_sheet.h"
 #include "upperview/page/draw_recorder.h"
 
 #include <QCommandLineParser>
@@ -29,11 +29,12 @@ constexpr int kNothing = 1;
 constexpr double kUnitsPerInch = 254; // of 0.1 mm
 constexpr double kScreenDpi = 96;
 constexpr int kTextUnits = 28;
+constexpr const char* kSheet = "sheet";
 
 struct DrawingCommand {
     const char* name;
     const char* help;
-    BridgeDrawing (*make)(const QCommandLineParser& parser, const CKELDSectionDoc& doc);
+    DrawingRequest (*request)(const QCommandLineParser& parser, const CKELDSectionDoc& doc);
 };
 
 /// The number of the name that an option gives among `names`; the first one without the option, nothing if there is no
@@ -50,30 +51,51 @@ std::optional<std::size_t> Named(const QCommandLineParser& parser, const QString
     return static_cast<std::size_t>(found - names.begin());
 }
 
-BridgeDrawing Elevation(const QCommandLineParser& parser, const CKELDSectionDoc& doc)
+GirderSide Side(const QCommandLineParser& parser)
 {
-    ElevationOptions options;
-    options.girder = *Named(parser, u"girder"_s, doc.Data().gridNames.girderNames);
-    options.side =
-        parser.value(u"side"_s).compare(u"right"_s, Qt::CaseInsensitive) == 0 ? GirderSide::Right : GirderSide::Left;
-    options.camber = parser.isSet(u"camber"_s);
-    return GirderElevation(doc.Data(), doc.Results(), options);
+    return parser.value(u"side"_s).compare(u"right"_s, Qt::CaseInsensitive) == 0 ? GirderSide::Right : GirderSide::Left;
 }
 
-BridgeDrawing Section(const QCommandLineParser& parser, const CKELDSectionDoc& doc)
+DrawingRequest Elevation(const QCommandLineParser& parser, const CKELDSectionDoc& doc)
 {
-    return CrossSection(doc.Data(), doc.Results(), *Named(parser, u"station"_s, doc.Data().gridNames.swayNames));
+    DrawingRequest request;
+    request.girder = *Named(parser, u"girder"_s, doc.Data().gridNames.girderNames);
+    request.side = Side(parser);
+    request.camber = parser.isSet(u"camber"_s);
+    return request;
 }
 
-BridgeDrawing Plan(const QCommandLineParser&, const CKELDSectionDoc& doc)
+DrawingRequest Section(const QCommandLineParser& parser, const CKELDSectionDoc& doc)
 {
-    return BridgePlan(doc.Data(), doc.Results());
+    DrawingRequest request;
+    request.view = DrawingView::Section;
+    request.station = *Named(parser, u"station"_s, doc.Data().gridNames.swayNames);
+    return request;
+}
+
+DrawingRequest Plan(const QCommandLineParser&, const CKELDSectionDoc&)
+{
+    DrawingRequest request;
+    request.view = DrawingView::Plan;
+    return request;
+}
+
+/// A joint that there is not has a number behind all.
+DrawingRequest Joint(const QCommandLineParser& parser, const CKELDSectionDoc& doc)
+{
+    DrawingRequest request = Elevation(parser, doc);
+    request.view = DrawingView::Joint;
+    const std::vector<std::string> names = JointNames(doc.Data(), doc.Results(), request.girder, request.side);
+    request.joint = Named(parser, u"joint"_s, names).value_or(names.size());
+    return request;
 }
 
 constexpr DrawingCommand kCommands[] = {
     {"elevation", "sbdpage elevation: draws a girder from the side.", Elevation},
     {"section", "sbdpage section: draws the bridge across at a cross line.", Section},
     {"plan", "sbdpage plan: draws the bridge from above.", Plan},
+    {"joint", "sbdpage joint: draws the splice of a girder at a joint.", Joint},
+    {kSheet, "sbdpage sheet: plan, elevation and sections on a sheet A3 with a title block.", nullptr},
 };
 
 void AddOptions(QCommandLineParser& parser, const DrawingCommand& command)
@@ -81,16 +103,19 @@ void AddOptions(QCommandLineParser& parser, const DrawingCommand& command)
     parser.setApplicationDescription(QString::fromLatin1(command.help));
     parser.addHelpOption();
     parser.addPositionalArgument(u"IN"_s, u"The project; its names and results lie beside it."_s);
-    parser.addOptions({{u"girder"_s, u"elevation: the girder; the first one if not given."_s, u"name"_s},
-                       {u"side"_s, u"elevation: the web of a box girder, left or right."_s, u"word"_s, u"left"_s},
-                       {u"camber"_s, u"elevation: with the deflections of block 259."_s},
-                       {u"station"_s, u"section: the cross line; the first one if not given."_s, u"name"_s},
-                       {u"scale"_s, u"1 : number; 0 takes a usual one that fits."_s, u"number"_s, u"0"_s},
-                       {u"exaggerate"_s, u"Heights are drawn 1, 2 or 5 times larger."_s, u"number"_s, u"1"_s},
-                       {u"block"_s, u"Block under the cursor."_s, u"number"_s, u"0"_s},
-                       {u"row"_s, u"Grid row under the cursor, from 1."_s, u"number"_s, u"0"_s},
-                       {u"dxf"_s, u"Writes the parts in true measure for other drawing programs."_s, u"file"_s},
-                       {u"list"_s, u"Prints what could not be drawn."_s}});
+    parser.addOptions(
+        {{u"girder"_s, u"elevation, joint, sheet: the girder; the first one if not given."_s, u"name"_s},
+         {u"side"_s, u"elevation, sheet: the web of a box girder, left or right."_s, u"word"_s, u"left"_s},
+         {u"camber"_s, u"elevation, sheet: with the deflections of block 259."_s},
+         {u"station"_s, u"section, sheet: the cross line; the first one if not given (sheet: and the middle one)."_s,
+          u"name"_s},
+         {u"joint"_s, u"joint: its name; the first one of the girder if not given."_s, u"name"_s},
+         {u"scale"_s, u"1 : number; 0 takes a usual one that fits."_s, u"number"_s, u"0"_s},
+         {u"exaggerate"_s, u"Heights are drawn 1, 2 or 5 times larger."_s, u"number"_s, u"1"_s},
+         {u"block"_s, u"Block under the cursor."_s, u"number"_s, u"0"_s},
+         {u"row"_s, u"Grid row under the cursor, from 1."_s, u"number"_s, u"0"_s},
+         {u"dxf"_s, u"Writes the parts in true measure for other drawing programs."_s, u"file"_s},
+         {u"list"_s, u"Prints what could not be drawn."_s}});
     AddPictureOptions(parser);
 }
 
@@ -128,6 +153,30 @@ std::optional<SheetLook> LookOf(const QCommandLineParser& parser)
     return sound ? std::optional(look) : std::nullopt;
 }
 
+/// The general drawing as a picture of A3.
+int RunSheet(const QCommandLineParser& parser, const CKELDSectionDoc& doc)
+{
+    if (!AsksForPicture(parser))
+        return FailCall(u"one of --png, --pdf and --svg says what to make"_s);
+    GeneralChoice choice;
+    choice.girder = *Named(parser, u"girder"_s, doc.Data().gridNames.girderNames);
+    choice.side = Side(parser);
+    choice.camber = parser.isSet(u"camber"_s);
+    if (parser.isSet(u"station"_s))
+        choice.stations = {*Named(parser, u"station"_s, doc.Data().gridNames.swayNames)};
+    const GeneralDrawing drawing = MakeGeneralDrawing(doc.Data(), doc.Results(), choice, doc.Title());
+    const double scale = kScreenDpi / kUnitsPerInch;
+    const QSize size = (kSheetUnits * scale).toSize();
+    const int code = WritePictures(parser, size, [&](QPainter& painter) {
+        painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
+        painter.scale(scale, scale);
+        PaintGeneralDrawing(painter, kSheetUnits, FigureFont(doc.display), drawing);
+    });
+    if (code != 0)
+        return code;
+    return drawing.elevation.shapes.empty() ? kNothing : 0;
+}
+
 int Run(const DrawingCommand& command, const QStringList& arguments)
 {
     QCommandLineParser parser;
@@ -153,7 +202,9 @@ int Run(const DrawingCommand& command, const QStringList& arguments)
     const std::optional<SheetLook> look = LookOf(parser);
     if (!look)
         return kBadPictureCall;
-    const BridgeDrawing drawing = command.make(parser, doc);
+    if (command.request == nullptr)
+        return RunSheet(parser, doc);
+    const BridgeDrawing drawing = MakeDrawing(doc.Data(), doc.Results(), command.request(parser, doc));
     if (parser.isSet(u"list"_s))
         PrintOmissions(drawing);
     if (const QString path = parser.value(u"dxf"_s); !path.isEmpty()) {

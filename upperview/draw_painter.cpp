@@ -4,12 +4,15 @@
 #include "upperview/paper.h"
 
 #include <QBrush>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
-#include <QPolygonF>
+#include <QStaticText>
 
+#include <algorithm>
 #include <cmath>
+#include <string>
 
 namespace sbd {
 
@@ -59,6 +62,47 @@ Qt::BrushStyle StyleOf(BrushStyle style)
     }
 }
 
+/// Do all lines between the points run along the sheet's edges?
+bool IsAlongEdges(std::span<const DrawPoint> points)
+{
+    for (std::size_t i = 1; i < points.size(); ++i)
+        if (points[i - 1].x != points[i].x && points[i - 1].y != points[i].y)
+            return false;
+    return true;
+}
+
+/// The rectangle that four corners are.
+std::optional<QRectF> RectangleOf(std::span<const DrawPoint> corners)
+{
+    constexpr std::size_t count = 4;
+    if (corners.size() != count || !IsAlongEdges(corners)
+        || (corners.front().x != corners.back().x && corners.front().y != corners.back().y)
+        || (corners[0].x == corners[1].x) == (corners[1].x == corners[2].x))
+        return std::nullopt;
+    return QRectF(PointOf(corners[0]), PointOf(corners[2])).normalized();
+}
+
+/// Texts that were laid out for a font: the same ones are painted at each paint of a page.
+struct LaidTexts {
+    QFont font;
+    std::unordered_map<std::string, QStaticText> texts;
+};
+
+const QStaticText& LaidText(std::string_view text, const QFont& font)
+{
+    constexpr std::size_t most = 4'000;
+    thread_local LaidTexts laid;
+    if (laid.font != font || laid.texts.size() >= most)
+        laid = {font, {}};
+    const auto [found, isNew] = laid.texts.try_emplace(std::string(text));
+    if (isNew) {
+        found->second = QStaticText(toQString(text));
+        found->second.setTextFormat(Qt::PlainText);
+        found->second.setPerformanceHint(QStaticText::AggressiveCaching);
+    }
+    return found->second;
+}
+
 } // namespace
 
 TextMetrics MetricsOf(const QFont& font)
@@ -73,6 +117,7 @@ TextMetrics MetricsOf(const QFont& font)
 
 CPainterContext::CPainterContext(QPainter& painter, const QFont& font)
     : painter_(painter)
+    , isScreen_(painter.paintEngine() != nullptr && painter.paintEngine()->type() == QPaintEngine::Raster)
     , ascent_(QFontMetricsF(font).ascent())
     , metrics_(MetricsOf(font))
 {
@@ -86,19 +131,41 @@ QColor CPainterContext::Paper() const
     return painter_.background().color();
 }
 
-QColor CPainterContext::InkOf(DrawColour colour) const
+const CPainterContext::OnPaper& CPainterContext::ColourOnPaper(DrawColour colour)
 {
-    return Ink(ColourOf(colour), Paper());
+    const QColor paper = Paper();
+    if (coloursPaper_ != paper) {
+        colours_.clear();
+        penInUse_.reset();
+        brushInUse_.reset();
+        coloursPaper_ = paper;
+    }
+    const auto [found, isNew] = colours_.try_emplace(colour);
+    if (isNew) {
+        const QColor own = ColourOf(colour);
+        found->second = {Ink(own, paper), Surface(own, paper), Contrast(own, Qt::white) > kInkContrast};
+    }
+    return found->second;
+}
+
+const std::vector<QPointF>& CPainterContext::PointsOf(std::span<const DrawPoint> points)
+{
+    points_.clear();
+    for (const DrawPoint& point : points)
+        points_.push_back(PointOf(point));
+    return points_;
 }
 
 void CPainterContext::UsePen(bool smooth)
 {
+    const QColor ink = InkOf(Pen().colour);
     // A drawing has thousands of lines of one pen.
     if (penInUse_ == std::pair(Pen(), smooth))
         return;
     penInUse_ = {Pen(), smooth};
+    textPenInUse_.reset();
     // A line of no width is one pixel wide in any scale.
-    QPen pen(InkOf(Pen().colour), Pen().width <= pixel_ ? 0 : Pen().width, StyleOf(Pen().style), Qt::FlatCap);
+    QPen pen(ink, Pen().width <= pixel_ ? 0 : Pen().width, StyleOf(Pen().style), Qt::FlatCap);
     pen.setJoinStyle(Qt::MiterJoin);
     painter_.setPen(pen);
     painter_.setRenderHint(QPainter::Antialiasing, smooth);
@@ -107,10 +174,15 @@ void CPainterContext::UsePen(bool smooth)
 void CPainterContext::UseBrush()
 {
     // Hatching is lines; what is filled with the colour of lines is an arrow's head or the like.
-    const QColor colour = ColourOf(Brush().colour);
-    const bool isInk = Brush().style != BrushStyle::Solid || Contrast(colour, Qt::white) > kInkContrast;
-    QBrush brush(isInk ? Ink(colour, Paper()) : Surface(colour, Paper()), StyleOf(Brush().style));
-    brush.setTransform(painter_.transform().inverted()); // hatching keeps its step
+    const OnPaper& colour = ColourOnPaper(Brush().colour);
+    if (brushInUse_ == Brush())
+        return;
+    const bool isSolid = Brush().style == BrushStyle::Solid;
+    QBrush brush(!isSolid || colour.isInk ? colour.ink : colour.surface, StyleOf(Brush().style));
+    if (!isSolid)
+        brush.setTransform(painter_.transform().inverted()); // hatching keeps its step
+    else
+        brushInUse_ = Brush();
     painter_.setBrush(brush);
 }
 
@@ -122,11 +194,9 @@ void CPainterContext::Line(DrawPoint from, DrawPoint to)
 
 void CPainterContext::Polyline(std::span<const DrawPoint> points)
 {
-    UsePen(true);
-    QPolygonF line;
-    for (const DrawPoint& point : points)
-        line.append(PointOf(point));
-    painter_.drawPolyline(line);
+    UsePen(!isScreen_ || !IsAlongEdges(points));
+    const std::vector<QPointF>& line = PointsOf(points);
+    painter_.drawPolyline(line.data(), static_cast<int>(line.size()));
 }
 
 void CPainterContext::Arc(DrawPoint centre, int rx, int ry, double start, double sweep)
@@ -146,19 +216,28 @@ void CPainterContext::Ellipse(DrawPoint centre, int rx, int ry)
 
 void CPainterContext::FillPolygon(std::span<const DrawPoint> corners)
 {
-    QPolygonF polygon;
-    for (const DrawPoint& corner : corners)
-        polygon.append(PointOf(corner));
+    if (const std::optional<QRectF> box = isScreen_ ? RectangleOf(corners) : std::nullopt) {
+        UseBrush();
+        if (painter_.testRenderHint(QPainter::Antialiasing)) {
+            painter_.setRenderHint(QPainter::Antialiasing, false);
+            penInUse_.reset();
+        }
+        painter_.fillRect(*box, painter_.brush());
+        return;
+    }
+    const std::vector<QPointF>& polygon = PointsOf(corners);
     penInUse_.reset();
+    textPenInUse_.reset();
     painter_.setPen(Qt::NoPen);
     painter_.setRenderHint(QPainter::Antialiasing, true);
     UseBrush();
-    painter_.drawPolygon(polygon, Qt::OddEvenFill);
+    painter_.drawPolygon(polygon.data(), static_cast<int>(polygon.size()), Qt::OddEvenFill);
 }
 
 void CPainterContext::FillCircle(DrawPoint centre, int r, DrawColour colour)
 {
     penInUse_.reset();
+    brushInUse_.reset();
     painter_.setPen(Qt::NoPen);
     painter_.setBrush(InkOf(colour));
     painter_.setRenderHint(QPainter::Antialiasing, true);
@@ -167,9 +246,16 @@ void CPainterContext::FillCircle(DrawPoint centre, int r, DrawColour colour)
 
 void CPainterContext::Text(DrawPoint at, std::string_view text)
 {
-    penInUse_.reset();
-    painter_.setPen(InkOf(TextColour()));
-    painter_.drawText(QPointF(at.x, ascent_ - at.y), toQString(text));
+    const QColor ink = InkOf(TextColour());
+    if (textPenInUse_ != ink) {
+        penInUse_.reset();
+        textPenInUse_ = ink;
+        painter_.setPen(ink);
+    }
+    if (isScreen_)
+        painter_.drawStaticText(QPointF(at.x, -at.y), LaidText(text, painter_.font()));
+    else
+        painter_.drawText(QPointF(at.x, ascent_ - at.y), toQString(text));
 }
 
 } // namespace sbd

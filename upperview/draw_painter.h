@@ -8,7 +8,9 @@
 #include <QFontMetricsF>
 
 #include <optional>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
 class QPainter;
 
@@ -32,15 +34,32 @@ public:
     void Text(DrawPoint at, std::string_view text) override;
 
 private:
+    /// A colour as it is on the paper, and whether it is one of lines.
+    struct OnPaper {
+        QColor ink;
+        QColor surface;
+        bool isInk = true;
+    };
     [[nodiscard]] QColor Paper() const;
-    [[nodiscard]] QColor InkOf(DrawColour colour) const;
+    const OnPaper& ColourOnPaper(DrawColour colour);
+    [[nodiscard]] QColor InkOf(DrawColour colour) { return ColourOnPaper(colour).ink; }
     void UsePen(bool smooth);
     void UseBrush();
+    [[nodiscard]] const std::vector<QPointF>& PointsOf(std::span<const DrawPoint> points);
 
     QPainter& painter_;
     /// The pen that the painter has by UsePen, and its smoothness; none if something else was set since.
     std::optional<std::pair<DrawPen, bool>> penInUse_;
-    double pixel_; // page units of a device pixel
+    /// The pen that the painter has for texts.
+    std::optional<QColor> textPenInUse_;
+    /// The brush that the painter has by UseBrush.
+    std::optional<DrawBrush> brushInUse_;
+    /// Colours that were turned already: how well one is read takes longer than a line.
+    std::unordered_map<DrawColour, OnPaper> colours_;
+    std::optional<QColor> coloursPaper_; // for which they were turned
+    std::vector<QPointF> points_;        // of the line or surface that is drawn
+    bool isScreen_;                      // pixels, for which lines and surfaces along them need no smoothing
+    double pixel_;                       // page units of a device pixel
     double ascent_;
     TextMetrics metrics_;
 };

@@ -3,6 +3,8 @@
 #include "document/section_doc.h"
 #include "project/block_numbers.h"
 #include "upperview/chk_view.h"
+#include "upperview/drawing_canvas.h"
+#include "upperview/drawing_pane.h"
 #include "upperview/figure_pane.h"
 #include "upperview/help_view.h"
 #include "upperview/page/page.h"
@@ -26,8 +28,9 @@ CUpView::CUpView(CKELDSectionDoc* doc, QWidget* parent)
     , help_(new CHelpView(doc))
     , chk_(new CChkView(doc))
     , figure_(new CFigurePane(doc))
+    , drawing_(new CDrawingPane(doc))
 {
-    for (QWidget* pane : std::initializer_list<QWidget*>{help_, chk_, figure_})
+    for (QWidget* pane : std::initializer_list<QWidget*>{help_, chk_, figure_, drawing_})
         addWidget(pane);
     setFocusPolicy(Qt::NoFocus);
     connect(doc_, &CKELDSectionDoc::helpCellChanged, this, &CUpView::Refresh);
@@ -37,6 +40,10 @@ CUpView::CUpView(CKELDSectionDoc* doc, QWidget* parent)
 
 void CUpView::RunViewCommand(Command command)
 {
+    if (currentWidget() == drawing_) {
+        drawing_->RunViewCommand(command);
+        return;
+    }
     figure_->RunViewCommand(command);
     if (doc_->CurrentBlock() != kResultBlock)
         doc_->showHelpPage = false;
@@ -50,6 +57,8 @@ void CUpView::Print(QPaintDevice& sheet)
         return;
     if (currentWidget() == figure_)
         figure_->PrintFigure(painter);
+    else if (currentWidget() == drawing_)
+        drawing_->PrintSheet(painter);
     else
         static_cast<CPageView*>(currentWidget())->PrintPage(painter, Foot());
 }
@@ -69,13 +78,19 @@ PrintFoot CUpView::Foot() const
 
 QSize CUpView::PictureSize()
 {
-    return currentWidget() == figure_ ? figure_->size() : static_cast<CPageView*>(currentWidget())->PictureSize();
+    if (currentWidget() == figure_)
+        return figure_->size();
+    if (currentWidget() == drawing_)
+        return drawing_->Canvas().size();
+    return static_cast<CPageView*>(currentWidget())->PictureSize();
 }
 
 void CUpView::PaintPicture(QPainter& painter)
 {
     if (currentWidget() == figure_)
         figure_->PaintPicture(painter);
+    else if (currentWidget() == drawing_)
+        drawing_->PaintPicture(painter);
     else
         static_cast<CPageView*>(currentWidget())->PaintPicture(painter);
 }
@@ -98,6 +113,14 @@ bool CUpView::SavePicture(const QString& file)
         CSvgPicture picture(bytes, size, logicalDpiX());
         QPainter painter(&picture);
         PaintPicture(painter);
+    } else if (ending == u"pdf"_s && currentWidget() == drawing_) { // goes into reports: the sheet
+        bytes.open(QBuffer::WriteOnly);
+        QPdfWriter picture(&bytes);
+        picture.setPageSize(QPageSize(QPageSize::A3));
+        picture.setPageOrientation(QPageLayout::Landscape);
+        picture.setPageMargins({});
+        QPainter painter(&picture);
+        drawing_->PrintSheet(painter);
     } else if (ending == u"pdf"_s) {
         bytes.open(QBuffer::WriteOnly);
         QPdfWriter picture(&bytes);
@@ -115,14 +138,19 @@ bool CUpView::SavePicture(const QString& file)
 void CUpView::Refresh()
 {
     const int block = doc_->CurrentBlock();
-    if (!doc_->showHelpPage || block == kResultBlock)
+    const bool isReport = IsChkBlock(block); // whose runs begin by being shown
+    if (doc_->showDrawing && block != kResultBlock && !isReport)
+        setCurrentWidget(drawing_);
+    else if (!doc_->showHelpPage || block == kResultBlock)
         setCurrentWidget(figure_);
-    else if (IsChkBlock(block))
+    else if (isReport)
         setCurrentWidget(chk_);
     else
         setCurrentWidget(help_);
     if (currentWidget() == figure_)
         figure_->Refresh();
+    else if (currentWidget() == drawing_)
+        drawing_->Refresh();
     else
         static_cast<CPageView*>(currentWidget())->viewport()->update();
 }

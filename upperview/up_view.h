@@ -12,12 +12,14 @@ class QPainter;
 namespace sbd {
 
 class CChkView;
+class CDrawingPane;
 class CFigurePane;
 class CHelpView;
 class CKELDSectionDoc;
 
 /// Shows what belongs to the block and cell at which the user is: the help page, for 253 to 256 the chosen result and
-/// the report of the last run; or the figure of the model instead. Read-only; follows the document.
+/// the report of the last run; or the figure of the model, or the drawing of the bridge, instead. Read-only; follows the
+/// document.
 class CUpView : public QStackedWidget {
     Q_OBJECT
 
@@ -27,9 +29,10 @@ public:
     [[nodiscard]] CHelpView& Help() { return *help_; }
     [[nodiscard]] CChkView& Chk() { return *chk_; }
     [[nodiscard]] CFigurePane& Figure() { return *figure_; }
+    [[nodiscard]] CDrawingPane& Drawing() { return *drawing_; }
 
     /// Carries out a command of the figure and shows the figure. In block 253 the result stays on
-    /// show: a view fits its diagram or turns its deformed frame.
+    /// show: a view fits its diagram or turns its deformed frame. The drawing takes the commands while it is on show.
     void RunViewCommand(Command command);
 
     /// Prints what is on show, on one sheet: a printer or a PDF file. A page stands on it whole.
@@ -56,6 +59,7 @@ private:
     CHelpView* help_;
     CChkView* chk_;
     CFigurePane* figure_;
+    CDrawingPane* drawing_;
 };
 
 } // namespace sbd

@@ -120,10 +120,32 @@ TEST(DxfWriter, HandlesAreGivenOnceAndLayersOfPartsAreInTheTable)
     EXPECT_EQ(groups.back().value, "EOF");
 }
 
+TEST(DxfWriter, TextsHaveAStyleThatOtherProgramsShowJapaneseIn)
+{
+    const SampleBridge bridge = ExampleBridge("plate4");
+    const std::vector<Group> groups = GroupsOf(DxfOf(GirderElevation(bridge.data, bridge.results, {}), 150));
+    std::set<std::string> styles;
+    std::string kind;
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        if (groups[i].code == 0)
+            kind = groups[i].value;
+        if (kind == "STYLE" && groups[i].code == 2)
+            styles.insert(groups[i].value);
+        if (kind == "STYLE" && groups[i].code == 3) {
+            EXPECT_EQ(groups[i].value, "msgothic.ttc");
+        }
+        if (kind == "TEXT" && groups[i].code == 7) {
+            EXPECT_EQ(groups[i].value, "kst32b");
+            EXPECT_TRUE(styles.contains(groups[i].value));
+        }
+    }
+    EXPECT_EQ(styles.size(), 2U);
+}
+
 TEST(DxfWriter, ATextWithALineEndDoesNotBreakTheFile)
 {
     CDrawingBuild build;
-    build.Label({0, 0}, "G1\r\n0\r\nEOF", LabelPlace::AtPoint, {});
+    build.Label({0, 0}, "G1\r\n0\r\nEOF", LabelRow::AtPoint, {});
     const std::vector<Entity> entities = EntitiesOf(GroupsOf(DxfOf(build.Take(), 0)));
     ASSERT_FALSE(entities.empty());
     EXPECT_EQ(entities[0].text, "G10EOF");

@@ -117,7 +117,7 @@ TEST_F(Plate4Elevation, StiffenersStandAtEqualSpacesWithTheThicknessOfTheirRow)
     EXPECT_NEAR(Width(*stiffeners[0]), 10, kNear);
     EXPECT_NEAR(Middle(*stiffeners[3]), 5666.67 * 4 / 3, kNear);
     EXPECT_NEAR(Width(*stiffeners[3]), 9, kNear);
-    EXPECT_EQ(stiffeners[3]->source, (CellPlace{313, 3, 9}));
+    EXPECT_EQ(stiffeners[3]->source, (SourceCell{313, 3, 9}));
     const auto supports = ShapesOf(drawing, DrawingLayer::SupportStiffener);
     ASSERT_THAT(supports, SizeIs(4));
     EXPECT_NEAR(Width(*supports[0]), 19, kNear);

@@ -108,7 +108,7 @@ inline void AddRow(CSbdData& data, int block, const std::vector<std::string>& ce
 {
     std::vector<std::string> reasons;
     for (const Omission& omission : drawing.omissions)
-        if (omission.place == CellPlace{block, row, column})
+        if (omission.place == SourceCell{block, row, column})
             reasons.push_back(FromCp932(omission.reason));
     return reasons;
 }

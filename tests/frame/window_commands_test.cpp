@@ -12,7 +12,10 @@
 #include "panels/panel.h"
 #include "project/catalogue.h"
 #include "tests/document/data_of.h"
+#include "upperview/drawing_canvas.h"
+#include "upperview/drawing_pane.h"
 #include "upperview/figure_pane.h"
+#include "upperview/help_view.h"
 #include "upperview/up_view.h"
 
 #include <QApplication>
@@ -123,6 +126,8 @@ private slots:
     void theAboutBoxNamesTheVersionOfTheMenuBar();
 
     void theModelFigureTakesThePageAndGivesItBack();
+    void theDrawingTakesThePageAndGivesItBack();
+    void aClickInTheDrawingOpensTheRow();
     void blockOf253HasNoSwitchToTheModel();
     void theNotesTakeThePlaceOfThePage();
     void printingPutsThePageOnPaper();
@@ -544,6 +549,44 @@ void WindowCommandsTest::theModelFigureTakesThePageAndGivesItBack()
     QCOMPARE(station.child->UpView().Figure().View().zoom, 1.4);
     station.Give(Command::SwitchFigureAndHelp);
     QVERIFY(station.child->UpView().currentWidget() != &station.child->UpView().Figure());
+}
+
+void WindowCommandsTest::theDrawingTakesThePageAndGivesItBack()
+{
+    Station station;
+    CUpView& view = station.child->UpView();
+    station.Give(Command::BridgeDrawing);
+    QVERIFY(view.currentWidget() == &view.Drawing());
+    QVERIFY(station.Action(Command::BridgeDrawing)->isChecked());
+    station.Give(Command::ViewXY);
+    QVERIFY(view.Drawing().Request().view == DrawingView::Plan);
+    station.Give(Command::BridgeDrawing);
+    QVERIFY(view.currentWidget() == &view.Help());
+    station.Give(Command::SwitchFigureAndHelp);
+    station.Give(Command::BridgeDrawing);
+    QVERIFY(view.currentWidget() == &view.Drawing());
+    station.Give(Command::SwitchFigureAndHelp); // what lies behind it
+    QVERIFY(view.currentWidget() == &view.Figure());
+    QVERIFY(!station.Action(Command::BridgeDrawing)->isChecked());
+    station.child->GoToBlock(253);
+    QVERIFY(!station.Action(Command::BridgeDrawing)->isEnabled());
+}
+
+void WindowCommandsTest::aClickInTheDrawingOpensTheRow()
+{
+    Station station;
+    station.child->GoToBlock(301);
+    station.Give(Command::BridgeDrawing);
+    QApplication::processEvents();
+    CDrawingPane& pane = station.child->UpView().Drawing();
+    const SourceCell splice{321, 5, 0};
+    const std::optional<QPointF> at = pane.Canvas().MiddleOf(splice);
+    QVERIFY(at);
+    QTest::mouseClick(&pane.Canvas(), Qt::LeftButton, {}, at->toPoint());
+    QCOMPARE(station.child->CurrentBlock(), 321);
+    QCOMPARE(station.child->Panel()->Grid()->FocusCell().row, 5);
+    QCOMPARE(station.Doc().HelpRow(), 5); // and it is the red one now
+    QVERIFY(station.child->UpView().currentWidget() == &pane);
 }
 
 void WindowCommandsTest::blockOf253HasNoSwitchToTheModel()

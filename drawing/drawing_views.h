@@ -1,0 +1,44 @@
+// The drawings by name: which there are, which blocks each reads.
+#pragma once
+
+#include "drawing/bridge_drawing.h"
+#include "drawing/girder_line.h"
+#include "project/sbd_data.h"
+#include "results/records.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sbd {
+
+enum class DrawingView {
+    Elevation, ///< of a girder
+    Section,   ///< at a cross line
+    Plan,
+    Joint, ///< of a girder
+};
+inline constexpr std::size_t kDrawingViews = static_cast<std::size_t>(DrawingView::Joint) + 1;
+
+/// A drawing of a project. What a view does not need is not looked at.
+struct DrawingRequest {
+    DrawingView view = DrawingView::Elevation;
+    std::size_t girder = 0; ///< number among the names of the bridge
+    GirderSide side = GirderSide::Left;
+    bool camber = false;
+    std::size_t station = 0; ///< number among the names of the bridge
+    std::size_t joint = 0;   ///< number among those of the girder
+    friend bool operator==(const DrawingRequest&, const DrawingRequest&) = default;
+};
+
+[[nodiscard]] BridgeDrawing MakeDrawing(const CSbdData& data, const AnalysisResults& results,
+                                        const DrawingRequest& request);
+
+/// May a view be another one when this block has changed?
+[[nodiscard]] bool IsReadBy(DrawingView view, int block);
+
+/// The part at a place: a line within `reach` (mm), else the smallest surface around it; null without any. Only parts
+/// that come from a cell are found. `stretch`: heights are seen that much larger.
+[[nodiscard]] const DrawnShape* PartAt(const BridgeDrawing& drawing, DrawnPoint at, double reach, double stretch);
+
+} // namespace sbd

@@ -1,0 +1,24 @@
+// The splice of a girder at one joint: plates and bolts of flanges and web.
+#pragma once
+
+#include "drawing/bridge_drawing.h"
+#include "drawing/girder_line.h"
+#include "project/sbd_data.h"
+#include "results/records.h"
+
+#include <string>
+#include <vector>
+
+namespace sbd {
+
+/// Names of the joints of a girder, from its begin on.
+[[nodiscard]] std::vector<std::string> JointNames(const CSbdData& data, const AnalysisResults& results,
+                                                  std::size_t girder, GirderSide side);
+
+/// The upper flange from above, the web from the side and the lower flange from above, one below the other; x from the
+/// joint's middle, y from the upper edge of the girder. Blocks 341 to 344; bolts only where their number is that of the
+/// spacings.
+[[nodiscard]] BridgeDrawing JointDetail(const CSbdData& data, const AnalysisResults& results, std::size_t girder,
+                                        GirderSide side, std::size_t joint);
+
+} // namespace sbd
