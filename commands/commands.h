@@ -74,6 +74,7 @@ enum class Command {
     ZoomCellsIn,
     ZoomCellsOut,
     ZoomCellsReset,
+    FreezeColumns,
 
     // What the tree shows
     ShowAllItems,

@@ -256,6 +256,8 @@ void CMainFrame::UpdateMarks()
     actions_->SetMark(Command::FindingList, child != nullptr && child->Findings().ShowsPane());
     actions_->SetMark(Command::FilterRows,
                       child != nullptr && child->Panel() != nullptr && child->Panel()->FiltersRows());
+    actions_->SetMark(Command::FreezeColumns,
+                      child != nullptr && child->Panel() != nullptr && child->Panel()->FreezesColumns());
     actions_->SetMark(Command::WordLists, child == nullptr || child->Doc().comboOrList == kWordLists);
 }
 

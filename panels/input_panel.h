@@ -47,6 +47,8 @@ public:
     [[nodiscard]] bool CanFilterRows() const override { return model_ != nullptr; }
     [[nodiscard]] bool FiltersRows() const override;
     void FilterRows() override;
+    [[nodiscard]] bool FreezesColumns() const override;
+    void FreezeColumns() override;
     /// Null while no filter is open.
     [[nodiscard]] CRowFilter* RowFilter() const { return filter_; }
     void AddRows(int count) override;
@@ -61,6 +63,7 @@ private:
     void ApplyFilter();
     void ShowHiddenRows();
     void EndFilter();
+    void ApplyLayout();
     void SetUp();
     void SetUpWith(const LooseRows& loose);
     void RestoreCell();
