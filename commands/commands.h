@@ -85,6 +85,7 @@ enum class Command {
     ZoomCellsIn,
     ZoomCellsOut,
     ZoomCellsReset,
+    FreezeColumns,
 
     // Places
     GoTo,

@@ -92,6 +92,7 @@ inline constexpr CommandRow kRows[] = {
     {Command::ZoomCellsIn, 0, "入力欄を拡大", "", "Ctrl キーを押しながらホイールを上へ回しても拡大", "", Grid},
     {Command::ZoomCellsOut, 0, "入力欄を縮小", "", "Ctrl キーを押しながらホイールを下へ回しても縮小", "", Grid},
     {Command::ZoomCellsReset, 0, "入力欄の拡大・縮小をやめる", "Ctrl+0", "", "", Grid, None, KeyScope::Grid},
+    {Command::FreezeColumns, 0, "列の固定(&K)", "Ctrl+Shift+K", "カーソルのある列までを、横に動かしても見えるようにする、または固定を解除", "", Grid, Check, KeyScope::Grid},
 
     // Places
     {Command::GoTo, 0, "移動・コマンドの検索(&K)...", "Ctrl+K", "番号、題名、セル、コマンド、質問を 1 行で", "", Nothing},

@@ -27,7 +27,8 @@ constexpr MenuItem kTreeItems[] = {ShowAllItems, ShowItemsOfProject, ShowUnfilte
                                    HideBox, HideDrawing, HideCross, HideLateral, HideFem, HideStringer, HideBracket,
                                    HideSupport};
 constexpr MenuItem kCells[] = {RowsHigher, RowsLower, kSeparator, ColumnsWider, ColumnsNarrower, kSeparator, ResetCells,
-                               kSeparator, ZoomCellsIn, ZoomCellsOut, ZoomCellsReset, kSeparator, WordLists};
+                               kSeparator, ZoomCellsIn, ZoomCellsOut, ZoomCellsReset, kSeparator, FreezeColumns,
+                               kSeparator, WordLists};
 constexpr MenuItem kData[] = {MenuFill::DataEntries};
 constexpr MenuItem kRun[] = {RunAll, CheckData, RunAndPrint, ShowCrossResults, ShowSupportResults, kSeparator,
                              KeptInputs};

@@ -1,9 +1,12 @@
 // How a project is shown: colours and font of the help pane, decimals, cells of the grids.
 #pragma once
 
+#include "document/grid_layout.h"
+
 #include <QString>
 
 #include <cstdint>
+#include <map>
 
 namespace sbd {
 
@@ -22,8 +25,9 @@ struct DisplaySettings {
     int millimetreDecimals = 1;
 
     // Grids.
-    int rowHeight = 18; ///< pixels
-    int zoom = 100;     ///< percent; of texts, rows and columns alike
+    int rowHeight = 18;              ///< pixels
+    int zoom = 100;                  ///< percent; of texts, rows and columns alike
+    std::map<int, GridLayout> grids; ///< by block, where the user has changed anything
 
     friend bool operator==(const DisplaySettings&, const DisplaySettings&) = default;
 };

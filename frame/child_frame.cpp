@@ -207,6 +207,7 @@ void CChildFrame::ShowPanel(int block)
         connect(panel_.get(), &CPanel::undoChanged, this, &CChildFrame::undoChanged);
         panel_->Grid()->showNotice = [this](const QString& text) { ShowPasteNotice(text); };
         connect(panel_.get(), &CPanel::summaryChanged, this, &CChildFrame::summaryChanged);
+        connect(panel_.get(), &CPanel::displayChanged, this, &CChildFrame::displayChanged);
         connect(panel_.get(), &CPanel::otherBlockWanted, this, &CChildFrame::StepHistory, Qt::QueuedConnection);
         static_cast<QVBoxLayout*>(panelPane_->layout())->addWidget(panel_.get(), 1);
         panel_->show();

@@ -141,6 +141,8 @@ signals:
     void undoChanged();
     /// What the selected cells hold.
     void summaryChanged(const QString& summary);
+    /// The user wants the grids otherwise; the document's display settings say how.
+    void displayChanged();
     /// The page of a report asks for its run.
     void runIsDue(const sbd::WantedRun& run);
 

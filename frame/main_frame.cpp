@@ -109,6 +109,13 @@ void CMainFrame::SetUpChild(CChildFrame& child)
     connect(&child, &CChildFrame::placesChanged, this, &CMainFrame::UpdateCommands);
     connect(&child, &CChildFrame::blockShown, this, &CMainFrame::UpdateStatus); // behind the panel's own signals
     connect(&child, &CChildFrame::undoChanged, this, &CMainFrame::ShowHistory);
+    connect(&child, &CChildFrame::displayChanged, this, [this, &child] {
+        const DisplaySettings& display = child.Doc().display;
+        CSettings().SetGrids(display);
+        for (CChildFrame* other : Children())
+            other->Doc().display.grids = display.grids;
+        UpdateMarks();
+    });
     connect(&child.Findings(), &CProjectFindings::countsChanged, this, &CMainFrame::ShowFindingCounts);
     connect(&child.Findings(), &CProjectFindings::told, this,
             [this](const QString& text) { statusBar()->showMessage(text, kNoticeTime); });

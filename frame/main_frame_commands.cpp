@@ -272,6 +272,9 @@ void CMainFrame::AddSettingsHandlers()
         ChangeCells([&](CChildFrame& child) {
             child.Doc().display.rowHeight = settings.RowHeight();
             child.Doc().rowWidthMode = settings.RowWidthMode();
+            for (auto& [block, layout] : child.Doc().display.grids)
+                layout.widened.clear();
+            settings.SetGrids(child.Doc().display);
         });
     };
     handlers_[Command::WordLists] = [this] {

@@ -263,6 +263,8 @@ void CMainFrame::UpdateMarks()
     actions_->SetMark(Command::BridgeDrawing, child != nullptr && child->Doc().showDrawing);
     actions_->SetMark(Command::FilterRows,
                       child != nullptr && child->Panel() != nullptr && child->Panel()->FiltersRows());
+    actions_->SetMark(Command::FreezeColumns,
+                      child != nullptr && child->Panel() != nullptr && child->Panel()->FreezesColumns());
     actions_->SetMark(Command::WordLists, child == nullptr || child->Doc().comboOrList == kWordLists);
 }
 

@@ -35,11 +35,16 @@ const auto kRowHeight = u"row_height/up"_s;
 const auto kRowWidth = u"row_width/up"_s;
 const auto kComboOrList = u"combo_or_list/cc"_s;
 
+const auto kGridZoom = u"Grid/Zoom"_s;
+const auto kGridLayouts = u"Grid/Columns"_s;
+
 const auto kFindingsShown = u"Findings/List"_s;
 const auto kFindingsHeight = u"Findings/Height"_s;
 const auto kFindingsSilent = u"Findings/Silent"_s;
 
 constexpr int kRowWidthForChanges = 18;
+constexpr int kLeastZoom = 50; // percent
+constexpr int kMostZoom = 300;
 
 // No screen needs more; a profile that says more must not stop the program.
 constexpr int kMostPixels = 16'000;
@@ -124,7 +129,34 @@ DisplaySettings CSettings::Display() const
     if (const QString face = profile_.value(kFontFace).toString().trimmed(); !face.isEmpty())
         display.fontFaceName = face;
     display.rowHeight = RowHeight();
+    display.zoom = std::clamp(Number(kGridZoom, display.zoom), kLeastZoom, kMostZoom);
+    display.grids = Grids();
     return display;
+}
+
+/// One list in one value: "313=4 1:20" and so on. What cannot be read is as at first.
+std::map<int, GridLayout> CSettings::Grids() const
+{
+    std::map<int, GridLayout> grids;
+    for (const QString& line : profile_.value(kGridLayouts).toStringList()) {
+        const qsizetype sign = line.indexOf(u'=');
+        bool isBlock = false;
+        const int block = line.left(std::max<qsizetype>(sign, 0)).toInt(&isBlock);
+        if (const GridLayout layout = GridLayoutOf(line.mid(sign + 1)); isBlock && layout != GridLayout{})
+            grids[block] = layout;
+    }
+    return grids;
+}
+
+void CSettings::SetGrids(const DisplaySettings& display)
+{
+    QStringList lines;
+    for (const auto& [block, layout] : display.grids)
+        if (layout != GridLayout{})
+            lines << QStringLiteral("%1=%2").arg(block).arg(GridLayoutLine(layout));
+    profile_.setValue(kGridZoom, display.zoom);
+    if (lines.join(u'|') != profile_.value(kGridLayouts).toStringList().join(u'|'))
+        profile_.setValue(kGridLayouts, lines);
 }
 
 void CSettings::SetBackColor(std::uint32_t color)
@@ -149,6 +181,8 @@ void CSettings::ResetHelpPane(DisplaySettings& display)
     first.metreDecimals = display.metreDecimals;
     first.millimetreDecimals = display.millimetreDecimals;
     first.rowHeight = display.rowHeight;
+    first.zoom = display.zoom;
+    first.grids = display.grids;
     display = first;
     SetFont(display);
     SetBackColor(display.backColor);

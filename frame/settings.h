@@ -48,6 +48,8 @@ public:
     void SetBackColor(std::uint32_t color);
     /// Keeps font and text colour.
     void SetFont(const DisplaySettings& display);
+    /// Keeps the size of the cells, columns that are held and widths.
+    void SetGrids(const DisplaySettings& display);
     /// Back to the first colours and font, here and in `display`; the cells stay as they are.
     void ResetHelpPane(DisplaySettings& display);
 
@@ -94,6 +96,7 @@ public:
     void SetSilentFindings(const SilentKinds& kinds);
 
 private:
+    [[nodiscard]] std::map<int, GridLayout> Grids() const;
     [[nodiscard]] int Number(const QString& key, int absent) const;
 
     CProfile profile_;

@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -45,7 +46,26 @@ void DrawFrame(QWidget& editor)
 
 } // namespace
 
-CCellEdit::CCellEdit(QWidget* parent, EditorKeyHandler keys) : QLineEdit(parent), keys_(std::move(keys))
+void CCellLine::inputMethodEvent(QInputMethodEvent* event)
+{
+    const bool composes = !event->preeditString().isEmpty();
+    const bool takes = !event->commitString().isEmpty() || event->replacementLength() > 0;
+    if (composes && !before_)
+        before_ = Before{text(), cursorPosition(), selectionStart(), int(selectedText().size())};
+    QLineEdit::inputMethodEvent(event);
+    if (composes)
+        return;
+    const std::optional<Before> before = std::exchange(before_, std::nullopt);
+    if (!before || takes)
+        return;
+    // An input method may clear the composition ahead of the text that came of it: that goes where this one goes.
+    setText(before->text);
+    setCursorPosition(before->caret);
+    if (before->selection >= 0)
+        setSelection(before->selection, before->selected);
+}
+
+CCellEdit::CCellEdit(QWidget* parent, EditorKeyHandler keys) : CCellLine(parent), keys_(std::move(keys))
 {
     setFrame(false);
     TakeAnyLength(*this);
@@ -79,6 +99,7 @@ CCellCombo::CCellCombo(QWidget* parent, const QStringList& words, EditorKeyHandl
     QStringList once = words;
     once.removeDuplicates();
     setEditable(true);
+    setLineEdit(new CCellLine(this));
     setInsertPolicy(QComboBox::NoInsert);
     setFrame(false);
     setMaxVisibleItems(visibleWords);

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 
 #include <functional>
+#include <optional>
 
 class QCompleter;
 
@@ -16,7 +17,28 @@ inline constexpr char kKeepsEditors[] = "keepsEditors";
 /// Asked first about every key in an editor; true: the key is done with.
 using EditorKeyHandler = std::function<bool(QWidget* editor, QKeyEvent* event)>;
 
-class CCellEdit : public QLineEdit {
+/// A line of text in which a composition of an input method that is given up leaves what stood there, selected as it
+/// was: the first sign of a composition takes the place of the selected text.
+class CCellLine : public QLineEdit {
+    Q_OBJECT
+
+public:
+    using QLineEdit::QLineEdit;
+
+protected:
+    void inputMethodEvent(QInputMethodEvent* event) override;
+
+private:
+    struct Before {
+        QString text;
+        int caret = 0;
+        int selection = -1; // where it begins; -1: none
+        int selected = 0;
+    };
+    std::optional<Before> before_; // a composition is under way
+};
+
+class CCellEdit : public CCellLine {
     Q_OBJECT
 
 public:

@@ -1,6 +1,7 @@
 #include "grid/grid_ctrl.h"
 
 #include "grid/cell_editor.h"
+#include "grid/grid_accessible.h"
 #include "grid/grid_delegate.h"
 #include "grid/grid_drag.h"
 #include "grid/grid_head.h"
@@ -31,6 +32,7 @@ CGridCtrl::CGridCtrl(QWidget* parent)
     , drag_(new CGridDrag(*this))
     , rowHeight_(kRowHeight)
 {
+    TellScreenReaders();
     showMessage = [this](const QString& message) {
         QMessageBox::warning(this, QStringLiteral("KELD section"), message);
     };
@@ -44,7 +46,9 @@ CGridCtrl::CGridCtrl(QWidget* parent)
     setModel(model_);
     setItemDelegate(new CGridDelegate(*this));
     SetUpView();
+    head_->SetFrozen([this] { return SeenFrozen(); });
     connect(head_, &QHeaderView::sectionHandleDoubleClicked, this, &CGridCtrl::FitColumn);
+    connect(head_, &CGridHead::pulled, this, &CGridCtrl::KeepWidth);
     connect(corner_, &CGridCorner::clicked, this, &CGridCtrl::selectAll);
     // A head that is seen in part stands in the middle of that part.
     connect(horizontalScrollBar(), &QScrollBar::valueChanged, head_->viewport(), qOverload<>(&QWidget::update));
@@ -77,6 +81,7 @@ void CGridCtrl::SetUpView()
 void CGridCtrl::SetSource(CGridSource* source)
 {
     refused_.reset();
+    widened_.clear();
     head_->SetSource(source);
     numbers_->SetSource(source);
     model_->SetSource(source);
@@ -404,6 +409,7 @@ void CGridCtrl::updateGeometries()
         return;
     corner_->setGeometry(frameWidth(), frameWidth(), numbers_->width(), head_->height());
     corner_->raise();
+    horizontalScrollBar()->setPageStep(std::max(1, viewport()->width() - FrozenWidth()));
 }
 
 void CGridCtrl::resizeEvent(QResizeEvent* event)

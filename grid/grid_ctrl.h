@@ -7,6 +7,7 @@
 #include <QTableView>
 
 #include <functional>
+#include <map>
 
 namespace sbd {
 
@@ -100,6 +101,22 @@ public:
     void SetZoom(int percent);
     [[nodiscard]] int Zoom() const { return zoom_; }
 
+    /// The first columns stay in sight while the others are scrolled, as many of them as leave half of the room.
+    void SetFrozenColumns(int columns);
+    [[nodiscard]] int FrozenColumns() const { return frozen_; }
+    /// Those that stay now, and the pixels that they take.
+    [[nodiscard]] int SeenFrozen() const;
+    [[nodiscard]] int FrozenWidth() const;
+    /// The column at a place in the viewport; 0: none.
+    [[nodiscard]] int ColumnAtX(int x) const;
+    /// Pixels by which the user has made columns wider or narrower, without the zoom.
+    void SetWidened(const std::map<int, int>& widened);
+    [[nodiscard]] const std::map<int, int>& Widened() const { return widened_; }
+
+    [[nodiscard]] QRect visualRect(const QModelIndex& index) const override;
+    [[nodiscard]] QModelIndex indexAt(const QPoint& pos) const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
 public slots:
     void Undo();
     void Cut();
@@ -127,6 +144,8 @@ signals:
     void zoomWanted(int percent);
     /// Other cells are selected, or the texts of the selected ones have changed.
     void rangeChanged();
+    /// The user has made a column wider or narrower.
+    void columnsChanged();
 
 protected:
     bool event(QEvent* event) override;
@@ -145,6 +164,7 @@ protected:
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void updateGeometries() override;
     void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
 
 public:
     /// No jump to a row whose text begins with the key: the key was meant for the cell.
@@ -197,6 +217,10 @@ private:
     void SelectThrough(bool row);
     void GiveUpComposition();
     [[nodiscard]] QLineEdit* OpenLine() const;
+    [[nodiscard]] bool IsSeenFrozen(const QModelIndex& index) const;
+    void PaintFrozen(QPainter& painter);
+    [[nodiscard]] QRect ClipOf(const GridRange& range) const;
+    void KeepWidth(int section);
     [[nodiscard]] bool IsOnListButton(const QMouseEvent& event) const;
 
     CGridModel* model_;
@@ -206,6 +230,8 @@ private:
     CGridDrag* drag_;
     int rowHeight_;
     int zoom_ = 100;             // percent
+    int frozen_ = 0;             // columns that are to stay in sight
+    std::map<int, int> widened_; // by column, in pixels without the zoom
     int tabColumn_ = 0;          // where Tab began to go along a row; 0: it did not
     bool tabbing_ = false;       // the focus moves by Tab
     bool typing_ = false;        // the open edit was begun by typing

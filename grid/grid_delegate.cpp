@@ -48,14 +48,41 @@ void DrawCellText(QPainter& painter, const QRect& rect, const QString& text, Qt:
     painter.restore();
 }
 
-/// A corner that is seen where the tint is not: in the focused cell, and by who tells no colours apart.
-void DrawMarkCorner(QPainter& painter, const QRect& cell, const QColor& color)
+/// A sign that is seen where the tint is not, in the focused cell. Each kind has a shape of its own, for those who tell
+/// no colours apart.
+void DrawMarkCorner(QPainter& painter, const QRect& cell, MarkKind kind, const QColor& color)
 {
     constexpr int size = 6; // px
-    const QPoint corner[] = {cell.topLeft(), cell.topLeft() + QPoint(size, 0), cell.topLeft() + QPoint(0, size)};
+    const QRect place(cell.left(), cell.top(), size, size);
     painter.setPen(Qt::NoPen);
     painter.setBrush(color);
-    painter.drawPolygon(corner, 3);
+    switch (kind) {
+    case MarkKind::Loss: {
+        const QPoint corner[] = {cell.topLeft(), cell.topLeft() + QPoint(size, 0), cell.topLeft() + QPoint(0, size)};
+        painter.drawPolygon(corner, 3);
+        break;
+    }
+    case MarkKind::Doubt:
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.drawEllipse(QRectF(place));
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        break;
+    case MarkKind::Hint:
+        painter.fillRect(place.adjusted(0, 0, 0, -size + 2), color);
+        painter.fillRect(place.adjusted(0, 0, -size + 2, 0), color);
+        break;
+    case MarkKind::Changed:
+        painter.fillRect(QRect(cell.left(), cell.top(), 2, cell.height() - 1), color);
+        break;
+    }
+}
+
+/// A cell of the focused row that takes nothing is green like the others.
+void DrawLockedInFocusRow(QPainter& painter, const QRect& cell, const Colors& colors)
+{
+    QColor lines = QColor::fromRgba(colors.text);
+    lines.setAlpha(60); // the text stands on them
+    painter.fillRect(cell, QBrush(lines, Qt::BDiagPattern));
 }
 
 void DrawButton(QPainter& painter, const QRect& rect, const Colors& colors)
@@ -113,6 +140,7 @@ void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const GridCell cell = CGridModel::CellOf(index);
     const CGridSource& source = *grid_.Source();
     const Colors& colors = ColorsFor(grid_.palette());
+    const bool focusRow = index.row() == grid_.currentIndex().row() && index != grid_.currentIndex();
     painter->save();
     painter->setClipRect(option.rect);
     painter->fillRect(option.rect, Ground(index));
@@ -120,14 +148,17 @@ void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     if (mark && index != grid_.currentIndex())
         painter->fillRect(option.rect, TintOf(*mark, grid_.palette()));
     if ((option.state & QStyle::State_Selected) && index != grid_.currentIndex())
-        painter->fillRect(option.rect, QColor::fromRgba(colors.selected));
+        painter->fillRect(option.rect, QColor::fromRgba(focusRow ? colors.selectedInFocusRow : colors.selected));
+    if (focusRow && cell.column > 1 && source.IsLocked(cell.row, cell.column)) // labels are locked everywhere
+        DrawLockedInFocusRow(*painter, option.rect, colors);
     painter->setPen(QPen(QColor::fromRgba(colors.line), 0));
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
 
-    const bool focusRow = index.row() == grid_.currentIndex().row() && index != grid_.currentIndex();
     const QColor color = source.TextColor(cell.row, cell.column);
-    painter->setFont(grid_.font());
+    QFont font = grid_.font();
+    font.setBold(!source.ColorWord(cell.row, cell.column).isEmpty()); // its colour says something: so does its weight
+    painter->setFont(font);
     // Red and magenta cannot be read on the ground of the focused row.
     painter->setPen(TextColorFor(grid_.palette(), focusRow ? QColor() : color));
     const QRect textRect = TextRect(option.rect, index);
@@ -136,7 +167,7 @@ void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     if (HasButton(index))
         DrawButton(*painter, ButtonRect(option.rect), colors);
     if (mark)
-        DrawMarkCorner(*painter, option.rect, SignColorOf(*mark, grid_.palette()));
+        DrawMarkCorner(*painter, option.rect, *mark, SignColorOf(*mark, grid_.palette()));
     if (index == grid_.currentIndex()) {
         QPen frame(QColor::fromRgba(colors.focusFrame), 2);
         frame.setJoinStyle(Qt::MiterJoin);
@@ -159,6 +190,8 @@ bool CGridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const 
     QStringList parts;
     if (width > TextRect(option.rect, index).width())
         parts << QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped());
+    if (const QString color = grid_.Source()->ColorWord(cell.row, cell.column); !color.isEmpty())
+        parts << QStringLiteral("<p>%1</p>").arg(tr("%1の項目です。").arg(color));
     if (const QString told = grid_.Marks().ToolTip(cell.row, cell.column); !told.isEmpty())
         parts << QStringLiteral("<p>%1</p>").arg(told.toHtmlEscaped().replace(u'\n', QStringLiteral("<br>")));
     if (parts.isEmpty())
@@ -216,6 +249,12 @@ void CGridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionView
     const int needed = grid_.fontMetrics().horizontalAdvance(text) + margins;
     rect.setWidth(std::max(rect.width(), std::min(std::max(needed, leastWidth), room)));
     editor->setGeometry(rect);
+    // Scrolled below the columns that stay, as the cell is.
+    const int hidden = index.column() < grid_.SeenFrozen() ? 0 : grid_.FrozenWidth() - rect.left();
+    if (hidden > 0)
+        editor->setMask(QRect(hidden, 0, std::max(1, rect.width() - hidden), rect.height()));
+    else
+        editor->clearMask();
 }
 
 bool CGridDelegate::eventFilter(QObject* object, QEvent* event)

@@ -5,6 +5,7 @@
 #include "grid/grid_model.h"
 
 #include <QMouseEvent>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <utility>
@@ -29,6 +30,7 @@ bool CGridDrag::Press(const QMouseEvent& event)
     if (event.button() != Qt::LeftButton || !grid_.Source())
         return false;
     pos_ = event.position().toPoint();
+    fromFrozen_ = pos_.x() < grid_.FrozenWidth();
     if (!grid_.IsEditing() && grid_.FillHandle().contains(pos_)) {
         drag_ = Drag::Fill;
         from_ = grid_.SelectedRange();
@@ -60,7 +62,7 @@ bool CGridDrag::Move(const QMouseEvent& event)
     if (drag_ == Drag::Select && grid_.IsEditing())
         return false;
     Follow();
-    if (grid_.viewport()->rect().contains(pos_))
+    if (grid_.viewport()->rect().contains(pos_) && !IsPastFrozen())
         timer_.stop();
     else if (!timer_.isActive())
         timer_.start();
@@ -83,6 +85,12 @@ bool CGridDrag::Release(const QMouseEvent& event)
     return true;
 }
 
+/// A drag that began among the scrolled columns has come over those that stay, while there is something to scroll to.
+bool CGridDrag::IsPastFrozen() const
+{
+    return !fromFrozen_ && pos_.x() < grid_.FrozenWidth() && grid_.horizontalScrollBar()->value() > 0;
+}
+
 /// The cell at a place, or the nearest one beyond the edge of what is seen.
 GridCell CGridDrag::CellAt(QPoint pos) const
 {
@@ -91,7 +99,7 @@ GridCell CGridDrag::CellAt(QPoint pos) const
     const int rows = grid_.model()->rowCount();
     const int columns = grid_.model()->columnCount();
     int row = grid_.rowAt(inside.y()) + 1;
-    int column = grid_.columnAt(inside.x()) + 1;
+    int column = grid_.ColumnAtX(inside.x());
     if (row == 0) // below the last row
         row = grid_.SeenRow(rows, -1);
     if (column == 0)
@@ -100,8 +108,14 @@ GridCell CGridDrag::CellAt(QPoint pos) const
         row = grid_.SeenRow(std::max(row - 1, 1), 1);
     if (pos.y() > seen.bottom())
         row = grid_.SeenRow(std::min(row + 1, rows), -1);
-    if (pos.x() < seen.left())
+    if (IsPastFrozen()) { // what is scrolled below the columns that stay comes first
+        const int border = grid_.FrozenWidth();
+        column = grid_.ColumnAtX(border);
+        if (grid_.columnViewportPosition(column - 1) >= border)
+            column = std::max(column - 1, 1);
+    } else if (pos.x() < seen.left()) {
         column = std::max(column - 1, 1);
+    }
     if (pos.x() > seen.right())
         column = std::min(column + 1, columns);
     return {row, column};

@@ -33,12 +33,14 @@ private:
 
     [[nodiscard]] GridCell CellAt(QPoint pos) const;
     [[nodiscard]] GridRange WithCell(GridCell cell) const;
+    [[nodiscard]] bool IsPastFrozen() const;
     void Follow();
 
     CGridCtrl& grid_;
     QTimer timer_;
     Drag drag_ = Drag::None;
-    QPoint pos_; // of the pointer in the viewport
+    QPoint pos_;              // of the pointer in the viewport
+    bool fromFrozen_ = false; // the drag began in a column that stays in sight
     GridRange from_;
     std::optional<GridRange> covered_;
 };

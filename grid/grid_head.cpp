@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace sbd {
 
@@ -76,6 +77,10 @@ CGridHead::CGridHead(Qt::Orientation orientation, QWidget* parent) : QHeaderView
 {
     setSectionsClickable(true);
     setHighlightSections(false);
+    connect(this, &QHeaderView::sectionResized, this, [this](int section) {
+        if (pressed_) // by hand, not by a command
+            pulledSection_ = section;
+    });
 }
 
 void CGridHead::SetFocusRow(int row)
@@ -84,11 +89,106 @@ void CGridHead::SetFocusRow(int row)
     viewport()->update();
 }
 
+// --- sections that stay in sight -----------------------------------------------------------------------
+
+int CGridHead::FrozenWidth() const
+{
+    int width = 0;
+    for (int section = Frozen(); section > 0; --section)
+        width += sectionSize(section - 1);
+    return width;
+}
+
+void CGridHead::paintEvent(QPaintEvent* event)
+{
+    QHeaderView::paintEvent(event);
+    const int frozen = Frozen();
+    if (frozen == 0)
+        return;
+    QPainter painter(viewport());
+    for (int section = 0; offset() > 0 && section < frozen; ++section)
+        paintSection(&painter, {sectionPosition(section), 0, sectionSize(section), height()}, section);
+    painter.fillRect(FrozenWidth() - 1, 0, kFrozenBorder, height(),
+                     QColor::fromRgba(ColorsFor(palette()).frozenBorder));
+}
+
+/// The section that stays in sight and ends at `x`; -1: none. Those that stand where they are anyhow are the view's.
+int CGridHead::FrozenHandleAt(int x) const
+{
+    constexpr int grip = 4; // px to both sides of a border
+    int border = 0;
+    for (int section = 0, frozen = offset() > 0 ? Frozen() : 0; section < frozen; ++section) {
+        border += sectionSize(section);
+        if (std::abs(x - border) <= grip)
+            return section;
+    }
+    return -1;
+}
+
+/// The event where the section at its place stands among all: a section that stays is pressed where it is seen.
+QMouseEvent CGridHead::InContents(const QMouseEvent& event) const
+{
+    const bool stays = event.position().x() < FrozenWidth();
+    const QPointF moved = stays ? event.position() - QPointF(offset(), 0) : event.position();
+    return {event.type(),   moved,           event.scenePosition(), event.globalPosition(),
+            event.button(), event.buttons(), event.modifiers(),     event.pointingDevice()};
+}
+
+void CGridHead::mousePressEvent(QMouseEvent* event)
+{
+    pressed_ = event->button() == Qt::LeftButton;
+    pulledSection_.reset();
+    frozenHandle_ = pressed_ ? FrozenHandleAt(event->position().toPoint().x()) : -1;
+    pulledFrom_ = event->position().toPoint().x() - (frozenHandle_ < 0 ? 0 : sectionSize(frozenHandle_));
+    QMouseEvent moved = InContents(*event);
+    if (frozenHandle_ < 0)
+        QHeaderView::mousePressEvent(&moved);
+}
+
+void CGridHead::mouseMoveEvent(QMouseEvent* event)
+{
+    const int x = event->position().toPoint().x();
+    if (frozenHandle_ >= 0) {
+        resizeSection(frozenHandle_, std::max(minimumSectionSize(), x - pulledFrom_));
+        return;
+    }
+    if (event->buttons() == Qt::NoButton && FrozenHandleAt(x) >= 0) {
+        setCursor(Qt::SplitHCursor);
+        return;
+    }
+    if (event->buttons() == Qt::NoButton && x < FrozenWidth())
+        unsetCursor();
+    QMouseEvent moved = InContents(*event);
+    QHeaderView::mouseMoveEvent(&moved);
+}
+
+void CGridHead::mouseReleaseEvent(QMouseEvent* event)
+{
+    QMouseEvent moved = InContents(*event);
+    if (std::exchange(frozenHandle_, -1) < 0)
+        QHeaderView::mouseReleaseEvent(&moved);
+    pressed_ = false;
+    if (const std::optional<int> section = std::exchange(pulledSection_, std::nullopt))
+        emit pulled(*section);
+}
+
+void CGridHead::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (const int section = FrozenHandleAt(event->position().toPoint().x()); section >= 0) {
+        emit sectionHandleDoubleClicked(section);
+        return;
+    }
+    QMouseEvent moved = InContents(*event);
+    QHeaderView::mouseDoubleClickEvent(&moved);
+}
+
+// --- texts ---------------------------------------------------------------------------------------------
+
 /// Centred in what is seen of the column; where that is too narrow, from its visible edge on.
-QRect CGridHead::TextRect(const QPainter& painter, const QRect& section, const QString& text) const
+QRect CGridHead::TextRect(const QPainter& painter, const QRect& section, const QString& text, bool stays) const
 {
     constexpr int margins = 8;
-    QRect seen = section & viewport()->rect();
+    QRect seen = section & viewport()->rect().adjusted(stays ? 0 : FrozenWidth(), 0, 0, 0);
     const int needed = painter.fontMetrics().size(0, text).width() + margins;
     if (needed >= section.width())
         return section;
@@ -109,8 +209,8 @@ void CGridHead::paintSection(QPainter* painter, const QRect& rect, int logicalIn
     painter->setClipRect(rect);
     DrawHeadGround(*painter, rect, ColorsFor(palette()));
     if (orientation() == Qt::Horizontal) {
-        DrawHead(*painter, TextRect(*painter, rect, source_->Head(logicalIndex + 1, focusRow_)),
-                 source_->Head(logicalIndex + 1, focusRow_),
+        const QString text = source_->Head(logicalIndex + 1, focusRow_);
+        DrawHead(*painter, TextRect(*painter, rect, text, logicalIndex < Frozen()), text,
                  TextColorFor(palette(), source_->HeadColor(logicalIndex + 1, focusRow_)));
     } else {
         const auto mark = marks_ == nullptr ? std::nullopt : marks_->OfRow(logicalIndex + 1);

@@ -6,6 +6,10 @@
 
 #include <QHeaderView>
 
+#include <functional>
+#include <optional>
+#include <utility>
+
 namespace sbd {
 
 /// Draws the heads with their line breaks, centred; the row numbers right-aligned.
@@ -20,16 +24,36 @@ public:
     void SetMarks(const CCellMarks* marks) { marks_ = marks; }
     /// The heads may follow the focused row.
     void SetFocusRow(int row);
+    /// Who knows how many of the first sections stay in sight.
+    void SetFrozen(std::function<int()> frozen) { frozen_ = std::move(frozen); }
+
+signals:
+    /// The user has made a section wider or narrower.
+    void pulled(int section);
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const override;
 
 private:
-    [[nodiscard]] QRect TextRect(const QPainter& painter, const QRect& section, const QString& text) const;
+    [[nodiscard]] QRect TextRect(const QPainter& painter, const QRect& section, const QString& text, bool stays) const;
+    [[nodiscard]] int Frozen() const { return frozen_ ? frozen_() : 0; }
+    [[nodiscard]] int FrozenWidth() const;
+    [[nodiscard]] int FrozenHandleAt(int x) const;
+    [[nodiscard]] QMouseEvent InContents(const QMouseEvent& event) const;
 
     const CGridSource* source_ = nullptr;
     const CCellMarks* marks_ = nullptr;
     int focusRow_ = 0;
+    std::function<int()> frozen_;
+    bool pressed_ = false;             // the mouse
+    int frozenHandle_ = -1;            // the section that stays in sight and is pulled; -1: none
+    int pulledFrom_ = 0;               // where that one begins, as the pointer has it
+    std::optional<int> pulledSection_; // since the press
 };
 
 /// The corner above the row numbers: the head of column 0. A click selects everything.

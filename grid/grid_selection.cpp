@@ -141,7 +141,11 @@ QRect CGridCtrl::RectOf(const GridRange& range) const
     const int bottom = SeenRow(range.bottom, -1);
     if (top == 0 || bottom < top)
         return {};
-    return visualRect(model_->IndexOf({top, range.left})) | visualRect(model_->IndexOf({bottom, range.right}));
+    QRect last = visualRect(model_->IndexOf({bottom, range.right}));
+    // Columns that are scrolled below those that stay: the frame goes on behind the border, unseen.
+    if (range.left <= SeenFrozen() && last.right() < FrozenWidth() && range.right > SeenFrozen())
+        last.moveRight(FrozenWidth());
+    return visualRect(model_->IndexOf({top, range.left})) | last;
 }
 
 QRect CGridCtrl::FillHandle() const
@@ -150,7 +154,7 @@ QRect CGridCtrl::FillHandle() const
     if (!Source() || !Source()->CanFill() || IsEditing() || FocusCell().row == 0)
         return {};
     const QRect range = RectOf(SelectedRange());
-    if (range.isEmpty())
+    if (range.isEmpty() || (SelectedRange().right > SeenFrozen() && range.right() <= FrozenWidth() + half))
         return {};
     return {range.right() - 2 * half, range.bottom() - 2 * half, 2 * half + 1, 2 * half + 1};
 }
@@ -159,21 +163,27 @@ QRect CGridCtrl::FillHandle() const
 void CGridCtrl::paintEvent(QPaintEvent* event)
 {
     QTableView::paintEvent(event);
-    if (!Source() || FocusCell().row == 0)
+    if (!Source())
         return;
     QPainter painter(viewport());
+    PaintFrozen(painter);
+    if (FocusCell().row == 0)
+        return;
     const QColor frame = QColor::fromRgba(gridstyle::ColorsFor(palette()).focusFrame);
     if (HasRange()) {
+        painter.setClipRect(ClipOf(SelectedRange()));
         QPen pen(frame, 2);
         pen.setJoinStyle(Qt::MiterJoin);
         painter.setPen(pen);
         painter.drawRect(RectOf(SelectedRange()).adjusted(1, 1, -1, -1));
+        painter.setClipping(false);
     }
     if (const QRect handle = FillHandle(); !handle.isEmpty() && hasFocus()) {
         painter.fillRect(handle, QColor::fromRgba(gridstyle::ColorsFor(palette()).cell));
         painter.fillRect(handle.adjusted(1, 1, 0, 0), frame);
     }
     if (const std::optional<GridRange> covered = drag_->Covered()) {
+        painter.setClipRect(ClipOf(*covered));
         painter.setPen(QPen(frame, 2, Qt::DashLine));
         painter.drawRect(RectOf(*covered).adjusted(1, 1, -1, -1));
     }
@@ -193,6 +203,7 @@ void CGridCtrl::FitColumn(int section)
         width = std::max(width, fontMetrics().horizontalAdvance(Source()->Text(row, section + 1).left(most)) + room);
     setColumnWidth(section,
                    std::clamp(width, head_->minimumSectionSize(), std::max(most, head_->minimumSectionSize())));
+    KeepWidth(section);
 }
 
 void CGridCtrl::wheelEvent(QWheelEvent* event)

@@ -83,12 +83,18 @@ public:
     /// Pixels, column 0 included.
     [[nodiscard]] virtual int ColumnWidth(int column) const = 0;
     [[nodiscard]] virtual int HeadHeight() const = 0;
+    /// The first columns, which say what a row is of: they stay in sight unless the user wants it otherwise.
+    [[nodiscard]] virtual int NameColumns() const { return 0; }
     /// Head of a column, 0 included, while the focus is in `focusRow` (0: nowhere).
     [[nodiscard]] virtual QString Head(int column, int focusRow) const = 0;
     /// An invalid colour is the default.
     [[nodiscard]] virtual QColor HeadColor(int column, int focusRow) const = 0;
 
     [[nodiscard]] virtual QString RowNumber(int row) const = 0;
+    /// What the row is of, where its first cell says it and takes no text: a label; empty: nothing.
+    [[nodiscard]] virtual QString RowTitle(int row) const;
+    /// The unit of a cell's number ("mm"); empty: none.
+    [[nodiscard]] virtual QString Unit(int row, int column) const;
     /// Lines that the texts of a row need.
     [[nodiscard]] virtual int RowLines(int row) const = 0;
     [[nodiscard]] virtual QString Text(int row, int column) const = 0;
@@ -101,6 +107,8 @@ public:
     [[nodiscard]] virtual QString WhyLocked(int row, int column) const;
     /// An invalid colour is the default.
     [[nodiscard]] virtual QColor TextColor(int row, int column) const = 0;
+    /// What a text is called by its colour, where heads speak of it ("ピンク色"); empty: it says nothing by its colour.
+    [[nodiscard]] QString ColorWord(int row, int column) const;
     [[nodiscard]] virtual bool IsRightAligned(int row, int column) const = 0;
 
     /// The first character of `text` that the cells cannot hold.

@@ -54,6 +54,8 @@ public:
     /// Pixels at 96 dpi.
     [[nodiscard]] virtual int ColumnWidth(int column) const = 0;
     [[nodiscard]] virtual int HeadHeight() const = 0;
+    /// The first columns, which say what a row is of (names, ranges).
+    [[nodiscard]] virtual int NameColumns() const { return 0; }
     /// Head of a column while the focus is in `focusRow` (0: nowhere); a line break is "\n".
     [[nodiscard]] virtual std::string Head(int column, int focusRow = 0) const = 0;
     [[nodiscard]] virtual CellColor HeadColor(int column, int focusRow = 0) const;

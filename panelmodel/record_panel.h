@@ -15,6 +15,13 @@ class CRecordPanelModel : public CRowPanelModel {
 public:
     [[nodiscard]] int ColumnCount() const override { return static_cast<int>(panel_.widths.size()); }
     [[nodiscard]] int HeadHeight() const override { return panel_.headHeight; }
+    [[nodiscard]] int NameColumns() const override
+    {
+        std::size_t column = 1;
+        while (column < panel_.heads.size() && IsNameColumn(panel_.heads[column], panel_.words[column]))
+            ++column;
+        return std::max(1, static_cast<int>(column) - 1);
+    }
     [[nodiscard]] std::string Text(int row, int column) const override
     {
         if (!IsInside(row, column))

@@ -3,6 +3,7 @@
 #include "panelmodel/panel_parts.h"
 #include "panelmodel/project_type.h"
 #include "project/block_rules.h"
+#include "project/bridge_names.h"
 #include "project/text.h"
 
 #include <algorithm>
@@ -36,8 +37,7 @@ CTablePanelModel::CTablePanelModel(const CSbdData& data, int block, const PanelS
     , panel_(*FindPanelTable(block))
     , cells_(*data.Table(block))
 {
-    for (const PanelColumn& column : panel_.columns)
-        words_.push_back(ResolveWords(column.words, data));
+    ResolveColumns();
     const int stored = static_cast<int>(cells_.RowCount());
     const bool added = AddAutomaticRows();
     const bool filled = PutFixedTexts();
@@ -46,6 +46,21 @@ CTablePanelModel::CTablePanelModel(const CSbdData& data, int block, const PanelS
         StartWithNewEntry(entry);
     if (filled && !added)
         Touch(0);
+}
+
+void CTablePanelModel::ResolveColumns()
+{
+    words_.clear();
+    for (const PanelColumn& column : panel_.columns)
+        words_.push_back(ResolveWords(column.words, Data()));
+}
+
+/// The names that are entered in this block are offered in its next row.
+void CTablePanelModel::Commit(CProjectWriter& writer)
+{
+    CRowPanelModel::Commit(writer);
+    if (GivesNames(Block()))
+        ResolveColumns();
 }
 
 /// A block without rows begins with its automatic row. True if rows were added.
@@ -78,6 +93,16 @@ int CTablePanelModel::ColumnWidth(int column) const
 {
     const int base = panel_.columns[static_cast<std::size_t>(column)].width;
     return column == 0 ? base : WidenedWidth(base, Settings().rowWidthMode);
+}
+
+int CTablePanelModel::NameColumns() const
+{
+    int column = 1;
+    while (column < ColumnCount()
+           && IsNameColumn(panel_.columns[static_cast<std::size_t>(column)].head,
+                           panel_.columns[static_cast<std::size_t>(column)].words))
+        ++column;
+    return std::max(1, column - 1);
 }
 
 std::string CTablePanelModel::Head(int column, int) const

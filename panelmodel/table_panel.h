@@ -14,6 +14,7 @@ public:
     [[nodiscard]] int ColumnCount() const override { return static_cast<int>(panel_.columns.size()); }
     [[nodiscard]] int ColumnWidth(int column) const override;
     [[nodiscard]] int HeadHeight() const override { return panel_.headHeight; }
+    [[nodiscard]] int NameColumns() const override;
     [[nodiscard]] std::string Head(int column, int focusRow = 0) const override;
     [[nodiscard]] std::string RowNumber(int row) const override;
     [[nodiscard]] std::string Text(int row, int column) const override;
@@ -46,7 +47,11 @@ protected:
     void EraseStored(CProjectWriter& writer, int storedRow) override;
     void StoreAll(CProjectWriter& writer, const std::vector<int>& entries) override;
 
+public:
+    void Commit(CProjectWriter& writer) override;
+
 private:
+    void ResolveColumns();
     [[nodiscard]] std::string_view ToBeStored(int entry, std::size_t column) const;
     [[nodiscard]] bool AddAutomaticRows();
     [[nodiscard]] bool PutFixedTexts();

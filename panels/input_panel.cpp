@@ -99,6 +99,10 @@ CInputPanel::CInputPanel(CKELDSectionDoc* doc, int block, QWidget* parent) : CPa
     connect(Grid(), &CGridCtrl::cellsChanged, this, &CInputPanel::CommitGrid);
     connect(Grid(), &CGridCtrl::rangeChanged, this, &CInputPanel::TellSummary);
     connect(Grid(), &CGridCtrl::cellEdited, this, &CInputPanel::TellSummary);
+    connect(Grid(), &CGridCtrl::columnsChanged, this, [this] {
+        Doc().display.grids[block_].widened = Grid()->Widened();
+        emit displayChanged();
+    });
     connect(doc, &CKELDSectionDoc::aboutToSave, this, &CInputPanel::OnAboutToSave);
     connect(doc, &CKELDSectionDoc::modifiedChanged, this, &CInputPanel::OnModifiedChanged);
     connect(doc, &CKELDSectionDoc::changed, this, &CInputPanel::OnChanged);
@@ -137,6 +141,7 @@ void CInputPanel::SetUpWith(const LooseRows& loose)
     source_->canUndo = [this] { return Doc().NextUndo() != nullptr; };
     Grid()->SetRowHeight(Doc().display.rowHeight);
     Grid()->SetSource(source_.get());
+    ApplyLayout();
     Grid()->setAccessibleName(NameOfBlock(block_));
     Doc().SetHelpCell(block_, 0, 0);
     if (filter_ != nullptr)
@@ -497,6 +502,42 @@ void CInputPanel::EndFilter()
     }
     Grid()->setFocus();
     emit undoChanged();
+}
+
+// --- columns that stay in sight, widths --------------------------------------------------------------
+
+/// As the user has left this block, or as it is at first.
+void CInputPanel::ApplyLayout()
+{
+    const auto kept = Doc().display.grids.find(block_);
+    const GridLayout layout = kept == Doc().display.grids.end() ? GridLayout{} : kept->second;
+    Grid()->SetWidened(layout.widened);
+    Grid()->SetFrozenColumns(layout.frozen.value_or(source_->NameColumns()));
+}
+
+bool CInputPanel::FreezesColumns() const
+{
+    return model_ && Grid()->FrozenColumns() > 0;
+}
+
+void CInputPanel::FreezeColumns()
+{
+    if (!model_)
+        return;
+    const int columns = FreezesColumns() ? 0 : std::max(Grid()->FocusCell().column, 1);
+    Doc().display.grids[block_].frozen = columns;
+    Grid()->SetFrozenColumns(columns);
+    Grid()->scrollTo(Grid()->currentIndex());
+    if (columns == 0)
+        Grid()->TellInStatusBar(tr("列の固定を解除しました。"));
+    else if (columns == 1)
+        Grid()->TellInStatusBar(tr("1 列目を固定しました。表が入力欄より広いとき、横に動かしても見えています。"));
+    else
+        Grid()->TellInStatusBar(
+            tr("1～%1 列目を固定しました。表が入力欄より広いとき、入力欄の半分に収まる列は、横に動かしても見えています。")
+                .arg(columns));
+    emit displayChanged();
+    emit undoChanged(); // the mark at the command
 }
 
 /// Once behind many changes of the selection.

@@ -63,6 +63,8 @@ public:
     /// What the grid holds beside the data, and what is out of sight.
     [[nodiscard]] OpenGrid ShownGrid() const;
 
+    [[nodiscard]] bool FreezesColumns() const override;
+    void FreezeColumns() override;
     /// Null while no filter is open.
     [[nodiscard]] CRowFilter* RowFilter() const { return filter_; }
     void AddRows(int count) override;
@@ -77,6 +79,7 @@ private:
     void ApplyFilter();
     void ShowHiddenRows();
     void EndFilter();
+    void ApplyLayout();
     void SetUp();
     void SetUpWith(const LooseRows& loose);
     void RestoreCell();

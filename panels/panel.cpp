@@ -88,10 +88,10 @@ void CPanel::Delete()
 std::span<const Command> CPanel::GridCommands()
 {
     using enum Command;
-    static constexpr Command commands[] = {CopyWithHeads, FillDown,      FillRight,      FillSelection, OpenList,
-                                           SelectRow,     SelectColumn,  SelectAllCells, MoveRowUp,     MoveRowDown,
-                                           InsertRow,     DeleteRow,     DuplicateRow,   FilterRows,    ZoomCellsIn,
-                                           ZoomCellsOut,  ZoomCellsReset};
+    static constexpr Command commands[] = {CopyWithHeads, FillDown,       FillRight,      FillSelection, OpenList,
+                                           SelectRow,     SelectColumn,   SelectAllCells, MoveRowUp,     MoveRowDown,
+                                           InsertRow,     DeleteRow,      DuplicateRow,   FilterRows,    ZoomCellsIn,
+                                           ZoomCellsOut,  ZoomCellsReset, FreezeColumns};
     return commands;
 }
 
@@ -116,18 +116,27 @@ void CPanel::RunGridCommand(Command command)
     case Command::FilterRows:
         FilterRows();
         break;
+    case Command::FreezeColumns:
+        FreezeColumns();
+        break;
     default:
         if (std::ranges::find(GridCommands(), command) != GridCommands().end())
             grid_->RunCommand(command);
     }
 }
 
-/// Stays for all blocks of the project.
+/// Stays for all blocks of the project, and for the next one.
 void CPanel::SetZoom(int percent)
 {
     grid_->SetZoom(percent);
     doc_->display.zoom = grid_->Zoom();
     grid_->TellInStatusBar(tr("入力欄の大きさ: %1 %").arg(grid_->Zoom()));
+    emit displayChanged();
+}
+
+void CPanel::FreezeColumns()
+{
+    grid_->TellInStatusBar(tr("この表では、列を固定できません。"));
 }
 
 void CPanel::AskRows()

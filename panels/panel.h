@@ -55,6 +55,7 @@ public:
     [[nodiscard]] virtual bool CanDeleteRow() const { return false; }
     [[nodiscard]] virtual bool CanFilterRows() const { return false; }
     [[nodiscard]] virtual bool FiltersRows() const { return false; }
+    [[nodiscard]] virtual bool FreezesColumns() const { return false; }
 
     /// The commands beside undo and the clipboard that a panel, or its grid, carries out.
     [[nodiscard]] static std::span<const Command> GridCommands();
@@ -74,6 +75,8 @@ public slots:
     virtual void DeleteRow() {}
     virtual void DuplicateRow() {}
     virtual void FilterRows() {}
+    /// Holds the columns up to that of the focus in sight, or lets all go.
+    virtual void FreezeColumns();
     /// Appends empty rows; without effect where the block's rows are fixed.
     virtual void AddRows(int) {}
     /// Asks for a number of rows and appends them.
@@ -86,6 +89,9 @@ signals:
     void otherBlockWanted(bool redo);
     /// What the selected cells hold, as a line of text; empty: nothing to say.
     void summaryChanged(const QString& summary);
+    /// The user wants the grid otherwise, and it should stay so: size, columns held, widths; the document's settings say
+    /// how.
+    void displayChanged();
 
 public:
     /// Asks the user for a number of rows (0: none); by default in a dialog.

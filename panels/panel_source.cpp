@@ -1,6 +1,7 @@
 #include "panels/panel_source.h"
 
 #include "document/section_doc.h"
+#include "panelmodel/range_summary.h"
 
 #include <QCoreApplication>
 #include <QHash>
@@ -118,6 +119,11 @@ int CPanelSource::HeadHeight() const
     return model_.HeadHeight();
 }
 
+int CPanelSource::NameColumns() const
+{
+    return model_.NameColumns();
+}
+
 QString CPanelSource::Head(int column, int focusRow) const
 {
     return toQString(model_.Head(column, focusRow));
@@ -131,6 +137,22 @@ QColor CPanelSource::HeadColor(int column, int focusRow) const
 QString CPanelSource::RowNumber(int row) const
 {
     return toQString(model_.RowNumber(row));
+}
+
+QString CPanelSource::RowTitle(int row) const
+{
+    return model_.IsEditable(row, 1) ? QString() : Text(row, 1);
+}
+
+/// Of the head, or of the label beside the value.
+QString CPanelSource::Unit(int row, int column) const
+{
+    if (!model_.IsEditable(row, column))
+        return {};
+    std::string unit = UnitIn(model_.Head(column, row));
+    if (unit.empty() && column > 1 && !model_.IsEditable(row, 1))
+        unit = UnitIn(model_.Text(row, 1));
+    return toQString(unit);
 }
 
 int CPanelSource::RowLines(int row) const

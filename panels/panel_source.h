@@ -21,9 +21,12 @@ public:
     [[nodiscard]] int ColumnCount() const override;
     [[nodiscard]] int ColumnWidth(int column) const override;
     [[nodiscard]] int HeadHeight() const override;
+    [[nodiscard]] int NameColumns() const override;
     [[nodiscard]] QString Head(int column, int focusRow) const override;
     [[nodiscard]] QColor HeadColor(int column, int focusRow) const override;
     [[nodiscard]] QString RowNumber(int row) const override;
+    [[nodiscard]] QString RowTitle(int row) const override;
+    [[nodiscard]] QString Unit(int row, int column) const override;
     [[nodiscard]] int RowLines(int row) const override;
     [[nodiscard]] QString Text(int row, int column) const override;
     [[nodiscard]] bool HasWords(int row, int column) const override;

@@ -1,15 +1,19 @@
 #include "project/panel_columns.h"
 
+#include "project/bridge_names.h"
 #include "project/option_rows.h"
 #include "project/panel_raw_tables.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
 
 #include <algorithm>
+#include <array>
 
 namespace sbd {
 
 namespace {
+
+using namespace literals;
 
 constexpr std::string_view kGirderMark = "@girders";
 constexpr std::string_view kBeamMark = "@beams";
@@ -133,6 +137,15 @@ const Panel* FindPanel(std::span<const Panel> panels, int block)
 
 } // namespace
 
+bool IsNameColumn(std::string_view head, const WordList& words)
+{
+    static const std::array<std::string, 3> kNames = {"始"_cp932, "終"_cp932, "名"_cp932};
+    const auto takesName = [](const std::string& word) { return word == kGirderMark || word == kBeamMark; };
+    const auto isInHead = [head](std::string_view text) { return head.find(text) != std::string_view::npos; };
+    return std::ranges::any_of(words, takesName)
+           || (std::ranges::any_of(kNames, isInHead) && !isInHead("(m)") && !isInHead("(mm)"));
+}
+
 std::span<const PanelTable> PanelTables()
 {
     static const std::vector<PanelTable> panels = [] {
@@ -184,15 +197,14 @@ const RecordPanel* FindRecordPanel(int block)
 
 WordList ResolveWords(const WordList& words, const CSbdData& data)
 {
-    const GridNames& names = data.gridNames;
     WordList resolved;
     for (const std::string& word : words) {
-        if (word == kGirderMark)
-            resolved.insert(resolved.end(), names.girderNames.begin(), names.girderNames.end());
-        else if (word == kBeamMark)
-            resolved.insert(resolved.end(), names.swayNames.begin(), names.swayNames.end());
-        else
+        if (word != kGirderMark && word != kBeamMark) {
             resolved.push_back(word);
+            continue;
+        }
+        const std::vector<std::string> names = word == kGirderMark ? GirderNamesOf(data) : BeamNamesOf(data);
+        resolved.insert(resolved.end(), names.begin(), names.end());
     }
     return resolved;
 }

@@ -66,6 +66,10 @@ struct RecordPanel {
 [[nodiscard]] std::span<const RecordPanel> RecordPanels();
 [[nodiscard]] const RecordPanel* FindRecordPanel(int block);
 
+/// True for a column that says what its row is of: it takes names of girders or cross beams, or is the start, the end
+/// or the name of something, and no length.
+[[nodiscard]] bool IsNameColumn(std::string_view head, const WordList& words);
+
 /// A word list with its name marks resolved from the document.
 [[nodiscard]] WordList ResolveWords(const WordList& words, const CSbdData& data);
 

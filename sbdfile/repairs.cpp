@@ -1,6 +1,7 @@
 #include "sbdfile/repairs.h"
 
 #include "project/block_rules.h"
+#include "project/bridge_names.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
 
@@ -137,17 +138,6 @@ void TieSplices(const std::array<int, 4>& blocks, CSbdData& data)
     }
 }
 
-/// A beam name of block 501 up to its first "_" behind the first character.
-std::string_view BeamName(std::string_view name)
-{
-    if (name.empty())
-        return name;
-    for (std::size_t pos = CharacterLength(name, 0); pos < name.size(); pos += CharacterLength(name, pos))
-        if (name[pos] == '_')
-            return name.substr(0, pos);
-    return name;
-}
-
 } // namespace
 
 void RefreshSwayNames(CSbdData& data)
@@ -156,7 +146,7 @@ void RefreshSwayNames(CSbdData& data)
     names.resize(std::min(names.size(), data.swayNameCount));
     std::unordered_set<std::string> known(names.begin(), names.end());
     for (const std::string& full : data.Names(501)->lists[1])
-        if (const std::string name(BeamName(full)); known.insert(name).second)
+        if (const std::string name(BeamNameOf(full)); known.insert(name).second)
             names.push_back(name);
 }
 

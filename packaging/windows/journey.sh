@@ -36,6 +36,7 @@ start_desktop 1280x960
 take 'a project on the command line' start_with_project
 take 'typing, undo, copy and paste' edit_cells
 take 'saving' save_project
+take 'filling by key' fill_by_key
 $quick || take 'other programs may read, not write' keep_others_out
 take 'an engine from the menu' run_engine
 $quick || take 'an engine with half a quoted path' run_cross

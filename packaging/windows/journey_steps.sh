@@ -177,6 +177,30 @@ save_project() {
     picture 03-saved
 }
 
+is_as_before() { cmp -s "$out/before.sbd" "$project"; }
+
+filled_lines=$'  G1        G4        C2        C3        I桁     145 9  2  等間隔\r
+  G1        G4        C3        C4        I桁     145 9  2  等間隔\r'
+
+# In the grid of 313: one key fills four rows from the first of them, another lets the columns of names go. Undo brings the
+# file back as it was.
+fill_by_key() {
+    cp "$project" "$out/before.sbd"
+    keys ctrl+Home Down Right Right Right Right Right
+    keys shift+Down shift+Down shift+Down ctrl+d ctrl+s
+    wait_until 10 'a file that is written' saved "$out/before.sbd" "$project"
+    wait_until 5 'a title without the mark' is_unmodified
+    expect_lines "$out/before.sbd" "$project" "$filled_lines"
+    keys ctrl+shift+k
+    settle
+    picture 03-filled
+    keys ctrl+z
+    wait_until 5 'a title with a mark' is_modified
+    keys ctrl+s
+    wait_until 10 'the file as it was' is_as_before
+    wait_until 5 'a title without the mark' is_unmodified
+}
+
 keep_others_out() {
     cp "$project" "$out/before.sbd"
     ! tool rewrite "$(windows_path "$other")" "$(windows_path "$project")" >"$out/write.log" 2>&1 ||

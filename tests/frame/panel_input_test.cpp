@@ -23,6 +23,8 @@ private slots:
     void theCandidatesAreShownAtTheCell();
     void aLockedCellTakesNoComposition();
     void aScreenReaderFindsNamesOfGridHeadsAndCells();
+    void withoutNamesOfTheAnalysisTheListsOfferThoseOf501();
+    void whatColoursSayIsHeardToo();
     void aPasteNamesWhatItCannotTakeAndPutsTheRest();
     void aPasteOfMegabytesEnds();
     void aPasteOfBinaryLeavesOneLineCells();
@@ -96,6 +98,25 @@ void PanelInputTest::aCompositionThatIsGivenUpLeavesTheCell()
     Compose(u"はし"_s);
     Compose({}); // Esc belongs to the input method while it composes
     QVERIFY(desk.Grid().IsEditing());
+    QCOMPARE(EditorText(desk.Editor()), before); // selected, as it was
+    Press(Qt::Key_Return);
+    QCOMPARE(desk.Option(301, 1), before);
+    desk.Grid().SetFocusCell(1, 2);
+    Press(Qt::Key_F2); // in the middle of a text
+    Press(Qt::Key_Home);
+    Press(Qt::Key_Right);
+    Compose(u"はし"_s);
+    Compose({});
+    QCOMPARE(EditorText(desk.Editor()), before);
+    QCOMPARE(EditorLine(desk.Editor())->cursorPosition(), 1);
+    Compose(u"はし"_s);
+    Compose({}); // some clear the composition first
+    Compose({}, u"橋"_s);
+    QCOMPARE(EditorText(desk.Editor()), QString(before).insert(1, u"橋"_s));
+    Press(Qt::Key_Escape);
+    Compose(u"は"_s);
+    Compose({});
+    QVERIFY(desk.Grid().IsEditing());
     Press(Qt::Key_Escape);
     QVERIFY(!desk.Grid().IsEditing());
     QCOMPARE(desk.Option(301, 1), before);
@@ -163,15 +184,71 @@ void PanelInputTest::aScreenReaderFindsNamesOfGridHeadsAndCells()
     const QList<QAccessibleInterface*> heads = table->cellAt(1, 5)->tableCellInterface()->columnHeaderCells();
     QCOMPARE(heads.size(), 1);
     QCOMPARE(heads[0]->text(QAccessible::Name), u"幅 (mm)"_s); // without its line break
-    for (QAccessibleInterface* head : heads)                   // made for the caller, owned by nobody
-        QAccessible::deleteAccessibleInterface(QAccessible::registerAccessibleInterface(head));
-    QVERIFY(table->cellAt(0, 4)->text(QAccessible::Description).contains(u"入力不可"_s));
+    QVERIFY(table->cellAt(0, 4)->text(QAccessible::Description).contains(u"固定、入力不可"_s));
+    QVERIFY(table->cellAt(1, 5)->text(QAccessible::Description).contains(u"単位 mm"_s));
+    QVERIFY(table->cellAt(0, 1)->text(QAccessible::Description).contains(u"自動計算(YES_NO)"_s)); // what the row is
+    desk.Go(301);
+    QAccessibleInterface* option = QAccessible::queryAccessibleInterface(&desk.Grid());
+    QVERIFY2(option->text(QAccessible::Name).startsWith(u"301"_s), qPrintable(option->text(QAccessible::Name)));
+    const QString label = desk.Cell(3, 1).simplified();
+    QVERIFY(!label.isEmpty());
+    QVERIFY(option->tableInterface()->cellAt(2, 1)->text(QAccessible::Description).contains(label));
+    desk.Go(314);
 
     desk.Grid().SetFocusCell(2, 8);
     Press(Qt::Key_F2);
     QAccessibleInterface* editor = QAccessible::queryAccessibleInterface(desk.Editor());
     QVERIFY(editor != nullptr);
     QVERIFY2(desk.Editor()->accessibleName().contains(u"材質"_s), qPrintable(desk.Editor()->accessibleName()));
+}
+
+void PanelInputTest::withoutNamesOfTheAnalysisTheListsOfferThoseOf501()
+{
+    Desk desk;
+    const QString path = desk.EmptyProject();
+    QVERIFY(QFile::remove(desk.folder.Path(u"new.abd"_s)));
+    desk.Open(path, 313);
+    desk.Grid().SetFocusCell(2, 1);
+    QVERIFY(desk.Grid().Source()->Words(2, 1).isEmpty());
+    desk.Go(501);
+    desk.Grid().SetFocusCell(2, 1);
+    for (const QString& name : {u"G1"_s, u"G2"_s, u"G3"_s}) {
+        Type(name);
+        Press(Qt::Key_Return);
+    }
+    desk.Grid().SetFocusCell(2, 2);
+    for (const QString& name : {u"S1"_s, u"C1_2"_s}) {
+        Type(name);
+        Press(Qt::Key_Return);
+    }
+    desk.Go(313);
+    QCOMPARE(desk.Grid().Source()->Words(2, 1), QStringList({u"G1"_s, u"G2"_s, u"G3"_s}));
+    QCOMPARE(desk.Grid().Source()->Words(2, 3), QStringList({u"S1"_s, u"C1"_s}));
+    desk.Grid().SetFocusCell(2, 2);
+    Type(u"3"_s); // offered by any part of it
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Return);
+    QCOMPARE(desk.Cell(2, 2), u"G3"_s);
+}
+
+/// "ピンク色の項目のみ入力必要", says a head.
+void PanelInputTest::whatColoursSayIsHeardToo()
+{
+    Desk desk;
+    desk.Open(desk.EmptyProject(), 301);
+    desk.Grid().SetFocusCell(3, 2);
+    QCOMPARE(desk.Grid().Source()->ColorWord(3, 2), u"赤色"_s);
+    desk.Grid().Source()->SetText(3, 2, QStringLiteral("断面1のみ"));
+    desk.Grid().ShowAll();
+    int pink = 0;
+    for (int row = 1; row <= 36; ++row)
+        pink += desk.Grid().Source()->ColorWord(row, 1).isEmpty() || row == 3 ? 0 : 1;
+    QVERIFY(pink > 0 && pink < 35);
+    QAccessibleTableInterface* table = QAccessible::queryAccessibleInterface(&desk.Grid())->tableInterface();
+    bool heard = false;
+    for (int row = 0; row < 36; ++row)
+        heard = heard || table->cellAt(row, 0)->text(QAccessible::Description).contains(u"ピンク色"_s);
+    QVERIFY(heard);
 }
 
 // --- bad input ---------------------------------------------------------------------------------------

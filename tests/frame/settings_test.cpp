@@ -115,6 +115,7 @@ private slots:
     void colorsAreLimitedToBytes();
     void valuesBeyondAllScreensAreLimited();
     void wordsInPlaceOfNumbersAreDefaults();
+    void gridsComeBackAsTheyWereAndRubbishIsAsAtFirst();
     void anEmptyFaceIsTheDefault();
     void resetKeepsRowHeightDecimalsLanguageAndLists();
     void blueStandsInTheHighByte();
@@ -342,6 +343,33 @@ void SettingsTest::wordsInPlaceOfNumbersAreDefaults()
           u"row_width/up"_s, u"combo_or_list/cc"_s, u"Window Size/Tabbed"_s})
         Store(key, u"9999999999999999999 px"_s);
     VerifyDefaults();
+}
+
+void SettingsTest::gridsComeBackAsTheyWereAndRubbishIsAsAtFirst()
+{
+    DisplaySettings display;
+    display.zoom = 140;
+    display.grids[313] = {2, {{1, 20}, {9, -300}}};
+    display.grids[314] = {std::nullopt, {{8, 5}}};
+    display.grids[315] = {}; // nothing differs: not kept
+    CSettings().SetGrids(display);
+    const DisplaySettings kept = CSettings().Display();
+    QCOMPARE(kept.zoom, 140);
+    QCOMPARE(kept.grids.size(), std::size_t(2));
+    QVERIFY(kept.grids.at(313) == display.grids.at(313));
+    QVERIFY(kept.grids.at(314) == display.grids.at(314));
+
+    Store(u"Grid/Zoom"_s, 99999);
+    Store(u"Grid/Columns"_s,
+          QStringList{u"313=x 1:y :: 2:99999999 7:7 0:5 101:5 3:1:2"_s, u"=4"_s, u"no block=3"_s, {}, u"316=-5"_s});
+    const DisplaySettings limited = CSettings().Display();
+    QCOMPARE(limited.zoom, 300);
+    QCOMPARE(limited.grids.size(), std::size_t(2));
+    QVERIFY(!limited.grids.at(313).frozen);
+    QVERIFY((limited.grids.at(313).widened == std::map<int, int>{{2, 16'000}, {7, 7}}));
+    QCOMPARE(limited.grids.at(316).frozen.value_or(-1), 0);
+    Store(u"Grid/Zoom"_s, u"wide"_s);
+    QCOMPARE(CSettings().Display().zoom, 100);
 }
 
 void SettingsTest::anEmptyFaceIsTheDefault()

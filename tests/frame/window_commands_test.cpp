@@ -20,6 +20,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QHeaderView>
 #include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
@@ -110,6 +111,9 @@ private slots:
     void rowHeightGrowsShrinksAndStopsAtEighteen();
     void columnsWidenAndNarrow();
     void cellsGoBackToTheStart();
+    void columnsStayInSightByCommandABlockAndAUser();
+    void widthsThatAreGivenStayABlockAndAUser();
+    void theSizeOfTheCellsStaysForTheNextStart();
     void wordListsAreSwitchedOffAndOn();
     void theCellStaysWhereItWasWhenThePanelIsBuiltAnew();
     void theLanguageRetitlesTreeAndMenu();
@@ -287,6 +291,78 @@ void WindowCommandsTest::cellsGoBackToTheStart()
     QCOMPARE(station.Grid().columnWidth(1), width);
     QCOMPARE(CSettings().RowHeight(), 18);
     QCOMPARE(CSettings().RowWidthMode(), 0);
+}
+
+void WindowCommandsTest::columnsStayInSightByCommandABlockAndAUser()
+{
+    Station station;
+    station.child->GoToBlock(313);
+    station.child->FocusPanel();
+    QCOMPARE(station.Grid().FrozenColumns(), 4); // the ranges of girders and cross beams
+    QVERIFY(station.Action(Command::FreezeColumns)->isChecked());
+    station.Give(Command::FreezeColumns);
+    QCOMPARE(station.Grid().FrozenColumns(), 0);
+    QVERIFY(!station.Action(Command::FreezeColumns)->isChecked());
+    station.Grid().SetFocusCell(3, 2);
+    QTest::keyClick(&station.Grid(), Qt::Key_K, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(station.Grid().FrozenColumns(), 2);
+    station.child->GoToBlock(314); // another block has its own
+    QCOMPARE(station.Grid().FrozenColumns(), 4);
+    station.Start(); // the next program has it too
+    station.child->GoToBlock(313);
+    QCOMPARE(station.Grid().FrozenColumns(), 2);
+    station.child->GoToBlock(301);
+    QCOMPARE(station.Grid().FrozenColumns(), 0); // labels and values are all seen
+}
+
+void WindowCommandsTest::widthsThatAreGivenStayABlockAndAUser()
+{
+    Station station;
+    station.child->GoToBlock(313);
+    const auto pull = [&station](int column, int pixels) {
+        QHeaderView& heads = *station.Grid().horizontalHeader();
+        const QPoint border(heads.sectionViewportPosition(column) + heads.sectionSize(column) - 1, 5);
+        QTest::mousePress(heads.viewport(), Qt::LeftButton, {}, border);
+        for (const int step : {pixels / 2, pixels}) {
+            const QPoint to = border + QPoint(step, 0);
+            QMouseEvent move(QEvent::MouseMove, to, heads.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                             {});
+            QApplication::sendEvent(heads.viewport(), &move);
+        }
+        QTest::mouseRelease(heads.viewport(), Qt::LeftButton, {}, border + QPoint(pixels, 0));
+    };
+    const int width = station.Grid().columnWidth(1);
+    pull(1, 40);
+    QCOMPARE(station.Grid().columnWidth(1), width + 40);
+    station.child->GoToBlock(314);
+    station.child->GoToBlock(313);
+    QCOMPARE(station.Grid().columnWidth(1), width + 40);
+    station.Start();
+    station.child->GoToBlock(313);
+    QCOMPARE(station.Grid().columnWidth(1), width + 40);
+    station.Give(Command::ColumnsWider); // on top of what was given by hand
+    QVERIFY(station.Grid().columnWidth(1) > width + 40);
+    QCOMPARE(station.Grid().columnWidth(1) - station.Grid().columnWidth(2), 40); // both as wide at first
+    station.Give(Command::ResetCells);
+    QCOMPARE(station.Grid().columnWidth(1), width);
+    station.Start();
+    station.child->GoToBlock(313);
+    QCOMPARE(station.Grid().columnWidth(1), width);
+}
+
+void WindowCommandsTest::theSizeOfTheCellsStaysForTheNextStart()
+{
+    Station station;
+    station.child->GoToBlock(313);
+    station.Give(Command::ZoomCellsIn);
+    station.Give(Command::ZoomCellsIn);
+    QCOMPARE(station.Grid().Zoom(), 120);
+    station.Start();
+    station.child->GoToBlock(313);
+    QCOMPARE(station.Grid().Zoom(), 120);
+    station.Give(Command::ZoomCellsReset);
+    station.Start();
+    QCOMPARE(station.Grid().Zoom(), 100);
 }
 
 void WindowCommandsTest::wordListsAreSwitchedOffAndOn()

@@ -66,6 +66,7 @@ private slots:
     void theTintsAreToldApartFromEachOtherAndFromTheGroundsOfTheGrid();
     void theGridTintsTheCellAndSignsTheRow_data();
     void theGridTintsTheCellAndSignsTheRow();
+    void eachKindHasAShapeInItsCell();
     void theToolTipSaysTheSentence();
     void aScreenReaderIsToldTheSentence();
     void theSameMarksAgainPaintNothing();
@@ -174,6 +175,30 @@ void CellMarksTest::theGridTintsTheCellAndSignsTheRow()
     QVERIFY(head(after, 4) != head(before, 4));
     QVERIFY(head(after, 2) != head(after, 4));
     QVERIFY(head(after, 5) == head(before, 5));
+}
+
+void CellMarksTest::eachKindHasAShapeInItsCell()
+{
+    CTableSource source(6, 4);
+    CGridCtrl grid;
+    grid.resize(500, 200);
+    grid.SetSource(&source);
+    grid.show();
+    grid.SetFocusCell(2, 2);
+    std::set<QString> shapes; // what is drawn, whatever its colour
+    for (const MarkLook& look : MarkLooks()) {
+        grid.SetMarks(MarkSource::Check, {{4, 3, look.kind, u"a"_s}});
+        const QRect cell = grid.visualRect(grid.model()->index(3, 2));
+        const QImage corner = grid.viewport()->grab().toImage().copy(cell.left(), cell.top(), 8, 16);
+        const QRgb tint = TintOf(look.kind, grid.palette()).rgb();
+        QString shape;
+        for (int y = 0; y < corner.height(); ++y)
+            for (int x = 0; x < corner.width(); ++x)
+                shape += corner.pixel(x, y) == tint ? u'.' : u'#';
+        QVERIFY(shape.contains(u'#'));
+        shapes.insert(shape);
+    }
+    QCOMPARE(shapes.size(), MarkLooks().size());
 }
 
 void CellMarksTest::theToolTipSaysTheSentence()

@@ -108,6 +108,7 @@ private slots:
     void TheHeadKeepsItsHeightAndTheRowNumbersTheirWidth();
     void ARowOfTwoLinesIsTaller();
     void TheFocusedRowIsGreenAndLockedCellsAreGrey();
+    void ALockedCellOfTheGreenRowIsHatched();
     void WithADarkPaletteEveryColourIsDarkAndStillAnotherOne();
     void TextsCanBeReadOnEveryGround();
     void ShiftF10AsksForTheMenuOfTheCell();
@@ -768,6 +769,23 @@ void GridCtrlTest::TheFocusedRowIsGreenAndLockedCellsAreGrey()
     QCOMPARE(ground(3, 1), gridstyle::kLight.labelBesideFocus);
     QCOMPARE(ground(3, 4), gridstyle::kLight.cell);
     QCOMPARE(ground(4, 4), gridstyle::kLight.locked);
+}
+
+void GridCtrlTest::ALockedCellOfTheGreenRowIsHatched()
+{
+    source_->locked.insert({7, 4}); // a row without texts
+    grid_->SetFocusCell(7, 2);
+    const QImage image = grid_->viewport()->grab().toImage();
+    const auto colors = [&](int column) {
+        const QRect cell = grid_->visualRect(grid_->model()->index(6, column - 1)).adjusted(2, 2, -3, -3);
+        std::set<QRgb> seen;
+        for (int y = cell.top(); y <= cell.bottom(); ++y)
+            for (int x = cell.left(); x <= cell.right(); ++x)
+                seen.insert(image.pixel(x, y));
+        return seen.size();
+    };
+    QCOMPARE(colors(3), std::size_t(1));
+    QVERIFY(colors(4) > 1);
 }
 
 void GridCtrlTest::WithADarkPaletteEveryColourIsDarkAndStillAnotherOne()

@@ -283,6 +283,56 @@ TEST(TablePanel, NameListsStandInTheWordLists)
     EXPECT_THAT(Words(*panel, 30, 3), ElementsAre("SEC1", "SEC2"));
 }
 
+TEST(TablePanel, WithoutNamesOfTheAnalysisTheProjectsOwnStandInTheWordLists)
+{
+    CSbdData data;
+    data.Names(501)->lists[0] = {"G1", "G2"};
+    data.Names(501)->lists[1] = {"A1", "C1_2", "C1_3", "A2"}; // the same beam twice: names end at "_"
+    data.Names(702)->lists[0] = {"G2", "G3"};
+    data.Names(702)->lists[1] = {"A2", "P1"};
+    AddRow(data, 523, {"自動計算(YES_NO)", "YES"});
+    AddRow(data, 523, {"C8", "C9", "G1", "G4", "中間対傾構"});
+    EXPECT_THAT(Words(*MakePanelModel(data, 313), 2, 1), ElementsAre("G1", "G2", "G3", "G4"));
+    EXPECT_THAT(Words(*MakePanelModel(data, 313), 2, 3), ElementsAre("A1", "C1", "A2", "P1", "C8", "C9"));
+    EXPECT_THAT(Words(*MakePanelModel(data, 332), 2, 1), ElementsAre("G", "G1", "G2", "G3", "G4"));
+    EXPECT_THAT(Words(*MakePanelModel(data, 324), 3, 3), ElementsAre("A1", "C1", "A2", "P1", "C8", "C9"));
+    EXPECT_THAT(Words(*MakePanelModel(data, 321), 3, 3), ElementsAre("G1", "G2", "G3", "G4"));
+    // Once the analysis names them, its names are those of the bridge; its beams and girders each for themselves.
+    data.gridNames.girderNames = {"AG1"};
+    EXPECT_THAT(Words(*MakePanelModel(data, 313), 2, 1), ElementsAre("AG1"));
+    EXPECT_THAT(Words(*MakePanelModel(data, 313), 2, 4), ElementsAre("A1", "C1", "A2", "P1", "C8", "C9"));
+    data.gridNames.swayNames = {"S1", "A1"};
+    data.swayNameCount = 1;
+    EXPECT_THAT(Words(*MakePanelModel(data, 313), 2, 4), ElementsAre("S1", "A1"));
+    data.gridNames.girderNames = {"", ""}; // a count without names
+    EXPECT_THAT(Words(*MakePanelModel(data, 313), 2, 1), ElementsAre("G1", "G2", "G3", "G4"));
+}
+
+TEST(TablePanel, NamesTypedInto523AreOfferedInItsNextRow)
+{
+    CSbdData data;
+    const auto panel = MakePanelModel(data, 523);
+    EXPECT_THAT(Words(*panel, 3, 3), ElementsAre());
+    Set(*panel, 2, 1, "C1");
+    Set(*panel, 2, 2, "C2");
+    Set(*panel, 2, 3, "G1");
+    Set(*panel, 2, 4, "G2");
+    CommitPanel(*panel, data);
+    EXPECT_THAT(Words(*panel, 3, 3), ElementsAre("G1", "G2"));
+}
+
+TEST(TablePanel, TheColumnsThatNameTheRowAreKnown)
+{
+    const CSbdData data;
+    const struct {
+        int block;
+        int columns;
+    } kKnown[] = {{301, 0}, {305, 5}, {311, 4}, {313, 4}, {324, 4}, {331, 4},
+                  {332, 4}, {404, 2}, {501, 0}, {523, 4}, {604, 3}};
+    for (const auto& known : kKnown)
+        EXPECT_EQ(MakePanelModel(data, known.block)->NameColumns(), known.columns) << known.block;
+}
+
 TEST(TablePanel, ARowAppearsWithItsFirstCellAndGoesWithIt)
 {
     CSbdData data;
