@@ -37,8 +37,8 @@ public:
     {
         for (const Omission& omission : drawing.omissions) {
             const SourceCell& place = omission.place;
-            const bool isJudged = omission.kind == OmissionKind::Input
-                                  || (omission.kind == OmissionKind::Length && !drawing.provisional);
+            const bool isJudged =
+                omission.kind == OmissionKind::Input || (omission.kind == OmissionKind::Length && !drawing.provisional);
             if (!isJudged || place.block == 0 || place.row == 0 || place.column == 0)
                 continue;
             if (!told_.emplace(place.block, place.row, place.column).second)

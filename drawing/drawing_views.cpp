@@ -17,8 +17,8 @@ namespace {
 
 // Names of webs and coordinates are read by all.
 constexpr int kByElevation[] = {259, 302, 305, 307, 311, 313, 314, 315, 321, 322, 331, 332, 401, 402, 404, 408, 504};
-constexpr int kBySection[] = {302, 305, 307, 311, 312, 313, 314, 321, 322, 324, 325, 326, 331, 332, 333,
-                              401, 404, 504, 523, 532, 533, 542, 543, 642, 643, 671, 672};
+constexpr int kBySection[] = {302, 305, 307, 311, 312, 313, 314, 321, 322, 324, 325, 326, 331, 332,
+                              333, 401, 404, 504, 523, 532, 533, 542, 543, 642, 643, 671, 672};
 constexpr int kByPlan[] = {305, 307, 313, 314, 321, 404, 504, 523, 533, 573, 574};
 constexpr int kByJoint[] = {305, 307, 311, 313, 314, 321, 322, 331, 332, 341, 342, 343, 344, 404, 504};
 constexpr std::span<const int> kReads[] = {kByElevation, kBySection, kByPlan, kByJoint};
@@ -29,8 +29,7 @@ double DistanceOf(const DrawnPoint& at, const DrawnPoint& from, const DrawnPoint
     const double x = to.x - from.x;
     const double y = to.y - from.y;
     const double length = x * x + y * y;
-    const double share =
-        length > 0 ? std::clamp(((at.x - from.x) * x + (at.y - from.y) * y) / length, 0.0, 1.0) : 0;
+    const double share = length > 0 ? std::clamp(((at.x - from.x) * x + (at.y - from.y) * y) / length, 0.0, 1.0) : 0;
     return std::hypot(at.x - from.x - share * x, at.y - from.y - share * y);
 }
 

@@ -20,11 +20,11 @@ constexpr int kFlangePitches = 343;
 constexpr int kWebPitches = 344;
 constexpr std::size_t kPart = 4; // column of the part's word in each of them
 
-constexpr double kTouch = 0.5;        // mm
-constexpr double kMostSize = 20'000;  // mm
-constexpr double kBeyond = 300;       // of the girder's plates beyond the splice plates
-constexpr double kApart = 500;        // between the three parts
-constexpr double kBeside = 350;       // names of the parts
+constexpr double kTouch = 0.5;         // mm
+constexpr double kMostSize = 20'000;   // mm
+constexpr double kBeyond = 300;        // of the girder's plates beyond the splice plates
+constexpr double kApart = 500;         // between the three parts
+constexpr double kBeside = 350;        // names of the parts
 constexpr std::size_t kMostLines = 60; // of bolts
 
 enum class Part { Upper, Web, Lower };
@@ -59,8 +59,7 @@ std::optional<std::size_t> StepsIn(double length, double step)
 
 class CJoint {
 public:
-    CJoint(const CSbdData& data, const AnalysisResults& results, std::size_t girder, GirderSide side,
-           std::size_t joint)
+    CJoint(const CSbdData& data, const AnalysisResults& results, std::size_t girder, GirderSide side, std::size_t joint)
         : data_(data)
         , joint_(joint)
         , grid_(data, results)
@@ -98,8 +97,8 @@ private:
     CTableRows flangePitches_;
     CTableRows webPitches_;
     std::vector<GirderSplice> splices_;
-    double half_ = 0;      // of the girder's plates, along it
-    double webTop_ = 0;    // levels
+    double half_ = 0;   // of the girder's plates, along it
+    double webTop_ = 0; // levels
     double webBottom_ = 0;
 };
 
@@ -141,14 +140,16 @@ std::optional<JointRow> CJoint::RowOf(const CTableRows& rows, int block, Part pa
         if (joint_ < std::min(*ends[0], *ends[1]) || joint_ > std::max(*ends[0], *ends[1]))
             continue;
         if (result) {
-            build_.Omit(rows.Place(row, kPart), "この継手の同じ部位の行が2行以上あり，どの行か決まらないため，図にできません．");
+            build_.Omit(rows.Place(row, kPart),
+                        "この継手の同じ部位の行が2行以上あり，どの行か決まらないため，図にできません．");
             return std::nullopt;
         }
         result = JointRow{&rows, row};
     }
     static constexpr const char* names[] = {"上フランジ", "腹板", "下フランジ"};
     if (!result)
-        build_.Omit({block, 0, 0}, std::string(names[static_cast<int>(part)]) + "の行がこの継手にないため，図にできません．");
+        build_.Omit({block, 0, 0},
+                    std::string(names[static_cast<int>(part)]) + "の行がこの継手にないため，図にできません．");
     else
         build_.Use(result->Place(0), {{-half_, 0}, {half_, webBottom_}}, false);
     return result;
@@ -192,7 +193,8 @@ void CJoint::Flange(Part part, const std::optional<SectionPlate>& left, const st
     if (right)
         Rectangle(DrawingLayer::Web, 0, half_, middle - right->widthFrom / 2, middle + right->widthFrom / 2,
                   right->source);
-    build_.Label({-half_ - kBeside, middle}, Cp932(part == Part::Upper ? "上フランジ" : "下フランジ"), LabelRow::AtPoint, {});
+    build_.Label({-half_ - kBeside, middle}, Cp932(part == Part::Upper ? "上フランジ" : "下フランジ"),
+                 LabelRow::AtPoint, {});
     const std::optional<JointRow> bolts = RowOf(bolts_, kBolts, part);
     constexpr std::size_t form = 7;
     if (bolts && bolts->Cell(form) == Cp932("溶接"))
@@ -221,7 +223,8 @@ void CJoint::Flange(Part part, const std::optional<SectionPlate>& left, const st
         text += Cp932("  内 t=") + LengthText(inner);
     if (bolts)
         text += "  " + std::string(bolts->Cell(5)) + " n=" + std::string(bolts->Cell(6));
-    build_.Label({half_ / 2, middle + width / 2 + kApart / 4}, std::move(text), LabelRow::AtPoint, plate->Place(outerThick));
+    build_.Label({half_ / 2, middle + width / 2 + kApart / 4}, std::move(text), LabelRow::AtPoint,
+                 plate->Place(outerThick));
     if (bolts && pitches)
         FlangeBolts(part, *bolts, *pitches, length, width, middle);
 }
@@ -254,8 +257,8 @@ void CJoint::FlangeBolts(Part part, const JointRow& bolts, const JointRow& pitch
         std::string word;
         std::vector<std::size_t> outer;
     };
-    static const Form forms[] = {{Cp932("全孔引き"), {}},     {Cp932("2孔引き"), {1}},     {Cp932("4孔引き"), {2}},
-                                 {Cp932("6孔引き"), {3}},     {Cp932("24孔引き"), {2, 1}}, {Cp932("46孔引き"), {3, 2}},
+    static const Form forms[] = {{Cp932("全孔引き"), {}},    {Cp932("2孔引き"), {1}},     {Cp932("4孔引き"), {2}},
+                                 {Cp932("6孔引き"), {3}},    {Cp932("24孔引き"), {2, 1}}, {Cp932("46孔引き"), {3, 2}},
                                  {Cp932("68孔引き"), {4, 3}}};
     const auto* form = std::ranges::find(forms, bolts.Cell(formColumn), &Form::word);
     if (form == std::end(forms) || form->outer.size() > columns) {
@@ -269,10 +272,10 @@ void CJoint::FlangeBolts(Part part, const JointRow& bolts, const JointRow& pitch
     std::size_t sum = 0;
     for (const std::size_t count : counts)
         sum += 2 * count;
-    if (const std::optional<double> told = NumberIn(bolts.Cell(countColumn)); !told || *told != static_cast<double>(sum)) {
-        build_.Omit(bolts.Place(countColumn),
-                    "FLG本数が，添接板とボルト間隔から決まる本数(" + std::to_string(sum)
-                        + "本)と違うため，ボルトを図にできません．");
+    if (const std::optional<double> told = NumberIn(bolts.Cell(countColumn));
+        !told || *told != static_cast<double>(sum)) {
+        build_.Omit(bolts.Place(countColumn), "FLG本数が，添接板とボルト間隔から決まる本数(" + std::to_string(sum)
+                                                  + "本)と違うため，ボルトを図にできません．");
         return;
     }
     const double radius = BoltRadius(bolts);
@@ -336,7 +339,8 @@ void CJoint::WebBolts(const JointRow& bolts, const JointRow& pitches, std::optio
         }
     const auto whole = [&](std::size_t column) -> std::size_t {
         const std::optional<double> value = NumberIn(bolts.Cell(column));
-        const bool sound = value && *value >= 1 && *value == std::floor(*value) && *value <= static_cast<double>(kMostLines);
+        const bool sound =
+            value && *value >= 1 && *value == std::floor(*value) && *value <= static_cast<double>(kMostLines);
         if (!sound)
             build_.Omit(bolts.Place(column), "列数または割数が1から60の整数ではないため，ボルトを図にできません．");
         return sound ? static_cast<std::size_t>(*value) : 0;
@@ -384,7 +388,8 @@ void CJoint::WebBolts(const JointRow& bolts, const JointRow& pitches, std::optio
         const double length = plate->Size(plateLength).value_or(0);
         if (!(width > 0) || !(length > 0))
             build_.Omit(plate->Place(width > 0 ? plateLength : plateWidth),
-                        "添接板の幅または長さが入力されていないため，添接板を図にできません．", {}, OmissionKind::Limit);
+                        "添接板の幅または長さが入力されていないため，添接板を図にできません．", {},
+                        OmissionKind::Limit);
         else if (std::abs(size(kU1) - size(kL1)) > kTouch)
             build_.Omit(plate->Place(plateLength),
                         "DU1とDL1が異なり，腹板の添接板の高さの位置が決まらないため，図にできません．", {},
@@ -443,8 +448,7 @@ BridgeDrawing CJoint::Make()
         return build_.Take();
     }
     const GirderSplice& splice = splices_[joint_];
-    build_.drawing.title =
-        std::string(grid_.girders.Name(line_.Girder())) + " " + splice.name + Cp932(" 継手詳細図");
+    build_.drawing.title = std::string(grid_.girders.Name(line_.Girder())) + " " + splice.name + Cp932(" 継手詳細図");
     if (line_.IsBox())
         build_.drawing.title += Cp932(line_.Side() == GirderSide::Left ? " (左腹板)" : " (右腹板)");
     const GirderPlates plates = PlatesOf(apart_, data_, line_, stiffeners);

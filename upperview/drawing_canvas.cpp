@@ -225,7 +225,8 @@ void CDrawingCanvas::wheelEvent(QWheelEvent* event)
     if (!fit || event->angleDelta().y() == 0)
         return;
     mouse_.Forget();
-    ZoomAt(view_, FigureScreenOf(*this), {event->position().x() - fit->shift.x(), event->position().y() - fit->shift.y()},
+    ZoomAt(view_, FigureScreenOf(*this),
+           {event->position().x() - fit->shift.x(), event->position().y() - fit->shift.y()},
            std::pow(perNotch, event->angleDelta().y() / notch));
     update();
 }

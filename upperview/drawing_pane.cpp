@@ -140,9 +140,8 @@ void CDrawingPane::MakeChoosers()
     });
     connect(sides_, &QComboBox::currentIndexChanged, this, &CDrawingPane::OnChoice);
     connect(camber_, &QCheckBox::toggled, this, &CDrawingPane::OnChoice);
-    connect(exaggerations_, &QComboBox::currentIndexChanged, this, [this](int index) {
-        canvas_->SetExaggeration(kExaggerations[static_cast<std::size_t>(index)]);
-    });
+    connect(exaggerations_, &QComboBox::currentIndexChanged, this,
+            [this](int index) { canvas_->SetExaggeration(kExaggerations[static_cast<std::size_t>(index)]); });
 }
 
 void CDrawingPane::Show(DrawingView view)
@@ -186,8 +185,7 @@ void CDrawingPane::FillItems()
     const GridNames& grid = doc_->Data().gridNames;
     static const std::vector<std::string> none;
     const std::vector<std::string> joints =
-        shown_ == DrawingView::Joint ? JointNames(doc_->Data(), doc_->Results(), ChosenGirder(), ChosenSide())
-                                     : none;
+        shown_ == DrawingView::Joint ? JointNames(doc_->Data(), doc_->Results(), ChosenGirder(), ChosenSide()) : none;
     const std::vector<std::string>& names = shown_ == DrawingView::Plan      ? none
                                             : shown_ == DrawingView::Joint   ? joints
                                             : shown_ == DrawingView::Section ? grid.swayNames
@@ -205,8 +203,7 @@ void CDrawingPane::FillItems()
     items_->setVisible(shown_ != DrawingView::Plan);
     const std::size_t girder = ChosenGirder();
     sides_->setVisible((shown_ == DrawingView::Elevation || shown_ == DrawingView::Joint)
-                       && girder < grid.girderNames.size()
-                       && WebsOf(doc_->Data(), grid.girderNames[girder]).IsBox());
+                       && girder < grid.girderNames.size() && WebsOf(doc_->Data(), grid.girderNames[girder]).IsBox());
     camber_->setVisible(shown_ == DrawingView::Elevation);
 }
 

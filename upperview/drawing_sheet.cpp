@@ -79,7 +79,8 @@ double PaintTitle(QPainter& painter, const QRectF& frame, const GeneralDrawing& 
     painter.setPen(QPen(Qt::black, 5));
     painter.drawRect(block);
     painter.setPen(QPen(Qt::black, 2));
-    painter.drawLine(QPointF(block.left() + kTitleHead, block.top()), QPointF(block.left() + kTitleHead, block.bottom()));
+    painter.drawLine(QPointF(block.left() + kTitleHead, block.top()),
+                     QPointF(block.left() + kTitleHead, block.bottom()));
     double y = block.top();
     for (const auto& [head, text] : drawing.titles) {
         if (y > block.top())
@@ -162,10 +163,10 @@ void PaintGeneralDrawing(QPainter& painter, QSizeF units, const QFont& font, con
     const double width = inner.width() - kTitleWidth - kInner;
     const auto count = static_cast<double>(drawing.sections.size());
     for (std::size_t i = 0; i < drawing.sections.size(); ++i)
-        PaintView(painter,
-                  QRectF(inner.left() + width / count * static_cast<double>(i), top, width / count,
-                         inner.bottom() - top),
-                  lettering, drawing.sections[i]);
+        PaintView(
+            painter,
+            QRectF(inner.left() + width / count * static_cast<double>(i), top, width / count, inner.bottom() - top),
+            lettering, drawing.sections[i]);
     painter.restore();
 }
 

@@ -20,7 +20,7 @@ namespace sbd {
 struct GeneralDrawing {
     BridgeDrawing plan;
     BridgeDrawing elevation;
-    std::vector<BridgeDrawing> sections; ///< side by side
+    std::vector<BridgeDrawing> sections;        ///< side by side
     std::vector<std::array<QString, 2>> titles; ///< rows of the title block: what, its text
 };
 

@@ -55,7 +55,7 @@ TEST(JointDetail, BoltsStandWhereTheSpacingsPutThem)
 {
     const SampleBridge bridge = FittingBridge();
     const BridgeDrawing drawing = JointDetail(bridge.data, bridge.results, 0, GirderSide::Left, 0);
-    EXPECT_EQ(BoltsIn(drawing, 0, 5'000), 20U);           // both sides of the joint
+    EXPECT_EQ(BoltsIn(drawing, 0, 5'000), 20U); // both sides of the joint
     EXPECT_EQ(BoltsIn(drawing, -5'000, -2'200), 24U);
     // The web: 17 spaces, three rows from each edge, two columns on each side.
     EXPECT_EQ(BoltsIn(drawing, -2'200, 0), 22U * 4U);
@@ -72,7 +72,7 @@ TEST(JointDetail, BoltsStandWhereTheSpacingsPutThem)
     }
     EXPECT_THAT(xs, ElementsAre(-195, -120, -45, 45, 120, 195));
     EXPECT_EQ(levels.size(), 22U);
-    EXPECT_EQ(*levels.begin(), 16 + 110);       // behind the flange of the section on the left
+    EXPECT_EQ(*levels.begin(), 16 + 110); // behind the flange of the section on the left
     EXPECT_EQ(*levels.rbegin(), 2'200 - 19 - 110);
     EXPECT_THAT(levels, Contains(16 + 110 + 85));
     EXPECT_THAT(levels, Contains(16 + 110 + 85 + 105));

@@ -69,7 +69,8 @@ void BookCommandsTest::theBookIsWrittenWithWhatIsNotSavedYet()
         station.user.book = BookChoice{kind};
         station.user.reportFile = station.folder.Path(pdf ? u"b.pdf"_s : u"b.xlsx"_s);
         station.Trigger(u"入力データの帳票"_s);
-        QCOMPARE(QFileInfo(station.user.proposal).fileName(), pdf ? u"plate4_入力データ.pdf"_s : u"plate4_入力データ.xlsx"_s);
+        QCOMPARE(QFileInfo(station.user.proposal).fileName(),
+                 pdf ? u"plate4_入力データ.pdf"_s : u"plate4_入力データ.xlsx"_s);
         QVERIFY(station.user.warned.isEmpty());
         QVERIFY(Bytes(station.user.reportFile).startsWith(pdf ? "%PDF" : "PK"));
         QVERIFY2(child->Notices().TextOf(u"book"_s).contains(QDir::toNativeSeparators(station.user.reportFile)),
@@ -91,7 +92,8 @@ void BookCommandsTest::onlyTheBlocksThatChangedSinceTheFile()
     station.user.book = choice;
     station.user.reportFile = station.folder.Path(u"b.pdf"_s);
     station.Trigger(u"入力データの帳票"_s);
-    QVERIFY2(child->Notices().TextOf(u"book"_s).contains(u"2 ブロック"_s), qPrintable(child->Notices().TextOf(u"book"_s)));
+    QVERIFY2(child->Notices().TextOf(u"book"_s).contains(u"2 ブロック"_s),
+             qPrintable(child->Notices().TextOf(u"book"_s)));
 }
 
 void BookCommandsTest::nothingChangedWritesNothing()
@@ -117,7 +119,8 @@ void BookCommandsTest::aBookThatCannotBeWrittenIsSaid()
         station.user.reportFile = station.folder.Path(u"none/b"_s);
         station.Trigger(u"入力データの帳票"_s);
         QCOMPARE(station.user.warned.size(), 1);
-        QVERIFY2(station.user.warned[0].contains(u"プロジェクトには影響ありません"_s), qPrintable(station.user.warned[0]));
+        QVERIFY2(station.user.warned[0].contains(u"プロジェクトには影響ありません"_s),
+                 qPrintable(station.user.warned[0]));
     }
 }
 
@@ -267,8 +270,10 @@ void BookCommandsTest::theButtonsOfTheListTakeCellRowAndBlock()
     view.verb = u"取り込む"_s;
     std::vector<Difference> taken;
     view.takeBack = [&](const std::vector<Difference>& chosen) { taken = chosen; };
-    const std::pair<QString, std::size_t> buttons[] = {
-        {u"選んだセルを取り込む"_s, 1}, {u"その行を取り込む"_s, 2}, {u"そのブロックを取り込む"_s, 3}, {u"すべて取り込む"_s, 4}};
+    const std::pair<QString, std::size_t> buttons[] = {{u"選んだセルを取り込む"_s, 1},
+                                                       {u"その行を取り込む"_s, 2},
+                                                       {u"そのブロックを取り込む"_s, 3},
+                                                       {u"すべて取り込む"_s, 4}};
     for (const auto& button : buttons) {
         CDifferenceDialog dialog(view);
         dialog.show();

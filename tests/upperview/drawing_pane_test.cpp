@@ -137,7 +137,8 @@ void DrawingPaneTest::aClickOnAPartWantsTheRowThatMadeIt()
     QSignalSpy wanted(shown.pane.get(), &CDrawingPane::cellWanted);
     for (const int block : {321, 313, 314}) {
         const auto& shapes = shown.Canvas().Drawing().shapes;
-        const auto part = std::ranges::find_if(shapes, [&](const DrawnShape& each) { return each.source.block == block; });
+        const auto part =
+            std::ranges::find_if(shapes, [&](const DrawnShape& each) { return each.source.block == block; });
         QVERIFY(part != shapes.end());
         const std::optional<QPointF> at = shown.Canvas().MiddleOf(part->source);
         QVERIFY(at);
@@ -177,7 +178,8 @@ void DrawingPaneTest::aRowThatIsNotInTheDrawingIsSaid()
     shown.doc.SetHelpCell(313, 2, 1);
     shown.pane->Refresh();
     const QList<QLabel*> labels = shown.pane->findChildren<QLabel*>();
-    QVERIFY(std::ranges::any_of(labels, [](const QLabel* label) { return label->text().contains(u"この図にありません"_s); }));
+    QVERIFY(std::ranges::any_of(labels,
+                                [](const QLabel* label) { return label->text().contains(u"この図にありません"_s); }));
 }
 
 void DrawingPaneTest::onlyWhatAChangeConcernsIsMadeAgain()
@@ -279,7 +281,8 @@ void DrawingPaneTest::heightsAreStretched()
     const auto height = [&] {
         const auto& shapes = shown.Canvas().Drawing().shapes;
         const auto part = std::ranges::find_if(shapes, [](const DrawnShape& each) { return each.source.block == 315; });
-        const auto other = std::ranges::find_if(shapes, [](const DrawnShape& each) { return each.source.block == 332; });
+        const auto other =
+            std::ranges::find_if(shapes, [](const DrawnShape& each) { return each.source.block == 332; });
         return shown.Canvas().MiddleOf(part->source)->y() - shown.Canvas().MiddleOf(other->source)->y();
     };
     const double once = height();
