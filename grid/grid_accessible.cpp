@@ -114,8 +114,7 @@ public:
     [[nodiscard]] int childCount() const override { return Source() ? (Rows() + 1) * (Columns() + 1) : 0; }
     [[nodiscard]] QAccessibleInterface* child(int index) const override
     {
-        return index < 0 || index >= childCount() ? nullptr
-                                                  : Child({index / (Columns() + 1), index % (Columns() + 1)});
+        return index < 0 || index >= childCount() ? nullptr : Child({index / (Columns() + 1), index % (Columns() + 1)});
     }
     [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override
     {

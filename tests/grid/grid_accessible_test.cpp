@@ -8,7 +8,6 @@
 #include <QScrollBar>
 #include <QTest>
 
-
 namespace sbd {
 
 using namespace Qt::StringLiterals;
