@@ -216,7 +216,8 @@ void BadRunInputTest::aCancelWaitsForChildrenThatHoldTheFile()
     QCOMPARE(bench.Doc().Data().Option(301, 1), std::string_view("NO"));
     QVERIFY(bench.lock.IsHeld());
     QCOMPARE(bench.Notices().size(), 1);
-    QVERIFY2(bench.Notices()[0].startsWith(u"解析プログラムが途中で終わりました: 中止"_s), qPrintable(bench.Notices()[0]));
+    QVERIFY2(bench.Notices()[0].startsWith(u"解析プログラムが途中で終わりました: 中止"_s),
+             qPrintable(bench.Notices()[0]));
     QCOMPARE(bench.Kept().value(0).end.kind, RunEndKind::Cancelled);
 }
 
@@ -243,7 +244,9 @@ void BadRunInputTest::aDamagedFolderOfKeptInputsKeepsOn()
     const auto ofUs = [&](const KeptInput& input) { return !input.project.isEmpty(); };
     QCOMPARE(std::ranges::count_if(inputs, ofUs), 10);
     for (const char* name : {"a", "b", "d"}) { // nobody knows whose they are: they stay in reach
-        const auto is = [&](const KeptInput& input) { return input.file.endsWith(u"-%1.sbd"_s.arg(QLatin1String(name))); };
+        const auto is = [&](const KeptInput& input) {
+            return input.file.endsWith(u"-%1.sbd"_s.arg(QLatin1String(name)));
+        };
         QCOMPARE(std::ranges::count_if(inputs, is), 1);
     }
     QCOMPARE(inputs[0].end.kind, RunEndKind::Report);

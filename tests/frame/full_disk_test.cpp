@@ -80,8 +80,14 @@ public:
         while (file.write(QByteArray(4096, 'f')) > 0) {
         }
     }
-    void MakeRoom() const { QVERIFY(QFile::remove(Filler())); }
-    [[nodiscard]] QString Path(const QString& name) const { return QDir(folder_).filePath(name); }
+    void MakeRoom() const
+    {
+        QVERIFY(QFile::remove(Filler()));
+    }
+    [[nodiscard]] QString Path(const QString& name) const
+    {
+        return QDir(folder_).filePath(name);
+    }
     /// What stands there, the filler left out.
     [[nodiscard]] QStringList Names() const
     {
@@ -93,7 +99,10 @@ public:
     bool isThere = false;
 
 private:
-    [[nodiscard]] QString Filler() const { return Path(u"filler"_s); }
+    [[nodiscard]] QString Filler() const
+    {
+        return Path(u"filler"_s);
+    }
     QString folder_;
 };
 

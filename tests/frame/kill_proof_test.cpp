@@ -281,8 +281,8 @@ void KillProofTest::aKilledSaveLeavesTheOldFileOrTheNewOne()
             RemoveRecoveryCopy(offered.copy);
         }
     }
-    qInfo("%d kills of saves, seed %u, %lld ms: %d while the new file was written, %d between the file and the word", kills,
-          seed, static_cast<long long>(time.elapsed()), midway, behind);
+    qInfo("%d kills of saves, seed %u, %lld ms: %d while the new file was written, %d between the file and the word",
+          kills, seed, static_cast<long long>(time.elapsed()), midway, behind);
 }
 
 void KillProofTest::aKilledCopyLeavesTheLastOneThatWasWritten()
@@ -349,7 +349,8 @@ void KillProofTest::aRunThatIsKilledAtAnyMomentLosesNothing_data()
         for (const QByteArray run : {"check", "main"}) {
             const bool never = run == "check" && QByteArray(row.moment) == "box about changes"; // a check saves nothing
             if (!never && (IsWholeProof() || (row.quick && run == "check")))
-                QTest::newRow((row.moment + (", " + run)).constData()) << QByteArray(row.moment) << run << QByteArray(row.verbs);
+                QTest::newRow((row.moment + (", " + run)).constData())
+                    << QByteArray(row.moment) << run << QByteArray(row.verbs);
         }
     }
 }
@@ -401,7 +402,8 @@ void KillProofTest::aRunThatIsKilledAtAnyMomentLosesNothing()
         return std::ranges::any_of(texts, [&what](const QString& text) { return text.contains(what); });
     };
     const bool enteredIsShown = title.contains(u"NTERED"_s) || title.contains(u"TERED"_s);
-    QVERIFY2(enteredIsShown || says(u"保存していなかった変更"_s) || says(u"前回の実行"_s), qPrintable(texts.join(u'\n')));
+    QVERIFY2(enteredIsShown || says(u"保存していなかった変更"_s) || says(u"前回の実行"_s),
+             qPrintable(texts.join(u'\n')));
     const bool isHandedOver = QList<QByteArray>({"before the start", "engine writing", "question of the cancel",
                                                  "engine ended", "reload", "box about a broken file"})
                                   .contains(moment);

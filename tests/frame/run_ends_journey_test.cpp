@@ -21,7 +21,7 @@ namespace {
 struct EndsDesk {
     TestFolder folder;
     Answers user;
-    QString name;   ///< of the pictures
+    QString name;     ///< of the pictures
     QStringList told; ///< boxes
     CMainFrame frame{Dialogs()};
     CChildFrame* child = nullptr;
@@ -145,8 +145,8 @@ void RunEndsJourneyTest::eachEndIsTold_data()
                               << u"プロジェクトファイルは書き換えられています。"_s << QString();
     QTest::newRow("07-broken") << u"truncate 9000\nchk ok\n"_s << u"終了 (報告あり)"_s
                                << u"プロジェクトファイルが壊れているようです。"_s << u"データがなくなったブロック: "_s;
-    QTest::newRow("08-gone") << u"delete\n"_s << u"終了 (報告なし)"_s
-                             << u"プロジェクトファイルがなくなっています。"_s << u"見つかりません。"_s;
+    QTest::newRow("08-gone") << u"delete\n"_s << u"終了 (報告なし)"_s << u"プロジェクトファイルがなくなっています。"_s
+                             << u"見つかりません。"_s;
     QTest::newRow("10-changes") << u"value RESET_RESULTS NO\nchk ok\n"_s << u"終了 (報告あり)"_s
                                 << u"解析の前と後でデータが違います: 1 個のブロックで、セル 1 個。"_s << QString();
 }
