@@ -449,7 +449,7 @@ has_no_recovery_copy() { [[ -z $(recovery_copies) ]]; }
 # A sign-out as Windows makes it: all windows are asked whether the session may end, then they are told that it does. The
 # first time the user thinks better of it.
 sign_out() {
-    keys F6 ctrl+Home Right
+    click 1000 $((cells[1] + 38)) # the title, row 1 of 301
     text 'SIGNED OUT'
     keys Return
     wait_until 5 'a title with a mark' is_modified

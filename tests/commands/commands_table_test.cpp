@@ -125,7 +125,7 @@ TEST(Menus, KeepTheNumbersThatAreKnownElsewhere)
                 ElementsAre(57600, 57601, 57602, 0, 57603, 57604, 0, 57607, 57609, 0, 0, 0, 57665));
     EXPECT_THAT(Numbers(MenuId::Edit),
                 ElementsAre(57643, 0, 0, 57635, 57634, 57637, 33001, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 33038, 33039,
-                            33040, 0, 0, 0, 32761, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
+                            33040, 0, 0, 0, 32761, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));
     EXPECT_THAT(Numbers(MenuId::GridContext), ElementsAre(57635, 57634, 57637, 33001, 33038, 33039, 33040));
     EXPECT_THAT(Numbers(MenuId::SearchContext), ElementsAre(33181));
     EXPECT_THAT(Numbers(MenuId::Run), ElementsAre(39255, 39254, 39256, 33028, 33029, 0, 0));

@@ -328,7 +328,7 @@ void RecoveryOfferTest::changesThatACheckDidNotSeeAreToldUntilTheNoticeIsClosed(
     QVERIFY(
         child->Notices().TextOf(u"lost-changes"_s).contains(QDir::toNativeSeparators(KeptInputsOf(path).at(0).file)));
     press(u"元に戻す: 保存していなかった入力"_s);
-    QCOMPARE(child->Doc().Data().Option(301, 0), std::string_view("NSAVED")); // as a reload reads it
+    QCOMPARE(child->Doc().Data().Option(301, 0), std::string_view("UNSAVED"));
     station.user.save = SaveAnswer::Discard;
     QVERIFY(!openAgain()); // the user has had it
     // A notice that is closed stays so.
