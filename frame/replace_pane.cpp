@@ -361,7 +361,8 @@ bool CReplacePane::Replaces() const
 void CReplacePane::SetBlock(int block, const QString& name)
 {
     block_ = block;
-    scope_->setItemText(0, name.isEmpty() ? tr("このブロック") : tr("このブロック（%1）").arg(name.section(u' ', 0, 0)));
+    scope_->setItemText(0,
+                        name.isEmpty() ? tr("このブロック") : tr("このブロック（%1）").arg(name.section(u' ', 0, 0)));
     scope_->setToolTip(name);
 }
 
@@ -390,7 +391,8 @@ void CReplacePane::OnRequestChanged()
     emit requestChanged();
 }
 
-void CReplacePane::SetHits(std::vector<CellHit> hits, const QString& remark, const std::map<std::size_t, QString>& notes)
+void CReplacePane::SetHits(std::vector<CellHit> hits, const QString& remark,
+                           const std::map<std::size_t, QString>& notes)
 {
     const int row = lines_->currentIndex().row();
     model_->Set(std::move(hits), notes, replaces_);
@@ -443,9 +445,7 @@ void CReplacePane::ShowCount()
     count_->setText(text);
     count_->setToolTip(text);
     const std::size_t can = count - stay;
-    all_->setCheckState(ticked == 0     ? Qt::Unchecked
-                        : ticked == can ? Qt::Checked
-                                        : Qt::PartiallyChecked);
+    all_->setCheckState(ticked == 0 ? Qt::Unchecked : ticked == can ? Qt::Checked : Qt::PartiallyChecked);
     all_->setEnabled(can > 0);
     replace_->setEnabled(ticked > 0);
 }

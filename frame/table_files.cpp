@@ -39,7 +39,8 @@ QString WhyNot(const QString& path, std::string& bytes)
     if (!file.isFile())
         return u"ファイルがないか、普通のファイルではありません。"_s;
     if (file.size() > kMostBytes)
-        return u"ファイルが大きすぎます（%1 MB、%2 MB まで）。"_s.arg(file.size() / 1'000'000).arg(kMostBytes / 1'000'000);
+        return u"ファイルが大きすぎます（%1 MB、%2 MB まで）。"_s.arg(file.size() / 1'000'000)
+            .arg(kMostBytes / 1'000'000);
     if (const FileResult result = ReadFileBytes(ToPath(path), bytes); !result.Ok())
         return QString::fromStdString(result.detail);
     const bool marked = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
@@ -64,7 +65,8 @@ QString DoneText(const PasteOutcome& outcome)
         parts << u"表の外 %1"_s.arg(outcome.beyond);
     if (outcome.kept > 0)
         parts << u"文字コードか長さ %1"_s.arg(outcome.kept);
-    return text + u"入らなかった値は %1 個です（%2）。「元に戻す」で、取り込む前に戻ります。"_s.arg(left).arg(
+    return text
+           + u"入らなかった値は %1 個です（%2）。「元に戻す」で、取り込む前に戻ります。"_s.arg(left).arg(
                parts.join(u"、"_s));
 }
 
@@ -86,12 +88,15 @@ void ImportTable(CChildFrame& child, const Prompts& prompts)
         return;
     std::string bytes;
     if (const QString why = WhyNot(path, bytes); !why.isEmpty()) {
-        prompts.warn(&child, u"表を取り込めません。%1\n%2\n\nプロジェクトは変わっていません。別のファイルを選ぶか、表計算ソフトで "
-                             u"CSV に保存し直してください。"_s.arg(QDir::toNativeSeparators(path), why));
+        prompts.warn(
+            &child,
+            u"表を取り込めません。%1\n%2\n\nプロジェクトは変わっていません。別のファイルを選ぶか、表計算ソフトで "
+            u"CSV に保存し直してください。"_s.arg(QDir::toNativeSeparators(path), why));
         return;
     }
     const EncodingGuess guess = GuessEncoding(bytes);
-    const bool marked = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xEF\xBB\xBF");
+    const bool marked =
+        bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xEF\xBB\xBF");
     ImportView view;
     view.file = QDir::toNativeSeparators(path);
     view.block = QString::fromStdString(NumberAndTitle(panel->Block()));
@@ -129,8 +134,8 @@ void ExportTable(CChildFrame& child, const Prompts& prompts)
     const std::optional<ExportPlan> plan = prompts.tables.chooseExport(&child, block);
     if (!plan)
         return;
-    const QString project =
-        child.Doc().PathName().isEmpty() ? child.NameWithoutPath() : QFileInfo(child.Doc().PathName()).completeBaseName();
+    const QString project = child.Doc().PathName().isEmpty() ? child.NameWithoutPath()
+                                                             : QFileInfo(child.Doc().PathName()).completeBaseName();
     QString path = prompts.tables.saveName(
         &child, ProposedFile(child.Doc(), project + u'_' + QString::number(panel->Block()), u".csv"_s));
     if (path.isEmpty())
@@ -138,8 +143,8 @@ void ExportTable(CChildFrame& child, const Prompts& prompts)
     const FileResult result = ReplaceFileBytes(ToPath(path), ExportedText(*panel->Model(), *plan));
     if (!result.Ok()) {
         prompts.warn(&child, u"表を書き出せませんでした。%1\n元のファイルがあれば、そのまま残っています。\n"
-                             u"保存先の空きと権限を確かめるか、別の場所に書き出してください。\n\n(詳細: %2)"_s
-                                 .arg(QDir::toNativeSeparators(path), QString::fromStdString(result.detail)));
+                             u"保存先の空きと権限を確かめるか、別の場所に書き出してください。\n\n(詳細: %2)"_s.arg(
+                                 QDir::toNativeSeparators(path), QString::fromStdString(result.detail)));
         return;
     }
     panel->Grid()->TellInStatusBar(u"表を書き出しました: %1"_s.arg(QDir::toNativeSeparators(path)));

@@ -15,12 +15,12 @@ namespace sbd {
 
 /// A file that is to be imported, and the block that takes it.
 struct ImportView {
-    QString file;          ///< its name
-    QString block;         ///< "313 垂直補剛材"
-    std::string text;      ///< CP932 or UTF-8, without a mark
+    QString file;                    ///< its name
+    QString block;                   ///< "313 垂直補剛材"
+    std::string text;                ///< CP932 or UTF-8, without a mark
     TextCode code = TextCode::Cp932; ///< in which it seems to stand
-    bool otherCode = true; ///< false: it certainly stands in that
-    QStringList heads;     ///< of the grid, from column 1 on
+    bool otherCode = true;           ///< false: it certainly stands in that
+    QStringList heads;               ///< of the grid, from column 1 on
     int focusRow = 1;
     int appendRow = 1;
     std::function<ImportPlan(const TextTable&)> propose;

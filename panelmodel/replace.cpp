@@ -16,7 +16,7 @@ namespace sbd {
 namespace {
 
 constexpr int kLabelColumn = 1;
-constexpr int kHeightBlock = 511;     // follows the one behind it
+constexpr int kHeightBlock = 511; // follows the one behind it
 constexpr int kHeightOptions = 721;
 
 /// Places that show one value: the kind of the link, and which of its kind.
@@ -39,7 +39,8 @@ std::optional<LinkKey> LinkOf(int block, int row, int column)
         ++index;
     }
     for (const AutomaticLink& link : AutomaticLinks())
-        if (block == 301 ? link.optionRow == row : row == 1 && std::ranges::find(link.blocks, block) != link.blocks.end())
+        if (block == 301 ? link.optionRow == row
+                         : row == 1 && std::ranges::find(link.blocks, block) != link.blocks.end())
             return LinkKey{2, link.optionRow};
     return std::nullopt;
 }
@@ -163,7 +164,8 @@ void MergeLinked(std::vector<CellHit>& hits)
         // What is written to the one follows from the other, not the other way round.
         std::size_t stays = place->second;
         std::size_t goes = i;
-        if (hits[stays].block == kHeightBlock || (hits[stays].state != HitState::Free && hits[i].state == HitState::Free))
+        if (hits[stays].block == kHeightBlock
+            || (hits[stays].state != HitState::Free && hits[i].state == HitState::Free))
             std::swap(stays, goes);
         place->second = stays;
         drop[goes] = 1;

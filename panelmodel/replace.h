@@ -20,10 +20,10 @@ struct FindRequest {
 /// What a replace can do with a cell.
 enum class HitState {
     Free,
-    Locked,    ///< it takes no text
-    Hidden,    ///< its row is out of sight
-    NoNumber,  ///< a cell of numbers, and the new text is none
-    LosesRow,  ///< without this text the row, or the name, is none
+    Locked,   ///< it takes no text
+    Hidden,   ///< its row is out of sight
+    NoNumber, ///< a cell of numbers, and the new text is none
+    LosesRow, ///< without this text the row, or the name, is none
 };
 
 /// A cell that holds the text; grid row and column.
@@ -34,9 +34,9 @@ struct CellHit {
     std::string before;
     std::string after; ///< the same where nothing is replaced
     HitState state = HitState::Free;
-    std::string part = {};          ///< NoNumber: what of it is none
-    bool leavesList = false;        ///< a word of the cell's list becomes another text
-    std::vector<int> alsoIn = {};   ///< blocks that show the same value, and follow
+    std::string part = {};        ///< NoNumber: what of it is none
+    bool leavesList = false;      ///< a word of the cell's list becomes another text
+    std::vector<int> alsoIn = {}; ///< blocks that show the same value, and follow
     friend bool operator==(const CellHit&, const CellHit&) = default;
 };
 
@@ -49,7 +49,8 @@ struct OpenGrid {
 
 /// Every cell of the panels that holds the text, by block, row and column. A value that several blocks share is there once.
 /// A cell that would stay as it is, is not.
-[[nodiscard]] std::vector<CellHit> FindCells(const CSbdData& data, const FindRequest& request, const OpenGrid& open = {});
+[[nodiscard]] std::vector<CellHit> FindCells(const CSbdData& data, const FindRequest& request,
+                                             const OpenGrid& open = {});
 
 /// What a replace did.
 struct ReplaceOutcome {

@@ -8,9 +8,9 @@ namespace sbd {
 
 /// Where the columns and rows of a table go.
 struct ImportPlan {
-    std::vector<int> targets;  ///< by column of the table: the column of the grid; 0: left out
-    bool hasHeads = false;     ///< its first row is no data row
-    int row = 1;               ///< the row of the grid that the first data row goes to
+    std::vector<int> targets; ///< by column of the table: the column of the grid; 0: left out
+    bool hasHeads = false;    ///< its first row is no data row
+    int row = 1;              ///< the row of the grid that the first data row goes to
 };
 
 /// The columns by their heads, if the first row of the table has those of the grid; else one after the other.

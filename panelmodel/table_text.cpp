@@ -196,8 +196,7 @@ std::string CellOf(std::string&& bytes, TextCode code, TextTable& table)
         return std::move(converted.bytes);
     ++table.strange;
     const std::string& character = converted.refused->character;
-    if (table.refused.size() < kNamedCharacters
-        && std::ranges::find(table.refused, character) == table.refused.end())
+    if (table.refused.size() < kNamedCharacters && std::ranges::find(table.refused, character) == table.refused.end())
         table.refused.push_back(character);
     return keep;
 }

@@ -23,9 +23,9 @@ struct TextTable {
     std::vector<std::size_t> lines;             ///< of each row, from 1
     std::size_t columns = 0;                    ///< of the longest row
     std::size_t blankLines = 0;                 ///< left out, those at the end not counted
-    std::size_t openQuotes = 0;  ///< quotation marks at the head of a cell that nothing closes: they stand as characters
-    std::size_t tooLong = 0;     ///< cells longer than kMostBytesOfCell
-    std::size_t strange = 0;     ///< cells with characters that CP932 has not
+    std::size_t openQuotes = 0; ///< quotation marks at the head of a cell that nothing closes: they stand as characters
+    std::size_t tooLong = 0;    ///< cells longer than kMostBytesOfCell
+    std::size_t strange = 0;    ///< cells with characters that CP932 has not
     std::vector<std::string> refused; ///< the first of these characters, UTF-8
     bool isWhole = true;              ///< false: there are more rows or columns than are read
 };

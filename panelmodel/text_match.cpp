@@ -37,7 +37,7 @@ char32_t WithMark(char32_t kana, char32_t mark)
 
 char32_t Small(char32_t c)
 {
-    const bool isCapital = (c >= U'A' && c <= U'Z') || (c >= 0xFF21 && c <= 0xFF3A) // Latin in both widths
+    const bool isCapital = (c >= U'A' && c <= U'Z') || (c >= 0xFF21 && c <= 0xFF3A)     // Latin in both widths
                            || (c >= 0x391 && c <= 0x3A9) || (c >= 0x410 && c <= 0x42F); // Greek, Cyrillic
     return isCapital ? c + 0x20 : c;
 }

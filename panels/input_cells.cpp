@@ -65,8 +65,7 @@ ReplaceOutcome CInputPanel::ReplaceHits(const std::vector<CellHit>& hits)
     std::ranges::copy_if(hits, std::back_inserter(others), [this](const CellHit& hit) { return hit.block != block_; });
     const std::vector<CellEntry> own = TextsOf(*model_, hits);
     const std::size_t ownHits = hits.size() - others.size();
-    const std::size_t put =
-        static_cast<std::size_t>(source_->Editor().PutCells(EditCommand::Replace, own).put);
+    const std::size_t put = static_cast<std::size_t>(source_->Editor().PutCells(EditCommand::Replace, own).put);
     source_->Editor().ForgetDone();
     {
         const QScopedValueRollback committing(committing_, true);

@@ -174,23 +174,25 @@ void TableFilesTest::codeAndSeparatorAreGuessedAndCanBeChosen()
                 own << box;
         return own;
     };
-    Import(desk, Write(desk, u"a.csv"_s, Cp932("表計算;内面\n桁名;両面\n")),
-           [&](CImportDialog& dialog) {
-               QCOMPARE(lists(dialog)[0]->currentText(), u"シフトJIS (CP932)"_s);
-               QCOMPARE(lists(dialog)[1]->currentText(), u"セミコロン ( ; )"_s);
-               QCOMPARE(firstCell(dialog), u"表計算"_s);
-               lists(dialog)[1]->setCurrentIndex(0);
-               QCOMPARE(firstCell(dialog), u"表計算;内面"_s);
-               lists(dialog)[0]->setCurrentIndex(1); // as UTF-8 these bytes are nothing
-               QVERIFY(firstCell(dialog) != u"表計算;内面"_s);
-           },
-           u"キャンセル");
-    Import(desk, Write(desk, u"b.csv"_s, "表計算,内面\n桁名,両面\n"),
-           [&](CImportDialog& dialog) {
-               QCOMPARE(lists(dialog)[0]->currentText(), u"UTF-8"_s);
-               QCOMPARE(firstCell(dialog), u"表計算"_s);
-           },
-           u"キャンセル");
+    Import(
+        desk, Write(desk, u"a.csv"_s, Cp932("表計算;内面\n桁名;両面\n")),
+        [&](CImportDialog& dialog) {
+            QCOMPARE(lists(dialog)[0]->currentText(), u"シフトJIS (CP932)"_s);
+            QCOMPARE(lists(dialog)[1]->currentText(), u"セミコロン ( ; )"_s);
+            QCOMPARE(firstCell(dialog), u"表計算"_s);
+            lists(dialog)[1]->setCurrentIndex(0);
+            QCOMPARE(firstCell(dialog), u"表計算;内面"_s);
+            lists(dialog)[0]->setCurrentIndex(1); // as UTF-8 these bytes are nothing
+            QVERIFY(firstCell(dialog) != u"表計算;内面"_s);
+        },
+        u"キャンセル");
+    Import(
+        desk, Write(desk, u"b.csv"_s, "表計算,内面\n桁名,両面\n"),
+        [&](CImportDialog& dialog) {
+            QCOMPARE(lists(dialog)[0]->currentText(), u"UTF-8"_s);
+            QCOMPARE(firstCell(dialog), u"表計算"_s);
+        },
+        u"キャンセル");
     QVERIFY(!desk.child->Doc().IsModified());
 }
 

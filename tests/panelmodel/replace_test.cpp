@@ -51,7 +51,8 @@ TEST(TextMatch, NoMatchBeginsWithinACharacter)
     EXPECT_EQ(Replaced("ア", "a", "x"), "none");
     const std::string broken = "\x83";
     EXPECT_FALSE(CTextMatcher("a", {}).IsIn(broken));
-    EXPECT_EQ(CTextMatcher(broken, {}).Replaced("x\x83", "y"), "xy") << "a byte that is no character is found as itself";
+    EXPECT_EQ(CTextMatcher(broken, {}).Replaced("x\x83", "y"), "xy")
+        << "a byte that is no character is found as itself";
 }
 
 FindRequest Request(std::string_view wanted, std::optional<std::string_view> by, int block = 0)
@@ -68,8 +69,8 @@ std::vector<std::string> Lines(const std::vector<CellHit>& hits)
 {
     std::vector<std::string> lines;
     for (const CellHit& hit : hits)
-        lines.push_back(std::to_string(hit.block) + ' ' + std::to_string(hit.row) + ' ' + std::to_string(hit.column) + ' '
-                        + FromCp932(hit.before) + ">" + FromCp932(hit.after));
+        lines.push_back(std::to_string(hit.block) + ' ' + std::to_string(hit.row) + ' ' + std::to_string(hit.column)
+                        + ' ' + FromCp932(hit.before) + ">" + FromCp932(hit.after));
     return lines;
 }
 

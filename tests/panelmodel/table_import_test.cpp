@@ -67,7 +67,9 @@ TEST(TextTables, ATextOfAnotherCodeIsReadOrNamed)
     EXPECT_EQ(PlainText(std::string("\xFF\xFE\x31\x00\x2C\x00\x21\x6F\n\x00", 10)), "1,漡\n");
     EXPECT_EQ(PlainText(std::string("\xFE\xFF\x00\x31\xD8\x42\xDF\xB7", 8)), "1𠮷");
     EXPECT_EQ(PlainText("\xFF\xFE\x31"), "") << "half a character";
-    EXPECT_EQ(PlainText("\xEF\xBB\xBF" "a"), "a");
+    EXPECT_EQ(PlainText("\xEF\xBB\xBF"
+                        "a"),
+              "a");
 }
 
 TEST(TextTables, TheSeparatorIsGuessedByLinesOfOneWidth)
