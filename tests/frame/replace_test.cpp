@@ -34,7 +34,7 @@ private slots:
     void rowsOutOfSightStay();
     void anEditBehindTheListIsSeen();
     void aCharacterThatNoCellHoldsIsNamed();
-    void aProjectOnItsReportPageIsReplacedToo();
+    void aProjectWithoutAGridOnShowIsReplacedToo();
     void whatTheFileWouldNotGiveBackIsSaidBefore();
     void theKeysWorkWhileTheEditorIsOpen();
     void aPaneThatOpensLeavesTheFocusInSight();
@@ -330,22 +330,25 @@ void ReplaceTest::aCharacterThatNoCellHoldsIsNamed()
     QVERIFY(!Pane(desk).ReplaceButton()->isEnabled());
 }
 
-void ReplaceTest::aProjectOnItsReportPageIsReplacedToo()
+void ReplaceTest::aProjectWithoutAGridOnShowIsReplacedToo()
 {
     Desk desk;
     desk.Open(desk.folder.Example(u"plate4"_s), 313);
     FillBlock(desk);
     const QByteArray before = Project(desk);
-    desk.child->GoToBlock(255);
+    desk.child->GoToBlock(999);
     QApplication::processEvents();
+    QVERIFY(desk.Panel().Model() == nullptr);
     desk.frame.RunCommand(Command::ReplaceText);
     Pane(desk).WantedLine()->setText(u"G10"_s);
     Pane(desk).ByLine()->setText(u"G11"_s);
     Pane(desk).Scope()->setCurrentIndex(1);
     desk.child->Replace().LookNow();
-    QVERIFY(!Pane(desk).Hits().empty());
+    QApplication::processEvents(); // the pane gets its place
+    QCOMPARE(Pane(desk).Hits().size(), 1U);
+    QCOMPARE(Pane(desk).Hits()[0].block, 313);
     ClickReplace(desk);
-    QCOMPARE(CellsOf(desk, 313, "G11"), 1);
+    QVERIFY2(CellsOf(desk, 313, "G11") == 1, qPrintable(Pane(desk).Said()));
     desk.child->StepHistory(false);
     QCOMPARE(Project(desk), before);
 }
