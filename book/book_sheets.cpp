@@ -53,7 +53,8 @@ void AddBlock(CWorkbook& book, const BookBlock& block)
         const std::vector<std::string>& cells = block.rows[row];
         const bool isFixed = row < block.headRows;
         for (std::uint16_t column = 0; column < cells.size(); ++column) {
-            book.SetValue(headRow + 1 + static_cast<std::uint32_t>(row), column, cells[column], isFixed ? fixed : framed);
+            book.SetValue(headRow + 1 + static_cast<std::uint32_t>(row), column, cells[column],
+                          isFixed ? fixed : framed);
             widths[column] = std::max(widths[column], Characters(cells[column]));
         }
     }
@@ -67,10 +68,10 @@ void AddBlock(CWorkbook& book, const BookBlock& block)
 
 std::vector<std::pair<std::string, std::string>> CoverLines(const BookFacts& facts)
 {
-    std::vector<std::pair<std::string, std::string>> lines = {
-        {"物件", facts.project},      {"TITLE", facts.title},    {"ファイル", facts.file},
-        {"ファイルの時刻", facts.saved}, {"作成日時", facts.made}, {"プログラム", facts.program},
-        {"内容", facts.blocks}};
+    std::vector<std::pair<std::string, std::string>> lines = {{"物件", facts.project},  {"TITLE", facts.title},
+                                                              {"ファイル", facts.file}, {"ファイルの時刻", facts.saved},
+                                                              {"作成日時", facts.made}, {"プログラム", facts.program},
+                                                              {"内容", facts.blocks}};
     std::erase_if(lines, [](const auto& line) { return line.second.empty(); });
     return lines;
 }

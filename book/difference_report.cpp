@@ -51,8 +51,8 @@ std::string_view KindText(DifferenceKind kind)
 std::string DifferenceReport(const ReportSides& sides, const std::vector<Difference>& differences)
 {
     std::string text = "物件の比較  " + sides.project + "\n元: " + sides.before + "\n比較先: " + sides.after
-                       + "\n作成: " + sides.made + "\n違い: "
-                       + (differences.empty() ? "ありません" : CountText(differences)) + "\n";
+                       + "\n作成: " + sides.made
+                       + "\n違い: " + (differences.empty() ? "ありません" : CountText(differences)) + "\n";
     int block = -1;
     for (const Difference& difference : differences) {
         if (difference.block != block) {
@@ -79,7 +79,8 @@ FileResult WriteDifferenceSheets(const std::filesystem::path& path, const Report
     plain.border = true;
     book.AddSheet("違い");
     book.SetText(0, 0, "物件の比較  " + sides.project, bold);
-    book.SetText(1, 0, "作成: " + sides.made + "  違い: " + (differences.empty() ? "ありません" : CountText(differences)));
+    book.SetText(1, 0,
+                 "作成: " + sides.made + "  違い: " + (differences.empty() ? "ありません" : CountText(differences)));
     const std::string heads[] = {"ブロック", "種類", "行", "列", "列・項目", sides.before, sides.after};
     constexpr std::uint32_t headRow = 2;
     for (std::uint16_t column = 0; column < std::size(heads); ++column) {

@@ -42,7 +42,8 @@ CBookDialog::CBookDialog(const BookSource& source, QWidget* parent)
     setWindowTitle(u"入力データの帳票"_s);
     resize(kSize);
     auto* intro = new QLabel(
-        u"「%1」の入力データを、表紙と目次を付けて書き出します。保存していない入力も含まれます。"_s.arg(source.project), this);
+        u"「%1」の入力データを、表紙と目次を付けて書き出します。保存していない入力も含まれます。"_s.arg(source.project),
+        this);
     intro->setTextFormat(Qt::PlainText);
     intro->setWordWrap(true);
     filled_->setChecked(true);
@@ -90,7 +91,8 @@ void CBookDialog::UpdateState()
 {
     blocks_->setEnabled(chosen_->isChecked());
     since_->setEnabled(changed_->isChecked());
-    const bool empty = (chosen_->isChecked() && Choice().blocks.empty()) || (filled_->isChecked() && blocks_->count() == 0);
+    const bool empty =
+        (chosen_->isChecked() && Choice().blocks.empty()) || (filled_->isChecked() && blocks_->count() == 0);
     for (QPushButton* button : writes_)
         button->setEnabled(!empty);
 }

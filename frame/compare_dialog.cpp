@@ -28,7 +28,8 @@ CCompareDialog::CCompareDialog(const CompareSource& source, QWidget* parent)
     setObjectName(u"compare"_s);
     setWindowTitle(u"物件の比較"_s);
     resize(kSize);
-    auto* intro = new QLabel(u"画面の「%1」を何と比べますか。比べるだけでは、何も変わりません。"_s.arg(source.project), this);
+    auto* intro =
+        new QLabel(u"画面の「%1」を何と比べますか。比べるだけでは、何も変わりません。"_s.arg(source.project), this);
     intro->setTextFormat(Qt::PlainText);
     intro->setWordWrap(true);
     list_->setAccessibleName(u"比べる相手"_s);

@@ -101,9 +101,9 @@ void CFileCommands::WriteBook(CChildFrame& child)
     }
     const bool pdf = choice->kind == BookChoice::Kind::Pdf;
     const QString ending = pdf ? u".pdf"_s : u".xlsx"_s;
-    const QString file =
-        prompts_.saveReportName(area_.window(), ProposedFile(child.Doc(), ProjectName(child) + u"_入力データ"_s, ending),
-                                {pdf ? kPdfFilter : kSheetsFilter});
+    const QString file = prompts_.saveReportName(
+        area_.window(), ProposedFile(child.Doc(), ProjectName(child) + u"_入力データ"_s, ending),
+        {pdf ? kPdfFilter : kSheetsFilter});
     if (file.isEmpty() || !frame)
         return;
 
@@ -113,7 +113,8 @@ void CFileCommands::WriteBook(CChildFrame& child)
     progress.setMinimumDuration(400); // ms
     const BookProgress step = [&](int done, int of) {
         progress.setMaximum(std::max(of, 1));
-        progress.setValue(std::min(done, of - 1)); // shows it, and takes the cancel
+        progress.setValue(std::min(done, of - 1)); // shows it when it takes its time, and takes the cancel
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         return !progress.wasCanceled();
     };
     QString written = u"%1 ブロック"_s.arg(blocks.size());
@@ -133,8 +134,10 @@ void CFileCommands::WriteBook(CChildFrame& child)
     if (!result->Ok())
         Warn(NotWritten(file, *result));
     else if (frame)
-        child.Notices().Show(
-            {kBookKey, u"入力データを書き出しました (%1)。\n"_s.arg(written) + QDir::toNativeSeparators(file), {}, false});
+        child.Notices().Show({kBookKey,
+                              u"入力データを書き出しました (%1)。\n"_s.arg(written) + QDir::toNativeSeparators(file),
+                              {},
+                              false});
 }
 
 void CFileCommands::Compare(CChildFrame& child)
@@ -193,8 +196,9 @@ void CFileCommands::Compare(CChildFrame& child)
 
 void CFileCommands::SaveDifferences(CChildFrame& child, const QString& name, const std::vector<Difference>& differences)
 {
-    const QString file = prompts_.saveReportName(
-        area_.window(), ProposedFile(child.Doc(), ProjectName(child) + u"_比較"_s, u".xlsx"_s), {kSheetsFilter, kTextFilter});
+    const QString file =
+        prompts_.saveReportName(area_.window(), ProposedFile(child.Doc(), ProjectName(child) + u"_比較"_s, u".xlsx"_s),
+                                {kSheetsFilter, kTextFilter});
     if (file.isEmpty())
         return;
     const ReportSides sides{Utf8(ProjectName(child)), Utf8(name), "画面",

@@ -205,7 +205,7 @@ struct CWorkbook::Inside {
     lxw_worksheet* sheet = nullptr;
     std::set<std::string> names; // folded
     std::map<CellLook, lxw_format*> looks;
-    std::size_t current = 0; // sheet
+    std::size_t current = 0;                              // sheet
     std::vector<std::unordered_set<std::uint64_t>> cells; // of each sheet, those that hold something
 
     [[nodiscard]] lxw_format* LookOf(const CellLook& look)
@@ -318,8 +318,9 @@ void CWorkbook::SetLink(std::uint32_t row, std::uint16_t column, std::string_vie
         place += c == '\'' ? std::string("''") : std::string(1, c);
     place += "'!A1";
     const std::string clean = CleanText(text, kLongestText);
-    inside_->Count(row, column,
-                   worksheet_write_url_opt(inside_->sheet, row, column, place.c_str(), nullptr, clean.c_str(), nullptr));
+    inside_->Count(
+        row, column,
+        worksheet_write_url_opt(inside_->sheet, row, column, place.c_str(), nullptr, clean.c_str(), nullptr));
 }
 
 void CWorkbook::SetWidth(std::uint16_t column, double characters)

@@ -20,7 +20,8 @@ std::uint32_t NumberAt(std::string_view bytes, std::size_t pos, int size)
 {
     std::uint32_t value = 0;
     for (int i = 0; i < size; ++i)
-        value |= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[pos + static_cast<std::size_t>(i)])) << (8 * i);
+        value |= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[pos + static_cast<std::size_t>(i)]))
+                 << (8 * i);
     return value;
 }
 
@@ -82,8 +83,9 @@ bool ReadZipParts(std::string_view bytes,
             PieceAt(bytes, place + kPartSize + NumberAt(*head, 26, 2) + NumberAt(*head, 28, 2), packedSize);
         if (!packed)
             return false;
-        const std::optional<std::string> content =
-            method == 0 ? std::optional<std::string>(*packed) : method == Z_DEFLATED ? Inflated(*packed, size) : std::nullopt;
+        const std::optional<std::string> content = method == 0            ? std::optional<std::string>(*packed)
+                                                   : method == Z_DEFLATED ? Inflated(*packed, size)
+                                                                          : std::nullopt;
         if (!content || content->size() != size
             || crc32(0, reinterpret_cast<const Bytef*>(content->data()), static_cast<uInt>(size)) != sum)
             return false;

@@ -25,8 +25,8 @@ CommandResult RunBook(std::span<const std::string> arguments)
     if (const FileResult result = LoadInput(in, NamesFor(parsed, in), data); !result.Ok())
         return CannotRead(in, result);
     std::vector<int> blocks = wanted->empty() ? FilledBlocks(data) : BookBlocks(*wanted);
-    BookFacts facts = FactsOf(data, {}, in == kStandardStream ? std::filesystem::path() : PathOf(in),
-                              "KELD section " SBD_VERSION);
+    BookFacts facts =
+        FactsOf(data, {}, in == kStandardStream ? std::filesystem::path() : PathOf(in), "KELD section " SBD_VERSION);
     facts.blocks = wanted->empty() ? "入力済みのすべてのブロック" : "選んだブロック";
     if (parsed.since) {
         CSbdData before;

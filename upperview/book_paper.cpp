@@ -130,7 +130,7 @@ struct Table {
 
 /// A part of a block on a page.
 struct Piece {
-    int block = 0;       // place in the list of blocks
+    int block = 0; // place in the list of blocks
     double top = 0;
     bool first = false;  // the block begins here
     bool sketch = false; // a title with the sketches, no table
@@ -253,7 +253,8 @@ private:
                 head = std::max(head, measure_.Width(line));
             const bool option = columns == kOptionColumns; // its texts are sentences, and it is not broken by columns
             const double widest = option ? Room() * (column == 1 ? 0.58 : 0.34) : kWidestCell;
-            table.widths.push_back(std::max({std::min(width, widest), std::min(head, kWidestHead), 40.0}) + 2 * kPadding);
+            table.widths.push_back(std::max({std::min(width, widest), std::min(head, kWidestHead), 40.0})
+                                   + 2 * kPadding);
             headLines = std::max(headLines, static_cast<int>(HeadLines(table, column).size()));
         }
         table.headHeight = headLines * measure_.LineHeight() + kPadding;
@@ -392,8 +393,8 @@ private:
                 box = box.united(QRectF(QPointF(room.left, -room.top), QPointF(room.right + 1, -room.bottom + 1)));
             }
             if (!box.isEmpty())
-                places.push_back({sketch, box,
-                                  std::min({kLargestSketch, Room() / box.width(), kHighestSketch / box.height()})});
+                places.push_back(
+                    {sketch, box, std::min({kLargestSketch, Room() / box.width(), kHighestSketch / box.height()})});
         }
         return places;
     }
@@ -452,8 +453,7 @@ private:
         for (const auto& line : lines) {
             const QStringList texts = measure.Lines(Text(line.second), Room() - 460);
             painter.setPen(QPen(QColor(0xB0, 0xB0, 0xB0), 2));
-            painter.drawLine(QPointF(kLeft, y - 18),
-                             QPointF(page_.width() - kRight, y - 18));
+            painter.drawLine(QPointF(kLeft, y - 18), QPointF(page_.width() - kRight, y - 18));
             painter.setPen(Qt::black);
             DrawText(painter, font, QRectF(kLeft + 20, y, 400, 50), Qt::AlignLeft, Text(line.first));
             for (const QString& text : texts) {
@@ -520,9 +520,10 @@ private:
         if (piece.first) {
             const QString tag = block.tag.empty() ? QString() : u"  ["_s + Text(block.tag) + u']';
             painter.fillRect(QRectF(kLeft, y + 6, 12, kBlockTitleSize * 1.2), QColor(0x30, 0x50, 0x80));
-            DrawText(painter, titleFont_, QRectF(kLeft + 26, y, Room(), TitleHeight() - 12), Qt::AlignLeft | Qt::AlignVCenter,
-                     Text(block.name));
-            DrawText(painter, font_, QRectF(kLeft, y, Room(), TitleHeight() - 12), Qt::AlignRight | Qt::AlignVCenter, tag);
+            DrawText(painter, titleFont_, QRectF(kLeft + 26, y, Room(), TitleHeight() - 12),
+                     Qt::AlignLeft | Qt::AlignVCenter, Text(block.name));
+            DrawText(painter, font_, QRectF(kLeft, y, Room(), TitleHeight() - 12), Qt::AlignRight | Qt::AlignVCenter,
+                     tag);
             y += TitleHeight();
         }
         if (piece.sketch) {
@@ -545,8 +546,8 @@ private:
         double x = kLeft;
         painter.fillRect(QRectF(kLeft, y, width, table.headHeight), QColor(0xE4, 0xE9, 0xF0));
         for (const std::size_t column : columns) {
-            PaintLines(painter, boldFont_, HeadLines(table, column), QRectF(x, y, table.widths[column], table.headHeight),
-                       Qt::AlignHCenter);
+            PaintLines(painter, boldFont_, HeadLines(table, column),
+                       QRectF(x, y, table.widths[column], table.headHeight), Qt::AlignHCenter);
             x += table.widths[column];
         }
         std::vector<double> lines = {y, y + table.headHeight};
@@ -559,7 +560,8 @@ private:
             for (const std::size_t column : columns) {
                 const std::string& text = block.rows[row][column];
                 if (!text.empty())
-                    PaintLines(painter, font_, CellLines(table, column, text), QRectF(x, y, table.widths[column], height),
+                    PaintLines(painter, font_, CellLines(table, column, text),
+                               QRectF(x, y, table.widths[column], height),
                                IsRight(block, column, text) ? Qt::AlignRight : Qt::AlignLeft);
                 x += table.widths[column];
             }
@@ -667,7 +669,8 @@ std::optional<BookReport> WriteBookPdf(const QString& path, const CSbdData& data
             return report;
         }
         painter.scale(kPdfDpi / kUnitsPerInch, kPdfDpi / kUnitsPerInch);
-        const bool whole = book.Paint(painter, [&writer] { writer.newPage(); }, progress);
+        const bool whole = book.Paint(
+            painter, [&writer] { writer.newPage(); }, progress);
         painter.end();
         if (!whole)
             return std::nullopt;
@@ -677,7 +680,8 @@ std::optional<BookReport> WriteBookPdf(const QString& path, const CSbdData& data
         return report;
     }
     const QByteArray bytes = file.readAll();
-    report.result = ReplaceFileBytes(ToPath(path), std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+    report.result =
+        ReplaceFileBytes(ToPath(path), std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
     return report;
 }
 

@@ -12,8 +12,8 @@ namespace sbd {
 
 namespace {
 
-constexpr qint64 kTail = 1024;                  // in which the place of the table of objects stands
-constexpr qint64 kLongestObject = 4'000'000;    // a page tree of 100,000 pages
+constexpr qint64 kTail = 1024;               // in which the place of the table of objects stands
+constexpr qint64 kLongestObject = 4'000'000; // a page tree of 100,000 pages
 constexpr qint64 kMostObjects = 5'000'000;
 
 /// The number behind a word ("/Size 33"), or nothing.
@@ -61,8 +61,8 @@ public:
     {
         const qint64 tailAt = std::max<qint64>(0, pdf_.size() - kTail);
         const QByteArray tail = BytesAt(tailAt, kTail);
-        const std::optional<qint64> table = NumberBehind(tail.mid(std::max<qsizetype>(0, tail.lastIndexOf("startxref"))),
-                                                         "startxref");
+        const std::optional<qint64> table =
+            NumberBehind(tail.mid(std::max<qsizetype>(0, tail.lastIndexOf("startxref"))), "startxref");
         if (!tail.trimmed().endsWith("%%EOF") || !table)
             return false;
         table_ = *table;
@@ -114,7 +114,8 @@ public:
         const QByteArray object = Object(pages_[page]);
         const qsizetype box = object.indexOf("/MediaBox [");
         const qsizetype end = object.indexOf(']', box);
-        return box < 0 || end < 0 ? 0 : object.mid(box + 11, end - box - 11).simplified().split(' ').value(3).toDouble();
+        return box < 0 || end < 0 ? 0
+                                  : object.mid(box + 11, end - box - 11).simplified().split(' ').value(3).toDouble();
     }
 
 private:
@@ -209,8 +210,10 @@ QList<QByteArray> OutlineObjects(PdfFile& file, const std::vector<PdfBookmark>& 
         const Family& family = families[i];
         QByteArray object = "<< /Title " + TextString(bookmarks[i].title) + " /Parent "
                             + (family.parent < 0 ? Reference(root) : reference(family.parent));
-        const std::pair<const char*, qsizetype> others[] = {
-            {" /Prev ", family.before}, {" /Next ", family.after}, {" /First ", family.first}, {" /Last ", family.last}};
+        const std::pair<const char*, qsizetype> others[] = {{" /Prev ", family.before},
+                                                            {" /Next ", family.after},
+                                                            {" /First ", family.first},
+                                                            {" /Last ", family.last}};
         for (const auto& other : others)
             if (other.second >= 0)
                 object += other.first + reference(other.second);
@@ -279,14 +282,15 @@ bool AppendPdfOutline(QIODevice& pdf, const std::vector<PdfBookmark>& bookmarks,
     QByteArray table = "xref\n";
     for (const auto& object : changed) {
         const qint64 place = start + update.size();
-        table += QByteArray::number(object.first) + " 1\n" + QByteArray::number(place).rightJustified(10, '0') + " 00000 n \n";
+        table += QByteArray::number(object.first) + " 1\n" + QByteArray::number(place).rightJustified(10, '0')
+                 + " 00000 n \n";
         update += QByteArray::number(object.first) + " 0 obj\n" + object.second + "\nendobj\n";
     }
     const qint64 size = std::max(file.Size(), changed.rbegin()->first + 1);
     const qint64 tablePlace = start + update.size();
-    update += table + "trailer\n<<\n/Size " + QByteArray::number(size) + "\n/Info " + Reference(file.Info()) + "\n/Root "
-              + Reference(file.Root()) + "\n/Prev " + QByteArray::number(file.Table()) + "\n>>\nstartxref\n"
-              + QByteArray::number(tablePlace) + "\n%%EOF\n";
+    update += table + "trailer\n<<\n/Size " + QByteArray::number(size) + "\n/Info " + Reference(file.Info())
+              + "\n/Root " + Reference(file.Root()) + "\n/Prev " + QByteArray::number(file.Table())
+              + "\n>>\nstartxref\n" + QByteArray::number(tablePlace) + "\n%%EOF\n";
     return pdf.seek(start) && pdf.write(update) == update.size();
 }
 

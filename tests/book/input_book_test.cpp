@@ -7,9 +7,10 @@
 #include "project/text.h"
 #include "sheets/zip_parts.h"
 
-#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 #include <map>
 #include <random>
 
@@ -132,7 +133,8 @@ TEST_F(InputBook, AListOfBlocksIsReadWithItsRanges)
 TEST_F(InputBook, TheSpreadsheetHasASheetABlockWithNumbersThatAreNumbers)
 {
     const CSbdData data = Plate4();
-    BookFacts facts = FactsOf(data, {}, std::filesystem::path(EXAMPLES_DIR) / "plate4" / "plate4.sbd", "KELD section 9");
+    BookFacts facts =
+        FactsOf(data, {}, std::filesystem::path(EXAMPLES_DIR) / "plate4" / "plate4.sbd", "KELD section 9");
     const std::optional<FileResult> result = WriteBookSheets(At("a.xlsx"), data, {301, 313}, facts);
     ASSERT_TRUE(result && result->Ok());
     auto parts = Parts(At("a.xlsx"));

@@ -1,4 +1,5 @@
 // The book of the input and the comparison of projects, from the window.
+#include "book/input_book.h"
 #include "frame/notice_bar.h"
 #include "life_station.h"
 
@@ -10,6 +11,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableView>
+#include <QTimer>
 
 using namespace sbd;
 
@@ -30,9 +32,10 @@ void SetCell(CChildFrame& child, int block, std::size_t column, std::size_t row,
     test::TellChanged(child.Doc(), {block, int(row)});
 }
 
-std::string Cell(CChildFrame& child, int block, std::size_t column, std::size_t row)
+QByteArray Cell(CChildFrame& child, int block, std::size_t column, std::size_t row)
 {
-    return std::string(child.Doc().Data().Table(block)->columns[column][row]);
+    const std::string_view text = child.Doc().Data().Table(block)->columns[column][row];
+    return {text.data(), qsizetype(text.size())};
 }
 
 constexpr int kStiffeners = 313;
@@ -69,7 +72,8 @@ void BookCommandsTest::theBookIsWrittenWithWhatIsNotSavedYet()
         station.user.book = BookChoice{kind};
         station.user.reportFile = station.folder.Path(pdf ? u"b.pdf"_s : u"b.xlsx"_s);
         station.Trigger(u"入力データの帳票"_s);
-        QCOMPARE(QFileInfo(station.user.proposal).fileName(), pdf ? u"plate4_入力データ.pdf"_s : u"plate4_入力データ.xlsx"_s);
+        QCOMPARE(QFileInfo(station.user.proposal).fileName(),
+                 pdf ? u"plate4_入力データ.pdf"_s : u"plate4_入力データ.xlsx"_s);
         QVERIFY(station.user.warned.isEmpty());
         QVERIFY(Bytes(station.user.reportFile).startsWith(pdf ? "%PDF" : "PK"));
         QVERIFY2(child->Notices().TextOf(u"book"_s).contains(QDir::toNativeSeparators(station.user.reportFile)),
@@ -91,7 +95,8 @@ void BookCommandsTest::onlyTheBlocksThatChangedSinceTheFile()
     station.user.book = choice;
     station.user.reportFile = station.folder.Path(u"b.pdf"_s);
     station.Trigger(u"入力データの帳票"_s);
-    QVERIFY2(child->Notices().TextOf(u"book"_s).contains(u"2 ブロック"_s), qPrintable(child->Notices().TextOf(u"book"_s)));
+    QVERIFY2(child->Notices().TextOf(u"book"_s).contains(u"2 ブロック"_s),
+             qPrintable(child->Notices().TextOf(u"book"_s)));
 }
 
 void BookCommandsTest::nothingChangedWritesNothing()
@@ -117,7 +122,8 @@ void BookCommandsTest::aBookThatCannotBeWrittenIsSaid()
         station.user.reportFile = station.folder.Path(u"none/b"_s);
         station.Trigger(u"入力データの帳票"_s);
         QCOMPARE(station.user.warned.size(), 1);
-        QVERIFY2(station.user.warned[0].contains(u"プロジェクトには影響ありません"_s), qPrintable(station.user.warned[0]));
+        QVERIFY2(station.user.warned[0].contains(u"プロジェクトには影響ありません"_s),
+                 qPrintable(station.user.warned[0]));
     }
 }
 
@@ -185,7 +191,7 @@ void BookCommandsTest::anotherFileGivesACellARowAndABlockInOneStepEach()
     QVERIFY(other->Doc().SaveDocument(other->Doc().PathName()).Ok());
     station.user.openFile = other->Doc().PathName();
     CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
-    const std::string cell = Cell(*child, kStiffeners, 5, 1);
+    const QByteArray cell = Cell(*child, kStiffeners, 5, 1);
     const CSbdData before = child->Doc().Data();
 
     station.user.comparison = CompareChoice{CompareChoice::With::OtherFile, 0};
@@ -228,7 +234,7 @@ void BookCommandsTest::theSavedFileIsCompared()
     QCOMPARE(station.user.shown[0].differences.size(), 1U);
     QCOMPARE(station.user.shown[0].verb, u"戻す"_s);
     QCOMPARE(child->CurrentBlock(), 301); // the jump
-    QCOMPARE(child->Doc().Data().Option(301, 0), "MINE");
+    QVERIFY(child->Doc().Data().Option(301, 0) == "MINE");
 }
 
 void BookCommandsTest::theListIsWrittenAsTextAndAsSheets()
@@ -267,8 +273,10 @@ void BookCommandsTest::theButtonsOfTheListTakeCellRowAndBlock()
     view.verb = u"取り込む"_s;
     std::vector<Difference> taken;
     view.takeBack = [&](const std::vector<Difference>& chosen) { taken = chosen; };
-    const std::pair<QString, std::size_t> buttons[] = {
-        {u"選んだセルを取り込む"_s, 1}, {u"その行を取り込む"_s, 2}, {u"そのブロックを取り込む"_s, 3}, {u"すべて取り込む"_s, 4}};
+    const std::pair<QString, std::size_t> buttons[] = {{u"選んだセルを取り込む"_s, 1},
+                                                       {u"その行を取り込む"_s, 2},
+                                                       {u"そのブロックを取り込む"_s, 3},
+                                                       {u"すべて取り込む"_s, 4}};
     for (const auto& button : buttons) {
         CDifferenceDialog dialog(view);
         dialog.show();

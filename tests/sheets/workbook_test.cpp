@@ -2,10 +2,11 @@
 #include "sheets/workbook.h"
 #include "sheets/zip_parts.h"
 
-#include <clocale>
-#include <cstdlib>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <clocale>
+#include <cstdlib>
 #include <map>
 #include <random>
 
@@ -43,7 +44,8 @@ std::map<std::string, std::string> PartsOf(const std::filesystem::path& path)
     std::string bytes;
     EXPECT_TRUE(ReadFileBytes(path, bytes).Ok());
     std::map<std::string, std::string> parts;
-    EXPECT_TRUE(ReadZipParts(bytes, [&](const std::string& name, const std::string& content) { parts[name] = content; }));
+    EXPECT_TRUE(
+        ReadZipParts(bytes, [&](const std::string& name, const std::string& content) { parts[name] = content; }));
     return parts;
 }
 
@@ -135,8 +137,8 @@ TEST(Workbook, WhatIsNoTextDoesNotSpoilTheFile)
 
 TEST(Workbook, OnlyPlainNumbersAreNumbers)
 {
-    for (const std::string_view text : {"", "-", ".", "-.", "007", "1e3", "1,5", "+1", " 1", "1 ", "0x10", "-0", "-0.0", "1-2",
-                                        "1234567890123456", "nan", "１"})
+    for (const std::string_view text : {"", "-", ".", "-.", "007", "1e3", "1,5", "+1", " 1", "1 ", "0x10", "-0", "-0.0",
+                                        "1-2", "1234567890123456", "nan", "１"})
         EXPECT_FALSE(PlainNumberOf(text)) << text;
     const auto formatOf = [](std::string_view text) { return PlainNumberOf(text).value().format; };
     EXPECT_EQ(formatOf("0"), "0");

@@ -1,11 +1,10 @@
 // docs/version-control.md as it is written there: a repository, two engineers, git's own merge with sbdtool as its driver.
 #ifndef _WIN32
 
-#include "tests/tools/tool_runs.h"
-
 #include "project/sbd_data.h"
 #include "sbdfile/project_file.h"
 #include "sbdfile/writer.h"
+#include "tests/tools/tool_runs.h"
 
 #include <cstdlib>
 #include <sys/wait.h>
@@ -46,7 +45,8 @@ protected:
     {
         const std::string log = At("said");
         const std::string home = "GIT_CONFIG_NOSYSTEM=1 GIT_CONFIG_GLOBAL=/dev/null LC_ALL=C.UTF-8 ";
-        const int status = std::system((home + "git -C '" + At("") + "' " + arguments + " > '" + log + "' 2>&1").c_str());
+        const int status =
+            std::system((home + "git -C '" + At("") + "' " + arguments + " > '" + log + "' 2>&1").c_str());
         said_ = BytesOf(log);
         std::filesystem::remove(log);
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -66,7 +66,8 @@ protected:
         return data;
     }
 
-    template <typename Change> void Edit(const Change& change)
+    template <typename Change>
+    void Edit(const Change& change)
     {
         CSbdData data = Project();
         change(data);
@@ -74,7 +75,8 @@ protected:
     }
 
     /// One engineer works on a branch of her own, the other on main.
-    template <typename Hers, typename His> void WorkApart(const Hers& hers, const His& his)
+    template <typename Hers, typename His>
+    void WorkApart(const Hers& hers, const His& his)
     {
         ASSERT_EQ(Git("checkout -q -b hers"), 0) << said_;
         Edit(hers);
@@ -104,10 +106,12 @@ TEST_F(GitMerge, EditsOfTwoEngineersComeTogetherRowByRow)
     std::size_t rows = 0;
     WorkApart(
         [](CSbdData& data) {
-            SetCell(data, 5, 2, "141"); // a cell of a row
-            std::vector<std::string_view> row = data.Table(kStiffeners)->Row(3);
-            row[6] = "31";
-            data.Table(kStiffeners)->AppendRow(row); // and a row at the end
+            SetCell(data, 5, 2, "141");     // a cell of a row
+            std::vector<std::string> texts; // the table's own move as it grows
+            for (const std::string_view cell : data.Table(kStiffeners)->Row(3))
+                texts.emplace_back(cell);
+            texts[6] = "31";
+            data.Table(kStiffeners)->AppendRow({texts.begin(), texts.end()}); // and a row at the end
         },
         [&](CSbdData& data) {
             rows = data.Table(kStiffeners)->RowCount();

@@ -1,8 +1,7 @@
 // The book on paper, and the bookmarks of a PDF.
+#include "project/sbd_data.h"
 #include "upperview/book_paper.h"
 #include "upperview/pdf_outline.h"
-
-#include "project/sbd_data.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -24,7 +23,8 @@ class Reader {
 public:
     explicit Reader(QByteArray bytes) : bytes_(std::move(bytes))
     {
-        qint64 table = bytes_.mid(bytes_.lastIndexOf("startxref") + 9).trimmed().split('\n').value(0).trimmed().toLongLong();
+        qint64 table =
+            bytes_.mid(bytes_.lastIndexOf("startxref") + 9).trimmed().split('\n').value(0).trimmed().toLongLong();
         while (table > 0) {
             const QByteArray behind = bytes_.mid(table);
             const qsizetype from = behind.indexOf("trailer");
@@ -50,7 +50,8 @@ public:
     [[nodiscard]] QByteArray Object(qint64 number) const
     {
         const QByteArray text = bytes_.mid(places_.value(number));
-        return text.startsWith(QByteArray::number(number) + " 0 obj") ? text.left(text.indexOf("endobj")) : QByteArray();
+        return text.startsWith(QByteArray::number(number) + " 0 obj") ? text.left(text.indexOf("endobj"))
+                                                                      : QByteArray();
     }
     [[nodiscard]] qint64 Root() const { return root_; }
     [[nodiscard]] QList<qint64> Pages() const
@@ -148,7 +149,8 @@ void BookPaperTest::bookmarksOfSeveralLevelsAreFoundAgain()
     const QByteArray before = bytes;
     QBuffer pdf(&bytes);
     QVERIFY(pdf.open(QBuffer::ReadWrite));
-    QVERIFY(AppendPdfOutline(pdf, {{u"一"_s, 0, 10, 0}, {u"一の(1)\\"_s, 1, 0, 1}, {u"𠮷"_s, 2, 0, 2}, {u"二"_s, 2, 0, 0}},
+    QVERIFY(AppendPdfOutline(pdf,
+                             {{u"一"_s, 0, 10, 0}, {u"一の(1)\\"_s, 1, 0, 1}, {u"𠮷"_s, 2, 0, 2}, {u"二"_s, 2, 0, 0}},
                              {{0, QRectF(10, 20, 100, 12), 2, 0}}));
     QVERIFY(bytes.startsWith(before)); // an update behind what stood there
     const Reader reader(bytes);
@@ -211,12 +213,12 @@ void BookPaperTest::theBookHasCoverContentsAndEachBlock()
     const CSbdData data = Example("plate4");
     const std::vector<int> blocks = FilledBlocks(data);
     int last = -1;
-    const auto report = WriteBookPdf(file, data, blocks, FactsOf(data, "plate4", {}, "KELD section 9"), {},
-                                     [&](int done, int of) {
-                                         [&] { QVERIFY(done >= last && done <= of); }();
-                                         last = done;
-                                         return true;
-                                     });
+    const auto report =
+        WriteBookPdf(file, data, blocks, FactsOf(data, "plate4", {}, "KELD section 9"), {}, [&](int done, int of) {
+            [&] { QVERIFY(done >= last && done <= of); }();
+            last = done;
+            return true;
+        });
     QVERIFY(report && report->result.Ok());
     const QByteArray bytes = BytesOf(file);
     const Reader reader(bytes);
