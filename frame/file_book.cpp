@@ -113,7 +113,8 @@ void CFileCommands::WriteBook(CChildFrame& child)
     progress.setMinimumDuration(400); // ms
     const BookProgress step = [&](int done, int of) {
         progress.setMaximum(std::max(of, 1));
-        progress.setValue(std::min(done, of - 1)); // shows it, and takes the cancel
+        progress.setValue(std::min(done, of - 1)); // shows it when it takes its time, and takes the cancel
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         return !progress.wasCanceled();
     };
     QString written = u"%1 ブロック"_s.arg(blocks.size());

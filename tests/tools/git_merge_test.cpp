@@ -106,10 +106,12 @@ TEST_F(GitMerge, EditsOfTwoEngineersComeTogetherRowByRow)
     std::size_t rows = 0;
     WorkApart(
         [](CSbdData& data) {
-            SetCell(data, 5, 2, "141"); // a cell of a row
-            std::vector<std::string_view> row = data.Table(kStiffeners)->Row(3);
-            row[6] = "31";
-            data.Table(kStiffeners)->AppendRow(row); // and a row at the end
+            SetCell(data, 5, 2, "141");     // a cell of a row
+            std::vector<std::string> texts; // the table's own move as it grows
+            for (const std::string_view cell : data.Table(kStiffeners)->Row(3))
+                texts.emplace_back(cell);
+            texts[6] = "31";
+            data.Table(kStiffeners)->AppendRow({texts.begin(), texts.end()}); // and a row at the end
         },
         [&](CSbdData& data) {
             rows = data.Table(kStiffeners)->RowCount();
