@@ -122,7 +122,7 @@ TEST(Menus, OfTheRightMouseButtonHoldCommandsAlone)
 TEST(Menus, KeepTheNumbersThatAreKnownElsewhere)
 {
     EXPECT_THAT(Numbers(MenuId::File),
-                ElementsAre(57600, 57601, 57602, 0, 57603, 57604, 0, 57607, 57609, 0, 0, 0, 57665));
+                ElementsAre(57600, 57601, 57602, 0, 57603, 57604, 0, 57607, 57609, 0, 0, 0, 0, 0, 0, 57665));
     EXPECT_THAT(Numbers(MenuId::Edit),
                 ElementsAre(57643, 0, 0, 57635, 57634, 57637, 33001, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 33038, 33039,
                             33040, 0, 0, 0, 32761, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0));

@@ -256,12 +256,21 @@ void BookPaperTest::everyTextOfEveryBlockIsOnPaper()
         QProcess process;
         process.start(pdfToText, {u"-layout"_s, file, u"-"_s});
         QVERIFY(process.waitForFinished());
-        const QString paper = QString::fromUtf8(process.readAllStandardOutput()).remove(u' ').remove(u'\n');
+        // Two characters may share a sign, which is read as one of them.
+        const auto plain = [](const QString& text) {
+            return QString(text)
+                .remove(u' ')
+                .remove(u'\n')
+                .replace(u'～', u'〜')
+                .replace(u'－', u'−')
+                .replace(u'∥', u'‖');
+        };
+        const QString paper = plain(QString::fromUtf8(process.readAllStandardOutput()));
         for (const int block : blocks) {
             const BookBlock shown = MakeBookBlock(data, block);
             for (const auto& row : shown.rows)
                 for (const std::string& cell : row) {
-                    const QString text = QString::fromStdString(cell).remove(u' ');
+                    const QString text = plain(QString::fromStdString(cell));
                     if (text.size() <= 12) // longer ones may take several lines
                         QVERIFY2(paper.contains(text), qPrintable(QString::number(block) + u' ' + text));
                 }
@@ -273,12 +282,11 @@ void BookPaperTest::wideTablesAreBrokenByColumns()
 {
     const QTemporaryDir folder;
     CSbdData data = Example("plate4");
-    const int wide = 352;
-    QVERIFY(data.Table(wide) != nullptr);
-    QVERIFY(data.Table(wide)->columns.size() > 6);
-    for (ColumnVector& column : data.Table(wide)->columns)
-        for (std::size_t row = 1; row < column.size(); ++row)
-            column.Set(row, "123456789012345678901234567890");
+    const int wide = 313;
+    TableBlock& table = *data.Table(wide);
+    for (std::size_t column = 5; column < table.columns.size(); ++column) // behind the names
+        for (std::size_t row = 1; row < table.RowCount(); ++row)
+            table.columns[column].Set(row, "123456789012345678901234567890");
     const QString file = folder.filePath(u"w.pdf"_s);
     const auto report = WriteBookPdf(file, data, {wide}, FactsOf(data, "plate4", {}, "9"), {});
     QVERIFY(report && report->result.Ok());
