@@ -248,6 +248,7 @@ void MergeRecords(int block, const Rows& baseRows, const Rows& ourRows, const Ro
 {
     const std::vector<MergedRow> merged = RowMerge(block, true, baseRows, ourRows, theirRows, result).Run();
     std::vector<Record> together;
+    together.reserve(merged.size());
     for (const MergedRow& row : merged)
         together.push_back(row.from == MergedRow::From::Theirs ? theirs[row.row] : ours[row.row]);
     records = std::move(together);

@@ -391,6 +391,7 @@ void CSection::Deck()
                                                             DrawingLayer::Pavement};
     static const std::array<std::string, 4> names{Cp932("ハンチ"), Cp932("床版"), Cp932("詰材"), Cp932("舗装")};
     std::vector<double> levels;
+    levels.reserve(heights.size());
     for (const DeckHeights& deck : heights)
         levels.push_back(deck.top);
     for (std::size_t layer = 0; layer < layers.size(); ++layer) {

@@ -139,6 +139,7 @@ void CElevation::PlateShape(DrawingLayer layer, std::size_t section, const std::
     const auto close = [&] {
         if (xs.size() >= 2) {
             std::vector<DrawnPoint> corners;
+            corners.reserve(2 * xs.size());
             for (const double x : xs)
                 corners.push_back({x, (this->*top)(x, within, section)});
             for (auto x = xs.rbegin(); x != xs.rend(); ++x)

@@ -354,9 +354,10 @@ std::optional<LabelBox> TakeNotePlace(const FigureScreen& screen, std::size_t va
         return std::nullopt;
     const double width = metrics.width(NoteText(values, values, screen));
     const double bottom = screen.clientHeight - metrics.height - kGap;
-    for (double up = 0; up < screen.clientHeight / 2; up += metrics.height)
+    const int lines = metrics.height > 0 ? static_cast<int>(std::ceil(screen.clientHeight / 2 / metrics.height)) : 0;
+    for (int line = 0; line < lines; ++line)
         for (const double left : {screen.clientWidth - width - kGap, kGap}) {
-            const LabelBox box{left, bottom - up, width, metrics.height};
+            const LabelBox box{left, bottom - line * metrics.height, width, metrics.height};
             if (!room.IsFree(box))
                 continue;
             room.Take(box);

@@ -255,6 +255,7 @@ private:
         std::vector<Places> places;
         const auto mark = [](const std::vector<std::u16string>& texts, const Weighed& word) {
             std::vector<bool> holds;
+            holds.reserve(texts.size());
             for (const std::u16string& text : texts)
                 holds.push_back(Holds(text, word));
             return holds;

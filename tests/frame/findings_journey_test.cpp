@@ -94,7 +94,7 @@ void ShiftARow(Desk& desk)
 
 QString WriteFile(const Desk& desk, const QByteArray& bytes)
 {
-    const QString path = desk.folder.Path(u"other.sbd"_s);
+    QString path = desk.folder.Path(u"other.sbd"_s);
     QFile file(path);
     if (file.open(QFile::WriteOnly))
         file.write(bytes);
