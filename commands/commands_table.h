@@ -64,12 +64,12 @@ inline constexpr CommandRow kRows[] = {
     {Command::NextFinding, 0, "次の指摘へ移動(&N)", "F8", "開き直すと変わる値や入力の疑問点へ順に移動", ""},
     {Command::PreviousFinding, 0, "前の指摘へ移動(&V)", "Shift+F8", "", ""},
     {Command::FindingList, 0, "指摘の一覧(&I)", "Ctrl+F8", "", "", Project, Check},
-    {Command::NextRunChange, 0, "解析で変わった次の所へ移動(&X)", "F7", "解析の前と後で値の違う所へ順に移動", ""},
-    {Command::PreviousRunChange, 0, "解析で変わった前の所へ移動(&P)", "Shift+F7", "", ""},
+    {Command::NextRunChange, 0, "解析で変わった次の所へ移動(&J)", "F7", "解析の前と後で値の違う所へ順に移動", ""},
+    {Command::PreviousRunChange, 0, "解析で変わった前の所へ移動(&K)", "Shift+F7", "", ""},
 
     // Help page and model figure
     {Command::SwitchFigureAndHelp, 32989, "モデル図　と　ヘルプ　との切り替え", "", "", "model-help", FreePage},
-    {Command::BridgeDrawing, 0, "橋の図(&B)", "F9", "入力から描いた側面図、断面図、平面図と、ヘルプとの切り替え", "bridge-drawing", FreePage, Check},
+    {Command::BridgeDrawing, 0, "橋の図(&D)", "F9", "入力から描いた側面図、断面図、平面図と、ヘルプとの切り替え", "bridge-drawing", FreePage, Check},
     {Command::Notes, 32990, "注意事項", "", "", "notes", FreePage},
     {Command::ViewXY, 32991, "XY面の表示", "", "", "plane-xy", FreeView},
     {Command::ViewYZ, 32992, "YZ面の表示", "", "", "plane-yz", FreeView},

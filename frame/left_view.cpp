@@ -162,7 +162,7 @@ bool CLeftView::IsWanted(const QTreeWidgetItem* item) const
     const auto holds = [&folded](const std::string& word) { return folded.find(word) != std::string::npos; };
     if (std::ranges::all_of(SearchWords(line), holds))
         return true;
-    if (std::ranges::all_of(line, [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+    if (std::ranges::all_of(Fold(line), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
         return false;                                // numbers and tags are meant as they are
     const std::u16string skeleton = Skeleton(whole); // other spellings, other words for the same thing
     const std::vector<SearchTerm> terms = SearchTerms(line);

@@ -17,6 +17,7 @@ CTreePane::CTreePane(CKELDSectionDoc* doc, QWidget* parent)
     , nothing_(new QLabel)
 {
     constexpr int margin = 2; // px
+    tree_->setParent(this);   // ahead of the line: the keyboard comes to the tree first
     line_->setPlaceholderText(tr("絞り込み (番号・題名・区分)"));
     line_->setClearButtonEnabled(true);
     ShowHint(*line_);
@@ -37,7 +38,6 @@ CTreePane::CTreePane(CKELDSectionDoc* doc, QWidget* parent)
     layout->addWidget(nothing_);
     layout->addWidget(tree_, 1);
     setFocusProxy(tree_);
-    setTabOrder(tree_, line_); // the keyboard comes to the tree first
     connect(line_, &QLineEdit::textChanged, this, &CTreePane::Filter);
     connect(tree_, &CLeftView::filtered, this, [this](int left) { nothing_->setVisible(left == 0); });
 }

@@ -244,8 +244,7 @@ std::string NameOf(const CommandRow& command)
         name.erase(letter, 4);
     for (const std::string_view wide = "　"; name.find(wide) != std::string::npos;)
         name.replace(name.find(wide), wide.size(), " ");
-    const auto end = std::ranges::unique(name, [](char a, char b) { return a == ' ' && b == ' '; });
-    name.erase(end.begin(), end.end());
+    name.erase(std::unique(name.begin(), name.end(), [](char a, char b) { return a == ' ' && b == ' '; }), name.end());
     if (name.ends_with("..."))
         name.resize(name.size() - 3);
     return std::string(Trim(name));
