@@ -274,7 +274,7 @@ void CReplacePane::MakeTop()
     by_->setAccessibleName(tr("置換後の文字列"));
     scope_->addItems({tr("このブロック"), tr("プロジェクト全体")});
     scope_->setAccessibleName(tr("対象"));
-    scope_->setMinimumContentsLength(8);
+    scope_->setMinimumContentsLength(14);
     scope_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     case_->setChecked(true);
     width_->setChecked(true);

@@ -4,7 +4,7 @@
 # It needs the built preset dev: what moc makes is included.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-most_files=16
+most_files=10
 build=build/dev
 if [[ ! -f $build/compile_commands.json ]]; then
     echo "Nothing is built in $build: cmake --preset dev, then build." >&2

@@ -20,7 +20,7 @@ case ${1:-} in
     '') ;;
     --quick) quick=--quick ;;
     --targets)
-        echo sbdstation sbdtool {project,sbdfile,results,panelmodel,search,page,tools}_tests \
+        echo sbdstation sbdtool {project,sbdfile,sheets,results,panelmodel,book,search,page,tools}_tests \
             test_engine_{HOLM4_W_GIRDER_SECTION,HOLM4_W_CROSS,KELD_Support_Stiff_Diaphragm} "${near[@]//\//_}"
         exit 0
         ;;

@@ -98,6 +98,8 @@ TEST(ResultTableCommand, WritesTheTableForOtherPrograms)
     EXPECT_NE(text.find("格点名,Fx [kN],Fy [kN],Fz [kN],Mx [kN・m]"), std::string::npos) << text;
     std::ifstream book(xlsx, std::ios::binary);
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(book), {}).substr(0, 2), "PK");
+    file.close();
+    book.close();
     std::filesystem::remove(csv);
     std::filesystem::remove(xlsx);
     EXPECT_EQ(Tool({"result-table", Example("box2"), "--kind", "反力", "--load", "前死荷重", "--girder", "すべて",
