@@ -18,6 +18,7 @@ namespace sbd {
 struct PanelSettings {
     bool wordLists = true; ///< false: no cell has a word list
     int rowWidthMode = 0;  ///< pixels by which columns are wider (or narrower) than their base
+    ListNames listNames = ListNames::OfTheAnalysis;
 };
 
 /// What a view has to show again after a cell was set.

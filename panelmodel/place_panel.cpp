@@ -47,7 +47,7 @@ const WordList& Webs()
 
 CPlacePanelModel::CPlacePanelModel(const CSbdData& data, int block, const PanelSettings& settings)
     : CTablePanelModel(data, block, settings)
-    , beams_(ResolveWords({"@beams"}, data))
+    , beams_(ResolveWords({"@beams"}, data, settings.listNames))
     , methods_(FindPanelTable(block)->columns[kWebColumn].words)
 {
     TouchMasked();

@@ -38,7 +38,7 @@ protected:
         , entries_(stored)
     {
         for (const WordList& words : panel_.words)
-            words_.push_back(ResolveWords(words, data));
+            words_.push_back(ResolveWords(words, data, settings.listNames));
     }
 
     /// To be called by the constructor of the derived class.

@@ -190,7 +190,7 @@ std::vector<CellHit> FindCells(const CSbdData& data, const FindRequest& request,
             continue;
         if (block != open.block && !MayHold(data, block, matcher))
             continue;
-        const std::unique_ptr<CPanelModel> panel = MakePanelModel(data, block);
+        const std::unique_ptr<CPanelModel> panel = MakePanelModel(data, block, {.listNames = ListNames::OfTheProject});
         if (panel == nullptr)
             continue;
         if (block == open.block)
@@ -219,7 +219,8 @@ ReplaceOutcome ReplaceCells(CProjectWriter& writer, std::span<const CellHit> hit
         const auto end = std::ranges::find_if(hits, [block](const CellHit& hit) { return hit.block != block; });
         const std::span<const CellHit> own = hits.first(static_cast<std::size_t>(end - hits.begin()));
         hits = hits.subspan(own.size());
-        const std::unique_ptr<CPanelModel> panel = MakePanelModel(writer.Data(), block); // as the ones before left it
+        const std::unique_ptr<CPanelModel> panel =
+            MakePanelModel(writer.Data(), block, {.listNames = ListNames::OfTheProject}); // as the ones before left it
         std::size_t put = 0;
         if (panel != nullptr)
             for (const CellEntry& cell : TextsOf(*panel, own))

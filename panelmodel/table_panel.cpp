@@ -52,7 +52,7 @@ void CTablePanelModel::ResolveColumns()
 {
     words_.clear();
     for (const PanelColumn& column : panel_.columns)
-        words_.push_back(ResolveWords(column.words, Data()));
+        words_.push_back(ResolveWords(column.words, Data(), Settings().listNames));
 }
 
 /// The names that are entered in this block are offered in its next row.

@@ -33,7 +33,8 @@ PasteOutcome CInputPanel::ImportCells(const std::vector<CellEntry>& cells)
 
 PasteOutcome CInputPanel::TryCells(const std::vector<CellEntry>& cells) const
 {
-    const std::unique_ptr<CPanelModel> model = model_ ? MakePanelModel(Doc().Data(), OpenedFor()) : nullptr;
+    const std::unique_ptr<CPanelModel> model =
+        model_ ? MakePanelModel(Doc().Data(), OpenedFor(), {.listNames = ListNames::OfTheProject}) : nullptr;
     if (model == nullptr)
         return {};
     model->PutLoose(model_->Loose());

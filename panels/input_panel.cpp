@@ -86,7 +86,7 @@ std::string NameOf(const CPanelModel& model, const EditDone& done)
 
 PanelSettings SettingsOf(const CKELDSectionDoc& doc)
 {
-    return {doc.comboOrList != kPlainCells, doc.rowWidthMode};
+    return {doc.comboOrList != kPlainCells, doc.rowWidthMode, ListNames::OfTheProject};
 }
 
 } // namespace

@@ -195,16 +195,22 @@ const RecordPanel* FindRecordPanel(int block)
     return FindPanel(RecordPanels(), block);
 }
 
-WordList ResolveWords(const WordList& words, const CSbdData& data)
+WordList ResolveWords(const WordList& words, const CSbdData& data, ListNames names)
 {
+    const bool analysed = names == ListNames::OfTheAnalysis;
     WordList resolved;
+    const auto add = [&](const std::vector<std::string>& found) {
+        for (const std::string& name : found)
+            if (analysed || std::ranges::find(words, name) == words.end()) // "G" can be a word of the list already
+                resolved.push_back(name);
+    };
     for (const std::string& word : words) {
-        if (word != kGirderMark && word != kBeamMark) {
+        if (word == kGirderMark)
+            add(analysed ? data.gridNames.girderNames : GirderNamesOf(data));
+        else if (word == kBeamMark)
+            add(analysed ? data.gridNames.swayNames : BeamNamesOf(data));
+        else
             resolved.push_back(word);
-            continue;
-        }
-        const std::vector<std::string> names = word == kGirderMark ? GirderNamesOf(data) : BeamNamesOf(data);
-        resolved.insert(resolved.end(), names.begin(), names.end());
     }
     return resolved;
 }

@@ -70,7 +70,14 @@ struct RecordPanel {
 /// or the name of something, and no length.
 [[nodiscard]] bool IsNameColumn(std::string_view head, const WordList& words);
 
+/// Whose names of girders and cross beams a word list offers.
+enum class ListNames {
+    OfTheAnalysis, ///< those of the *.abd file alone
+    OfTheProject,  ///< without these, those that the project itself gives (bridge_names.h)
+};
+
 /// A word list with its name marks resolved from the document.
-[[nodiscard]] WordList ResolveWords(const WordList& words, const CSbdData& data);
+[[nodiscard]] WordList ResolveWords(const WordList& words, const CSbdData& data,
+                                    ListNames names = ListNames::OfTheAnalysis);
 
 } // namespace sbd

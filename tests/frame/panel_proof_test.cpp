@@ -197,7 +197,8 @@ void CompareWithTable(Station& station, CGridCtrl& grid, int block, const CSbdDa
     for (int column = 1; column < int(table->columns.size()); ++column) {
         const Place place{block, dataRow, column};
         const PanelColumn& definition = table->columns[std::size_t(column)];
-        station.Compare(grid.Source()->Words(dataRow, column), Texts(ResolveWords(definition.words, data)), place,
+        station.Compare(grid.Source()->Words(dataRow, column),
+                        Texts(ResolveWords(definition.words, data, ListNames::OfTheProject)), place,
                         " words of the table"_L1);
         station.Expect(!grid.Source()->IsLocked(dataRow, column), place, " is locked"_L1);
         for (int row = 1; row <= table->automaticRows; ++row)

@@ -283,6 +283,12 @@ TEST(TablePanel, NameListsStandInTheWordLists)
     EXPECT_THAT(Words(*panel, 30, 3), ElementsAre("SEC1", "SEC2"));
 }
 
+/// As the window asks for it.
+std::unique_ptr<CPanelModel> InWindow(const CSbdData& data, int block)
+{
+    return MakePanelModel(data, block, {.listNames = ListNames::OfTheProject});
+}
+
 TEST(TablePanel, WithoutNamesOfTheAnalysisTheProjectsOwnStandInTheWordLists)
 {
     CSbdData data;
@@ -292,26 +298,30 @@ TEST(TablePanel, WithoutNamesOfTheAnalysisTheProjectsOwnStandInTheWordLists)
     data.Names(702)->lists[1] = {"A2", "P1"};
     AddRow(data, 523, {"自動計算(YES_NO)", "YES"});
     AddRow(data, 523, {"C8", "C9", "G1", "G4", "中間対傾構"});
-    EXPECT_THAT(Words(*MakePanelModel(data, 313), 2, 1), ElementsAre("G1", "G2", "G3", "G4"));
-    EXPECT_THAT(Words(*MakePanelModel(data, 313), 2, 3), ElementsAre("A1", "C1", "A2", "P1", "C8", "C9"));
-    EXPECT_THAT(Words(*MakePanelModel(data, 332), 2, 1), ElementsAre("G", "G1", "G2", "G3", "G4"));
-    EXPECT_THAT(Words(*MakePanelModel(data, 324), 3, 3), ElementsAre("A1", "C1", "A2", "P1", "C8", "C9"));
-    EXPECT_THAT(Words(*MakePanelModel(data, 321), 3, 3), ElementsAre("G1", "G2", "G3", "G4"));
+    EXPECT_THAT(Words(*InWindow(data, 313), 2, 1), ElementsAre("G1", "G2", "G3", "G4"));
+    EXPECT_THAT(Words(*InWindow(data, 313), 2, 3), ElementsAre("A1", "C1", "A2", "P1", "C8", "C9"));
+    EXPECT_THAT(Words(*InWindow(data, 332), 2, 1), ElementsAre("G", "G1", "G2", "G3", "G4"));
+    EXPECT_THAT(Words(*InWindow(data, 324), 3, 3), ElementsAre("A1", "C1", "A2", "P1", "C8", "C9"));
+    EXPECT_THAT(Words(*InWindow(data, 321), 3, 3), ElementsAre("G1", "G2", "G3", "G4"));
+    EXPECT_THAT(Words(*MakePanelModel(data, 332), 2, 1), ElementsAre("G")) << "the tools list what the analysis names";
+    data.Names(501)->lists[0][0] = "G"; // a fixed word of some lists
+    EXPECT_THAT(Words(*InWindow(data, 332), 2, 1), ElementsAre("G", "G2", "G3", "G1", "G4"));
+    data.Names(501)->lists[0][0] = "G1";
     // Once the analysis names them, its names are those of the bridge; its beams and girders each for themselves.
     data.gridNames.girderNames = {"AG1"};
-    EXPECT_THAT(Words(*MakePanelModel(data, 313), 2, 1), ElementsAre("AG1"));
-    EXPECT_THAT(Words(*MakePanelModel(data, 313), 2, 4), ElementsAre("A1", "C1", "A2", "P1", "C8", "C9"));
+    EXPECT_THAT(Words(*InWindow(data, 313), 2, 1), ElementsAre("AG1"));
+    EXPECT_THAT(Words(*InWindow(data, 313), 2, 4), ElementsAre("A1", "C1", "A2", "P1", "C8", "C9"));
     data.gridNames.swayNames = {"S1", "A1"};
     data.swayNameCount = 1;
-    EXPECT_THAT(Words(*MakePanelModel(data, 313), 2, 4), ElementsAre("S1", "A1"));
+    EXPECT_THAT(Words(*InWindow(data, 313), 2, 4), ElementsAre("S1", "A1"));
     data.gridNames.girderNames = {"", ""}; // a count without names
-    EXPECT_THAT(Words(*MakePanelModel(data, 313), 2, 1), ElementsAre("G1", "G2", "G3", "G4"));
+    EXPECT_THAT(Words(*InWindow(data, 313), 2, 1), ElementsAre("G1", "G2", "G3", "G4"));
 }
 
 TEST(TablePanel, NamesTypedInto523AreOfferedInItsNextRow)
 {
     CSbdData data;
-    const auto panel = MakePanelModel(data, 523);
+    const auto panel = InWindow(data, 523);
     EXPECT_THAT(Words(*panel, 3, 3), ElementsAre());
     Set(*panel, 2, 1, "C1");
     Set(*panel, 2, 2, "C2");
