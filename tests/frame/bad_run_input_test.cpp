@@ -125,7 +125,12 @@ void BadRunInputTest::aHugeReportIsCountedToItsEnd()
     QVERIFY(text.opened && text.cut);
     QVERIFY(time.elapsed() < kPatience);
     const int more = MostMemory() - before;
-    QVERIFY2(more < 200, qPrintable(u"%1 MB more"_s.arg(more)));
+#ifdef __SANITIZE_ADDRESS__   // what is given back is kept for a while
+    constexpr int most = 600; // MB
+#else
+    constexpr int most = 200;
+#endif
+    QVERIFY2(more < most, qPrintable(u"%1 MB more"_s.arg(more)));
     qInfo("%s: %lld ms in all, %d MB more memory", form.constData(), static_cast<long long>(time.elapsed()), more);
 }
 
