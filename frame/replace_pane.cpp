@@ -194,7 +194,7 @@ private:
         default:
             break;
         }
-        const QString note = NoteOf(hit);
+        QString note = NoteOf(hit);
         const auto more = notes_.find(line);
         if (more == notes_.end())
             return note;

@@ -206,6 +206,7 @@ public:
         const auto* cell = dynamic_cast<CCellAccessible*>(cellAt(row, 0));
         if (cell != nullptr)
             grid_.selectRow(cell->Cell().row - 1);
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): QAccessible owns what Child() makes
         return cell != nullptr;
     }
     bool selectColumn(int column) override
@@ -321,6 +322,7 @@ QList<QAccessibleInterface*> CCellAccessible::columnHeaderCells() const
     QList<QAccessibleInterface*> heads;
     if (QAccessibleInterface* head = table_.Child({0, cell_.column}); head != nullptr && cell_.row > 0)
         heads << head;
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): QAccessible owns what Child() makes
     return heads;
 }
 
@@ -329,6 +331,7 @@ QList<QAccessibleInterface*> CCellAccessible::rowHeaderCells() const
     QList<QAccessibleInterface*> numbers;
     if (QAccessibleInterface* number = table_.Child({cell_.row, 0}); number != nullptr && cell_.column > 0)
         numbers << number;
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): QAccessible owns what Child() makes
     return numbers;
 }
 

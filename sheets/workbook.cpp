@@ -361,7 +361,7 @@ FileResult CWorkbook::Save(const std::filesystem::path& path)
     if (error != LXW_NO_ERROR)
         return NotWritten(error, errno);
     std::string bytes;
-    if (const FileResult read = ReadFileBytes(inside_->folder.Path() / "book.xlsx", bytes); !read.Ok())
+    if (FileResult read = ReadFileBytes(inside_->folder.Path() / "book.xlsx", bytes); !read.Ok())
         return read;
     if (!IsWhole(bytes, cells))
         return NotWritten(LXW_NO_ERROR, 0);
