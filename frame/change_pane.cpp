@@ -2,12 +2,10 @@
 
 #include "compare/difference_text.h"
 #include "document/section_doc.h"
-#include "panelmodel/panel_model.h"
-#include "project/option_rows.h"
+#include "frame/cell_lines.h"
 
 #include <QAbstractTableModel>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QTableView>
@@ -15,7 +13,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <map>
 
 namespace sbd {
 
@@ -25,26 +22,8 @@ namespace {
 
 enum Column { Block, Row, CellColumn, Before, After, ColumnCount };
 
-struct ColumnLook {
-    QStringView head;
-    int width; // px at first
-};
-constexpr ColumnLook kColumns[ColumnCount] = {
+constexpr LineColumn kColumns[ColumnCount] = {
     {u"ブロック", 260}, {u"行", 200}, {u"列", 180}, {u"解析の前", 220}, {u"解析の後", 220}};
-
-constexpr qsizetype kLongest = 500; // characters of a text in the list
-
-/// A text of the project on one line.
-QString OneLine(const std::string& text)
-{
-    QString line = toQString(text);
-    if (line.size() > kLongest)
-        line = line.first(kLongest) + u'…';
-    for (QChar& c : line)
-        if (c < u' ')
-            c = u' ';
-    return line.isEmpty() ? u"（空欄）"_s : line;
-}
 
 } // namespace
 
@@ -60,7 +39,7 @@ public:
         beginResetModel();
         changes_ = changes;
         more_ = more;
-        heads_.clear();
+        heads_.Clear();
         endResetModel();
         return true;
     }
@@ -103,11 +82,11 @@ private:
         case CellColumn:
             if (change.kind == ChangeKind::Unseen)
                 return toQString(change.place);
-            return change.column > 0 ? Head(change.block, change.column) : QString();
+            return change.column > 0 ? heads_.At(doc_->Data(), change.block, change.column) : QString();
         case Before:
-            return change.kind == ChangeKind::RowAdded ? u"（行なし）"_s : OneLine(change.before);
+            return change.kind == ChangeKind::RowAdded ? u"（行なし）"_s : TextOnOneLine(change.before);
         default:
-            return change.kind == ChangeKind::RowRemoved ? u"（行なし）"_s : OneLine(change.after);
+            return change.kind == ChangeKind::RowRemoved ? u"（行なし）"_s : TextOnOneLine(change.after);
         }
     }
     [[nodiscard]] static QString RowText(const ShownChange& change)
@@ -119,27 +98,13 @@ private:
             return u"元の %1 行（なくなった）"_s.arg(number);
         if (change.kind == ChangeKind::RowAdded)
             return number + u"（増えた）"_s;
-        const OptionBlock* options = FindOptionBlock(change.block);
-        const std::size_t row = static_cast<std::size_t>(change.row) - 1;
-        return options == nullptr || row >= options->rows.size()
-                   ? number
-                   : number + u' ' + toQString(options->rows[row].panelLabel).simplified();
-    }
-    /// Number and head of a column, in one line.
-    [[nodiscard]] QString Head(int block, int column) const
-    {
-        if (const auto known = heads_.find({block, column}); known != heads_.end())
-            return known->second;
-        const std::unique_ptr<CPanelModel> panel = MakePanelModel(doc_->Data(), block);
-        for (int i = 1; panel != nullptr && i < panel->ColumnCount(); ++i)
-            heads_[{block, i}] = u"%1 %2"_s.arg(i).arg(toQString(panel->Head(i)).simplified()).trimmed();
-        return heads_.try_emplace({block, column}, QString::number(column)).first->second;
+        return RowNumberAndLabel(change.block, change.row);
     }
 
     CKELDSectionDoc* doc_;
     std::vector<ShownChange> changes_;
     std::size_t more_ = 0;
-    mutable std::map<std::pair<int, int>, QString> heads_; // a panel is much to make for one head
+    mutable CColumnHeads heads_;
 };
 
 CChangePane::CChangePane(CKELDSectionDoc* doc, QWidget* parent)
@@ -148,32 +113,13 @@ CChangePane::CChangePane(CKELDSectionDoc* doc, QWidget* parent)
     , count_(new QLabel)
     , lines_(new QTableView)
 {
-    auto* close = new QToolButton;
-    close->setAutoRaise(true);
-    close->setText(u"×"_s);
-    close->setToolTip(tr("一覧を閉じます（セルの色は残ります）"));
-    close->setAccessibleName(tr("閉じる"));
+    QToolButton* close = MakeCloseButton(tr("一覧を閉じます（セルの色は残ります）"));
     auto* top = new QHBoxLayout;
     top->setContentsMargins(4, 2, 2, 2);
     top->addWidget(count_, 1);
     top->addWidget(close);
 
-    lines_->setModel(model_);
-    lines_->setAccessibleName(tr("解析の前と後で違う所"));
-    lines_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    lines_->setSelectionMode(QAbstractItemView::SingleSelection);
-    lines_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    lines_->setTabKeyNavigation(false); // Tab leaves the list
-    lines_->setWordWrap(false);
-    lines_->setAlternatingRowColors(true);
-    lines_->setFrameShape(QFrame::NoFrame);
-    lines_->verticalHeader()->hide();
-    lines_->verticalHeader()->setDefaultSectionSize(lines_->fontMetrics().height() + 6);
-    lines_->horizontalHeader()->setStretchLastSection(true);
-    lines_->horizontalHeader()->setHighlightSections(false);
-    lines_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    for (int column = 0; column < ColumnCount; ++column)
-        lines_->setColumnWidth(column, kColumns[column].width);
+    SetUpLines(*lines_, *model_, kColumns, tr("解析の前と後で違う所"));
     lines_->installEventFilter(this);
 
     auto* layout = new QVBoxLayout(this);

@@ -2,15 +2,14 @@
 
 #include "compare/difference_text.h"
 #include "document/section_doc.h"
+#include "frame/cell_lines.h"
 #include "frame/finding_text.h"
-#include "panelmodel/panel_model.h"
 #include "project/sbd_data.h"
 
 #include <QAbstractTableModel>
 #include <QAction>
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
@@ -21,7 +20,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <map>
 #include <set>
 
 namespace sbd {
@@ -32,11 +30,7 @@ namespace {
 
 enum Column { Weight, Block, Row, CellColumn, Is, Returns, What, ColumnCount };
 
-struct ColumnLook {
-    QStringView head;
-    int width; // px at first
-};
-constexpr ColumnLook kColumns[ColumnCount] = {{u"種別", 80},       {u"ブロック", 200}, {u"行", 90},
+constexpr LineColumn kColumns[ColumnCount] = {{u"種別", 80},       {u"ブロック", 200}, {u"行", 90},
                                               {u"列", 130},        {u"今の値", 110},   {u"開き直した値", 110},
                                               {u"内容と対処", 600}};
 
@@ -48,14 +42,9 @@ constexpr int kOfFile = -2;
 /// The head of a column in one line, as the panel of the block has it at first.
 QString ColumnName(int block, int column)
 {
-    static std::map<std::pair<int, int>, QString> names; // a panel is much to make for one head
-    if (const auto known = names.find({block, column}); known != names.end())
-        return known->second;
+    static CColumnHeads heads;
     static const CSbdData fresh;
-    const std::unique_ptr<CPanelModel> panel = MakePanelModel(fresh, block);
-    const QString head =
-        panel == nullptr || column >= panel->ColumnCount() ? QString() : toQString(panel->Head(column)).simplified();
-    return names[{block, column}] = u"%1 %2"_s.arg(column).arg(head).trimmed();
+    return heads.At(fresh, block, column);
 }
 
 } // namespace
@@ -185,11 +174,7 @@ CFindingPane::CFindingPane(QWidget* parent)
     FillBlocks();
     MakeKinds();
 
-    auto* close = new QToolButton;
-    close->setAutoRaise(true);
-    close->setText(u"×"_s);
-    close->setToolTip(tr("一覧を閉じます"));
-    close->setAccessibleName(tr("閉じる"));
+    QToolButton* close = MakeCloseButton(tr("一覧を閉じます"));
     auto* top = new QHBoxLayout;
     top->setContentsMargins(4, 2, 2, 2);
     top->addWidget(severities_);
@@ -198,22 +183,7 @@ CFindingPane::CFindingPane(QWidget* parent)
     top->addWidget(count_, 1);
     top->addWidget(close);
 
-    lines_->setModel(filtered_);
-    lines_->setAccessibleName(tr("データの指摘"));
-    lines_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    lines_->setSelectionMode(QAbstractItemView::SingleSelection);
-    lines_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    lines_->setTabKeyNavigation(false); // Tab leaves the list
-    lines_->setWordWrap(false);
-    lines_->setAlternatingRowColors(true);
-    lines_->setFrameShape(QFrame::NoFrame);
-    lines_->verticalHeader()->hide();
-    lines_->verticalHeader()->setDefaultSectionSize(lines_->fontMetrics().height() + 6);
-    lines_->horizontalHeader()->setStretchLastSection(true);
-    lines_->horizontalHeader()->setHighlightSections(false);
-    lines_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    for (int column = 0; column < ColumnCount; ++column)
-        lines_->setColumnWidth(column, kColumns[column].width);
+    SetUpLines(*lines_, *filtered_, kColumns, tr("データの指摘"));
     lines_->installEventFilter(this);
 
     auto* layout = new QVBoxLayout(this);

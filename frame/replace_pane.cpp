@@ -2,13 +2,12 @@
 
 #include "compare/difference_text.h"
 #include "document/section_doc.h"
-#include "project/option_rows.h"
+#include "frame/cell_lines.h"
 
 #include <QAbstractTableModel>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -29,25 +28,8 @@ namespace {
 
 enum Column { Block, Row, CellColumn, Before, After, Note, ColumnCount };
 
-struct ColumnLook {
-    QStringView head;
-    int width; // px at first
-};
-constexpr ColumnLook kColumns[ColumnCount] = {{u"ブロック", 230}, {u"行", 90},      {u"列", 150},
+constexpr LineColumn kColumns[ColumnCount] = {{u"ブロック", 230}, {u"行", 90},      {u"列", 150},
                                               {u"今の値", 160},   {u"置換後", 160}, {u"備考", 300}};
-
-constexpr qsizetype kLongest = 300; // characters of a text in the list
-
-QString OneLine(const std::string& text)
-{
-    QString line = toQString(text);
-    if (line.size() > kLongest)
-        line = line.first(kLongest) + u'…';
-    for (QChar& c : line)
-        if (c < u' ')
-            c = u' ';
-    return line.isEmpty() ? u"（空欄）"_s : line;
-}
 
 QString NoteOf(const CellHit& hit)
 {
@@ -100,7 +82,7 @@ public:
         hits_ = std::move(hits);
         notes_ = std::move(notes);
         replaces_ = replaces;
-        heads_.clear();
+        heads_.Clear();
         endResetModel();
     }
     void TickAll(bool tick)
@@ -184,13 +166,13 @@ private:
         case Block:
             return QString::fromStdString(NumberAndTitle(hit.block));
         case Row:
-            return RowText(hit);
+            return RowNumberAndLabel(hit.block, hit.row);
         case CellColumn:
-            return Head(hit.block, hit.column);
+            return heads_.At(doc_->Data(), hit.block, hit.column);
         case Before:
-            return OneLine(hit.before);
+            return TextOnOneLine(hit.before);
         case After:
-            return hit.state == HitState::Free ? OneLine(hit.after) : u"―"_s;
+            return hit.state == HitState::Free ? TextOnOneLine(hit.after) : u"―"_s;
         default:
             break;
         }
@@ -200,32 +182,13 @@ private:
             return note;
         return note.isEmpty() ? more->second : note + u"。"_s + more->second;
     }
-    [[nodiscard]] static QString RowText(const CellHit& hit)
-    {
-        const QString number = QString::number(hit.row);
-        const OptionBlock* options = FindOptionBlock(hit.block);
-        const std::size_t row = static_cast<std::size_t>(hit.row) - 1;
-        return options == nullptr || row >= options->rows.size()
-                   ? number
-                   : number + u' ' + toQString(options->rows[row].panelLabel).simplified();
-    }
-    /// Number and head of a column, in one line.
-    [[nodiscard]] QString Head(int block, int column) const
-    {
-        if (const auto known = heads_.find({block, column}); known != heads_.end())
-            return known->second;
-        const std::unique_ptr<CPanelModel> panel = MakePanelModel(doc_->Data(), block);
-        for (int i = 1; panel != nullptr && i < panel->ColumnCount(); ++i)
-            heads_[{block, i}] = u"%1 %2"_s.arg(i).arg(toQString(panel->Head(i)).simplified()).trimmed();
-        return heads_.try_emplace({block, column}, QString::number(column)).first->second;
-    }
 
     CKELDSectionDoc* doc_;
     std::vector<CellHit> hits_;
     std::map<std::size_t, QString> notes_; // by line
     std::set<Place> off_;
     bool replaces_ = true;
-    mutable std::map<std::pair<int, int>, QString> heads_; // a panel is much to make for one head
+    mutable CColumnHeads heads_;
 };
 
 CReplacePane::CReplacePane(CKELDSectionDoc* doc, QWidget* parent)
@@ -281,11 +244,7 @@ void CReplacePane::MakeTop()
     all_->setTristate(true);
     count_->setTextFormat(Qt::PlainText);
     count_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long text does not widen the window
-    auto* close = new QToolButton;
-    close->setAutoRaise(true);
-    close->setText(u"×"_s);
-    close->setToolTip(tr("閉じます（Esc）"));
-    close->setAccessibleName(tr("閉じる"));
+    QToolButton* close = MakeCloseButton(tr("閉じます（Esc）"));
     connect(close, &QToolButton::clicked, this, &CReplacePane::closeWanted);
     auto* previous = new QPushButton(tr("前へ"));
     auto* next = new QPushButton(tr("次へ(&N)"));
@@ -323,22 +282,7 @@ void CReplacePane::MakeTop()
 
 void CReplacePane::MakeLines()
 {
-    lines_->setModel(model_);
-    lines_->setAccessibleName(tr("見つかったセル"));
-    lines_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    lines_->setSelectionMode(QAbstractItemView::SingleSelection);
-    lines_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    lines_->setTabKeyNavigation(false); // Tab leaves the list
-    lines_->setWordWrap(false);
-    lines_->setAlternatingRowColors(true);
-    lines_->setFrameShape(QFrame::NoFrame);
-    lines_->verticalHeader()->hide();
-    lines_->verticalHeader()->setDefaultSectionSize(lines_->fontMetrics().height() + 6);
-    lines_->horizontalHeader()->setStretchLastSection(true);
-    lines_->horizontalHeader()->setHighlightSections(false);
-    lines_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    for (int column = 0; column < ColumnCount; ++column)
-        lines_->setColumnWidth(column, kColumns[column].width);
+    SetUpLines(*lines_, *model_, kColumns, tr("見つかったセル"));
     lines_->installEventFilter(this);
     connect(lines_, &QTableView::doubleClicked, this,
             [this](const QModelIndex& index) { emit wanted(static_cast<std::size_t>(index.row())); });
