@@ -19,6 +19,7 @@ mkdir -p build
 step "packages" scripts/setup.sh dev
 step "includes follow the arrows" scripts/check-includes.sh
 step "no value follows the locale" scripts/check-locale.sh
+step "classes are named alike" scripts/check-names.sh
 step "sources are laid out alike" scripts/check-format.sh
 step "build with windows (dev)" build_preset dev
 step "tests (dev)" test_preset dev

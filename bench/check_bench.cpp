@@ -8,6 +8,7 @@
 #include "sbdfile/project_file.h"
 #include "sbdfile/reader.h"
 #include "sbdfile/writer.h"
+#include "tests/surroundings.h"
 
 namespace sbd::bench {
 
@@ -27,7 +28,7 @@ const CSbdData& ProjectOf(const benchmark::State& state)
         return ProjectOfMegabytes(static_cast<std::size_t>(state.range(0))).data;
     static const CSbdData sample = [] {
         CSbdData data;
-        const std::filesystem::path path = std::filesystem::path(EXAMPLES_DIR) / "plate4" / "plate4.sbd";
+        const std::filesystem::path path = std::filesystem::path(test::ExamplesFolder()) / "plate4" / "plate4.sbd";
         static_cast<void>(LoadProject(path, NamesFileBeside(path), data));
         return data;
     }();
@@ -75,7 +76,7 @@ void ReadBackOfOneEdit(benchmark::State& state)
     CSbdData data = ProjectOf(state);
     CReadBack back;
     back.Reset(data);
-    ColumnVector& cells = data.Table(kBlock)->columns[5];
+    CColumnVector& cells = data.Table(kBlock)->columns[5];
     bool divided = false;
     Measure(state, editTimes, [&] {
         divided = !divided;

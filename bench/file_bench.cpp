@@ -47,7 +47,7 @@ std::string AppendCells(const CSbdData& data)
         if (table == nullptr)
             continue;
         for (std::size_t row = 0; row < table->RowCount(); ++row) {
-            for (const ColumnVector& column : table->columns)
+            for (const CColumnVector& column : table->columns)
                 out.append(column[row]);
             out.append("\r\n");
         }

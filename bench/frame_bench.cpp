@@ -6,6 +6,7 @@
 #include "frame/child_frame.h"
 #include "frame/left_view.h"
 #include "frame/main_frame.h"
+#include "tests/surroundings.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -167,7 +168,7 @@ public:
 private:
     CKELDSectionDoc* Load()
     {
-        if (!doc_.OpenDocument(QStringLiteral(EXAMPLES_DIR "/plate4/plate4.sbd")).Ok())
+        if (!doc_.OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/plate4.sbd"_s).Ok())
             qFatal("the example project cannot be read");
         return &doc_;
     }

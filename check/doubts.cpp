@@ -43,7 +43,7 @@ public:
             Take(list, other);
         Take(data.stringerNames, other);
         const TableBlock& webs = *data.Table(305);
-        for (const ColumnVector& column : webs.columns)
+        for (const CColumnVector& column : webs.columns)
             for (std::size_t row = 0; row < column.size(); ++row)
                 all_.insert(column[row]);
     }

@@ -31,7 +31,7 @@ std::string Worded(std::string_view reason)
 }
 
 /// Findings at their places, each once: many girders leave out a row for the same reason.
-class CGathered {
+class Gathered {
 public:
     void Add(const BridgeDrawing& drawing)
     {
@@ -88,7 +88,7 @@ bool IsDrawn(int block)
 
 FindingList DrawingDoubts(const CSbdData& data, const AnalysisResults& results)
 {
-    CGathered gathered;
+    Gathered gathered;
     const GridNames& names = data.gridNames;
     if (names.girderNames.empty() || names.swayNames.size() < 2)
         return gathered.Take();

@@ -74,7 +74,7 @@ EncodingGuess GuessEncoding(std::string_view bytes)
     EncodingGuess guess;
     std::size_t utf8Lines = 0;
     std::size_t otherLines = 0;
-    LineReader lines(bytes);
+    CLineReader lines(bytes);
     std::string_view line;
     while (lines.Next(line)) {
         if (IsAscii(line))

@@ -131,7 +131,7 @@ std::string TextOf(FindingKind kind, std::string_view line)
     return Quoted(line) + ": " + std::string(std::ranges::find(kSentences, kind, &Sentence::kind)->text);
 }
 
-class Follower : public ReadObserver {
+class Follower : public CReadObserver {
 public:
     /// Lines for which `isForeign` holds are not judged: their words are no words.
     Follower(FindingList& findings, const std::set<std::size_t>& foreignLines)
@@ -319,7 +319,7 @@ std::string_view NoProjectText(std::string_view bytes, const EncodingGuess& gues
 std::set<std::size_t> Utf8Lines(std::string_view bytes)
 {
     std::set<std::size_t> numbers;
-    LineReader lines(bytes);
+    CLineReader lines(bytes);
     std::string_view line;
     while (lines.Next(line))
         if (IsUtf8Line(line))

@@ -150,7 +150,7 @@ void CReadBack::Reset(const CSbdData& data)
     cells_.clear();
     for (const int block : ShownBlocks())
         if (const TableBlock* table = data.Table(block))
-            if (std::vector<int> rows = RowScreen(block).Doubtful(*table); !rows.empty())
+            if (std::vector<int> rows = CRowScreen(block).Doubtful(*table); !rows.empty())
                 doubtful_[block] = std::move(rows);
     const std::span<const int> all = ShownBlocks();
     LookAt(data, {all.begin(), all.end()});
@@ -165,7 +165,7 @@ void CReadBack::Update(const CSbdData& data, std::span<const ChangedRow> changed
         if (table == nullptr)
             continue;
         std::vector<int>& rows = doubtful_[change.block];
-        const RowScreen screen(change.block);
+        const CRowScreen screen(change.block);
         if (change.row < 0 || static_cast<std::size_t>(change.row) >= table->RowCount()) {
             rows = screen.Doubtful(*table);
             continue;

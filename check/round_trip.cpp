@@ -14,7 +14,7 @@ namespace {
 
 /// Follows the reader through a text of the writer's: which line became which row, and whether each section ends where
 /// it was written to end.
-class TraceFollower : public ReadObserver {
+class TraceFollower : public CReadObserver {
 public:
     TraceFollower(const WriteTrace& trace, std::map<int, std::vector<int>>& returned)
         : trace_(trace)

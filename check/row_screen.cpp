@@ -61,14 +61,14 @@ constexpr LineWord kLineWords[] = {
 
 } // namespace
 
-RowScreen::RowScreen(int block) : block_(block)
+CRowScreen::CRowScreen(int block) : block_(block)
 {
     const SectionLayout* layout = FindSectionLayout(block);
     if (layout != nullptr && !layout->formats.empty())
         fields_ = layout->formats.back().fields.size();
 }
 
-bool RowScreen::PassesFirst(std::string_view cell) const
+bool CRowScreen::PassesFirst(std::string_view cell) const
 {
     if (cell.empty() || cell.starts_with('!') || cell.starts_with("[E"))
         return false;
@@ -78,7 +78,7 @@ bool RowScreen::PassesFirst(std::string_view cell) const
         kLineWords, [&](const LineWord& line) { return line.block == block_ && cell.starts_with(line.word); });
 }
 
-bool RowScreen::Passes(const TableBlock& table, std::size_t row) const
+bool CRowScreen::Passes(const TableBlock& table, std::size_t row) const
 {
     // The marks of a camber row are taken away, and a row of the old layout of 331 is moved: rare, so not judged here.
     if (block_ == 259 || (block_ == 331 && table.columns[10][row].empty()))
@@ -104,7 +104,7 @@ bool RowScreen::Passes(const TableBlock& table, std::size_t row) const
     return true;
 }
 
-std::vector<int> RowScreen::Doubtful(const TableBlock& table) const
+std::vector<int> CRowScreen::Doubtful(const TableBlock& table) const
 {
     std::vector<int> rows;
     for (std::size_t row = 0; row < table.RowCount(); ++row)

@@ -11,9 +11,9 @@ struct TableBlock;
 struct SectionLayout;
 
 /// Judges the rows of one block by their texts alone. What it passes comes back as it is; what it does not pass may.
-class RowScreen {
+class CRowScreen {
 public:
-    explicit RowScreen(int block);
+    explicit CRowScreen(int block);
 
     [[nodiscard]] bool Passes(const TableBlock& table, std::size_t row) const;
     /// The rows that it does not pass, ascending.

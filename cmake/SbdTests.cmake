@@ -8,13 +8,21 @@ if(BUILD_TESTING)
     endif()
 endif()
 
-# What every test may know about its surroundings, as string literals.
+# What every test may know about its surroundings (tests/surroundings.h).
+set(SBD_ENGINE_FOLDER "${PROJECT_BINARY_DIR}/tests/engines")
 function(sbd_test_surroundings target)
-    target_compile_definitions(${target} PRIVATE
-        TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data"
-        EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples")
+    if(NOT TARGET sbd_surroundings)
+        add_library(sbd_surroundings OBJECT "${PROJECT_SOURCE_DIR}/tests/surroundings.cpp")
+        target_include_directories(sbd_surroundings PRIVATE "${PROJECT_SOURCE_DIR}")
+        target_link_libraries(sbd_surroundings PRIVATE sbd_flags)
+        target_compile_definitions(sbd_surroundings PRIVATE
+            TEST_DATA_DIR="${PROJECT_SOURCE_DIR}/tests/data"
+            EXAMPLES_DIR="${PROJECT_SOURCE_DIR}/examples"
+            ENGINE_FOLDER="${SBD_ENGINE_FOLDER}"
+            SBDTOOL="$<TARGET_FILE:sbdtool>")
+    endif()
+    target_link_libraries(${target} PRIVATE $<TARGET_OBJECTS:sbd_surroundings>)
     if(TARGET sbdtool)
-        target_compile_definitions(${target} PRIVATE SBDTOOL="$<TARGET_FILE:sbdtool>")
         add_dependencies(${target} sbdtool)
     endif()
 endfunction()

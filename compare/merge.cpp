@@ -235,7 +235,7 @@ void MergeTable(int block, const CSbdData& base, const CSbdData& ours, const CSb
     const Rows ourRows = TableRows(*ours.Table(block));
     const Rows theirRows = TableRows(their);
     const std::vector<MergedRow> merged = RowMerge(block, false, baseRows, ourRows, theirRows, result).Run();
-    for (ColumnVector& column : table.columns)
+    for (CColumnVector& column : table.columns)
         column.Clear();
     for (const MergedRow& row : merged)
         table.AppendRow(std::vector<std::string_view>(row.cells.begin(), row.cells.end()));

@@ -183,7 +183,7 @@ Rows TableRows(const TableBlock& table)
 {
     Rows rows(table.RowCount());
     for (std::size_t row = 0; row < rows.size(); ++row)
-        for (const ColumnVector& column : table.columns)
+        for (const CColumnVector& column : table.columns)
             rows[row].emplace_back(column[row]);
     return rows;
 }

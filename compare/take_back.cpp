@@ -44,7 +44,7 @@ int RowBefore(const Difference& difference)
 std::vector<std::string> CellsOf(const TableBlock& table, std::size_t row)
 {
     std::vector<std::string> cells;
-    for (const ColumnVector& column : table.columns)
+    for (const CColumnVector& column : table.columns)
         cells.emplace_back(column[row]);
     return cells;
 }

@@ -52,8 +52,8 @@ using Section = std::pair<int, std::string>;
 std::set<Section> SectionsWithRows(std::string_view bytes)
 {
     std::set<Section> filled;
-    LineReader lines(bytes);
-    LineCleaner cleaner;
+    CLineReader lines(bytes);
+    CLineCleaner cleaner;
     bool inside = false;
     Section section;
     std::string_view raw;

@@ -26,8 +26,8 @@ struct DocumentHooks {
     std::function<bool(const QString& project)> keepReplaced = {};
 };
 
-/// NewDocumentSteps over a document and its lock.
-class CDocumentSteps final : public NewDocumentSteps {
+/// CNewDocumentSteps over a document and its lock.
+class CDocumentSteps final : public CNewDocumentSteps {
 public:
     CDocumentSteps(CKELDSectionDoc& doc, CProjectLock& lock, DocumentHooks hooks);
 

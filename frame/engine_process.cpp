@@ -92,12 +92,12 @@ void Start(QProcess& process)
 }
 
 /// An engine and what it has started.
-class CEngineFamily {
+class EngineFamily {
 public:
-    explicit CEngineFamily(const QProcess& engine);
-    ~CEngineFamily();
-    CEngineFamily(const CEngineFamily&) = delete;
-    CEngineFamily& operator=(const CEngineFamily&) = delete;
+    explicit EngineFamily(const QProcess& engine);
+    ~EngineFamily();
+    EngineFamily(const EngineFamily&) = delete;
+    EngineFamily& operator=(const EngineFamily&) = delete;
 
     /// Ends them all.
     void End();
@@ -117,7 +117,7 @@ private:
 
 #ifdef Q_OS_WIN
 
-CEngineFamily::CEngineFamily(const QProcess& engine) : job_(CreateJobObjectW(nullptr, nullptr))
+EngineFamily::EngineFamily(const QProcess& engine) : job_(CreateJobObjectW(nullptr, nullptr))
 {
     const HANDLE process =
         OpenProcess(PROCESS_SET_QUOTA | PROCESS_TERMINATE, FALSE, static_cast<DWORD>(engine.processId()));
@@ -127,18 +127,18 @@ CEngineFamily::CEngineFamily(const QProcess& engine) : job_(CreateJobObjectW(nul
     CloseHandle(process);
 }
 
-CEngineFamily::~CEngineFamily()
+EngineFamily::~EngineFamily()
 {
     if (job_ != nullptr)
         CloseHandle(job_); // ends nobody
 }
 
-void CEngineFamily::End()
+void EngineFamily::End()
 {
     TerminateJobObject(job_, 1);
 }
 
-bool CEngineFamily::IsEnding()
+bool EngineFamily::IsEnding()
 {
     JOBOBJECT_BASIC_ACCOUNTING_INFORMATION about{};
     return job_ != nullptr
@@ -148,30 +148,30 @@ bool CEngineFamily::IsEnding()
 
 #else
 
-CEngineFamily::CEngineFamily(const QProcess& engine) : group_(static_cast<pid_t>(engine.processId()))
+EngineFamily::EngineFamily(const QProcess& engine) : group_(static_cast<pid_t>(engine.processId()))
 {
     patience_.setSingleShot(true);
     QObject::connect(&patience_, &QTimer::timeout, &patience_, [this] { Kill(); });
 }
 
-CEngineFamily::~CEngineFamily()
+EngineFamily::~EngineFamily()
 {
     if (patience_.isActive())
         Kill(); // the engine has ended, its children may not have
 }
 
-void CEngineFamily::Kill()
+void EngineFamily::Kill()
 {
     ::kill(-group_, SIGKILL);
 }
 
-void CEngineFamily::End()
+void EngineFamily::End()
 {
     ::kill(-group_, SIGTERM);
     patience_.start(kPatience);
 }
 
-bool CEngineFamily::IsEnding()
+bool EngineFamily::IsEnding()
 {
     return patience_.isActive() && ::kill(-group_, 0) == 0;
 }
@@ -179,7 +179,7 @@ bool CEngineFamily::IsEnding()
 #endif
 
 /// The children of an engine that was told to end may still write. The window stands meanwhile.
-void WaitForChildren(CEngineFamily& family)
+void WaitForChildren(EngineFamily& family)
 {
     constexpr int again = 50; // ms
     const QDeadlineTimer deadline(kPatience);
@@ -209,7 +209,7 @@ EngineEnd RunEngineProcess(QWidget* parent, const EngineStart& start)
     if (!process.waitForStarted(-1))
         return end;
     end.started = true;
-    CEngineFamily family(process);
+    EngineFamily family(process);
 
     // The parent may go while the engine runs, and takes the window with it.
     const QPointer<CEngineWindow> window = new CEngineWindow(start, std::move(report), parent);

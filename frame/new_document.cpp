@@ -54,7 +54,7 @@ bool RunsAtOnce(int choice)
     return choice == kRunWithAnalysis || choice == kRunWithUcGrid;
 }
 
-bool RunStep(NewProjectStep step, const QString& base, int girderType, NewDocumentSteps& steps)
+bool RunStep(NewProjectStep step, const QString& base, int girderType, CNewDocumentSteps& steps)
 {
     const QString project = base + u".sbd"_s;
     switch (step) {
@@ -85,7 +85,7 @@ bool RunStep(NewProjectStep step, const QString& base, int girderType, NewDocume
 }
 
 /// What becomes of a flow whose run did not bring the project back.
-bool AfterFailedRun(NewProjectSituation situation, const QString& base, NewDocumentSteps& steps)
+bool AfterFailedRun(NewProjectSituation situation, const QString& base, CNewDocumentSteps& steps)
 {
     // The document was saved before the run, or else it is still empty while its project is full: the next save
     // would wipe that out.
@@ -130,7 +130,7 @@ QString OldResultsQuestion(const QString& project)
     return QDir::toNativeSeparators(project) + u"\n古い自動設計結果があります,廃棄しますか？"_s;
 }
 
-bool CNewDocumentFlow::OnNewDocument(NewDocumentSteps& steps)
+bool CNewDocumentFlow::OnNewDocument(CNewDocumentSteps& steps)
 {
     if (skipChooser) {
         skipChooser = false;
@@ -144,7 +144,7 @@ bool CNewDocumentFlow::OnNewDocument(NewDocumentSteps& steps)
     return BeginFromFile(choice, steps);
 }
 
-bool CNewDocumentFlow::BeginFromFile(const StartChoice& choice, NewDocumentSteps& steps) const
+bool CNewDocumentFlow::BeginFromFile(const StartChoice& choice, CNewDocumentSteps& steps) const
 {
     const QString chosen = prompts_.openFileName(NewProjectFilters(choice.choice));
     if (chosen.isEmpty())

@@ -12,9 +12,9 @@
 namespace sbd {
 
 /// What the flow does with the new document. A step that gives false has told the user why.
-class NewDocumentSteps {
+class CNewDocumentSteps {
 public:
-    virtual ~NewDocumentSteps() = default;
+    virtual ~CNewDocumentSteps() = default;
 
     /// Writes the document, as it is, as the project file.
     virtual bool SaveDocument(const QString& project) = 0;
@@ -95,13 +95,13 @@ public:
 
     /// Fills a document that has just been made. False: the document is given up. A step that fails ends the flow: the
     /// document must not stand for a file that it was not saved to or read from.
-    [[nodiscard]] bool OnNewDocument(NewDocumentSteps& steps);
+    [[nodiscard]] bool OnNewDocument(CNewDocumentSteps& steps);
 
     /// The next document comes up empty, without the chooser: the first one of the program.
     bool skipChooser = true;
 
 private:
-    [[nodiscard]] bool BeginFromFile(const StartChoice& choice, NewDocumentSteps& steps) const;
+    [[nodiscard]] bool BeginFromFile(const StartChoice& choice, CNewDocumentSteps& steps) const;
 
     NewDocumentPrompts prompts_;
 };

@@ -73,9 +73,9 @@ char LowerCase(char c)
 }
 
 /// Counts by words; a number that the report gives itself is the better one.
-class CWordCount {
+class WordCount {
 public:
-    explicit CWordCount(ReportWord word) : word_(std::move(word)) {}
+    explicit WordCount(ReportWord word) : word_(std::move(word)) {}
 
     void Add(std::string_view bytes)
     {
@@ -107,7 +107,7 @@ private:
     std::optional<int> told_;
 };
 
-class CReportCounter {
+class ReportCounter {
 public:
     void Add(std::string_view line)
     {
@@ -121,8 +121,8 @@ private:
     {
         return {english, japanese, fromQString(japanese).value_or(std::string())};
     }
-    CWordCount errors_{Word(u"error"_s, u"エラー"_s)};
-    CWordCount warnings_{Word(u"warning"_s, u"警告"_s)};
+    WordCount errors_{Word(u"error"_s, u"エラー"_s)};
+    WordCount warnings_{Word(u"warning"_s, u"警告"_s)};
 };
 
 } // namespace
@@ -184,7 +184,7 @@ ReportCount CountReport(const QString& path)
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QFile::ReadOnly))
         return {};
-    CReportCounter counter;
+    ReportCounter counter;
     QByteArray bytes; // from the begin of a line
     for (qint64 left = file.size(); left > 0;) {
         const QByteArray next = file.read(std::min(left, piece));
@@ -207,7 +207,7 @@ ReportCount CountReport(const QString& path)
 
 ReportCount CountReport(const std::vector<std::string>& lines)
 {
-    CReportCounter counter;
+    ReportCounter counter;
     for (const std::string& line : lines)
         counter.Add(line);
     return counter.Count();

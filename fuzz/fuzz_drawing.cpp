@@ -59,9 +59,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     sbd::CSbdData data;
     sbd::ReadProject(parts.project, data);
     sbd::AnalysisResults results;
-    sbd::MemorySource model(parts.results);
+    sbd::CMemorySource model(parts.results);
     static_cast<void>(results.model.Read(model));
-    sbd::MemorySource nodes(parts.results.subspan(parts.results.size() / 2));
+    sbd::CMemorySource nodes(parts.results.subspan(parts.results.size() / 2));
     static_cast<void>(results.nodeTable.Read(nodes));
     results.displacement.values.assign(std::min<std::size_t>(parts.results.size(), 64), 0.01);
     for (const sbd::AnalysisResults& each : {sbd::AnalysisResults(), results}) {

@@ -43,7 +43,7 @@ private:
 template <typename Record>
 void ReadPiece(Input& input, Record& record)
 {
-    sbd::MemorySource source(input.Piece());
+    sbd::CMemorySource source(input.Piece());
     static_cast<void>(record.Read(source));
 }
 

@@ -13,7 +13,7 @@ using sbd::fuzz::Require;
 template <typename Record>
 Record Read(std::span<const std::byte> bytes)
 {
-    sbd::MemorySource source(bytes);
+    sbd::CMemorySource source(bytes);
     Record record;
     static_cast<void>(record.Read(source));
     return record;

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// A document of which only the text counts: nothing that it names is fetched.
-class CTextOnly : public QTextDocument {
+class TextOnly : public QTextDocument {
 protected:
     QVariant loadResource(int, const QUrl&) override { return {}; }
 };
@@ -26,7 +26,7 @@ std::optional<QList<QStringList>> TableIn(const QString& html)
     constexpr qsizetype most = 32 * 1024 * 1024; // characters
     if (html.size() > most || !html.contains(u"<table"_s, Qt::CaseInsensitive))
         return std::nullopt;
-    CTextOnly page;
+    TextOnly page;
     page.setHtml(html);
     const QTextTable* found = nullptr;
     for (QTextFrame* frame : page.rootFrame()->childFrames())

@@ -14,14 +14,14 @@ namespace sbd {
 
 namespace {
 
-class CGridAccessible;
+class GridAccessible;
 
 /// A cell, a head of a column (row 0), a number of a row (column 0), or the corner.
-class CCellAccessible : public QAccessibleInterface,
-                        public QAccessibleTableCellInterface,
-                        public QAccessibleActionInterface {
+class CellAccessible : public QAccessibleInterface,
+                       public QAccessibleTableCellInterface,
+                       public QAccessibleActionInterface {
 public:
-    CCellAccessible(CGridAccessible& table, GridCell cell) : table_(table), cell_(cell) {}
+    CellAccessible(GridAccessible& table, GridCell cell) : table_(table), cell_(cell) {}
 
     [[nodiscard]] GridCell Cell() const { return cell_; }
 
@@ -62,16 +62,16 @@ public:
 private:
     [[nodiscard]] bool IsCell() const { return cell_.row > 0 && cell_.column > 0; }
 
-    CGridAccessible& table_;
+    GridAccessible& table_;
     GridCell cell_;
 };
 
 /// A table whose rows are those in sight. Its children are numbered as the view numbers them when it tells of one: row
 /// by row, heads and row numbers among them, rows out of sight too; such a row's cells say that they are not seen.
-class CGridAccessible : public QAccessibleWidget, public QAccessibleTableInterface {
+class GridAccessible : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
-    explicit CGridAccessible(CGridCtrl& grid) : QAccessibleWidget(&grid, QAccessible::Table), grid_(grid) {}
-    ~CGridAccessible() override { Forget(); }
+    explicit GridAccessible(CGridCtrl& grid) : QAccessibleWidget(&grid, QAccessible::Table), grid_(grid) {}
+    ~GridAccessible() override { Forget(); }
 
     [[nodiscard]] CGridCtrl& Grid() const { return grid_; }
     [[nodiscard]] const CGridSource* Source() const { return grid_.Source(); }
@@ -100,7 +100,7 @@ public:
         if (const auto made = made_.find(place); made != made_.end())
             if (QAccessibleInterface* child = QAccessible::accessibleInterface(made->second))
                 return child;
-        auto* child = new CCellAccessible(const_cast<CGridAccessible&>(*this), cell);
+        auto* child = new CellAccessible(const_cast<GridAccessible&>(*this), cell);
         made_[place] = QAccessible::registerAccessibleInterface(child);
         return child;
     }
@@ -118,7 +118,7 @@ public:
     }
     [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override
     {
-        const auto* cell = dynamic_cast<const CCellAccessible*>(child);
+        const auto* cell = dynamic_cast<const CellAccessible*>(child);
         return cell != nullptr ? PlaceOf(cell->Cell()) : -1;
     }
     [[nodiscard]] QAccessibleInterface* childAt(int x, int y) const override
@@ -163,7 +163,7 @@ public:
     }
     [[nodiscard]] QString rowDescription(int row) const override
     {
-        const auto* cell = dynamic_cast<CCellAccessible*>(cellAt(row, 0));
+        const auto* cell = dynamic_cast<CellAccessible*>(cellAt(row, 0));
         return cell != nullptr ? Source()->RowNumber(cell->Cell().row) : QString();
     }
 
@@ -203,7 +203,7 @@ public:
     [[nodiscard]] bool isRowSelected(int row) const override { return selectedRows().contains(row); }
     bool selectRow(int row) override
     {
-        const auto* cell = dynamic_cast<CCellAccessible*>(cellAt(row, 0));
+        const auto* cell = dynamic_cast<CellAccessible*>(cellAt(row, 0));
         if (cell != nullptr)
             grid_.selectRow(cell->Cell().row - 1);
         // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): QAccessible owns what Child() makes
@@ -227,22 +227,22 @@ private:
     mutable std::map<int, QAccessible::Id> made_; // by place
 };
 
-bool CCellAccessible::isValid() const
+bool CellAccessible::isValid() const
 {
     return table_.isValid() && table_.IsInside(cell_);
 }
 
-QAccessibleInterface* CCellAccessible::parent() const
+QAccessibleInterface* CellAccessible::parent() const
 {
     return &table_;
 }
 
-QAccessibleInterface* CCellAccessible::table() const
+QAccessibleInterface* CellAccessible::table() const
 {
     return &table_;
 }
 
-QString CCellAccessible::text(QAccessible::Text what) const
+QString CellAccessible::text(QAccessible::Text what) const
 {
     if (!isValid())
         return {};
@@ -261,7 +261,7 @@ QString CCellAccessible::text(QAccessible::Text what) const
     return cell_.row == 0 ? HeadOnOneLine(source.Head(cell_.column, 0)) : source.RowNumber(cell_.row);
 }
 
-QRect CCellAccessible::rect() const
+QRect CellAccessible::rect() const
 {
     if (!isValid())
         return {};
@@ -281,14 +281,14 @@ QRect CCellAccessible::rect() const
     return place;
 }
 
-QAccessible::Role CCellAccessible::role() const
+QAccessible::Role CellAccessible::role() const
 {
     if (IsCell())
         return QAccessible::Cell;
     return cell_.row == 0 ? QAccessible::ColumnHeader : QAccessible::RowHeader;
 }
 
-QAccessible::State CCellAccessible::state() const
+QAccessible::State CellAccessible::state() const
 {
     QAccessible::State state;
     if (!isValid()) {
@@ -310,14 +310,14 @@ QAccessible::State CCellAccessible::state() const
     return state;
 }
 
-bool CCellAccessible::isSelected() const
+bool CellAccessible::isSelected() const
 {
     const GridRange range = table_.Grid().SelectedRange();
     return cell_.row >= range.top && cell_.row <= range.bottom && cell_.column >= range.left
            && cell_.column <= range.right;
 }
 
-QList<QAccessibleInterface*> CCellAccessible::columnHeaderCells() const
+QList<QAccessibleInterface*> CellAccessible::columnHeaderCells() const
 {
     QList<QAccessibleInterface*> heads;
     if (QAccessibleInterface* head = table_.Child({0, cell_.column}); head != nullptr && cell_.row > 0)
@@ -326,7 +326,7 @@ QList<QAccessibleInterface*> CCellAccessible::columnHeaderCells() const
     return heads;
 }
 
-QList<QAccessibleInterface*> CCellAccessible::rowHeaderCells() const
+QList<QAccessibleInterface*> CellAccessible::rowHeaderCells() const
 {
     QList<QAccessibleInterface*> numbers;
     if (QAccessibleInterface* number = table_.Child({cell_.row, 0}); number != nullptr && cell_.column > 0)
@@ -335,17 +335,17 @@ QList<QAccessibleInterface*> CCellAccessible::rowHeaderCells() const
     return numbers;
 }
 
-int CCellAccessible::rowIndex() const
+int CellAccessible::rowIndex() const
 {
     return cell_.row == 0 ? -1 : table_.SeenAhead(cell_.row);
 }
 
-QStringList CCellAccessible::actionNames() const
+QStringList CellAccessible::actionNames() const
 {
     return isValid() && IsCell() ? QStringList{setFocusAction()} : QStringList();
 }
 
-void CCellAccessible::doAction(const QString& name)
+void CellAccessible::doAction(const QString& name)
 {
     if (name == setFocusAction() && isValid() && IsCell() && table_.IsSeen(cell_.row))
         table_.Grid().SetFocusCell(cell_.row, cell_.column);
@@ -354,7 +354,7 @@ void CCellAccessible::doAction(const QString& name)
 QAccessibleInterface* MakeAccessible(const QString&, QObject* object)
 {
     auto* grid = qobject_cast<CGridCtrl*>(object);
-    return grid != nullptr ? new CGridAccessible(*grid) : nullptr;
+    return grid != nullptr ? new GridAccessible(*grid) : nullptr;
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 
 namespace sbd {
 
-/// From now on the grids tell screen readers of themselves as told in CGridAccessible. Once is enough.
+/// From now on the grids tell screen readers of themselves as told in GridAccessible. Once is enough.
 void TellScreenReaders();
 
 } // namespace sbd

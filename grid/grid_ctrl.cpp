@@ -233,6 +233,8 @@ void CGridCtrl::currentChanged(const QModelIndex& current, const QModelIndex& pr
 bool CGridCtrl::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
 {
     const bool editing = IsEditing();
+    if (!editing && index.isValid()) // the first cell of a long selection may be out of sight
+        scrollTo(index);
     const bool opened = QTableView::edit(index, trigger, event);
     if (opened && !editing) {
         typing_ = trigger == AnyKeyPressed;

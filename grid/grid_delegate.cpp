@@ -225,9 +225,17 @@ QWidget* CGridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
     return editor;
 }
 
+/// Marks that arrive, and changes elsewhere in the table, tell the view that its cells are new, and the toolkit gives an open
+/// editor the stored text again. A text that the user has touched is his; one that he has not follows its cell.
 void CGridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
 {
-    SetEditorText(editor, index.data(Qt::EditRole).toString());
+    constexpr char givenText[] = "givenText";
+    const QString stored = index.data(Qt::EditRole).toString();
+    const QVariant given = editor->property(givenText);
+    if (given.isValid() && (given == stored || EditorText(editor) != given.toString()))
+        return;
+    editor->setProperty(givenText, stored);
+    SetEditorText(editor, stored);
     if (QLineEdit* line = EditorLine(editor))
         line->selectAll();
 }

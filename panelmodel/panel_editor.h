@@ -1,11 +1,11 @@
-// Editing of a panel in steps that can be taken back: cells, clipboard, rows.
+// Editing of a panel, one command at a time: cells, clipboard, rows.
 #pragma once
 
 #include "panelmodel/panel_model.h"
 
-#include <deque>
+#include <optional>
 #include <span>
-#include <variant>
+#include <vector>
 
 namespace sbd {
 
@@ -30,12 +30,6 @@ struct CellEntry {
     CellPlace place;
     std::string text;
     friend bool operator==(const CellEntry&, const CellEntry&) = default;
-};
-
-/// What one undo did: where (column 0: in none of them), and what to show again.
-struct UndoOutcome {
-    CellPlace place;
-    CellEffect effect = CellEffect::None;
 };
 
 /// A cell of a clipboard text that holds this byte leaves its place in the grid as it is (the control character
@@ -90,8 +84,8 @@ struct EditDone {
 /// `text` as a cell can hold it: a row of the file is one line, so control characters become blanks.
 [[nodiscard]] std::string CellLine(std::string_view text);
 
-/// Carries out what the user does in a panel. Keeps the last 1024 steps of the panel's life; a step is what one
-/// command did, however many cells it touched.
+/// Carries out what the user does in a panel, and tells what it was (`Done`): one step of the project's history, however many
+/// cells it touched.
 class CPanelEditor {
 public:
     explicit CPanelEditor(CPanelModel& model);
@@ -129,9 +123,6 @@ public:
     [[nodiscard]] bool IsHidden(int row) const;
     [[nodiscard]] bool HidesRows() const { return !hidden_.empty(); }
 
-    [[nodiscard]] bool CanUndo() const { return !steps_.empty(); }
-    std::optional<UndoOutcome> Undo();
-
     /// The last command that changed a cell or a row, until it is taken; nothing if there was none.
     [[nodiscard]] const std::optional<EditDone>& Done() const { return done_; }
     void ForgetDone() { done_.reset(); }
@@ -147,44 +138,29 @@ public:
     bool DuplicateRows(int row, int rows = 1);
 
 private:
-    struct CellBefore {
-        CellPlace place;
-        std::string text;
-    };
-    struct MovedRow {
-        int from = 0;
-        int to = 0;
-    };
-    struct RemovedRow {
-        int row = 0;
-        std::vector<std::string> cells;
-    };
-    using Change = std::variant<CellBefore, MovedRow, RemovedRow>;
     struct Step {
-        std::vector<Change> changes; // in their order
-        CellPlace place;             // of the first; column 0: a row
+        int changes = 0; // of cells and rows
+        CellPlace place; // of the first; column 0: a row
         int rowAfter = 0;
         int addedRows = 0; // at the end of the grid
     };
 
     void PutPasted(Step& step, CellPlace place, const std::string& text, PasteOutcome& outcome);
     void PutFilled(Step& step, CellPlace from, CellPlace to, PasteOutcome& outcome);
-    PasteOutcome KeepFill(EditCommand command, Step step, PasteOutcome outcome);
+    PasteOutcome KeepFill(EditCommand command, const Step& step, PasteOutcome outcome);
     void FillLine(Step& step, const std::vector<CellPlace>& line, std::size_t first, std::size_t last, FillOn how,
                   PasteOutcome& outcome);
     [[nodiscard]] CellRange RowsOfTable(CellRange range) const;
     [[nodiscard]] int SeenRowFrom(int row, int step) const;
     [[nodiscard]] int BlankRowBehind(int row) const;
     [[nodiscard]] bool TakeBlankRows(Step& step, int row, int rows);
-    void TakeBack(const Change& change, UndoOutcome& outcome);
     void MoveInStep(Step& step, int from, int to);
     CellEffect SetInStep(Step& step, int row, int column, std::string_view text);
-    void Keep(EditCommand command, Step step);
+    void Keep(EditCommand command, const Step& step);
     bool Move(EditCommand command, int from, int to, int rowAfter, int place);
 
     CPanelModel& model_;
     std::vector<char> hidden_; // by row - 1; empty: none
-    std::deque<Step> steps_;
     std::optional<EditDone> done_;
 };
 

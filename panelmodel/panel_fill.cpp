@@ -96,11 +96,11 @@ void CPanelEditor::PutPasted(Step& step, CellPlace place, const std::string& tex
         ++outcome.put;
 }
 
-PasteOutcome CPanelEditor::KeepFill(EditCommand command, Step step, PasteOutcome outcome)
+PasteOutcome CPanelEditor::KeepFill(EditCommand command, const Step& step, PasteOutcome outcome)
 {
-    if (!step.changes.empty())
+    if (step.changes > 0)
         outcome.effect = CellEffect::Panel;
-    Keep(command, std::move(step));
+    Keep(command, step);
     return outcome;
 }
 
@@ -150,9 +150,9 @@ PasteOutcome CPanelEditor::PasteOver(const CellRange& range, std::string_view te
         top = SeenRowFrom(row + 1, 1);
     }
     step.addedRows = model_.GridRows() - rowsBefore;
-    if (step.changes.empty()) // nothing was put into them
+    if (step.changes == 0) // nothing was put into them
         model_.TakeBackRows(std::exchange(step.addedRows, 0));
-    return KeepFill(EditCommand::Paste, std::move(step), std::move(outcome));
+    return KeepFill(EditCommand::Paste, step, std::move(outcome));
 }
 
 PasteOutcome CPanelEditor::PutCells(EditCommand command, std::span<const CellEntry> cells)
@@ -179,9 +179,9 @@ PasteOutcome CPanelEditor::PutCells(EditCommand command, std::span<const CellEnt
             PutPasted(step, cell.place, cell.text, outcome);
     outcome.put += before.put;
     step.addedRows = model_.GridRows() - rowsBefore;
-    if (step.changes.empty())
+    if (step.changes == 0)
         model_.TakeBackRows(std::exchange(step.addedRows, 0));
-    return KeepFill(command, std::move(step), std::move(outcome));
+    return KeepFill(command, step, std::move(outcome));
 }
 
 /// A cell that takes no text has none to give: the words of an automatic row make it one.
@@ -208,7 +208,7 @@ PasteOutcome CPanelEditor::FillDown(const CellRange& range)
     for (int row = target.top; row <= target.bottom; ++row)
         for (int column = target.left; column <= target.right && !IsHidden(row); ++column)
             PutFilled(step, {source, column}, {row, column}, outcome);
-    return KeepFill(EditCommand::Fill, std::move(step), std::move(outcome));
+    return KeepFill(EditCommand::Fill, step, std::move(outcome));
 }
 
 PasteOutcome CPanelEditor::FillRight(const CellRange& range)
@@ -224,7 +224,7 @@ PasteOutcome CPanelEditor::FillRight(const CellRange& range)
     for (int row = target.top; row <= target.bottom; ++row)
         for (int column = source + 1; column <= target.right && !IsHidden(row); ++column)
             PutFilled(step, {row, source}, {row, column}, outcome);
-    return KeepFill(EditCommand::Fill, std::move(step), std::move(outcome));
+    return KeepFill(EditCommand::Fill, step, std::move(outcome));
 }
 
 PasteOutcome CPanelEditor::FillWith(const CellRange& range, std::string_view text)
@@ -236,8 +236,8 @@ PasteOutcome CPanelEditor::FillWith(const CellRange& range, std::string_view tex
     for (int row = outcome.range.top; row <= outcome.range.bottom; ++row)
         for (int column = outcome.range.left; column <= outcome.range.right && !IsHidden(row); ++column)
             PutPasted(step, {row, column}, line, outcome);
-    const bool one = step.changes.size() == 1;
-    return KeepFill(one ? EditCommand::Cell : EditCommand::Fill, std::move(step), std::move(outcome));
+    const bool one = step.changes == 1;
+    return KeepFill(one ? EditCommand::Cell : EditCommand::Fill, step, std::move(outcome));
 }
 
 /// `line` holds the cells of a row or a column, those from `first` to `last` the texts that go on.
@@ -289,7 +289,7 @@ PasteOutcome CPanelEditor::FillFrom(const CellRange& from, const CellRange& to, 
         if (first < line.size() && first <= last)
             FillLine(step, line, first, last, how, outcome);
     }
-    return KeepFill(EditCommand::Fill, std::move(step), std::move(outcome));
+    return KeepFill(EditCommand::Fill, step, std::move(outcome));
 }
 
 } // namespace sbd

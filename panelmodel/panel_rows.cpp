@@ -9,7 +9,7 @@ namespace sbd {
 void CPanelEditor::MoveInStep(Step& step, int from, int to)
 {
     model_.MoveRow(from, to);
-    step.changes.emplace_back(MovedRow{from, to});
+    ++step.changes;
 }
 
 /// `place`: the first row that the user moved, where it was.
@@ -19,7 +19,7 @@ bool CPanelEditor::Move(EditCommand command, int from, int to, int rowAfter, int
     MoveInStep(step, from, to);
     step.place = {place, 0};
     step.rowAfter = rowAfter;
-    Keep(command, std::move(step));
+    Keep(command, step);
     return true;
 }
 
@@ -52,16 +52,16 @@ int CPanelEditor::BlankRowBehind(int row) const
 /// Takes blank rows from behind `row` and puts them there. If there are not enough everything is as before.
 bool CPanelEditor::TakeBlankRows(Step& step, int row, int rows)
 {
+    std::vector<int> from; // where they stood, in the order in which they were taken
     for (int taken = 0; taken < rows; ++taken) {
         const int blank = BlankRowBehind(row + taken);
         if (blank == row + taken) {
-            for (; !step.changes.empty(); step.changes.pop_back()) {
-                const MovedRow& moved = std::get<MovedRow>(step.changes.back());
-                model_.MoveRow(moved.to, moved.from);
-            }
+            for (; !from.empty(); from.pop_back())
+                model_.MoveRow(row, from.back());
             return false;
         }
         MoveInStep(step, blank, row);
+        from.push_back(blank);
     }
     return true;
 }
@@ -72,7 +72,7 @@ bool CPanelEditor::InsertRow(int row, int rows)
     if (HidesRows() || !model_.CanInsert(row) || !TakeBlankRows(step, row, rows))
         return false;
     step.place = {row, 0};
-    Keep(EditCommand::InsertRow, std::move(step));
+    Keep(EditCommand::InsertRow, step);
     return true;
 }
 
@@ -86,21 +86,16 @@ bool CPanelEditor::DeleteRows(int row, int rows)
     for (int gone = last; gone >= first; --gone) {
         if (IsHidden(gone))
             continue;
-        RemovedRow removed{gone, {}};
-        for (int column = 1; column < model_.ColumnCount(); ++column)
-            removed.cells.push_back(model_.Text(gone, column));
-        step.changes.emplace_back(std::move(removed));
+        ++step.changes;
         step.place = {gone, 0};
         model_.RemoveRow(gone);
+        if (gone <= std::ssize(hidden_)) { // what is out of sight stays so
+            hidden_.erase(hidden_.begin() + gone - 1);
+            hidden_.push_back(1);
+        }
     }
-    if (!hidden_.empty()) // what is out of sight stays so
-        for (const Change& change : step.changes)
-            if (const int gone = std::get<RemovedRow>(change).row; gone <= std::ssize(hidden_)) {
-                hidden_.erase(hidden_.begin() + gone - 1);
-                hidden_.push_back(1);
-            }
-    const bool deleted = !step.changes.empty();
-    Keep(EditCommand::DeleteRow, std::move(step));
+    const bool deleted = step.changes > 0;
+    Keep(EditCommand::DeleteRow, step);
     return deleted;
 }
 
@@ -125,7 +120,7 @@ bool CPanelEditor::DuplicateRows(int row, int rows)
             for (int column = 1; column < model_.ColumnCount(); ++column)
                 SetInStep(step, last + 1 + i, column, model_.Text(first + i, column));
     step.place = {last + 1, 0};
-    Keep(EditCommand::DuplicateRow, std::move(step));
+    Keep(EditCommand::DuplicateRow, step);
     return true;
 }
 

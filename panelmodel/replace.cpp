@@ -66,7 +66,7 @@ bool MayHold(const CSbdData& data, int block, const CTextMatcher& matcher)
     const TableBlock* table = data.Table(block);
     if (table == nullptr || table->RowCount() == 0) // the panel shows rows of its own
         return true;
-    for (const ColumnVector& column : table->columns)
+    for (const CColumnVector& column : table->columns)
         for (std::size_t row = 0; row < column.size(); ++row)
             if (matcher.IsIn(column[row]))
                 return true;

@@ -200,7 +200,7 @@ void CTablePanelModel::TouchMasked()
 
 void CTablePanelModel::AppendEmptyEntries(int count)
 {
-    for (ColumnVector& column : cells_.columns)
+    for (CColumnVector& column : cells_.columns)
         for (int i = 0; i < count; ++i)
             column.Append({});
 }
@@ -216,7 +216,7 @@ void CTablePanelModel::CopyToBaseline()
 
 void CTablePanelModel::MoveEntry(int from, int to)
 {
-    for (ColumnVector& column : cells_.columns) {
+    for (CColumnVector& column : cells_.columns) {
         const std::string text(column[static_cast<std::size_t>(from)]);
         column.Erase(static_cast<std::size_t>(from));
         column.Insert(static_cast<std::size_t>(to), text);
@@ -225,7 +225,7 @@ void CTablePanelModel::MoveEntry(int from, int to)
 
 void CTablePanelModel::ClearEntry(int entry)
 {
-    for (ColumnVector& column : cells_.columns)
+    for (CColumnVector& column : cells_.columns)
         column.Set(static_cast<std::size_t>(entry), {});
 }
 
@@ -272,7 +272,7 @@ void CTablePanelModel::StoreAll(CProjectWriter& writer, const std::vector<int>& 
 {
     TableBlock table;
     for (std::size_t column = 0; column < cells_.columns.size(); ++column) {
-        ColumnVector& rebuilt = table.columns.emplace_back();
+        CColumnVector& rebuilt = table.columns.emplace_back();
         for (const int entry : entries)
             rebuilt.Append(ToBeStored(entry, column));
     }

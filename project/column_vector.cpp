@@ -12,7 +12,7 @@ constexpr std::size_t kUsualCell = 6; // bytes
 
 } // namespace
 
-ColumnVector::Cell ColumnVector::Store(std::string_view text)
+CColumnVector::Cell CColumnVector::Store(std::string_view text)
 {
     if (text.size() > std::numeric_limits<std::uint32_t>::max() - bytes_.size())
         throw std::length_error("a column of more than 4 GB"); // files of that size are refused before
@@ -21,7 +21,7 @@ ColumnVector::Cell ColumnVector::Store(std::string_view text)
     return cell;
 }
 
-void ColumnVector::Append(std::string_view text)
+void CColumnVector::Append(std::string_view text)
 {
     if (cells_.empty()) { // a file has thousands of columns: their first few steps of growing are most of a small one
         cells_.reserve(kFirstRows);
@@ -30,7 +30,7 @@ void ColumnVector::Append(std::string_view text)
     cells_.push_back(Store(text));
 }
 
-void ColumnVector::Set(std::size_t row, std::string_view text)
+void CColumnVector::Set(std::size_t row, std::string_view text)
 {
     if ((*this)[row] == text)
         return;
@@ -47,39 +47,39 @@ void ColumnVector::Set(std::size_t row, std::string_view text)
     CompactIfWasteful();
 }
 
-void ColumnVector::Insert(std::size_t row, std::string_view text)
+void CColumnVector::Insert(std::size_t row, std::string_view text)
 {
     const std::string copy(text);
     const Cell cell = Store(copy);
     cells_.insert(cells_.begin() + static_cast<std::ptrdiff_t>(row), cell);
 }
 
-void ColumnVector::Erase(std::size_t row)
+void CColumnVector::Erase(std::size_t row)
 {
     wasted_ += cells_[row].length;
     cells_.erase(cells_.begin() + static_cast<std::ptrdiff_t>(row));
     CompactIfWasteful();
 }
 
-void ColumnVector::Clear()
+void CColumnVector::Clear()
 {
     bytes_.clear();
     cells_.clear();
     wasted_ = 0;
 }
 
-void ColumnVector::Shrink()
+void CColumnVector::Shrink()
 {
     bytes_.shrink_to_fit();
     cells_.shrink_to_fit();
 }
 
-std::size_t ColumnVector::MemoryUsed() const
+std::size_t CColumnVector::MemoryUsed() const
 {
     return bytes_.capacity() + cells_.capacity() * sizeof(Cell);
 }
 
-void ColumnVector::CompactIfWasteful()
+void CColumnVector::CompactIfWasteful()
 {
     constexpr std::size_t tolerated = 4096;
     if (wasted_ < tolerated || wasted_ < bytes_.size() / 2)
@@ -95,7 +95,7 @@ void ColumnVector::CompactIfWasteful()
     wasted_ = 0;
 }
 
-bool operator==(const ColumnVector& a, const ColumnVector& b)
+bool operator==(const CColumnVector& a, const CColumnVector& b)
 {
     if (a.size() != b.size())
         return false;

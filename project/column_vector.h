@@ -11,7 +11,7 @@ namespace sbd {
 
 /// A growing vector of strings, one string per row, with value semantics. The cells share one buffer of bytes,
 /// so a cell costs 8 bytes and its text. A view of a cell holds until the column is next changed.
-class ColumnVector {
+class CColumnVector {
 public:
     [[nodiscard]] std::size_t size() const { return cells_.size(); }
     [[nodiscard]] bool empty() const { return cells_.empty(); }
@@ -35,7 +35,7 @@ public:
     /// Bytes this column holds, reserve included.
     [[nodiscard]] std::size_t MemoryUsed() const;
 
-    friend bool operator==(const ColumnVector& a, const ColumnVector& b);
+    friend bool operator==(const CColumnVector& a, const CColumnVector& b);
 
 private:
     struct Cell {

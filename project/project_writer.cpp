@@ -36,7 +36,7 @@ struct Exchanger {
     }
     void operator()(CellChange& change) const
     {
-        ColumnVector& cells = data.Table(change.block)->columns[change.column];
+        CColumnVector& cells = data.Table(change.block)->columns[change.column];
         std::string before(cells[change.row]);
         cells.Set(change.row, change.text);
         change.text = std::move(before);
@@ -46,7 +46,7 @@ struct Exchanger {
         TableBlock& table = *data.Table(change.block);
         if (!change.cells) {
             change.cells = CellsOf(table, change.row);
-            for (ColumnVector& column : table.columns)
+            for (CColumnVector& column : table.columns)
                 column.Erase(change.row);
             return;
         }
@@ -157,7 +157,7 @@ struct Sizer {
     std::size_t operator()(const TableChange& change) const
     {
         std::size_t bytes = 0;
-        for (const ColumnVector& column : change.table.columns)
+        for (const CColumnVector& column : change.table.columns)
             bytes += sizeof(column) + column.MemoryUsed();
         return bytes;
     }

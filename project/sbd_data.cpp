@@ -52,7 +52,7 @@ std::vector<std::string_view> TableBlock::Row(std::size_t row) const
 {
     std::vector<std::string_view> cells;
     cells.reserve(columns.size());
-    for (const ColumnVector& column : columns)
+    for (const CColumnVector& column : columns)
         cells.push_back(column[row]);
     return cells;
 }
@@ -86,8 +86,8 @@ CSbdData::CSbdData()
 void CSbdData::ClearBlocks()
 {
     for (TableBlock& table : tables_)
-        for (ColumnVector& column : table.columns)
-            column = ColumnVector();
+        for (CColumnVector& column : table.columns)
+            column = CColumnVector();
     hGirder.records.clear();
     crossRibs.clear();
     lRibs.clear();
@@ -183,7 +183,7 @@ std::size_t CSbdData::MemoryUsed() const
 {
     std::size_t bytes = 0;
     for (const TableBlock& table : tables_)
-        for (const ColumnVector& column : table.columns)
+        for (const CColumnVector& column : table.columns)
             bytes += column.MemoryUsed();
     for (const std::string& line : unknownLines)
         bytes += sizeof(std::string) + line.capacity();
@@ -193,7 +193,7 @@ std::size_t CSbdData::MemoryUsed() const
 void CSbdData::Shrink()
 {
     for (TableBlock& table : tables_)
-        for (ColumnVector& column : table.columns)
+        for (CColumnVector& column : table.columns)
             column.Shrink();
 }
 

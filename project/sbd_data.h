@@ -22,7 +22,7 @@ inline constexpr double kNotGiven = 1e40;
 
 /// The columns of a table block. All columns have the same length, the number of rows.
 struct TableBlock {
-    std::vector<ColumnVector> columns;
+    std::vector<CColumnVector> columns;
 
     [[nodiscard]] std::size_t RowCount() const { return columns.empty() ? 0 : columns.front().size(); }
     /// Appends a row; cells that `cells` has not are empty, those beyond the last column are dropped.

@@ -27,7 +27,7 @@ std::span<const std::byte> TakeFront(std::span<const std::byte>& from, std::size
 
 } // namespace
 
-FileSource::FileSource(FileHandle file, std::uint64_t size)
+CFileSource::CFileSource(FileHandle file, std::uint64_t size)
     : file_(std::move(file))
     , size_(size)
     , piece_(std::make_unique_for_overwrite<std::byte[]>(kPiece))
@@ -35,7 +35,7 @@ FileSource::FileSource(FileHandle file, std::uint64_t size)
     std::setvbuf(file_.get(), nullptr, _IONBF, 0);
 }
 
-std::unique_ptr<FileSource> FileSource::Open(const std::filesystem::path& path)
+std::unique_ptr<CFileSource> CFileSource::Open(const std::filesystem::path& path)
 {
     // Looked at ahead of the opening, which would wait for a writer if this were a pipe.
     const FileFacts facts = LookAtFile(path);
@@ -44,22 +44,22 @@ std::unique_ptr<FileSource> FileSource::Open(const std::filesystem::path& path)
     FileHandle file = OpenForReading(path);
     if (!file)
         return nullptr;
-    return std::unique_ptr<FileSource>(new FileSource(std::move(file), facts.size));
+    return std::unique_ptr<CFileSource>(new CFileSource(std::move(file), facts.size));
 }
 
-void FileSource::Fill()
+void CFileSource::Fill()
 {
     ahead_ = {piece_.get(), std::fread(piece_.get(), 1, kPiece, file_.get())};
 }
 
-std::span<const std::byte> FileSource::Next(std::size_t most)
+std::span<const std::byte> CFileSource::Next(std::size_t most)
 {
     if (ahead_.empty())
         Fill();
     return TakeFront(ahead_, most);
 }
 
-std::size_t FileSource::Read(std::span<std::byte> into)
+std::size_t CFileSource::Read(std::span<std::byte> into)
 {
     std::size_t given = MoveFront(ahead_, into);
     while (given < into.size()) {
@@ -71,12 +71,12 @@ std::size_t FileSource::Read(std::span<std::byte> into)
     return given;
 }
 
-std::span<const std::byte> MemorySource::Next(std::size_t most)
+std::span<const std::byte> CMemorySource::Next(std::size_t most)
 {
     return TakeFront(left_, most);
 }
 
-std::size_t MemorySource::Read(std::span<std::byte> into)
+std::size_t CMemorySource::Read(std::span<std::byte> into)
 {
     return MoveFront(left_, into);
 }

@@ -17,12 +17,12 @@ namespace sbd {
 inline constexpr std::size_t kPiece = std::size_t{1} << 17;
 
 /// Bytes that are read once, from the front to the end.
-class ByteSource {
+class CByteSource {
 public:
-    ByteSource() = default;
-    ByteSource(const ByteSource&) = delete;
-    ByteSource& operator=(const ByteSource&) = delete;
-    virtual ~ByteSource() = default;
+    CByteSource() = default;
+    CByteSource(const CByteSource&) = delete;
+    CByteSource& operator=(const CByteSource&) = delete;
+    virtual ~CByteSource() = default;
 
     /// Bytes in all; the source never gives more.
     [[nodiscard]] virtual std::uint64_t Size() const = 0;
@@ -33,10 +33,10 @@ public:
 };
 
 /// A regular file. Folders, pipes and devices do not open: they have no size that could bound what is read.
-class FileSource final : public ByteSource {
+class CFileSource final : public CByteSource {
 public:
     /// Null if the file is not there or cannot be read.
-    [[nodiscard]] static std::unique_ptr<FileSource> Open(const std::filesystem::path& path);
+    [[nodiscard]] static std::unique_ptr<CFileSource> Open(const std::filesystem::path& path);
 
     [[nodiscard]] std::uint64_t Size() const override { return size_; }
     [[nodiscard]] std::size_t Read(std::span<std::byte> into) override;
@@ -44,7 +44,7 @@ public:
 
 private:
     void Fill();
-    FileSource(FileHandle file, std::uint64_t size);
+    CFileSource(FileHandle file, std::uint64_t size);
 
     FileHandle file_;
     std::uint64_t size_;
@@ -53,9 +53,9 @@ private:
 };
 
 /// Bytes in memory, which must outlive the source.
-class MemorySource final : public ByteSource {
+class CMemorySource final : public CByteSource {
 public:
-    explicit MemorySource(std::span<const std::byte> bytes) : left_(bytes), size_(bytes.size()) {}
+    explicit CMemorySource(std::span<const std::byte> bytes) : left_(bytes), size_(bytes.size()) {}
 
     [[nodiscard]] std::uint64_t Size() const override { return size_; }
     [[nodiscard]] std::size_t Read(std::span<std::byte> into) override;

@@ -154,9 +154,9 @@ private:
 };
 
 /// The lines of a diagram, which texts would rather not cross.
-class CLineField {
+class LineField {
 public:
-    explicit CLineField(const DiagramDrawing& drawing)
+    explicit LineField(const DiagramDrawing& drawing)
     {
         constexpr std::size_t most = 400; // there is no way around so many
         if (drawing.lines.size() > most)
@@ -203,7 +203,7 @@ struct Found {
 };
 
 /// A place off the lines, if there is one right at the point; else the first that is free.
-std::optional<Found> FindPlace(const Places& places, bool isValue, const CLabelRoom& room, const CLineField& lines)
+std::optional<Found> FindPlace(const Places& places, bool isValue, const CLabelRoom& room, const LineField& lines)
 {
     if (isValue) {
         const auto [left, right] = places.Aside();
@@ -217,7 +217,7 @@ std::optional<Found> FindPlace(const Places& places, bool isValue, const CLabelR
     return std::nullopt;
 }
 
-Layout Place(const std::vector<Wish>& wishes, CLabelRoom room, const CLineField& lines, bool uprightValues,
+Layout Place(const std::vector<Wish>& wishes, CLabelRoom room, const LineField& lines, bool uprightValues,
              bool uprightNames, double height)
 {
     Layout layout;
@@ -241,7 +241,7 @@ Layout Place(const std::vector<Wish>& wishes, CLabelRoom room, const CLineField&
 }
 
 /// Of the ways to turn the texts the one with the most of them; lying texts are read more easily.
-Layout BestLayout(const std::vector<Wish>& wishes, const CLabelRoom& room, const CLineField& lines, double height)
+Layout BestLayout(const std::vector<Wish>& wishes, const CLabelRoom& room, const LineField& lines, double height)
 {
     Layout best = Place(wishes, room, lines, false, false, height);
     for (const auto& [uprightValues, uprightNames] :
@@ -389,7 +389,7 @@ DiagramPage LayOutDiagrams(std::span<const DiagramCurve> curves, const DiagramSc
     CLabelRoom room({0, 0, scale.screen.clientWidth, scale.screen.clientHeight});
     for (const LabelBox& box : taken)
         room.Take(box);
-    const CLineField lines(page.drawing);
+    const LineField lines(page.drawing);
     const std::vector<Wish> wishes = WishesOf(curves, drawings, longest, scale.screen, metrics);
     page.values = static_cast<std::size_t>(std::ranges::count(wishes, true, &Wish::isValue));
     SpanStrip(curves[longest].diagram, scale, metrics, page).Draw(room);

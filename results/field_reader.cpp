@@ -29,7 +29,7 @@ std::uint64_t EntryCount(std::int64_t extent1, std::int64_t extent2, std::int64_
     return count;
 }
 
-std::size_t FieldReader::Take(std::span<std::byte> into)
+std::size_t CFieldReader::Take(std::span<std::byte> into)
 {
     const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(into.size(), left_));
     const std::size_t got = wanted > 0 ? source_.Read(into.first(wanted)) : 0;
@@ -39,7 +39,7 @@ std::size_t FieldReader::Take(std::span<std::byte> into)
     return got;
 }
 
-ResultValues FieldReader::Values(std::uint64_t count)
+ResultValues CFieldReader::Values(std::uint64_t count)
 {
     const auto whole = static_cast<std::size_t>(std::min<std::uint64_t>(count, left_ / sizeof(double)));
     using Memory = CZeroedMemory<double>;
@@ -67,7 +67,7 @@ ResultValues FieldReader::Values(std::uint64_t count)
     return {std::move(values), Memory()}; // from now on a list like others
 }
 
-std::int32_t FieldReader::Word()
+std::int32_t CFieldReader::Word()
 {
     std::array<std::byte, sizeof(std::int32_t)> bytes;
     if (Take(bytes) < bytes.size())
@@ -76,14 +76,14 @@ std::int32_t FieldReader::Word()
     return std::bit_cast<std::int32_t>(bytes);
 }
 
-std::string FieldReader::Text(std::size_t size)
+std::string CFieldReader::Text(std::size_t size)
 {
     std::string field(size, '\0');
     static_cast<void>(Take(std::as_writable_bytes(std::span(field))));
     return TextOfField(field);
 }
 
-std::vector<std::string> FieldReader::Names(std::uint64_t count)
+std::vector<std::string> CFieldReader::Names(std::uint64_t count)
 {
     constexpr std::size_t kFields = 1024;
     std::vector<std::string> names;

@@ -52,9 +52,9 @@ inline void FromFileOrder(std::span<std::byte> bytes, std::size_t size)
 
 /// Reads field after field. Behind the end of the source numbers are 0, texts and arrays are empty. A count is a claim
 /// of the file: memory is taken for what the source still holds, never for more.
-class FieldReader {
+class CFieldReader {
 public:
-    explicit FieldReader(ByteSource& source) : source_(source), left_(source.Size()) {}
+    explicit CFieldReader(CByteSource& source) : source_(source), left_(source.Size()) {}
 
     [[nodiscard]] std::int32_t Word();
 
@@ -92,7 +92,7 @@ private:
     /// The next bytes; fewer than asked for end the reading for good.
     [[nodiscard]] std::size_t Take(std::span<std::byte> into);
 
-    ByteSource& source_;
+    CByteSource& source_;
     std::uint64_t left_;
     std::uint64_t taken_ = 0;
     bool arrayWasMissing_ = false;
@@ -100,7 +100,7 @@ private:
 };
 
 template <typename T>
-std::vector<T> FieldReader::Array(std::uint64_t count)
+std::vector<T> CFieldReader::Array(std::uint64_t count)
 {
     static_assert(std::is_trivially_copyable_v<T> && sizeof(T) <= kPiece);
     const std::uint64_t takenBefore = taken_;

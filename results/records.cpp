@@ -15,7 +15,7 @@ constexpr std::size_t kTitleField = 256;
 template <typename Record>
 bool ReadFile(const std::filesystem::path& path, Record& record)
 {
-    const std::unique_ptr<FileSource> source = FileSource::Open(path);
+    const std::unique_ptr<CFileSource> source = CFileSource::Open(path);
     if (!source)
         return false;
     try {
@@ -26,7 +26,7 @@ bool ReadFile(const std::filesystem::path& path, Record& record)
     }
 }
 
-void ReadGridSizes(FieldReader& reader, AnalysisModel& model)
+void ReadGridSizes(CFieldReader& reader, AnalysisModel& model)
 {
     model.grid1 = reader.Word();
     model.grid2 = reader.Word();
@@ -46,7 +46,7 @@ void ReadGridSizes(FieldReader& reader, AnalysisModel& model)
     model.grid7 = reader.Word();
 }
 
-void ReadGrid(FieldReader& reader, AnalysisModel& model)
+void ReadGrid(CFieldReader& reader, AnalysisModel& model)
 {
     ReadGridSizes(reader, model);
     const std::int64_t girders = model.girderCount;
@@ -79,10 +79,10 @@ bool AnalysisModel::Read(const std::filesystem::path& path)
     return ReadFile(path, *this);
 }
 
-bool AnalysisModel::Read(ByteSource& source)
+bool AnalysisModel::Read(CByteSource& source)
 {
     *this = {};
-    FieldReader reader(source);
+    CFieldReader reader(source);
     title = reader.Text(kTitleField);
     header = reader.Words<9>();
     loadCaseCount = reader.Word();
@@ -124,10 +124,10 @@ bool ElementTable::Read(const std::filesystem::path& path)
     return ReadFile(path, *this);
 }
 
-bool ElementTable::Read(ByteSource& source)
+bool ElementTable::Read(CByteSource& source)
 {
     *this = {};
-    FieldReader reader(source);
+    CFieldReader reader(source);
     elementTableCount = reader.Word();
     cut = reader.EndedEarly();
     if (elementTableCount <= 0)
@@ -146,10 +146,10 @@ bool NodeTable::Read(const std::filesystem::path& path)
     return ReadFile(path, *this);
 }
 
-bool NodeTable::Read(ByteSource& source)
+bool NodeTable::Read(CByteSource& source)
 {
     *this = {};
-    FieldReader reader(source);
+    CFieldReader reader(source);
     nodeTableCount = reader.Word();
     coordinates = reader.Array<std::array<double, 3>>(EntryCount(nodeTableCount));
     nodeFlags = reader.Array<std::int32_t>(EntryCount(nodeTableCount));
@@ -175,10 +175,10 @@ bool ResultCube::Read(const std::filesystem::path& path)
     return ReadFile(path, *this);
 }
 
-bool ResultCube::Read(ByteSource& source)
+bool ResultCube::Read(CByteSource& source)
 {
     *this = {};
-    FieldReader reader(source);
+    CFieldReader reader(source);
     size1 = reader.Word();
     size2 = reader.Word();
     size3 = reader.Word();

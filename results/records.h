@@ -16,7 +16,7 @@
 
 namespace sbd {
 
-class ByteSource;
+class CByteSource;
 
 /// The .Z1D file: title, load cases, names, grid of the bridge. Names are CP932.
 struct AnalysisModel {
@@ -78,7 +78,7 @@ struct AnalysisModel {
     /// Replaces the record by the file; false, and nothing changed, if it does not open. A file that ends early
     /// leaves the fields behind its end at 0 or empty, and is true.
     [[nodiscard]] bool Read(const std::filesystem::path& path);
-    [[nodiscard]] bool Read(ByteSource& source);
+    [[nodiscard]] bool Read(CByteSource& source);
 
     /// True if the record holds the member `element` (from 0) and its section, and the section's axes are turned.
     [[nodiscard]] bool HasTurnedAxes(std::size_t element) const;
@@ -96,7 +96,7 @@ struct ElementTable {
     /// Replaces the record by the file; false, and nothing changed, if it does not open. False too if the file ends
     /// ahead of an array; what stands before that is in the record.
     [[nodiscard]] bool Read(const std::filesystem::path& path);
-    [[nodiscard]] bool Read(ByteSource& source);
+    [[nodiscard]] bool Read(CByteSource& source);
 
     friend bool operator==(const ElementTable&, const ElementTable&) = default;
 };
@@ -111,7 +111,7 @@ struct NodeTable {
 
     /// Replaces the record by the file; false, and nothing changed, if it does not open.
     [[nodiscard]] bool Read(const std::filesystem::path& path);
-    [[nodiscard]] bool Read(ByteSource& source);
+    [[nodiscard]] bool Read(CByteSource& source);
 
     friend bool operator==(const NodeTable&, const NodeTable&) = default;
 };
@@ -137,7 +137,7 @@ struct ResultCube {
     /// Replaces the record by the file; false, and nothing changed, if it does not open. False too if values are due
     /// and the file ends behind the sizes.
     [[nodiscard]] bool Read(const std::filesystem::path& path);
-    [[nodiscard]] bool Read(ByteSource& source);
+    [[nodiscard]] bool Read(CByteSource& source);
 
     friend bool operator==(const ResultCube&, const ResultCube&) = default;
 };

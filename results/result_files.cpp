@@ -15,9 +15,9 @@ namespace {
 constexpr std::size_t kTriple = 3;
 
 /// Tells of a place in a list whether a large piece around it holds nothing but zeros.
-class CHoles {
+class Holes {
 public:
-    explicit CHoles(std::span<const double> values) : values_(values) {}
+    explicit Holes(std::span<const double> values) : values_(values) {}
 
     [[nodiscard]] bool IsInHole(std::size_t place)
     {
@@ -40,11 +40,11 @@ private:
 
 /// Turns the whole triples at the front of `values`, which begin at the place `from` of the list; true if there was one.
 /// In a hole the zeros stay as they are: a sign for each of them would fill the memory.
-bool TurnTriples(std::span<double> values, std::size_t from, CHoles& holes)
+bool TurnTriples(std::span<double> values, std::size_t from, Holes& holes)
 {
     for (std::size_t at = 0; at + kTriple <= values.size(); at += kTriple) {
         const double second = values[at + 1];
-        if (CHoles::IsZero(second) && CHoles::IsZero(values[at + 2]) && holes.IsInHole(from + at + 1)
+        if (Holes::IsZero(second) && Holes::IsZero(values[at + 2]) && holes.IsInHole(from + at + 1)
             && holes.IsInHole(from + at + 2))
             continue;
         values[at + 1] = -values[at + 2];
@@ -78,7 +78,7 @@ std::size_t TurnForceAxes(const AnalysisModel& model, ResultCube& force)
         std::uint64_t{kElementComponents} * static_cast<std::uint32_t>(model.loadCaseCount);
     std::size_t turned = 0;
     std::span<double> left(force.values);
-    CHoles holes(force.values);
+    Holes holes(force.values);
     for (std::size_t element = 0; element < model.elementLinks.size() && !left.empty(); ++element) {
         const auto own = static_cast<std::size_t>(std::min<std::uint64_t>(valuesOfElement, left.size()));
         if (model.HasTurnedAxes(element) && TurnTriples(left.first(own), force.values.size() - left.size(), holes))

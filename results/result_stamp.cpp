@@ -39,7 +39,7 @@ ResultFilesRead ReadStampedResultFiles(const std::filesystem::path& projectFile,
 {
     const ResultStamp before = StampOf(projectFile);
     for (std::size_t i = 0; i < before.size(); ++i)
-        if (before[i] && FileSource::Open(before[i]->file) != nullptr)
+        if (before[i] && CFileSource::Open(before[i]->file) != nullptr)
             asRead[i] = before[i];
     return ReadResultFiles(projectFile, results);
 }

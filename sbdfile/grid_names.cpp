@@ -137,7 +137,7 @@ private:
 class GridSectionReader {
 public:
     /// `most`: a count is believed as far as this.
-    GridSectionReader(LineReader& lines, NameListsOfFile& lists, std::size_t most)
+    GridSectionReader(CLineReader& lines, NameListsOfFile& lists, std::size_t most)
         : lines_(lines)
         , lists_(lists)
         , most_(most)
@@ -184,7 +184,7 @@ private:
         }
     }
 
-    LineReader& lines_;
+    CLineReader& lines_;
     NameListsOfFile& lists_;
     std::size_t most_;
 };
@@ -207,7 +207,7 @@ void ReadGridNamesFromBytes(std::string_view bytes, CSbdData& data)
     names.lineNames.clear();
     NameListsOfFile lists(names);
     const std::size_t most = std::max(bytes.size() / 2, kMostUnseenNames); // a name takes two bytes with its divider
-    LineReader lines(bytes);
+    CLineReader lines(bytes);
     std::string_view raw;
     while (lines.Next(raw)) {
         std::string_view line = Trim(raw);

@@ -4,7 +4,7 @@
 
 namespace sbd {
 
-bool LineReader::Next(std::string_view& line)
+bool CLineReader::Next(std::string_view& line)
 {
     if (rest_.empty())
         return false;
@@ -36,14 +36,14 @@ bool BecomesBlanks(std::string_view text, std::size_t pos)
 
 } // namespace
 
-std::string_view LineCleaner::Clean(std::string_view line)
+std::string_view CLineCleaner::Clean(std::string_view line)
 {
     if (line.find('\t') == std::string_view::npos && line.find(kLeadOfPunctuation) == std::string_view::npos)
         return Trim(line);
     return Trim(Replace(line, false));
 }
 
-std::string_view LineCleaner::CleanRow(std::string_view line)
+std::string_view CLineCleaner::CleanRow(std::string_view line)
 {
     if (line.find(',') == std::string_view::npos && line.find('\t') == std::string_view::npos
         && line.find(kLeadOfPunctuation) == std::string_view::npos)
@@ -51,7 +51,7 @@ std::string_view LineCleaner::CleanRow(std::string_view line)
     return Trim(Replace(line, true));
 }
 
-std::string_view LineCleaner::Replace(std::string_view line, bool commas)
+std::string_view CLineCleaner::Replace(std::string_view line, bool commas)
 {
     buffer_.clear();
     for (std::size_t pos = 0; pos < line.size();) {

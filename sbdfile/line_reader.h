@@ -9,9 +9,9 @@ namespace sbd {
 
 /// Hands out the lines of a file's bytes. A line ends with LF, one CR in front of it goes too; what stands behind
 /// the last LF is a line as well.
-class LineReader {
+class CLineReader {
 public:
-    explicit LineReader(std::string_view bytes) : rest_(bytes), size_(bytes.size()) {}
+    explicit CLineReader(std::string_view bytes) : rest_(bytes), size_(bytes.size()) {}
 
     /// False behind the last line.
     [[nodiscard]] bool Next(std::string_view& line);
@@ -28,7 +28,7 @@ private:
 };
 
 /// Cleans lines; the view it gives holds until the next call.
-class LineCleaner {
+class CLineCleaner {
 public:
     /// Tab, full-width blank, full-width comma and ideographic comma become two blanks each; trimmed on both sides.
     [[nodiscard]] std::string_view Clean(std::string_view line);

@@ -79,8 +79,8 @@ bool ForEachOptionRow(const OptionBlock& block, std::string_view token, Take tak
 /// Reads one project text; the sections take their lines from it in turn.
 class ProjectReader {
 public:
-    ProjectReader(std::string_view bytes, CSbdData& data, ReadObserver* observer)
-        : source_{LineReader(bytes), observer}
+    ProjectReader(std::string_view bytes, CSbdData& data, CReadObserver* observer)
+        : source_{CLineReader(bytes), observer}
         , lines_(source_.lines)
         , data_(data)
     {
@@ -296,13 +296,13 @@ private:
     static constexpr std::string_view kOldMainLoad = "YES_MAIN_LOAD";
 
     ReadSource source_;
-    LineReader& lines_; // of source_
-    LineCleaner cleaner_;
+    CLineReader& lines_; // of source_
+    CLineCleaner cleaner_;
     CSbdData& data_;
 };
 
 /// Keeps the lines that do not come back at a save.
-class NoteTaker : public ReadObserver {
+class NoteTaker : public CReadObserver {
 public:
     explicit NoteTaker(std::vector<ReadNote>& notes) : notes_(notes) {}
 
@@ -337,7 +337,7 @@ void ReadSections(std::string_view bytes, CSbdData& data, std::vector<ReadNote>*
     ProjectReader(bytes, data, &taker).Read();
 }
 
-void ReadSections(std::string_view bytes, CSbdData& data, ReadObserver& observer)
+void ReadSections(std::string_view bytes, CSbdData& data, CReadObserver& observer)
 {
     ProjectReader(bytes, data, &observer).Read();
 }

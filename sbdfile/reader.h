@@ -57,9 +57,9 @@ struct ReadEvent {
 };
 
 /// Follows the reader line by line.
-class ReadObserver {
+class CReadObserver {
 public:
-    virtual ~ReadObserver() = default;
+    virtual ~CReadObserver() = default;
     virtual void Met(const ReadEvent& event) = 0;
 };
 
@@ -70,7 +70,7 @@ public:
 /// it skips, sections it does not know it keeps. Does not repair (see repairs.h). `notes`: null, or the list that
 /// takes the lines passed over.
 void ReadSections(std::string_view bytes, CSbdData& data, std::vector<ReadNote>* notes = nullptr);
-void ReadSections(std::string_view bytes, CSbdData& data, ReadObserver& observer);
+void ReadSections(std::string_view bytes, CSbdData& data, CReadObserver& observer);
 
 /// Reset, ReadSections, RepairAfterRead: a project as it stands after a load. The names in `data` stay.
 void ReadProject(std::string_view bytes, CSbdData& data);

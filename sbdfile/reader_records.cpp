@@ -19,7 +19,7 @@ using Words = std::span<const std::string_view>;
 template <typename Take>
 void ForEachRow(ReadSource& source, int block, Take take)
 {
-    LineCleaner cleaner;
+    CLineCleaner cleaner;
     std::string_view raw;
     while (source.lines.Next(raw)) {
         const std::string_view line = cleaner.CleanRow(raw);
@@ -149,7 +149,7 @@ void ReadLRibs(ReadSource& source, CSbdData& data)
 
 void ReadUnusedLines(ReadSource& source, CSbdData& data)
 {
-    ColumnVector& column = data.Table(412)->columns[0];
+    CColumnVector& column = data.Table(412)->columns[0];
     bool first = true;
     ForEachRow(source, 412, [&](std::string_view line) {
         if (first) {

@@ -10,8 +10,8 @@ class CSbdData;
 
 /// The lines of a text, and the observer who is told what becomes of them, if there is one.
 struct ReadSource {
-    LineReader lines;
-    ReadObserver* observer = nullptr;
+    CLineReader lines;
+    CReadObserver* observer = nullptr;
 
     void Tell(ReadStep step, int block, int row = -1, std::string_view text = {}) const
     {

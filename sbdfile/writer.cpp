@@ -65,7 +65,7 @@ const RowFormat& FormatFor(const SectionLayout& layout, const TableBlock& table,
         return layout.formats.front();
     for (const RowFormat& format : layout.formats) {
         const auto behind = table.columns.begin() + static_cast<std::ptrdiff_t>(format.fields.size());
-        if (std::all_of(behind, table.columns.end(), [&](const ColumnVector& column) { return column[row].empty(); }))
+        if (std::all_of(behind, table.columns.end(), [&](const CColumnVector& column) { return column[row].empty(); }))
             return format;
     }
     return layout.formats.back();

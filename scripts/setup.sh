@@ -24,7 +24,7 @@ case ${1:-} in
     dev | ci)
         packages+=(libgtest-dev libgmock-dev libbenchmark-dev clang-format-14)
         if [[ $1 == ci ]]; then
-            packages+=(clang-14 clang-tidy-14 libclang-rt-14-dev python3)
+            packages+=(clang-14 clang-tidy-14 libclang-rt-14-dev python3 xvfb openbox xdotool x11-utils imagemagick)
         fi
         ;;
     *)

@@ -8,6 +8,7 @@
 #include "grid/grid_ctrl.h"
 #include "panels/panel.h"
 #include "tests/document/data_of.h"
+#include "tests/surroundings.h"
 
 #include <QApplication>
 #include <QFile>
@@ -72,7 +73,7 @@ public:
 QString Example(const QTemporaryDir& folder)
 {
     const QString path = folder.filePath(u"橋.sbd"_s);
-    QFile::copy(QStringLiteral(EXAMPLES_DIR) + u"/plate4/plate4.sbd"_s, path);
+    QFile::copy(QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/plate4.sbd"_s, path);
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
     return path;
 }

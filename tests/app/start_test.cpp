@@ -3,6 +3,7 @@
 #include "document/project_lock.h"
 #include "document/recovery.h"
 #include "document/section_doc.h"
+#include "tests/surroundings.h"
 
 #include <QDir>
 #include <QFile>
@@ -34,7 +35,8 @@ public:
             QDir().mkpath(Path(name));
         QFile::setPermissions(Path(u"run"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         for (const QString& name : {u"plate4"_s, u"box2"_s}) {
-            QFile::copy(QStringLiteral(EXAMPLES_DIR) + u'/' + name + u'/' + name + u".sbd"_s, Project(name));
+            QFile::copy(QString::fromUtf8(test::ExamplesFolder()) + u'/' + name + u'/' + name + u".sbd"_s,
+                        Project(name));
             QFile::setPermissions(Project(name), QFile::ReadOwner | QFile::WriteOwner);
         }
     }

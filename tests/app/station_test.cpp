@@ -4,6 +4,7 @@
 #include "frame/main_frame.h"
 #include "grid/grid_ctrl.h"
 #include "panels/panel.h"
+#include "tests/surroundings.h"
 
 #include <QFontMetricsF>
 #include <QImage>
@@ -16,7 +17,7 @@ using namespace sbd;
 
 namespace {
 
-const auto kPlate = QStringLiteral(EXAMPLES_DIR) + QStringLiteral("/plate4/plate4.sbd");
+const auto kPlate = QString::fromUtf8(test::ExamplesFolder()) + QStringLiteral("/plate4/plate4.sbd");
 
 /// Runs the program for a picture of `block`; the exit code.
 int Draw(const QString& project, const QString& picture, int block = 0, QSize size = {1366, 768})

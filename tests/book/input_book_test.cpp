@@ -6,6 +6,7 @@
 #include "project/sbd_data.h"
 #include "project/text.h"
 #include "sheets/zip_parts.h"
+#include "tests/surroundings.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -26,7 +27,7 @@ using ::testing::Not;
 
 CSbdData Plate4()
 {
-    const std::filesystem::path path = std::filesystem::path(EXAMPLES_DIR) / "plate4" / "plate4.sbd";
+    const std::filesystem::path path = std::filesystem::path(test::ExamplesFolder()) / "plate4" / "plate4.sbd";
     CSbdData data;
     EXPECT_TRUE(LoadProject(path, NamesFileBeside(path), data).Ok());
     return data;
@@ -134,7 +135,7 @@ TEST_F(InputBook, TheSpreadsheetHasASheetABlockWithNumbersThatAreNumbers)
 {
     const CSbdData data = Plate4();
     BookFacts facts =
-        FactsOf(data, {}, std::filesystem::path(EXAMPLES_DIR) / "plate4" / "plate4.sbd", "KELD section 9");
+        FactsOf(data, {}, std::filesystem::path(test::ExamplesFolder()) / "plate4" / "plate4.sbd", "KELD section 9");
     const std::optional<FileResult> result = WriteBookSheets(At("a.xlsx"), data, {301, 313}, facts);
     ASSERT_TRUE(result && result->Ok());
     auto parts = Parts(At("a.xlsx"));

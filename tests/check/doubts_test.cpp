@@ -1,6 +1,7 @@
 // Doubts: each kind by a project that gives rise to it, and one that does not.
 #include "check/doubts.h"
 #include "tests/sbdfile/sections.h"
+#include "tests/surroundings.h"
 
 #include <gmock/gmock.h>
 
@@ -110,7 +111,8 @@ TEST(Doubts, OfTheSamplesAreTheirOddities)
 {
     const auto told = [](const std::string& name) {
         const auto read = [&](const std::string& ending) {
-            std::ifstream file(std::string(EXAMPLES_DIR) + "/" + name + "/" + name + ending, std::ios::binary);
+            std::ifstream file(std::string(test::ExamplesFolder()) + "/" + name + "/" + name + ending,
+                               std::ios::binary);
             return std::string(std::istreambuf_iterator<char>(file), {});
         };
         std::vector<std::string> texts;

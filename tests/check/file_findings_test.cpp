@@ -3,6 +3,7 @@
 #include "check/file_findings.h"
 #include "tests/sbdfile/sections.h"
 #include "tests/seed.h"
+#include "tests/surroundings.h"
 
 #include <gmock/gmock.h>
 
@@ -41,7 +42,7 @@ std::vector<std::string> Found(std::string_view utf8)
 
 std::string ExampleBytes(const std::string& name)
 {
-    std::ifstream file(std::string(EXAMPLES_DIR) + "/" + name + "/" + name + ".sbd", std::ios::binary);
+    std::ifstream file(std::string(test::ExamplesFolder()) + "/" + name + "/" + name + ".sbd", std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 

@@ -3,6 +3,7 @@
 #include "panelmodel/panel_editor.h"
 #include "tests/sbdfile/sections.h"
 #include "tests/seed.h"
+#include "tests/surroundings.h"
 
 #include <gmock/gmock.h>
 
@@ -19,7 +20,7 @@ using testing::IsEmpty;
 
 CSbdData Example(const std::string& name)
 {
-    std::ifstream file(std::string(EXAMPLES_DIR) + "/" + name + "/" + name + ".sbd", std::ios::binary);
+    std::ifstream file(std::string(test::ExamplesFolder()) + "/" + name + "/" + name + ".sbd", std::ios::binary);
     return LoadBytes(std::string(std::istreambuf_iterator<char>(file), {}));
 }
 

@@ -1,5 +1,6 @@
 // docs/commands.md is what the table says.
 #include "commands/commands.h"
+#include "tests/surroundings.h"
 
 #include <gtest/gtest.h>
 
@@ -66,7 +67,7 @@ std::string Listing()
 /// A file of the tree, by its path there.
 std::string FileOfTheTree(const std::string& path)
 {
-    std::ifstream in(std::filesystem::path(EXAMPLES_DIR) / ".." / path, std::ios::binary);
+    std::ifstream in(std::filesystem::path(test::ExamplesFolder()) / ".." / path, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 

@@ -26,7 +26,7 @@ std::string RowsOf(const CSbdData& data)
     std::string text;
     const TableBlock& table = *data.Table(kStiffBlock);
     for (std::size_t row = 0; row < table.RowCount(); ++row) {
-        for (const ColumnVector& column : table.columns)
+        for (const CColumnVector& column : table.columns)
             text += std::string(column[row]);
         text += ' ';
     }

@@ -1,4 +1,5 @@
 #include "document/broken_file.h"
+#include "tests/surroundings.h"
 
 #include <QFile>
 #include <QTest>
@@ -10,7 +11,7 @@ namespace {
 
 std::string Example(const QString& name)
 {
-    QFile file(QStringLiteral(EXAMPLES_DIR) + u'/' + name + u'/' + name + u".sbd"_s);
+    QFile file(QString::fromUtf8(test::ExamplesFolder()) + u'/' + name + u'/' + name + u".sbd"_s);
     return file.open(QFile::ReadOnly) ? file.readAll().toStdString() : std::string();
 }
 

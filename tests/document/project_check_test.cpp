@@ -3,6 +3,7 @@
 #include "panelmodel/panel_editor.h"
 #include "project/text.h"
 #include "tests/document/data_of.h"
+#include "tests/surroundings.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -26,7 +27,7 @@ QStringList Places(const CProjectCheck& check)
 
 QString Example(const QString& name)
 {
-    return QStringLiteral(EXAMPLES_DIR) + u"/%1/%1.sbd"_s.arg(name);
+    return QString::fromUtf8(test::ExamplesFolder()) + u"/%1/%1.sbd"_s.arg(name);
 }
 
 void Edit(CKELDSectionDoc& doc, int block, int row, int column, const char* utf8)

@@ -2,6 +2,7 @@
 #include "document/save_flow.h"
 #include "document/section_doc.h"
 #include "tests/document/data_of.h"
+#include "tests/surroundings.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,7 +19,7 @@ using namespace sbd;
 
 namespace {
 
-const auto kExample = QStringLiteral(EXAMPLES_DIR) + QStringLiteral("/plate4/plate4");
+const auto kExample = QString::fromUtf8(test::ExamplesFolder()) + QStringLiteral("/plate4/plate4");
 
 QByteArray Bytes(const QString& path)
 {

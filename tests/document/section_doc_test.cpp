@@ -2,6 +2,7 @@
 #include "project/text.h"
 #include "sbdfile/writer.h"
 #include "tests/document/data_of.h"
+#include "tests/surroundings.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,7 +18,7 @@ using namespace sbd;
 
 namespace {
 
-const auto kExamples = QStringLiteral(EXAMPLES_DIR);
+const auto kExamples = QString::fromUtf8(test::ExamplesFolder());
 
 QByteArray Bytes(const QString& path)
 {

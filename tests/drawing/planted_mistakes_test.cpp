@@ -64,7 +64,7 @@ void Plant(CSbdData& data, const Mistake& mistake)
     }
     TableBlock* table = data.Table(mistake.block);
     ASSERT_TRUE(table != nullptr && mistake.row <= static_cast<int>(table->RowCount())) << mistake.name;
-    ColumnVector& column = table->columns.at(static_cast<std::size_t>(mistake.column) - 1);
+    CColumnVector& column = table->columns.at(static_cast<std::size_t>(mistake.column) - 1);
     ASSERT_NE(column[static_cast<std::size_t>(mistake.row) - 1], Cp932(mistake.text)) << mistake.name;
     column.Set(static_cast<std::size_t>(mistake.row) - 1, Cp932(mistake.text));
 }

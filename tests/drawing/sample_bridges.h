@@ -7,6 +7,7 @@
 #include "sbdfile/grid_names.h"
 #include "sbdfile/project_file.h"
 #include "sbdfile/reader.h"
+#include "tests/surroundings.h"
 
 #include <gtest/gtest.h>
 
@@ -24,7 +25,7 @@ struct SampleBridge {
 
 [[nodiscard]] inline SampleBridge ExampleBridge(const std::string& name)
 {
-    const std::filesystem::path folder = std::filesystem::path(EXAMPLES_DIR) / name;
+    const std::filesystem::path folder = std::filesystem::path(test::ExamplesFolder()) / name;
     SampleBridge bridge;
     ReadGridNames(folder / (name + ".abd"), bridge.data);
     std::string bytes;

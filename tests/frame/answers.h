@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/prompts.h"
+#include "tests/surroundings.h"
 
 #include <QFile>
 #include <QSettings>
@@ -126,7 +127,7 @@ public:
     /// A writable copy of an example project with its *.abd file; its path.
     [[nodiscard]] QString Example(const QString& name, const QString& as = {}) const
     {
-        const QString base = QStringLiteral(EXAMPLES_DIR) + u'/' + name + u'/' + name;
+        const QString base = QString::fromUtf8(test::ExamplesFolder()) + u'/' + name + u'/' + name;
         const QString copy = Path(as.isEmpty() ? name : as);
         for (const QString& extension : {QStringLiteral(".sbd"), QStringLiteral(".abd")}) {
             QFile::copy(base + extension, copy + extension);

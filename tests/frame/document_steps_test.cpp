@@ -1,6 +1,7 @@
 #include "document/project_lock.h"
 #include "document/section_doc.h"
 #include "frame/document_steps.h"
+#include "tests/surroundings.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -25,7 +26,7 @@ struct Desk {
 
     explicit Desk(int chosen, int girderType = 0) : choice{chosen, girderType}
     {
-        QFile::copy(QStringLiteral(EXAMPLES_DIR) + u"/box2/box2.abd"_s, Path(u"bridge.abd"_s));
+        QFile::copy(QString::fromUtf8(test::ExamplesFolder()) + u"/box2/box2.abd"_s, Path(u"bridge.abd"_s));
     }
     [[nodiscard]] QString Path(const QString& name) const { return folder.filePath(name); }
     [[nodiscard]] QString Project() const { return Path(u"bridge.sbd"_s); }
@@ -107,7 +108,7 @@ void DocumentStepsTest::aProjectOfTheOtherProductHasItsType()
 void DocumentStepsTest::aProjectThatExistsIsOpenedAndLocked()
 {
     Desk desk(2);
-    QVERIFY(QFile::copy(QStringLiteral(EXAMPLES_DIR) + u"/box2/box2.sbd"_s, desk.Project()));
+    QVERIFY(QFile::copy(QString::fromUtf8(test::ExamplesFolder()) + u"/box2/box2.sbd"_s, desk.Project()));
     const QByteArray before = desk.Bytes();
     QVERIFY(desk.Run());
     QCOMPARE(desk.doc.PathName(), desk.Project());
@@ -128,7 +129,7 @@ void DocumentStepsTest::aFolderThatTakesNoFileEndsTheFlow()
 void DocumentStepsTest::aKeptProjectComesBackAfterAFailedRun()
 {
     Desk desk(4);
-    QVERIFY(QFile::copy(QStringLiteral(EXAMPLES_DIR) + u"/box2/box2.sbd"_s, desk.Project()));
+    QVERIFY(QFile::copy(QString::fromUtf8(test::ExamplesFolder()) + u"/box2/box2.sbd"_s, desk.Project()));
     const QByteArray before = desk.Bytes();
     desk.runs = false;
     QVERIFY(desk.Run());
@@ -141,7 +142,7 @@ void DocumentStepsTest::aKeptProjectComesBackAfterAFailedRun()
 void DocumentStepsTest::aReplacedProjectHasTheDefaults()
 {
     Desk desk(4);
-    QVERIFY(QFile::copy(QStringLiteral(EXAMPLES_DIR) + u"/box2/box2.sbd"_s, desk.Project()));
+    QVERIFY(QFile::copy(QString::fromUtf8(test::ExamplesFolder()) + u"/box2/box2.sbd"_s, desk.Project()));
     QVERIFY(QFile::setPermissions(desk.Project(), QFile::ReadOwner | QFile::WriteOwner));
     const QByteArray before = desk.Bytes();
     desk.yes = true;

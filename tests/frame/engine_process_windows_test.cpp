@@ -4,6 +4,7 @@
 #include "document/project_lock.h"
 #include "document/save_flow.h"
 #include "frame/engine_process.h"
+#include "tests/surroundings.h"
 
 #include <QDir>
 #include <QTest>
@@ -28,7 +29,7 @@ struct Place {
     {
         QDir().mkpath(engines);
         for (const EngineRunInfo& info : EngineRuns())
-            QFile::copy(QStringLiteral(ENGINE_FOLDER) + u'/' + info.engine, engines + u'/' + info.engine);
+            QFile::copy(QString::fromUtf8(test::EngineFolder()) + u'/' + info.engine, engines + u'/' + info.engine);
     }
 
     /// Runs an engine that does this, one verb a line (tests/engine/engine.cpp).

@@ -4,6 +4,7 @@
 #include "grid/grid_ctrl.h"
 #include "panels/panel.h"
 #include "run_bench.h"
+#include "tests/surroundings.h"
 
 #include <QApplication>
 #include <QTest>
@@ -85,7 +86,7 @@ void EngineRunnerTest::anUnchangedProjectRunsAtOnce()
     QVERIFY(!bench.runner.IsRunning());
     QCOMPARE(bench.started.run, run);
     QCOMPARE(bench.started.project, QDir::toNativeSeparators(bench.path));
-    QCOMPARE(bench.started.engine, EnginePath(run, QStringLiteral(ENGINE_FOLDER)));
+    QCOMPARE(bench.started.engine, EnginePath(run, QString::fromUtf8(test::EngineFolder())));
     QCOMPARE(Bytes(bench.path), before);
     QCOMPARE(bench.Kept().size(), 1);
     QCOMPARE(Bytes(bench.Kept()[0].file), before); // as it was handed over

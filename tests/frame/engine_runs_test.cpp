@@ -8,6 +8,7 @@
 #include "run_bench.h"
 #include "tests/document/data_of.h"
 #include "tests/document/other_process.h"
+#include "tests/surroundings.h"
 
 #include <QAbstractItemModel>
 #include <QApplication>
@@ -75,7 +76,7 @@ int RunInside(const QString& project, const QString& kept)
     test::DataOf(child.Doc()).SetOption(301, 0, "UNSAVED");
     child.Doc().SetModifiedFlag(true);
     RunSeams seams = ScreenRunSeams();
-    seams.programFolder = [] { return QStringLiteral(ENGINE_FOLDER); };
+    seams.programFolder = [] { return QString::fromUtf8(test::EngineFolder()); };
     seams.keptFolder = [kept] { return kept; };
     CEngineRunner runner(seams);
     QTimer::singleShot(100, [] { OtherProcess::Say("running"); });

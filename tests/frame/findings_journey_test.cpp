@@ -106,8 +106,7 @@ QString WriteFile(const Desk& desk, const QByteArray& bytes)
 void FindingsJourneyTest::aShiftedRowIsToldFoundAndRepairedByTheKeyboard()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     QTRY_COMPARE(CountsShown(desk), QString::fromUtf8(kHinted));
     const QString text = desk.Cell(3, 6);
     QVERIFY(!text.isEmpty() && !desk.Cell(3, 7).isEmpty());
@@ -136,8 +135,7 @@ void FindingsJourneyTest::aShiftedRowIsToldFoundAndRepairedByTheKeyboard()
 void FindingsJourneyTest::f8StaysInABlockWhoseRowWouldGoWithItsPanel()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     desk.Grid().SetFocusCell(3, 1);
     Press(Qt::Key_Delete);
     Press(Qt::Key_Down);
@@ -153,8 +151,7 @@ void FindingsJourneyTest::f8StaysInABlockWhoseRowWouldGoWithItsPanel()
 void FindingsJourneyTest::f8GoesRoundOverTheBlocksAndShiftF8Back()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     const QStringList round{u"523/16/3"_s, u"573/45/2"_s, u"523/16/3"_s};
     for (const QString& place : round) {
         Press(Qt::Key_F8);
@@ -175,8 +172,7 @@ void FindingsJourneyTest::f8GoesRoundOverTheBlocksAndShiftF8Back()
 void FindingsJourneyTest::aClickOnTheStatusBarGoesToTheNextFinding()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     QTRY_COMPARE(CountsShown(desk), QString::fromUtf8(kHinted));
     QTest::mouseClick(Counts(desk), Qt::LeftButton);
     QTRY_COMPARE(Place(desk), u"523/16/3"_s);
@@ -186,8 +182,7 @@ void FindingsJourneyTest::aClickOnTheStatusBarGoesToTheNextFinding()
 void FindingsJourneyTest::aTextThatItsCellRefusesStaysInTheEditor()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 311);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 311));
     int row = 5;
     while (row < 20 && desk.Cell(row, 5).isEmpty())
         ++row;
@@ -220,8 +215,7 @@ void FindingsJourneyTest::rowsThatAreNotWrittenAreToldWhereTheyStand()
 void FindingsJourneyTest::theTreeMarksTheBlocksAndTheirGroups()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     CLeftView& tree = desk.child->Tree();
     QTRY_VERIFY(!ItemOf(tree, 523)->icon(0).isNull());
     const QString title = ItemOf(tree, 523)->text(0);
@@ -244,8 +238,7 @@ void FindingsJourneyTest::theTreeMarksTheBlocksAndTheirGroups()
 void FindingsJourneyTest::marksStandInAPanelThatIsBuiltAnew()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     ShiftARow(desk);
     desk.frame.RunCommand(Command::RowsHigher);
     QVERIFY(desk.Grid().Marks().Of(3, 6) == MarkKind::Loss);
@@ -258,8 +251,7 @@ void FindingsJourneyTest::marksStandInAPanelThatIsBuiltAnew()
 void FindingsJourneyTest::theListOpensByKeyAndGoesToTheCell()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     ShiftARow(desk);
     desk.Go(301);
     Press(Qt::Key_F8, Qt::ControlModifier);
@@ -299,8 +291,7 @@ void FindingsJourneyTest::theListOpensByKeyAndGoesToTheCell()
 void FindingsJourneyTest::theListIsFilteredBySeverityAndBlock()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     ShiftARow(desk);
     desk.frame.RunCommand(Command::FindingList);
     CFindingPane& pane = *desk.child->Findings().Pane();
@@ -328,8 +319,7 @@ void FindingsJourneyTest::theListIsFilteredBySeverityAndBlock()
 void FindingsJourneyTest::kindsAreSwitchedOffForEveryProjectAndTheNextStart()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     QTRY_COMPARE(CountsShown(desk), QString::fromUtf8(kHinted));
     const QList<QAction*> kinds = desk.child->Findings().Pane()->Kinds()->actions();
     QCOMPARE(std::size_t(kinds.size()), SwitchableKinds().size());
@@ -368,8 +358,7 @@ void FindingsJourneyTest::theListIsRemembered()
 void FindingsJourneyTest::f6ReachesTheList()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     desk.frame.RunCommand(Command::FindingList);
     desk.child->FocusPanel();
     bool reached = false;
@@ -383,8 +372,7 @@ void FindingsJourneyTest::f6ReachesTheList()
 void FindingsJourneyTest::aSaveSaysThatCellsWillComeBackDifferent()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     ShiftARow(desk);
     desk.frame.statusBar()->clearMessage();
     Press(Qt::Key_S, Qt::ControlModifier);
@@ -484,8 +472,7 @@ void FindingsJourneyTest::aSaveOverAForeignFileKeepsItUntilTheUserSaysYes()
 void FindingsJourneyTest::aPlainFileAsksNothing()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     QVERIFY(desk.child->Notices().Texts().isEmpty());
     EnterTitle(*desk.child, "TITLE");
     desk.frame.RunCommand(Command::Save);

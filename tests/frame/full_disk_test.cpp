@@ -106,6 +106,17 @@ private:
     QString folder_;
 };
 
+/// The small disk is where copies and kept inputs go. To be made before the program's window.
+struct SmallStateFolder {
+    TestFolder folder;
+    SmallDisk disk{folder.Path(u"state"_s), 1024};
+
+    SmallStateFolder() { qputenv("XDG_STATE_HOME", QFile::encodeName(folder.Path(u"state"_s))); }
+    ~SmallStateFolder() { qunsetenv("XDG_STATE_HOME"); }
+    SmallStateFolder(const SmallStateFolder&) = delete;
+    SmallStateFolder& operator=(const SmallStateFolder&) = delete;
+};
+
 /// The program with a project on a disk of its own.
 struct DiskStation : LifeStation {
     SmallDisk disk{folder.Path(u"disk"_s), 1024};
@@ -196,61 +207,51 @@ void FullDiskTest::aSaveUnderANewNameNamesWhatDidNotComeAlong()
 
 void FullDiskTest::aRecoveryCopyIsToldAndTheLastOneStands()
 {
-    const TestFolder folder;
-    const SmallDisk disk(folder.Path(u"state"_s), 1024);
-    QVERIFY(disk.isThere);
-    qputenv("XDG_STATE_HOME", QFile::encodeName(folder.Path(u"state"_s)));
-    {
-        LifeStation station;
-        CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
-        Enter(*child, "FIRST");
-        QVERIFY(child->KeepRecoveryCopy());
-        const QStringList copies = QDir(RecoveryFolder()).entryList({u"*.sbd"_s});
-        QCOMPARE(copies.size(), 1);
-        const QByteArray first = Bytes(QDir(RecoveryFolder()).filePath(copies[0]));
-        QVERIFY(first.startsWith("TITLE:FIRST\r\n"));
-        disk.Fill();
-        Enter(*child, "SECOND");
-        station.frame.OfferRecoveryCopies();
-        QVERIFY(!child->KeepRecoveryCopy());
-        QVERIFY(Bytes(QDir(RecoveryFolder()).filePath(copies[0])) == first);
-        QVERIFY(child->Doc().IsModified());
-        disk.MakeRoom();
-        QVERIFY(child->KeepRecoveryCopy());
-        QVERIFY(Bytes(QDir(RecoveryFolder()).filePath(copies[0])).startsWith("TITLE:SECOND\r\n"));
-        child->DropRecoveryCopy();
-    }
-    qunsetenv("XDG_STATE_HOME");
+    const SmallStateFolder state;
+    QVERIFY(state.disk.isThere);
+    LifeStation station;
+    CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
+    Enter(*child, "FIRST");
+    QVERIFY(child->KeepRecoveryCopy());
+    const QStringList copies = QDir(RecoveryFolder()).entryList({u"*.sbd"_s});
+    QCOMPARE(copies.size(), 1);
+    const QByteArray first = Bytes(QDir(RecoveryFolder()).filePath(copies[0]));
+    QVERIFY(first.startsWith("TITLE:FIRST\r\n"));
+    state.disk.Fill();
+    Enter(*child, "SECOND");
+    station.frame.OfferRecoveryCopies();
+    QVERIFY(!child->KeepRecoveryCopy());
+    QVERIFY(Bytes(QDir(RecoveryFolder()).filePath(copies[0])) == first);
+    QVERIFY(child->Doc().IsModified());
+    state.disk.MakeRoom();
+    QVERIFY(child->KeepRecoveryCopy());
+    QVERIFY(Bytes(QDir(RecoveryFolder()).filePath(copies[0])).startsWith("TITLE:SECOND\r\n"));
+    child->DropRecoveryCopy();
 }
 
 void FullDiskTest::aRunAsksWhereItsInputCannotBeKept()
 {
-    const TestFolder folder;
-    const SmallDisk disk(folder.Path(u"state"_s), 1024);
-    QVERIFY(disk.isThere);
-    qputenv("XDG_STATE_HOME", QFile::encodeName(folder.Path(u"state"_s)));
-    {
-        LifeStation station;
-        const QString path = station.folder.Example(u"plate4"_s);
-        CChildFrame* child = station.frame.OpenProject(path);
-        station.Engine(u"plate4"_s, "value RESET_RESULTS NO\nargs\n");
-        station.frame.RunCommand(Command::RunAll);
-        QApplication::processEvents();
-        QCOMPARE(KeptInputsOf(path).size(), 1);
-        const QByteArray before = Bytes(path);
-        disk.Fill();
-        QFile::remove(station.folder.Path(u"plate4.args"_s));
-        station.frame.RunCommand(Command::RunAll); // the user says no
-        QApplication::processEvents();
-        QCOMPARE(station.user.asked.size(), 1);
-        QVERIFY(station.user.asked[0].contains(u"解析前の入力を次のフォルダーに保管できません。"_s));
-        QVERIFY(!QFile::exists(station.folder.Path(u"plate4.args"_s)));
-        QCOMPARE(Bytes(path), before);
-        QVERIFY(child->Lock().IsHeld());
-        QCOMPARE(KeptInputsOf(path).size(), 1); // that of before stands
-        QVERIFY(!Bytes(KeptInputsOf(path)[0].file).isEmpty());
-    }
-    qunsetenv("XDG_STATE_HOME");
+    const SmallStateFolder state;
+    QVERIFY(state.disk.isThere);
+    LifeStation station;
+    const QString path = station.folder.Example(u"plate4"_s);
+    CChildFrame* child = station.frame.OpenProject(path);
+    station.Engine(u"plate4"_s, "value RESET_RESULTS NO\nargs\n");
+    station.frame.RunCommand(Command::RunAll);
+    QApplication::processEvents();
+    QCOMPARE(KeptInputsOf(path).size(), 1);
+    const QByteArray before = Bytes(path);
+    state.disk.Fill();
+    QFile::remove(station.folder.Path(u"plate4.args"_s));
+    station.frame.RunCommand(Command::RunAll); // the user says no
+    QApplication::processEvents();
+    QCOMPARE(station.user.asked.size(), 1);
+    QVERIFY(station.user.asked[0].contains(u"解析前の入力を次のフォルダーに保管できません。"_s));
+    QVERIFY(!QFile::exists(station.folder.Path(u"plate4.args"_s)));
+    QCOMPARE(Bytes(path), before);
+    QVERIFY(child->Lock().IsHeld());
+    QCOMPARE(KeptInputsOf(path).size(), 1); // that of before stands
+    QVERIFY(!Bytes(KeptInputsOf(path)[0].file).isEmpty());
 }
 
 void FullDiskTest::anEngineThatFindsNoRoomLeavesItsInput()
@@ -287,30 +288,25 @@ void FullDiskTest::anEngineThatFindsNoRoomLeavesItsInput()
 
 void FullDiskTest::anEndThatCannotBeWrittenDownIsToldAtTheNextOpening()
 {
-    const TestFolder folder;
-    const SmallDisk disk(folder.Path(u"state"_s), 1024);
-    QVERIFY(disk.isThere);
-    qputenv("XDG_STATE_HOME", QFile::encodeName(folder.Path(u"state"_s)));
-    {
-        LifeStation station;
-        const QString path = station.folder.Example(u"plate4"_s);
-        CChildFrame* child = station.frame.OpenProject(path);
-        station.frame.OfferRecoveryCopies();
-        station.Engine(u"plate4"_s, "sleep 1000\nchk ok\n");
-        QTimer::singleShot(400, &station.frame, [&] { disk.Fill(); }); // while the engine runs
-        station.frame.RunCommand(Command::RunAll);
-        QApplication::processEvents();
-        QVERIFY(child->Doc().lastRun.contains(u"報告あり"_s));
-        const QList<KeptInput> inputs = KeptInputsOf(path);
-        QCOMPARE(inputs.size(), 1);
-        QCOMPARE(inputs[0].end.kind, RunEndKind::Unknown); // as it was written before the run
-        QCOMPARE(inputs[0].project, path);
-        child->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        child = station.frame.OpenProject(path);
-        QVERIFY(child->Notices().Texts().value(0).contains(u"終わりを確認する前に"_s));
-    }
-    qunsetenv("XDG_STATE_HOME");
+    const SmallStateFolder state;
+    QVERIFY(state.disk.isThere);
+    LifeStation station;
+    const QString path = station.folder.Example(u"plate4"_s);
+    CChildFrame* child = station.frame.OpenProject(path);
+    station.frame.OfferRecoveryCopies();
+    station.Engine(u"plate4"_s, "sleep 1000\nchk ok\n");
+    QTimer::singleShot(400, &station.frame, [&] { state.disk.Fill(); }); // while the engine runs
+    station.frame.RunCommand(Command::RunAll);
+    QApplication::processEvents();
+    QVERIFY(child->Doc().lastRun.contains(u"報告あり"_s));
+    const QList<KeptInput> inputs = KeptInputsOf(path);
+    QCOMPARE(inputs.size(), 1);
+    QCOMPARE(inputs[0].end.kind, RunEndKind::Unknown); // as it was written before the run
+    QCOMPARE(inputs[0].project, path);
+    child->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    child = station.frame.OpenProject(path);
+    QVERIFY(child->Notices().Texts().value(0).contains(u"終わりを確認する前に"_s));
 }
 
 int main(int argc, char** argv)

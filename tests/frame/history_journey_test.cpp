@@ -38,8 +38,7 @@ void EnterText(Desk& desk, int row, int column, const QString& text)
 void HistoryJourneyTest::undoGoesToTheBlockAndShowsTheCell()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const std::string bytes = Bytes(desk);
     EnterText(desk, 4, 9, u"1 2 3"_s);
     desk.Go(301);
@@ -72,8 +71,7 @@ void HistoryJourneyTest::undoGoesToTheBlockAndShowsTheCell()
 void HistoryJourneyTest::theEditMenuNamesTheSteps()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const QAction* undo = desk.frame.Actions().Of(Command::Undo);
     const QAction* redo = desk.frame.Actions().Of(Command::Redo);
     QCOMPARE(undo->text(), u"元に戻す(&U)"_s);
@@ -93,8 +91,7 @@ void HistoryJourneyTest::theEditMenuNamesTheSteps()
 void HistoryJourneyTest::undoWorksWhereTheBlockOnShowHasNoGrid()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     EnterText(desk, 4, 9, u"1 2 3"_s);
     desk.child->GoToBlock(255);
     desk.frame.RunCommand(Command::Undo);
@@ -105,8 +102,7 @@ void HistoryJourneyTest::undoWorksWhereTheBlockOnShowHasNoGrid()
 void HistoryJourneyTest::whatIsTypedAndStillOpenComesFirst()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const std::string bytes = Bytes(desk);
     EnterText(desk, 4, 9, u"1 2 3"_s);
     const std::string first = Bytes(desk);
@@ -124,8 +120,7 @@ void HistoryJourneyTest::whatIsTypedAndStillOpenComesFirst()
 void HistoryJourneyTest::otherSettingsOfTheCellsKeepARowThatIsNotWrittenYet()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const int row = desk.Panel().Model()->BlockRows() + 2;
     EnterText(desk, row, 9, u"half"_s);
     desk.frame.RunCommand(Command::RowsHigher);

@@ -1,46 +1,10 @@
 // Whole journeys through the real window, by mouse and keys.
-#include "answers.h"
-#include "document/section_doc.h"
-#include "frame/child_frame.h"
 #include "frame/left_view.h"
-#include "frame/main_frame.h"
-#include "grid/grid_ctrl.h"
-#include "panels/panel.h"
+#include "panel_desk.h"
 
-#include <QApplication>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 using namespace sbd;
 
 namespace {
-
-struct Station {
-    TestFolder folder;
-    Answers user;
-    CMainFrame frame{user.Dialogs()};
-    bool isActive = false;
-
-    Station()
-    {
-        frame.resize(1366, 768);
-        frame.show();
-        frame.activateWindow();
-        isActive = QTest::qWaitForWindowActive(&frame);
-    }
-};
-
-/// Keys come from the window system, so that shortcuts, editors and open lists get theirs.
-void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-{
-    QTest::keyClick(QGuiApplication::focusWindow(), key, modifiers);
-}
-
-void Type(const QString& text)
-{
-    for (const QChar c : text)
-        QTest::keyClick(QGuiApplication::focusWindow(), c.toLatin1());
-}
 
 /// Clicks the item of a block in the tree.
 void ClickInTree(CChildFrame& child, int block)
@@ -98,18 +62,18 @@ private slots:
 
 void JourneyTest::twoCellsAreChangedAndJustTheirLinesInTheFile()
 {
-    Station station;
-    QVERIFY(station.isActive);
-    const QString path = station.folder.Example(u"plate4"_s);
+    Desk desk;
+    QVERIFY(desk.isActive);
+    const QString path = desk.folder.Example(u"plate4"_s);
     const QByteArray before = Bytes(path);
-    CChildFrame* child = station.frame.OpenProject(path);
+    CChildFrame* child = desk.frame.OpenProject(path);
     QVERIFY(child != nullptr);
 
     ClickInGrid(*child, 5, 2); // 対傾構設計を行わない(YES_NO)
     Type(u"YES"_s);
     Press(Qt::Key_Return);
     QVERIFY(child->Doc().IsModified());
-    QVERIFY(station.frame.isWindowModified());
+    QVERIFY(desk.frame.isWindowModified());
 
     ClickInTree(*child, 313);
     QCOMPARE(child->CurrentBlock(), 313);
@@ -118,9 +82,9 @@ void JourneyTest::twoCellsAreChangedAndJustTheirLinesInTheFile()
     Press(Qt::Key_Tab);
 
     Press(Qt::Key_S, Qt::ControlModifier);
-    QVERIFY(station.user.warned.isEmpty());
+    QVERIFY(desk.user.warned.isEmpty());
     QVERIFY(!child->Doc().IsModified());
-    QVERIFY(!station.frame.isWindowModified());
+    QVERIFY(!desk.frame.isWindowModified());
 
     const QByteArray after = Bytes(path);
     const QList<qsizetype> changed = DifferentLines(before, after);
@@ -135,10 +99,10 @@ void JourneyTest::twoCellsAreChangedAndJustTheirLinesInTheFile()
 
 void JourneyTest::aCellUnderEditIsSavedWithTheRest()
 {
-    Station station;
-    QVERIFY(station.isActive);
-    const QString path = station.folder.Example(u"plate4"_s);
-    CChildFrame* child = station.frame.OpenProject(path);
+    Desk desk;
+    QVERIFY(desk.isActive);
+    const QString path = desk.folder.Example(u"plate4"_s);
+    CChildFrame* child = desk.frame.OpenProject(path);
     ClickInGrid(*child, 1, 2);
     Type(u"UNDER EDIT"_s);
     Press(Qt::Key_S, Qt::ControlModifier);
@@ -148,9 +112,9 @@ void JourneyTest::aCellUnderEditIsSavedWithTheRest()
 
 void JourneyTest::lookingAtEveryBlockLeavesTheProjectUnmodified()
 {
-    Station station;
-    QVERIFY(station.isActive);
-    CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"box2"_s));
+    Desk desk;
+    QVERIFY(desk.isActive);
+    CChildFrame* child = desk.frame.OpenProject(desk.folder.Example(u"box2"_s));
     for (const TreeRow& row : TreeRows(child->Doc().Data())) {
         if (row.group)
             continue;
@@ -166,9 +130,9 @@ void JourneyTest::lookingAtEveryBlockLeavesTheProjectUnmodified()
 
 void JourneyTest::aChangeThatIsTakenBackLeavesTheProjectUnmodified()
 {
-    Station station;
-    QVERIFY(station.isActive);
-    CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
+    Desk desk;
+    QVERIFY(desk.isActive);
+    CChildFrame* child = desk.frame.OpenProject(desk.folder.Example(u"plate4"_s));
     ClickInGrid(*child, 5, 2);
     Type(u"YES"_s);
     Press(Qt::Key_Return);
@@ -178,31 +142,31 @@ void JourneyTest::aChangeThatIsTakenBackLeavesTheProjectUnmodified()
     Press(Qt::Key_Return);
     QVERIFY(!child->Doc().IsModified());
     QVERIFY(child->close());
-    QVERIFY(station.user.asked.isEmpty());
+    QVERIFY(desk.user.asked.isEmpty());
 }
 
 void JourneyTest::aSaveThatFailsKeepsWhatWasTyped()
 {
-    Station station;
-    QVERIFY(station.isActive);
-    const QString path = station.folder.Example(u"plate4"_s);
+    Desk desk;
+    QVERIFY(desk.isActive);
+    const QString path = desk.folder.Example(u"plate4"_s);
     const QByteArray before = Bytes(path);
-    CChildFrame* child = station.frame.OpenProject(path);
+    CChildFrame* child = desk.frame.OpenProject(path);
     ClickInGrid(*child, 1, 2);
     Type(u"TYPED"_s);
-    station.user.saveFile = station.folder.Path(u"full.sbd"_s);
+    desk.user.saveFile = desk.folder.Path(u"full.sbd"_s);
 #ifdef Q_OS_LINUX
-    QVERIFY(QFile::link(u"/dev/full"_s, station.user.saveFile));
+    QVERIFY(QFile::link(u"/dev/full"_s, desk.user.saveFile));
 #else // which has no device that is always full
-    QVERIFY(QFile::copy(path, station.user.saveFile));
-    QVERIFY(QFile::setPermissions(station.user.saveFile, QFile::ReadOwner));
+    QVERIFY(QFile::copy(path, desk.user.saveFile));
+    QVERIFY(QFile::setPermissions(desk.user.saveFile, QFile::ReadOwner));
 #endif
 
     Press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(station.user.warned.size(), 1);
-    QVERIFY2(station.user.warned[0].contains(u"入力内容は画面に残っています"_s), qPrintable(station.user.warned[0]));
+    QCOMPARE(desk.user.warned.size(), 1);
+    QVERIFY2(desk.user.warned[0].contains(u"入力内容は画面に残っています"_s), qPrintable(desk.user.warned[0]));
     QVERIFY(child->Doc().IsModified());
-    QVERIFY(station.frame.isWindowModified());
+    QVERIFY(desk.frame.isWindowModified());
     QCOMPARE(child->Panel()->Grid()->model()->index(0, 1).data().toString(), u"TYPED"_s);
     QCOMPARE(Bytes(path), before);
 
@@ -212,9 +176,9 @@ void JourneyTest::aSaveThatFailsKeepsWhatWasTyped()
 
 void JourneyTest::theKeyboardAloneReachesEveryPane()
 {
-    Station station;
-    QVERIFY(station.isActive);
-    CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
+    Desk desk;
+    QVERIFY(desk.isActive);
+    CChildFrame* child = desk.frame.OpenProject(desk.folder.Example(u"plate4"_s));
     child->Tree().setFocus();
     Press(Qt::Key_Down); // 302
     Press(Qt::Key_Down); // 303
@@ -236,13 +200,13 @@ void JourneyTest::theKeyboardAloneReachesEveryPane()
 
 void JourneyTest::closingWithACellUnderEditAsks()
 {
-    Station station;
-    QVERIFY(station.isActive);
-    CChildFrame* child = station.frame.OpenProject(station.folder.Example(u"plate4"_s));
+    Desk desk;
+    QVERIFY(desk.isActive);
+    CChildFrame* child = desk.frame.OpenProject(desk.folder.Example(u"plate4"_s));
     ClickInGrid(*child, 1, 2);
     Type(u"UNDER EDIT"_s);
     QVERIFY(!child->close());
-    QCOMPARE(station.user.asked.size(), 1);
+    QCOMPARE(desk.user.asked.size(), 1);
     QVERIFY(child->Doc().Data().Option(301, 0) == "UNDER EDIT");
 }
 

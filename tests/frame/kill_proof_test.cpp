@@ -4,6 +4,7 @@
 #include "frame/notice_bar.h"
 #include "life_station.h"
 #include "sbdfile/writer.h"
+#include "tests/surroundings.h"
 #include "upperview/chk_page.h"
 
 #include <QDir>
@@ -48,35 +49,29 @@ QByteArray TitleOf(const char* word, int number)
     return word + (' ' + QByteArray::number(number)) + ' ' + QByteArray(number % 40, 'x');
 }
 
+/// Enters one title after the other and keeps it, as `keep` does.
+int KeepUntilKilled(const QString& project, const char* word, bool (*keep)(CMainFrame&, CChildFrame&))
+{
+    return ChangeUntilKilled(project, [&](CMainFrame& frame, CChildFrame& child, int number) {
+        Enter(child, TitleOf(word, number).constData());
+        if (!keep(frame, child))
+            return false;
+        Say(QByteArray::number(number));
+        return true;
+    });
+}
+
 int SaveUntilKilled(const QString& project)
 {
-    Answers user;
-    CMainFrame frame(user.Dialogs());
-    CChildFrame* child = frame.OpenProject(project);
-    if (child == nullptr)
-        return 1;
-    for (int i = 1;; ++i) {
-        Enter(*child, TitleOf("SAVE", i).constData());
+    return KeepUntilKilled(project, "SAVE", [](CMainFrame& frame, CChildFrame& child) {
         frame.RunCommand(Command::Save);
-        if (child->Doc().IsModified())
-            return 2;
-        Say(QByteArray::number(i));
-    }
+        return !child.Doc().IsModified();
+    });
 }
 
 int CopyUntilKilled(const QString& project)
 {
-    Answers user;
-    CMainFrame frame(user.Dialogs());
-    CChildFrame* child = frame.OpenProject(project);
-    if (child == nullptr)
-        return 1;
-    for (int i = 1;; ++i) {
-        Enter(*child, TitleOf("COPY", i).constData());
-        if (!child->KeepRecoveryCopy())
-            return 2;
-        Say(QByteArray::number(i));
-    }
+    return KeepUntilKilled(project, "COPY", [](CMainFrame&, CChildFrame& child) { return child.KeepRecoveryCopy(); });
 }
 
 void PressIn(QWidget* window, const QString& text)
@@ -97,7 +92,7 @@ int RunUntil(const QByteArray& moment, const QByteArray& run, const QString& pro
     Answers user;
     Prompts prompts = user.Dialogs();
     RunSeams& runs = prompts.runs;
-    runs.programFolder = [] { return QStringLiteral(ENGINE_FOLDER); };
+    runs.programFolder = [] { return QString::fromUtf8(test::EngineFolder()); };
     runs.createMutex = [moment] { return AnalysisMutexHandle{moment == "question of the analysis", {}}; };
     runs.askYesNo = [stayAt](QWidget*, const QString& text) {
         stayAt(text.contains(u"保管できません"_s) ? "question without a copy" : "question of the analysis");

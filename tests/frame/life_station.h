@@ -8,10 +8,13 @@
 #include "frame/left_view.h"
 #include "frame/main_frame.h"
 #include "tests/document/data_of.h"
+#include "tests/surroundings.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QTest>
+
+#include <functional>
 
 namespace sbd {
 
@@ -24,7 +27,7 @@ struct LifeStation {
 
     LifeStation()
     {
-        user.engines = QStringLiteral(ENGINE_FOLDER);
+        user.engines = QString::fromUtf8(test::EngineFolder());
         frame.resize(1366, 768);
         frame.show();
         frame.NewProject(); // as at the start of the program
@@ -34,7 +37,7 @@ struct LifeStation {
     [[nodiscard]] QString AnalysisInput(const QString& example = u"box2"_s)
     {
         const QString file = folder.Path(u"bridge.abd"_s);
-        QFile::copy(QStringLiteral(EXAMPLES_DIR) + u'/' + example + u'/' + example + u".abd"_s, file);
+        QFile::copy(QString::fromUtf8(test::ExamplesFolder()) + u'/' + example + u'/' + example + u".abd"_s, file);
         return file;
     }
     [[nodiscard]] QString Project() const { return folder.Path(u"bridge.sbd"_s); }
@@ -124,6 +127,20 @@ inline void RemoveAllCopies()
     QDir(KeptFolder()).removeRecursively();
     for (const RecoveryCopy& copy : FindRecoveryCopies())
         RemoveRecoveryCopy(copy);
+}
+
+/// What another process does until it is killed: opens a project and changes it again and again. Ends, as an exit code
+/// that is not 0, where the project does not open or a `change` (with its number, from 1) fails.
+inline int ChangeUntilKilled(const QString& project, const std::function<bool(CMainFrame&, CChildFrame&, int)>& change)
+{
+    Answers user;
+    CMainFrame frame(user.Dialogs());
+    CChildFrame* child = frame.OpenProject(project);
+    if (child == nullptr)
+        return 1;
+    for (int number = 1; change(frame, *child, number);)
+        ++number;
+    return 2;
 }
 
 } // namespace sbd

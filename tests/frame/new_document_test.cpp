@@ -12,7 +12,7 @@ using namespace sbd;
 namespace {
 
 /// Writes down what it is asked to do; the step named in `failing` fails.
-class Recorder : public NewDocumentSteps {
+class Recorder : public CNewDocumentSteps {
 public:
     QStringList log;
     QString failing;

@@ -8,6 +8,7 @@
 #include "grid/grid_ctrl.h"
 #include "panelmodel/panel_model.h"
 #include "panels/panel.h"
+#include "tests/surroundings.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -56,6 +57,12 @@ struct Desk {
         child = frame.OpenProject(path);
         Go(block);
     }
+    /// A copy of an example; no where the window has not become the active one, to which keys go.
+    [[nodiscard]] bool OpenExample(const QString& name, int block)
+    {
+        Open(folder.Example(name), block);
+        return isActive;
+    }
     void Go(int block)
     {
         child->GoToBlock(block);
@@ -70,7 +77,7 @@ struct Desk {
         CKELDSectionDoc doc;
         if (!doc.SaveDocument(path).Ok())
             return {};
-        QFile::copy(QStringLiteral(EXAMPLES_DIR) + u"/plate4/plate4.abd"_s, folder.Path(u"new.abd"_s));
+        QFile::copy(QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/plate4.abd"_s, folder.Path(u"new.abd"_s));
         return path;
     }
 

@@ -40,7 +40,7 @@ private slots:
 void PanelInputTest::aCompositionBeginsInACellAndIsNotLost()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     desk.Grid().SetFocusCell(1, 2);
     QVERIFY(desk.Grid().testAttribute(Qt::WA_InputMethodEnabled));
     QInputMethodQueryEvent query(Qt::ImEnabled);
@@ -72,7 +72,7 @@ void PanelInputTest::aCompositionBeginsInACellAndIsNotLost()
 void PanelInputTest::aCompositionInACellWithAListKeepsItsText()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     desk.Grid().SetFocusCell(2, 5); // I左右両
     Compose(u"り"_s);
     QVERIFY(qobject_cast<CCellCombo*>(desk.Editor()) != nullptr);
@@ -92,7 +92,7 @@ void PanelInputTest::aCompositionInACellWithAListKeepsItsText()
 void PanelInputTest::aCompositionThatIsGivenUpLeavesTheCell()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     desk.Grid().SetFocusCell(1, 2);
     const QString before = desk.Option(301, 1);
     Compose(u"はし"_s);
@@ -131,7 +131,7 @@ void PanelInputTest::aCompositionThatIsGivenUpLeavesTheCell()
 void PanelInputTest::theCandidatesAreShownAtTheCell()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     CGridCtrl& grid = desk.Grid();
     grid.SetFocusCell(3, 5);
     const QRect cell = grid.visualRect(grid.currentIndex()).translated(grid.viewport()->pos());
@@ -153,7 +153,7 @@ void PanelInputTest::theCandidatesAreShownAtTheCell()
 void PanelInputTest::aLockedCellTakesNoComposition()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     desk.Grid().SetFocusCell(4, 1);
     QVERIFY(!desk.Grid().testAttribute(Qt::WA_InputMethodEnabled));
     Compose(u"あ"_s);
@@ -166,7 +166,7 @@ void PanelInputTest::aLockedCellTakesNoComposition()
 void PanelInputTest::aScreenReaderFindsNamesOfGridHeadsAndCells()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 314);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 314));
     QAccessibleInterface* grid = QAccessible::queryAccessibleInterface(&desk.Grid());
     QVERIFY(grid != nullptr);
     QVERIFY2(grid->text(QAccessible::Name).startsWith(u"314"_s), qPrintable(grid->text(QAccessible::Name)));
@@ -256,7 +256,7 @@ void PanelInputTest::whatColoursSayIsHeardToo()
 void PanelInputTest::aPasteNamesWhatItCannotTakeAndPutsTheRest()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const QStringList second = desk.Row(2);
     QApplication::clipboard()->setText(u"GA\tG♥\tC1\nGB\tGC\tC😀2\n"_s);
     desk.Grid().SetFocusCell(2, 1);
@@ -303,7 +303,7 @@ void PanelInputTest::aPasteOfMegabytesEnds()
 void PanelInputTest::aPasteOfBinaryLeavesOneLineCells()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     QString text;
     for (char16_t c = 1; c < 0x250; ++c)
         text += QChar(c);
@@ -359,7 +359,7 @@ void PanelInputTest::columnsWithoutAHeadAreKept()
     table.AppendRow({Cp932("自動計算(YES_NO)"), "NO"});
     table.AppendRow({"G1", "G2", "A1", "A2", "1", "2", "3"});
     const std::size_t columns = table.columns.size();
-    for (ColumnVector& column : table.columns)
+    for (CColumnVector& column : table.columns)
         if (column[1].empty())
             column.Set(1, "9");
     const TableBlock before = table;
@@ -403,7 +403,7 @@ void PanelInputTest::aRefusedTextIsToldAtASaveAndStaysInTheEditor()
 void PanelInputTest::aPanelWithARefusedTextMayNotClose()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     desk.Grid().SetFocusCell(1, 2);
     Press(Qt::Key_F2);
     EditorLine(desk.Editor())->setText(u"橋♥"_s);
@@ -428,7 +428,7 @@ void PanelInputTest::aPanelWithARefusedTextMayNotClose()
 void PanelInputTest::theBlockSwitchWaitsForARefusedText()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     desk.Grid().SetFocusCell(1, 2);
     Press(Qt::Key_F2);
     EditorLine(desk.Editor())->setText(u"橋♥"_s);
@@ -446,7 +446,7 @@ void PanelInputTest::theBlockSwitchWaitsForARefusedText()
 void PanelInputTest::rowsAreAddedByNumber()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const int rows = desk.Grid().model()->rowCount();
     int asked = 0;
     const auto ask = [&asked](int answer) {

@@ -141,7 +141,7 @@ void PanelJourneyTest::twoHundredRowsArePastedFromLibreOffice()
 void PanelJourneyTest::everythingIsUndoneBackToTheStart()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const TableBlock before = *desk.child->Doc().Data().Table(313);
     int steps = 0;
     for (int round = 0; round < 60; ++round) {
@@ -182,7 +182,7 @@ void PanelJourneyTest::everythingIsUndoneBackToTheStart()
 void PanelJourneyTest::undoTakesBackWhatWasDoneBeforeRowsWereDeleted()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const TableBlock before = *desk.child->Doc().Data().Table(313);
     const int last = int(before.RowCount());
     desk.Grid().SetFocusCell(last, 6);
@@ -201,7 +201,7 @@ void PanelJourneyTest::undoTakesBackWhatWasDoneBeforeRowsWereDeleted()
 void PanelJourneyTest::aRowWithADropDownMovesWithItsList()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const QStringList second = desk.Row(2);
     const QStringList third = desk.Row(3);
     const QStringList list = desk.Grid().Source()->Words(2, 5);
@@ -225,7 +225,7 @@ void PanelJourneyTest::aRowWithADropDownMovesWithItsList()
 void PanelJourneyTest::deletingAcrossReadOnlyCellsEmptiesTheOthers()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 331);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 331));
     const QStringList first = desk.Row(1);
     const QStringList second = desk.Row(2);
     Drag(*desk.Grid().viewport(), desk.Middle(1, 1), desk.Middle(2, 4));
@@ -318,7 +318,7 @@ void PanelJourneyTest::keysMoveAsInASpreadsheet()
 void PanelJourneyTest::theListOpensByKeyAndCompletesWhileTyping()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 314);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 314));
     desk.Grid().SetFocusCell(2, 8); // 材質
     Type(u"sm49"_s);
     auto* combo = qobject_cast<CCellCombo*>(desk.Editor());
@@ -351,7 +351,7 @@ void PanelJourneyTest::theListOpensByKeyAndCompletesWhileTyping()
 void PanelJourneyTest::theMouseSelectsBlocksColumnsAndRows()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     CGridCtrl& grid = desk.Grid();
     Drag(*grid.viewport(), desk.Middle(5, 6), desk.Middle(2, 3)); // upward and to the left
     QCOMPARE(RangeText(grid.SelectedRange()), u"2,3-5,6"_s);
@@ -434,7 +434,7 @@ void PanelJourneyTest::theContextMenuKnowsWhatTheRowAllows()
 void PanelJourneyTest::theMouseWidensAColumnAndTheWheelScrolls()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     CGridCtrl& grid = desk.Grid();
     QHeaderView& heads = *grid.horizontalHeader();
     const int width = grid.columnWidth(1);
@@ -461,7 +461,7 @@ void PanelJourneyTest::theMouseWidensAColumnAndTheWheelScrolls()
 void PanelJourneyTest::linksAreSeenInTheOtherPanels()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     const auto type = [&desk](int block, int row, int column, const QString& text) {
         desk.Go(block);
         desk.Grid().SetFocusCell(row, column);
@@ -495,7 +495,7 @@ void PanelJourneyTest::linksAreSeenInTheOtherPanels()
 void PanelJourneyTest::theMethodOf321TurnsColumnsOnAndOff()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 321);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 321));
     const auto choose = [&desk](const QString& word) {
         desk.Grid().SetFocusCell(2, 2);
         desk.Grid().OpenList();
@@ -519,7 +519,7 @@ void PanelJourneyTest::theMethodOf321TurnsColumnsOnAndOff()
 void PanelJourneyTest::theTypeOf301ChangesTheOtherPanels()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     desk.Grid().SetFocusCell(3, 2);
     QApplication::clipboard()->setText(u"断面1のみ"_s);
     Press(Qt::Key_V, Qt::ControlModifier);

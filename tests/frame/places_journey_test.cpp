@@ -72,8 +72,7 @@ private slots:
 void PlacesJourneyTest::ctrlKAndANumberGoToTheCell()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     Press(Qt::Key_K, Qt::ControlModifier);
     QVERIFY(LineOf(desk) != nullptr && LineOf(desk)->isVisible());
     QVERIFY(LineOf(desk)->Line()->hasFocus());
@@ -90,8 +89,7 @@ void PlacesJourneyTest::ctrlKAndANumberGoToTheCell()
 void PlacesJourneyTest::escLeavesFocusSelectionAndAnOpenEditorAsTheyWere()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     desk.Click(3, 6);
     desk.Grid().SelectRange({3, 6, 4, 7});
     Press(Qt::Key_K, Qt::ControlModifier);
@@ -129,8 +127,7 @@ void PlacesJourneyTest::escLeavesFocusSelectionAndAnOpenEditorAsTheyWere()
 void PlacesJourneyTest::anOpenEditorIsTakenWhenTheLineLeadsAway()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     desk.Click(3, 6);
     Type(u"137"_s);
     Press(Qt::Key_K, Qt::ControlModifier);
@@ -146,8 +143,7 @@ void PlacesJourneyTest::anOpenEditorIsTakenWhenTheLineLeadsAway()
 void PlacesJourneyTest::aRefusedTextKeepsTheUserWhereHeIs()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 332);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 332));
     desk.Go(311); // whose heights are numbers
     int row = 5;
     while (row < 20 && desk.Cell(row, 5).isEmpty())
@@ -171,8 +167,7 @@ void PlacesJourneyTest::aRefusedTextKeepsTheUserWhereHeIs()
 void PlacesJourneyTest::aClickElsewhereEndsTheLineAndTheEdit()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     desk.Click(3, 6);
     Type(u"138"_s);
     Press(Qt::Key_K, Qt::ControlModifier);
@@ -186,8 +181,7 @@ void PlacesJourneyTest::aClickElsewhereEndsTheLineAndTheEdit()
 void PlacesJourneyTest::aCommandIsGivenByItsName()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     Press(Qt::Key_K, Qt::ControlModifier);
     Compose({}, u"注意事項"_s);
     QCOMPARE(LineOf(desk)->Targets().at(0).command, Command::Notes);
@@ -199,8 +193,7 @@ void PlacesJourneyTest::aCommandIsGivenByItsName()
 void PlacesJourneyTest::aCommandThatMayNotBeGivenSaysSo()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     Press(Qt::Key_K, Qt::ControlModifier);
     Compose({}, u"やり直す"_s);
     QCOMPARE(LineOf(desk)->Targets().at(0).command, Command::Redo);
@@ -213,8 +206,7 @@ void PlacesJourneyTest::aCommandThatMayNotBeGivenSaysSo()
 void PlacesJourneyTest::aQuestionLeadsToItsCell()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     Press(Qt::Key_K, Qt::ControlModifier);
     QApplication::processEvents(); // the index
     QElapsedTimer timer;
@@ -240,8 +232,7 @@ void PlacesJourneyTest::aQuestionLeadsToItsCell()
 void PlacesJourneyTest::theLastEntrySearchesIn999()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     Press(Qt::Key_K, Qt::ControlModifier);
     Compose({}, u"ボルト"_s);
     Press(Qt::Key_Up); // round to the last one
@@ -255,8 +246,7 @@ void PlacesJourneyTest::theLastEntrySearchesIn999()
 void PlacesJourneyTest::ctrlGTakesNumbersAlone()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     Press(Qt::Key_G, Qt::ControlModifier);
     Compose({}, u"印刷"_s);
     QVERIFY(LineOf(desk)->Targets().empty());
@@ -281,8 +271,7 @@ void PlacesJourneyTest::theLineIsThereWithoutAProject()
 void PlacesJourneyTest::altLeftAndAltRightGoThroughThePlaces()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     desk.Click(4, 3);
     desk.Go(332);
     desk.Click(2, 2);
@@ -312,8 +301,7 @@ void PlacesJourneyTest::altLeftAndAltRightGoThroughThePlaces()
 void PlacesJourneyTest::theSideButtonsOfTheMouseGoThemToo()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     desk.Click(4, 3);
     desk.Go(332);
     QTest::mouseClick(desk.Grid().viewport(), Qt::BackButton, {}, QPoint(50, 50));
@@ -325,8 +313,7 @@ void PlacesJourneyTest::theSideButtonsOfTheMouseGoThemToo()
 void PlacesJourneyTest::theEmptyLineListsWhereTheUserWas()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     desk.Click(4, 3);
     desk.Go(332);
     Press(Qt::Key_K, Qt::ControlModifier);
@@ -338,8 +325,7 @@ void PlacesJourneyTest::theEmptyLineListsWhereTheUserWas()
 void PlacesJourneyTest::f1TwiceShowsAllKeys()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     Press(Qt::Key_F1);
     QTRY_COMPARE(desk.child->CurrentBlock(), 999);
     QVERIFY(desk.frame.findChild<QDialog*>() == nullptr);
@@ -372,8 +358,7 @@ void PlacesJourneyTest::f1TwiceShowsAllKeys()
 void PlacesJourneyTest::theStatusBarSaysWhatTheCellTakesAndWhetherItIsSaved()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     desk.Click(3, 6);
     QVERIFY2(StatusText(desk).contains(u"数値"_s), qPrintable(StatusText(desk)));
     QVERIFY2(StatusText(desk).contains(u"保存済み"_s), qPrintable(StatusText(desk)));
@@ -392,8 +377,7 @@ void PlacesJourneyTest::theStatusBarSaysWhatTheCellTakesAndWhetherItIsSaved()
 void PlacesJourneyTest::theHelpPaneStandsBesideOnRequestAndIsKept()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 301);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 301));
     const auto beside = [&desk] {
         const QPoint help = desk.child->UpView().mapTo(&desk.frame, QPoint());
         const QPoint grid = desk.Grid().mapTo(&desk.frame, QPoint());
@@ -519,8 +503,7 @@ void PlacesJourneyTest::withoutTheWishNothingComesBack()
 void PlacesJourneyTest::aMarkedHitShowsItsPageAndAnEmptyLineTheTopics()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     Press(Qt::Key_F1);
     QTRY_COMPARE(desk.child->CurrentBlock(), 999);
     QTRY_VERIFY(!desk.child->UpView().Help().Links().empty()); // the topics

@@ -22,18 +22,14 @@ namespace {
 /// The other process: opens a project, changes it again and again and keeps copies, until it is killed.
 int EditUntilKilled(const QString& project)
 {
-    Answers user;
-    CMainFrame frame(user.Dialogs());
-    CChildFrame* child = frame.OpenProject(project);
-    if (child == nullptr)
-        return 1;
-    for (int i = 1;; ++i) {
-        Enter(*child, QByteArray::number(i).prepend("EDIT ").constData());
-        if (!child->KeepRecoveryCopy())
-            return 2;
-        if (i == 1)
+    return ChangeUntilKilled(project, [](CMainFrame&, CChildFrame& child, int number) {
+        Enter(child, QByteArray::number(number).prepend("EDIT ").constData());
+        if (!child.KeepRecoveryCopy())
+            return false;
+        if (number == 1)
             OtherProcess::Say("edited");
-    }
+        return true;
+    });
 }
 
 } // namespace

@@ -85,7 +85,7 @@ void ClickReplace(const Desk& desk)
 int CellsOf(const Desk& desk, int block, std::string_view text)
 {
     int count = 0;
-    for (const ColumnVector& column : desk.child->Doc().Data().Table(block)->columns)
+    for (const CColumnVector& column : desk.child->Doc().Data().Table(block)->columns)
         for (std::size_t row = 0; row < column.size(); ++row)
             count += column[row] == text ? 1 : 0;
     return count;
@@ -111,8 +111,7 @@ void FillBlock(Desk& desk)
 void ReplaceTest::ctrlFLeadsFromCellToCellAndRoundAgain()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     desk.Grid().SetFocusCell(2, 6);
     Press(Qt::Key_F, Qt::ControlModifier);
@@ -139,7 +138,7 @@ void ReplaceTest::ctrlFLeadsFromCellToCellAndRoundAgain()
 void ReplaceTest::f3GoesOnWithoutThePane()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     desk.Grid().SetFocusCell(1, 2);
     Press(Qt::Key_F, Qt::ControlModifier);
@@ -159,7 +158,7 @@ void ReplaceTest::f3GoesOnWithoutThePane()
 void ReplaceTest::theTextOfTheCellIsLookedFor()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     desk.Grid().SetFocusCell(5, 1);
     Press(Qt::Key_H, Qt::ControlModifier);
@@ -171,7 +170,7 @@ void ReplaceTest::theTextOfTheCellIsLookedFor()
 void ReplaceTest::aReplaceInTheBlockIsOneStep()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     const QByteArray before = Project(desk);
     desk.Grid().SetFocusCell(3, 2);
@@ -201,7 +200,7 @@ void ReplaceTest::aReplaceInTheBlockIsOneStep()
 void ReplaceTest::aReplaceInTheProjectIsOneStepOverAllBlocks()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const QByteArray opened = Project(desk);
     desk.Grid().SetFocusCell(2, 6);
     Ask(desk, u"G1"_s, u"GX1"_s, true);
@@ -230,7 +229,7 @@ void ReplaceTest::aReplaceInTheProjectIsOneStepOverAllBlocks()
 void ReplaceTest::aLineThatIsTickedOffStays()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     desk.Grid().SetFocusCell(3, 2);
     Ask(desk, u"G1"_s, u"GA"_s, false);
@@ -254,7 +253,7 @@ void ReplaceTest::aLineThatIsTickedOffStays()
 void ReplaceTest::whatStaysIsListedWithItsReason()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     Ask(desk, u"G1"_s, {}, false);
     QCOMPARE(Pane(desk).Hits().size(), 2U);
@@ -268,7 +267,7 @@ void ReplaceTest::whatStaysIsListedWithItsReason()
 void ReplaceTest::rowsThatAreNotCompleteYetAreReplacedAndComeBack()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     desk.Grid().SetFocusCell(8, 2); // a row without its first cell
     Type(u"G1"_s);
@@ -289,7 +288,7 @@ void ReplaceTest::rowsThatAreNotCompleteYetAreReplacedAndComeBack()
 void ReplaceTest::rowsOutOfSightStay()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     desk.Grid().SetFocusCell(5, 1);
     Press(Qt::Key_L, Qt::ControlModifier | Qt::ShiftModifier); // G10 alone
@@ -305,7 +304,7 @@ void ReplaceTest::rowsOutOfSightStay()
 void ReplaceTest::anEditBehindTheListIsSeen()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     Ask(desk, u"G1"_s, u"GA"_s, false);
     desk.child->FocusPanel();
@@ -321,7 +320,7 @@ void ReplaceTest::anEditBehindTheListIsSeen()
 void ReplaceTest::aCharacterThatNoCellHoldsIsNamed()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     Ask(desk, u"G1"_s, u"GA"_s, false);
     Pane(desk).ByLine()->setText(u"G♥"_s);
@@ -333,7 +332,7 @@ void ReplaceTest::aCharacterThatNoCellHoldsIsNamed()
 void ReplaceTest::aProjectWithoutAGridOnShowIsReplacedToo()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     const QByteArray before = Project(desk);
     desk.child->GoToBlock(999);
@@ -356,7 +355,7 @@ void ReplaceTest::aProjectWithoutAGridOnShowIsReplacedToo()
 void ReplaceTest::whatTheFileWouldNotGiveBackIsSaidBefore()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     Ask(desk, u"G10"_s, u"G 1 0"_s, false);
     QCOMPARE(Pane(desk).Hits().size(), 1U);
@@ -367,7 +366,7 @@ void ReplaceTest::whatTheFileWouldNotGiveBackIsSaidBefore()
 void ReplaceTest::theKeysWorkWhileTheEditorIsOpen()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     desk.Grid().SetFocusCell(2, 6);
     Press(Qt::Key_F2);
@@ -389,7 +388,7 @@ void ReplaceTest::theKeysWorkWhileTheEditorIsOpen()
 void ReplaceTest::aPaneThatOpensLeavesTheFocusInSight()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const QRect view = desk.Grid().viewport()->rect();
     int last = 1;
     while (view.contains(desk.Grid().visualRect(desk.Index(last + 1, 1))))
@@ -411,7 +410,7 @@ void ReplaceTest::aPaneThatOpensLeavesTheFocusInSight()
 void ReplaceTest::aPasteThatIsTooWideBarsNoWay()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     FillBlock(desk);
     desk.Grid().SetFocusCell(2, 8);
     QApplication::clipboard()->setText(u"1\t2\t3\t4"_s);

@@ -10,6 +10,7 @@
 #include "project/block_numbers.h"
 #include "results/diagram_curves.h"
 #include "results/figure_pick.h"
+#include "tests/surroundings.h"
 #include "upperview/figure_pane.h"
 #include "upperview/up_view.h"
 
@@ -43,7 +44,7 @@ struct Station {
         static_cast<void>(QTest::qWaitForWindowActive(&frame));
         const QString project = folder.Example(example);
         const QString results = u"/%1_計算結果"_s.arg(example);
-        const QDir from(QStringLiteral(EXAMPLES_DIR) + u'/' + example + results);
+        const QDir from(QString::fromUtf8(test::ExamplesFolder()) + u'/' + example + results);
         const QString to = QFileInfo(project).path() + results;
         static_cast<void>(QDir().mkpath(to));
         for (const QString& name : from.entryList(QDir::Files))

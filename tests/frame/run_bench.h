@@ -12,6 +12,7 @@
 #include "frame/notice_bar.h"
 #include "frame/run_notices.h"
 #include "tests/document/data_of.h"
+#include "tests/surroundings.h"
 
 #include <QDir>
 #include <QMainWindow>
@@ -169,7 +170,7 @@ private:
                 [this](QWidget*, const QString& text) { log += QStringLiteral("told: ") + text; },
                 [this] {
                     log += QStringLiteral("folder");
-                    return QStringLiteral(ENGINE_FOLDER);
+                    return QString::fromUtf8(test::EngineFolder());
                 },
                 [this] { return CreateMutex(); },
                 [this](QWidget* parent, const EngineStart& start) { return RunEngine(parent, start); },

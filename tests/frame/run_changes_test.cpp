@@ -109,7 +109,7 @@ bool IsMarked(const Desk& desk, int row, int column)
 void RunChangesTest::aRunThatChangedNothingSaysNothing()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     RunOf(desk, [](CSbdData&) {});
     QVERIFY2(desk.child->Notices().Texts().isEmpty(), qPrintable(desk.child->Notices().Texts().join(u'\n')));
     QVERIFY(desk.child->RunChanges().List().empty());
@@ -118,8 +118,7 @@ void RunChangesTest::aRunThatChangedNothingSaysNothing()
 void RunChangesTest::whatARunChangedIsCountedMarkedAndListed()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const QString before = desk.Cell(3, 6);
     RunOf(desk, ChangeSome);
     QCOMPARE(desk.child->Notices().Texts().size(), 1);
@@ -163,12 +162,11 @@ void RunChangesTest::whatARunChangedIsCountedMarkedAndListed()
 void RunChangesTest::rowsThatCameAndWentAreToldAsRows()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const QString gone = desk.Cell(4, 3);
     const int rows = int(desk.child->Doc().Data().Table(313)->RowCount());
     RunOf(desk, [](CSbdData& data) {
-        for (ColumnVector& column : data.Table(313)->columns)
+        for (CColumnVector& column : data.Table(313)->columns)
             column.Erase(3);
         const std::string both = *fromQString(u"I桁"_s);
         data.Table(313)->AppendRow({"G2", "G3", "S1", "S4", both, "99", "9", "1"});
@@ -193,8 +191,7 @@ void RunChangesTest::rowsThatCameAndWentAreToldAsRows()
 void RunChangesTest::theHeightOfTheOtherListIsLeftAlone()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const int height = CSettings().FindingsHeight();
     RunOf(desk, ChangeSome);
     Button(desk, u"一覧")->click();
@@ -211,8 +208,7 @@ void RunChangesTest::theHeightOfTheOtherListIsLeftAlone()
 void RunChangesTest::oneUndoTakesAllOfItBackAndOneRedoBringsItAgain()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const std::string before = WriteProject(desk.child->Doc().Data());
     RunOf(desk, [](CSbdData& data) {
         ChangeSome(data);
@@ -236,8 +232,7 @@ void RunChangesTest::oneUndoTakesAllOfItBackAndOneRedoBringsItAgain()
 void RunChangesTest::theButtonTakesTheRunBackOnlyWhileNothingElseIsDone()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     const std::string before = WriteProject(desk.child->Doc().Data());
     RunOf(desk, ChangeSome);
     desk.Click(4, 6);
@@ -256,8 +251,7 @@ void RunChangesTest::theButtonTakesTheRunBackOnlyWhileNothingElseIsDone()
 void RunChangesTest::anEditEndsTheMarkOfItsCell()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     RunOf(desk, [](CSbdData& data) {
         SetCell(data, 313, 3, 6, "777");
         SetCell(data, 313, 5, 6, "888");
@@ -279,8 +273,7 @@ void RunChangesTest::anEditEndsTheMarkOfItsCell()
 void RunChangesTest::marksGoAlongWithARowThatIsPutIn()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     RunOf(desk, [](CSbdData& data) { SetCell(data, 313, 3, 6, "777"); });
     desk.Click(2, 6);
     desk.frame.RunCommand(Command::InsertRow);
@@ -298,8 +291,7 @@ void RunChangesTest::marksGoAlongWithARowThatIsPutIn()
 void RunChangesTest::closingTheNoticeEndsEveryMark()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     RunOf(desk, ChangeSome);
     Button(desk, u"一覧")->click();
     QToolButton* close = desk.child->Notices().findChild<QToolButton*>();
@@ -315,8 +307,7 @@ void RunChangesTest::closingTheNoticeEndsEveryMark()
 void RunChangesTest::theListIsWorkedByKeys()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 302);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 302));
     RunOf(desk, ChangeSome);
     const QStringList round{u"313/3/6"_s, u"313/5/6"_s, u"301/1/2"_s};
     for (const QString& place : round) {
@@ -351,8 +342,7 @@ void RunChangesTest::theListIsWorkedByKeys()
 void RunChangesTest::aKeyGoesThroughTheChangesFromWhereverOneIs()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 302);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 302));
     Press(Qt::Key_F7);
     QVERIFY(desk.frame.statusBar()->currentMessage().startsWith(u"解析の前と後で違う所は"_s)); // there was no run
     RunOf(desk, ChangeSome);
@@ -374,8 +364,7 @@ void RunChangesTest::aKeyGoesThroughTheChangesFromWhereverOneIs()
 void RunChangesTest::changesThatWereNotSavedAreNamed()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     desk.Click(4, 6);
     Type(u"432"_s);
     Press(Qt::Key_Return);
@@ -388,8 +377,7 @@ void RunChangesTest::changesThatWereNotSavedAreNamed()
 void RunChangesTest::anotherRunTakesThePlaceOfTheOneBefore()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     RunOf(desk, [](CSbdData& data) { SetCell(data, 313, 3, 6, "777"); });
     RunOf(desk, [](CSbdData&) {});
     QVERIFY(IsMarked(desk, 3, 6)); // it had nothing to say

@@ -3,6 +3,7 @@
 #include "document/project_lock.h"
 #include "frame/notice_bar.h"
 #include "life_station.h"
+#include "tests/surroundings.h"
 #include "upperview/chk_view.h"
 #include "upperview/up_view.h"
 
@@ -29,7 +30,7 @@ struct EndsDesk {
 
     explicit EndsDesk(QString of) : name(std::move(of))
     {
-        user.engines = QStringLiteral(ENGINE_FOLDER);
+        user.engines = QString::fromUtf8(test::EngineFolder());
         frame.resize(1280, 800);
         frame.show();
         frame.OfferRecoveryCopies();

@@ -114,8 +114,7 @@ QByteArray Project(const Desk& desk)
 void TableFilesTest::aTableIsAppendedAsOneStep()
 {
     Desk desk;
-    QVERIFY(desk.isActive);
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     Fill(desk);
     const QByteArray before = Project(desk);
     std::string rows;
@@ -141,7 +140,7 @@ void TableFilesTest::aTableIsAppendedAsOneStep()
 void TableFilesTest::aTableGoesOverTheRowsFromTheCursor()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     Fill(desk);
     desk.Grid().SetFocusCell(3, 1);
     Import(desk, Write(desk, u"t.txt"_s, "G7\tG8\nG9\tG9\n"), [](CImportDialog& dialog) {
@@ -162,7 +161,7 @@ void TableFilesTest::aTableGoesOverTheRowsFromTheCursor()
 void TableFilesTest::codeAndSeparatorAreGuessedAndCanBeChosen()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     Fill(desk);
     const auto firstCell = [](const CImportDialog& dialog) {
         return dialog.findChild<QTableWidget*>()->item(1, 0)->text();
@@ -199,7 +198,7 @@ void TableFilesTest::codeAndSeparatorAreGuessedAndCanBeChosen()
 void TableFilesTest::columnsAreChosenOverTheFirstRows()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     Fill(desk);
     Import(desk, Write(desk, u"t.csv"_s, "number,girder\n1,G5\n"), [](CImportDialog& dialog) {
         auto* rows = dialog.findChild<QTableWidget*>();
@@ -215,7 +214,7 @@ void TableFilesTest::columnsAreChosenOverTheFirstRows()
 void TableFilesTest::whatDoesNotFitIsSaidBeforeAndBehind()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 311);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 311));
     const int row = desk.Grid().Source()->UsedRows() + 1;
     Import(desk, Write(desk, u"t.csv"_s, "G1,G1,A1,𠮷,x,2.5\n\"open,1\n"), [](CImportDialog& dialog) {
         QVERIFY2(Said(dialog).contains(u"数値だけが入るセル 1 個"_s), qPrintable(Said(dialog)));
@@ -231,7 +230,7 @@ void TableFilesTest::whatDoesNotFitIsSaidBeforeAndBehind()
 void TableFilesTest::whatIsNoTableIsRefused()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     Fill(desk);
     const QString big = desk.folder.Path(u"big.csv"_s);
     {
@@ -257,7 +256,7 @@ void TableFilesTest::whatIsNoTableIsRefused()
 void TableFilesTest::aFilterIsToBeEndedFirst()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     Fill(desk);
     Press(Qt::Key_L, Qt::ControlModifier | Qt::ShiftModifier);
     Import(desk, Write(desk, u"t.csv"_s, "G1,G2\n"), [](CImportDialog&) { QFAIL("no dialog for this"); });
@@ -267,7 +266,7 @@ void TableFilesTest::aFilterIsToBeEndedFirst()
 void TableFilesTest::aBlockIsWrittenAndComesBack()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     Fill(desk);
     const QString path = desk.folder.Path(u"out.csv"_s);
     desk.user.tables.saveName = [&](QWidget*, const QString&) { return path; };
@@ -294,7 +293,7 @@ void TableFilesTest::aBlockIsWrittenAndComesBack()
 void TableFilesTest::aFileThatCannotBeWrittenIsTold()
 {
     Desk desk;
-    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
     desk.user.tables.saveName = [](QWidget*, const QString&) { return u"/no/such/folder/x.csv"_s; };
     desk.user.tables.chooseExport = [](QWidget*, const QString&) { return std::optional(ExportPlan()); };
     desk.frame.RunCommand(Command::ExportTable);

@@ -19,7 +19,7 @@ using test::CTableSource;
 namespace {
 
 /// Cells that can be filled, so that the grid has its fill handle.
-class CFillSource : public CTableSource {
+class FillSource : public CTableSource {
 public:
     using CTableSource::CTableSource;
     [[nodiscard]] bool CanFill() const override { return true; }
@@ -39,7 +39,7 @@ class FrozenColumnsTest : public QObject {
 private:
     static constexpr int kColumns = 20; // of 90 pixels; 2 of them stay
 
-    std::unique_ptr<CFillSource> source_;
+    std::unique_ptr<FillSource> source_;
     std::unique_ptr<CGridCtrl> grid_;
 
     [[nodiscard]] QRect Rect(int row, int column) const
@@ -99,7 +99,7 @@ private slots:
 
 void FrozenColumnsTest::init()
 {
-    source_ = std::make_unique<CFillSource>(60, kColumns);
+    source_ = std::make_unique<FillSource>(60, kColumns);
     for (int row = 1; row <= 60; ++row)
         for (int column = 1; column <= kColumns; ++column)
             source_->SetText(row, column, u"%1-%2"_s.arg(row).arg(column));

@@ -16,7 +16,7 @@ using test::CTableSource;
 namespace {
 
 /// Column 4 is one of millimetres; row 1 has a label.
-class CLabelSource : public CTableSource {
+class LabelSource : public CTableSource {
 public:
     using CTableSource::CTableSource;
     [[nodiscard]] QString RowTitle(int row) const override { return row == 1 ? u"設計\n条件"_s : QString(); }
@@ -29,7 +29,7 @@ class GridAccessibleTest : public QObject {
     Q_OBJECT
 
 private:
-    std::unique_ptr<CLabelSource> source_;
+    std::unique_ptr<LabelSource> source_;
     std::unique_ptr<CGridCtrl> grid_;
 
     [[nodiscard]] QAccessibleInterface* Grid() const { return QAccessible::queryAccessibleInterface(grid_.get()); }
@@ -52,7 +52,7 @@ private slots:
 
 void GridAccessibleTest::init()
 {
-    source_ = std::make_unique<CLabelSource>(20, 12);
+    source_ = std::make_unique<LabelSource>(20, 12);
     for (int row = 1; row <= 20; ++row)
         source_->SetText(row, 4, QString::number(row * 10));
     source_->locked.insert({2, 4});

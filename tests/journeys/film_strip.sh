@@ -3,29 +3,10 @@
 #   tests/journeys/film_strip.sh STATION OUT_FOLDER
 # STATION is the program. A key with its modifiers is one stroke. Judged by the file that is saved: both blocks are those
 # of the example. Needs Debian's xvfb openbox xdotool imagemagick.
-set -euo pipefail
-export LC_ALL=C.UTF-8
-here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-root=$(cd "$here/../.." && pwd)
-[[ $# -eq 2 ]] || { sed -n '2,5s/^# \?//p' "${BASH_SOURCE[0]}" >&2; exit 2; }
-station=$(realpath "$1")
-mkdir -p "$2"
-out=$(cd "$2" && pwd)
+source "$(dirname "${BASH_SOURCE[0]}")/journey.sh"
+needs Xvfb openbox xdotool import
 rm -f "$out"/*.png
-source "$root/packaging/windows/desktop.sh"
-
-home=$(mktemp -d)
-station_pid=
-end_of_journey() {
-    local code=$?
-    trap - EXIT
-    [[ $code -eq 0 || -z ${DISPLAY:-} ]] || picture failed || true
-    [[ -z $station_pid ]] || kill "$station_pid" 2>/dev/null || true
-    stop_desktop
-    rm -rf "$home"
-    exit $code
-}
-trap end_of_journey EXIT
+begin
 
 # rows_of FILE TAG: what stands between the head and the end of a section, but for the automatic row: there the panel says
 # where its value comes from.
@@ -38,10 +19,6 @@ LC_ALL=C awk 'index($0, "[SEC_V_STIFF]") || index($0, "[SEC_FLG_B_T_MAT]") { on 
     !(on && /^ *G[0-9]/)' "$example" >"$project"
 cp "$root/examples/plate4/plate4.abd" "$home/bridge.abd"
 [[ $(rows_of "$project" SEC_V_STIFF | grep -c 'G1') -eq 0 ]] || { echo 'the rows are still there' >&2; exit 1; }
-unset QT_QPA_PLATFORM
-export HOME=$home XDG_RUNTIME_DIR=$home/run
-mkdir -p "$XDG_RUNTIME_DIR"
-chmod 700 "$XDG_RUNTIME_DIR"
 
 strokes=0
 # k KEY[*COUNT]...: strokes, one after the other.
@@ -74,22 +51,16 @@ all() {
 }
 shot() { sleep 0.6; picture "$1"; }
 start() {
-    "$station" --block "$1" --cell "$2" "$project" >"$out/station.log" 2>&1 &
-    station_pid=$!
-    wait_active '*bridge.sbd*' 30
-    settle
+    start_station "$project" "$1" "$2"
     strokes=0
 }
-is_gone() { ! kill -0 "$1" 2>/dev/null; }
 # finish BLOCK TAG: saves, ends, and looks whether the block is the example's.
 finish() {
     local block=$1 tag=$2 before
     before=$(md5sum <"$project")
     k ctrl+s
     wait_until 10 'a saved project' changed_from "$before"
-    keys ctrl+q
-    wait_until 10 'the program has ended' is_gone "$station_pid"
-    station_pid=
+    end_station
     diff <(rows_of "$example" "$tag" | tr -s ' ') <(rows_of "$project" "$tag" | tr -s ' ') \
         || fail "the rows of $block as in the example"
     echo "$block: $strokes strokes"

@@ -3,45 +3,19 @@
 #   tests/journeys/screen_reader.sh STATION OUT_FOLDER
 # Needs Debian's at-spi2-core python3-pyatspi dbus-daemon xvfb openbox xdotool imagemagick; without them the journey says so
 # and ends well.
-set -euo pipefail
-export LC_ALL=C.UTF-8
-here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-root=$(cd "$here/../.." && pwd)
-[[ $# -eq 2 ]] || { sed -n '2,5s/^# \?//p' "${BASH_SOURCE[0]}" >&2; exit 2; }
+source "$(dirname "${BASH_SOURCE[0]}")/journey.sh"
 bus=/usr/libexec/at-spi-bus-launcher
-for program in "$bus" dbus-run-session Xvfb openbox xdotool import; do
-    command -v "$program" >/dev/null || { echo "skipped: there is no $program"; exit 0; }
-done
-/usr/bin/python3 -c 'import pyatspi' 2>/dev/null || { echo 'skipped: there is no pyatspi'; exit 0; }
-station=$(realpath "$1")
-mkdir -p "$2"
-out=$(cd "$2" && pwd)
-[[ -n ${JOURNEY_BUS:-} ]] || JOURNEY_BUS=1 exec dbus-run-session -- "${BASH_SOURCE[0]}" "$station" "$out"
+needs "$bus" dbus-run-session Xvfb openbox xdotool import
+/usr/bin/python3 -c 'import pyatspi' 2>/dev/null || skip 'there is no pyatspi'
+on_a_bus
+begin
 
-source "$root/packaging/windows/desktop.sh"
-home=$(mktemp -d)
-started=()
-end_of_journey() {
-    local code=$?
-    trap - EXIT
-    [[ ${#started[@]} -eq 0 ]] || kill "${started[@]}" 2>/dev/null || true
-    stop_desktop
-    rm -rf "$home"
-    exit $code
-}
-trap end_of_journey EXIT
 cp "$root"/examples/plate4/plate4.{sbd,abd} "$home"
-unset QT_QPA_PLATFORM
-export HOME=$home XDG_RUNTIME_DIR=$home/run
-mkdir -p "$XDG_RUNTIME_DIR"
-chmod 700 "$XDG_RUNTIME_DIR"
 start_desktop 1366x900
 "$bus" --launch-immediately >"$out/bus.log" 2>&1 &
 started+=($!)
-QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 "$station" --block 313 --cell 3,6 "$home/plate4.sbd" >"$out/station.log" 2>&1 &
-started+=($!)
-wait_active '*plate4.sbd*' 30
-settle
+export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+start_station "$home/plate4.sbd" 313 3,6
 timeout 60 /usr/bin/python3 - <<'END'
 import subprocess
 import sys

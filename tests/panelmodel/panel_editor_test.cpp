@@ -27,24 +27,27 @@ protected:
     std::unique_ptr<CPanelEditor> editor_;
 };
 
-TEST_F(PanelEditor, UndoTakesBackOneEditAtATime)
+TEST_F(PanelEditor, ACommandIsToldWithItsFirstCell)
 {
-    editor_->SetCell(1, 2, "A");
     editor_->SetCell(2, 3, "B");
-    const std::optional<UndoOutcome> outcome = editor_->Undo();
-    ASSERT_TRUE(outcome);
-    EXPECT_EQ(outcome->place, (CellPlace{2, 3}));
-    EXPECT_EQ(Text(*panel_, 2, 3), "W4");
-    EXPECT_EQ(Text(*panel_, 1, 2), "A");
-    editor_->Undo();
-    EXPECT_EQ(Text(*panel_, 1, 2), "W1");
-    EXPECT_FALSE(editor_->Undo());
+    ASSERT_TRUE(editor_->Done());
+    EXPECT_EQ(editor_->Done()->command, EditCommand::Cell);
+    EXPECT_EQ(editor_->Done()->place, (CellPlace{2, 3}));
+    editor_->Paste(1, 2, "a\tb\nc");
+    EXPECT_EQ(editor_->Done()->command, EditCommand::Paste);
+    EXPECT_EQ(editor_->Done()->place, (CellPlace{1, 2}));
+    editor_->InsertRow(2);
+    EXPECT_EQ(editor_->Done()->command, EditCommand::InsertRow);
+    EXPECT_EQ(editor_->Done()->place, (CellPlace{2, 0})) << "not the blank row far below that was taken for it";
+    editor_->ForgetDone();
+    EXPECT_FALSE(editor_->Done());
 }
 
 TEST_F(PanelEditor, AnEditThatChangesNothingIsNoStep)
 {
     editor_->SetCell(1, 2, "W1");
-    EXPECT_FALSE(editor_->CanUndo());
+    editor_->Clear({panel_->GridRows(), 1, panel_->GridRows(), 5});
+    EXPECT_FALSE(editor_->Done());
 }
 
 TEST_F(PanelEditor, CopyDividesByTabsAndLineFeeds)
@@ -56,8 +59,6 @@ TEST_F(PanelEditor, PasteFillsToTheRightAndDownward)
 {
     editor_->Paste(2, 2, "a\tb\r\nc\td\r\n");
     EXPECT_EQ(editor_->Copy({1, 1, 3, 4}), "G1\tW1\tW2\t\nG2\ta\tb\t\nG3\tc\td\t");
-    editor_->Undo();
-    EXPECT_EQ(editor_->Copy({2, 2, 3, 3}), "W3\tW4\nW5\tW6") << "one undo takes back the whole paste";
 }
 
 TEST_F(PanelEditor, PasteBeyondTheLastColumnIsCutAndBeyondTheLastRowGrows)
@@ -104,15 +105,12 @@ TEST_F(PanelEditor, AZeroByteEndsThePaste)
     EXPECT_EQ(Text(*panel_, 2, 2), "W3");
 }
 
-TEST_F(PanelEditor, ControlCharactersBecomeBlanksAndUndoBringsTheOldTextBack)
+TEST_F(PanelEditor, ControlCharactersBecomeBlanks)
 {
     editor_->SetCell(1, 2, "a\nb\tc\x01");
     EXPECT_EQ(Text(*panel_, 1, 2), "a b c ");
     editor_->SetCell(1, 3, Cp932("表ソ能")); // second bytes that look like other characters
     EXPECT_EQ(Text(*panel_, 1, 3), "表ソ能");
-    editor_->Undo();
-    editor_->Undo();
-    EXPECT_EQ(Text(*panel_, 1, 2), "W1");
 }
 
 TEST_F(PanelEditor, CellsThatThePasteKeepsAreCountedAndTheRestIsPasted)
@@ -123,48 +121,15 @@ TEST_F(PanelEditor, CellsThatThePasteKeepsAreCountedAndTheRestIsPasted)
     EXPECT_EQ(editor_->Copy({1, 2, 2, 3}), "x\tW2\nW3\tz");
 }
 
-TEST_F(PanelEditor, UndoOfAnInsertedRowReturnsToItsPlace)
-{
-    const std::string before = editor_->Copy({1, 1, panel_->GridRows(), 5});
-    ASSERT_TRUE(editor_->InsertRow(2));
-    const std::optional<UndoOutcome> outcome = editor_->Undo();
-    ASSERT_TRUE(outcome);
-    EXPECT_EQ(outcome->place.row, 2) << "not to the blank row far below that was taken for it";
-    EXPECT_EQ(editor_->Copy({1, 1, panel_->GridRows(), 5}), before);
-}
-
-TEST_F(PanelEditor, RowsThatAPasteAddedGoWithItsUndo)
+TEST_F(PanelEditor, RowsThatAPasteAddedAreStored)
 {
     const int rows = panel_->GridRows();
     const std::size_t stored = data_.RowCount(panel_->Block());
-    editor_->Paste(rows - 1, 1, "a\nb\nc\nd\ne");
-    EXPECT_EQ(panel_->GridRows(), rows + 3);
-    CommitPanel(*panel_, data_);
-    editor_->Undo();
-    EXPECT_EQ(panel_->GridRows(), rows);
-    CommitPanel(*panel_, data_);
-    EXPECT_EQ(data_.RowCount(panel_->Block()), stored) << "the rows are out of the data too";
-    EXPECT_FALSE(panel_->IsChanged());
     editor_->Paste(rows, 1, "x\ny");
     EXPECT_EQ(panel_->GridRows(), rows + 1);
     EXPECT_EQ(Text(*panel_, rows + 1, 1), "y");
     CommitPanel(*panel_, data_);
     EXPECT_EQ(data_.RowCount(panel_->Block()), stored + 2);
-}
-
-TEST(PanelEditorOfNames, RowsThatAPasteAddedGoWithItsUndo)
-{
-    CSbdData data;
-    const auto panel = MakePanelModel(data, 501);
-    CPanelEditor editor(*panel);
-    const int rows = panel->GridRows();
-    editor.Paste(rows, 1, "G1\nG2\nG3");
-    EXPECT_GT(panel->GridRows(), rows + 2);
-    CommitPanel(*panel, data);
-    editor.Undo();
-    EXPECT_EQ(panel->GridRows(), rows);
-    CommitPanel(*panel, data);
-    EXPECT_FALSE(panel->IsChanged());
 }
 
 TEST(PanelEditorOfNumbers, AWordPastedIntoACellOfNumbersLeavesTheNumberAndIsCounted)
@@ -211,15 +176,12 @@ TEST_F(PanelEditor, PasteAndDeletePassOverCellsThatTakeNothing)
     EXPECT_EQ(Text(*panel, 1, 2), "");
 }
 
-TEST_F(PanelEditor, DeleteIsTakenBackAsAWhole)
+TEST_F(PanelEditor, ClearedRowsLeaveTheData)
 {
     EXPECT_EQ(editor_->Clear({1, 1, 3, 5}), CellEffect::Panel);
     CommitPanel(*panel_, data_);
     EXPECT_EQ(data_.RowCount(305), 0U);
-    editor_->Undo();
-    CommitPanel(*panel_, data_);
-    EXPECT_EQ(data_.RowCount(305), 3U);
-    EXPECT_FALSE(panel_->IsChanged());
+    EXPECT_EQ(editor_->Done()->command, EditCommand::Clear);
 }
 
 TEST_F(PanelEditor, RowsMoveAndComeBack)
@@ -230,8 +192,6 @@ TEST_F(PanelEditor, RowsMoveAndComeBack)
     EXPECT_TRUE(editor_->MoveDown(1));
     EXPECT_EQ(Text(*panel_, 1, 1), "G1");
     EXPECT_FALSE(editor_->MoveDown(panel_->GridRows()));
-    editor_->Undo();
-    editor_->Undo();
     CommitPanel(*panel_, data_);
     EXPECT_FALSE(panel_->IsChanged());
 }
@@ -272,17 +232,6 @@ TEST_F(PanelEditor, OptionRowsDoNotMove)
     EXPECT_FALSE(editor.InsertRow(4));
 }
 
-TEST_F(PanelEditor, OnlyTheLast1024StepsAreKept)
-{
-    for (int i = 0; i < 1100; ++i)
-        editor_->SetCell(1, 2, std::to_string(i));
-    int steps = 0;
-    while (editor_->Undo())
-        ++steps;
-    EXPECT_EQ(steps, 1024);
-    EXPECT_EQ(Text(*panel_, 1, 2), "75");
-}
-
 /// Whatever is done in whatever order: the data after every commit are the kept rows of the grid.
 class RandomPanelEditing : public RandomTest {};
 
@@ -317,7 +266,7 @@ TEST_F(RandomPanelEditing, CommitsAlwaysGiveWhatWritingTheWholeGridGives)
             editor.InsertRow(row);
             break;
         default:
-            editor.Undo();
+            editor.DeleteRows(row, pick(1, 3));
         }
         if (pick(0, 1) == 0)
             continue;
@@ -333,11 +282,6 @@ TEST_F(RandomPanelEditing, CommitsAlwaysGiveWhatWritingTheWholeGridGives)
         ASSERT_EQ(*data.Table(305), expected) << "step " << step;
         ASSERT_EQ(panel->IsChanged(), !(expected == opened)) << "step " << step;
     }
-    while (editor.Undo()) {
-    }
-    CommitPanel(*panel, data);
-    EXPECT_EQ(*data.Table(305), opened);
-    EXPECT_FALSE(panel->IsChanged());
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "project/catalogue.h"
 #include "sbdfile/writer.h"
 #include "tests/document/data_of.h"
+#include "tests/surroundings.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -71,7 +72,7 @@ private:
     }
     void OpenExample(const QString& name)
     {
-        QVERIFY(doc_->OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/%1/%1.sbd"_s.arg(name)).Ok());
+        QVERIFY(doc_->OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/%1/%1.sbd"_s.arg(name)).Ok());
     }
 
     void EditAtRandom(std::mt19937& random);

@@ -6,6 +6,7 @@
 #include "panels/panel.h"
 #include "project/catalogue.h"
 #include "sbdfile/writer.h"
+#include "tests/surroundings.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -147,7 +148,7 @@ void ListCellsTest::EveryListIsOpenedAndLeftWithoutAChange_data()
         for (const bool byKey : {true, false}) {
             const QString title = QString::fromLatin1(name) + (byKey ? u", key"_s : u", mouse"_s);
             QTest::newRow(qPrintable(title))
-                << u"%1/%2/%2.sbd"_s.arg(QStringLiteral(EXAMPLES_DIR), QLatin1String(name)) << byKey;
+                << u"%1/%2/%2.sbd"_s.arg(QString::fromUtf8(test::ExamplesFolder()), QLatin1String(name)) << byKey;
         }
     }
 }

@@ -6,6 +6,7 @@
 #include "panels/panel.h"
 #include "project/catalogue.h"
 #include "tests/document/data_of.h"
+#include "tests/surroundings.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -115,7 +116,7 @@ private slots:
 void PanelTest::init()
 {
     doc_ = std::make_unique<CKELDSectionDoc>();
-    QVERIFY(doc_->OpenDocument(QStringLiteral(EXAMPLES_DIR "/plate4/plate4.sbd")).Ok());
+    QVERIFY(doc_->OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/plate4.sbd"_s).Ok());
     messages_.clear();
     changes_.clear();
     connect(doc_.get(), &CKELDSectionDoc::changed, this,
@@ -469,7 +470,7 @@ void PanelTest::AReloadShowsTheNewProjectAndDropsWhatWasTyped()
     Open(301);
     Focus(1, 2);
     Type(u"old"_s);
-    QVERIFY(doc_->OpenDocument(QStringLiteral(EXAMPLES_DIR "/box2/box2.sbd")).Ok());
+    QVERIFY(doc_->OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/box2/box2.sbd"_s).Ok());
     QVERIFY(panel_->Grid()->model()->index(0, 1).data().toString() != u"old"_s);
     QCOMPARE(panel_->Grid()->model()->index(0, 1).data().toString(), Option(301, 1));
     Focus(4, 2);

@@ -5,6 +5,7 @@
 #include "panels/result_panel.h"
 #include "panels/result_panel_source.h"
 #include "results/result_title.h"
+#include "tests/surroundings.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -39,7 +40,7 @@ private:
     {
         Close();
         doc_ = std::make_unique<CKELDSectionDoc>();
-        const QString path = QStringLiteral(EXAMPLES_DIR) + u"/%1/%1.sbd"_s.arg(QString::fromLatin1(name));
+        const QString path = QString::fromUtf8(test::ExamplesFolder()) + u"/%1/%1.sbd"_s.arg(QString::fromLatin1(name));
         QVERIFY(doc_->OpenDocument(path).Ok());
         Open();
     }
@@ -589,7 +590,7 @@ void ResultPanelTest::resultsThatComeLaterAreShown()
 {
     doc_ = std::make_unique<CKELDSectionDoc>();
     Open();
-    QVERIFY(doc_->OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/single1/single1.sbd"_s).Ok());
+    QVERIFY(doc_->OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/single1/single1.sbd"_s).Ok());
     QCOMPARE(Load()->currentText(), u"-死+雪+群集-最大"_s);
     QCOMPARE(panel_->Table().RowCount(), std::size_t{8});
 }

@@ -5,6 +5,7 @@
 #include "panels/result_output.h"
 #include "panels/result_panel.h"
 #include "panels/result_panel_source.h"
+#include "tests/surroundings.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -30,7 +31,10 @@ private:
     std::unique_ptr<CKELDSectionDoc> doc_;
     std::unique_ptr<CDown253> panel_;
 
-    [[nodiscard]] static QString Example(const QString& name) { return QStringLiteral(EXAMPLES_DIR) + u'/' + name; }
+    [[nodiscard]] static QString Example(const QString& name)
+    {
+        return QString::fromUtf8(test::ExamplesFolder()) + u'/' + name;
+    }
     [[nodiscard]] QString ResultFile(const QString& extension) const
     {
         return folder_->filePath(u"bridge_計算結果/bridge"_s + extension);

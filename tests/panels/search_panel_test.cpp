@@ -4,6 +4,7 @@
 #include "grid/grid_ctrl.h"
 #include "panels/search_panel.h"
 #include "tests/document/data_of.h"
+#include "tests/surroundings.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -122,7 +123,7 @@ private slots:
 void SearchPanelTest::init()
 {
     doc_ = std::make_unique<CKELDSectionDoc>();
-    QVERIFY(doc_->OpenDocument(QStringLiteral(EXAMPLES_DIR "/plate4/plate4.sbd")).Ok());
+    QVERIFY(doc_->OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/plate4.sbd"_s).Ok());
     Open();
 }
 

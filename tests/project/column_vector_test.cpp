@@ -10,15 +10,15 @@ namespace sbd {
 
 namespace {
 
-ColumnVector Column(const std::vector<std::string>& texts)
+CColumnVector Column(const std::vector<std::string>& texts)
 {
-    ColumnVector column;
+    CColumnVector column;
     for (const std::string& text : texts)
         column.Append(text);
     return column;
 }
 
-std::vector<std::string> Texts(const ColumnVector& column)
+std::vector<std::string> Texts(const CColumnVector& column)
 {
     std::vector<std::string> texts;
     for (std::size_t row = 0; row < column.size(); ++row)
@@ -32,14 +32,14 @@ using List = std::vector<std::string>;
 
 TEST(ColumnVector, IsEmptyAtFirst)
 {
-    const ColumnVector column;
+    const CColumnVector column;
     EXPECT_TRUE(column.empty());
     EXPECT_EQ(column.size(), 0U);
 }
 
 TEST(ColumnVector, AnEmptyTextIsARow)
 {
-    const ColumnVector column = Column({"", "a", ""});
+    const CColumnVector column = Column({"", "a", ""});
     EXPECT_EQ(Texts(column), (List{"", "a", ""}));
     EXPECT_FALSE(column.empty());
 }
@@ -52,7 +52,7 @@ TEST(ColumnVector, ATextMayHoldAnyByte)
 
 TEST(ColumnVector, SettingChangesOneRowWhetherShorterLongerOrEqual)
 {
-    ColumnVector column = Column({"aaa", "bbb", "ccc"});
+    CColumnVector column = Column({"aaa", "bbb", "ccc"});
     column.Set(1, "b");
     EXPECT_EQ(Texts(column), (List{"aaa", "b", "ccc"}));
     column.Set(1, "longer");
@@ -64,7 +64,7 @@ TEST(ColumnVector, SettingChangesOneRowWhetherShorterLongerOrEqual)
 
 TEST(ColumnVector, RowsGoInAndOutAtBothEndsAndInTheMiddle)
 {
-    ColumnVector column = Column({"b"});
+    CColumnVector column = Column({"b"});
     column.Insert(0, "a");
     column.Insert(2, "d");
     column.Insert(2, "c");
@@ -79,7 +79,7 @@ TEST(ColumnVector, RowsGoInAndOutAtBothEndsAndInTheMiddle)
 
 TEST(ColumnVector, ItsOwnTextCanBeGivenToIt)
 {
-    ColumnVector column = Column({std::string(100, 'x'), "short"});
+    CColumnVector column = Column({std::string(100, 'x'), "short"});
     column.Append(column[0]);
     column.Set(1, column[0]);
     column.Insert(0, column[2]);
@@ -90,8 +90,8 @@ TEST(ColumnVector, ItsOwnTextCanBeGivenToIt)
 
 TEST(ColumnVector, ACopyIsAValueOfItsOwn)
 {
-    ColumnVector column = Column({"a", "b"});
-    const ColumnVector copy = column;
+    CColumnVector column = Column({"a", "b"});
+    const CColumnVector copy = column;
     column.Set(0, "changed");
     column.Erase(1);
     EXPECT_EQ(Texts(copy), (List{"a", "b"}));
@@ -99,7 +99,7 @@ TEST(ColumnVector, ACopyIsAValueOfItsOwn)
 
 TEST(ColumnVector, EqualIsByTextsNotByHistory)
 {
-    ColumnVector column = Column({"x", "a longer text", "b"});
+    CColumnVector column = Column({"x", "a longer text", "b"});
     column.Set(1, "a");
     column.Erase(0);
     EXPECT_EQ(column, Column({"a", "b"}));
@@ -109,7 +109,7 @@ TEST(ColumnVector, EqualIsByTextsNotByHistory)
 
 TEST(ColumnVector, AnEmptiedColumnStartsAnew)
 {
-    ColumnVector column = Column({"a", "b"});
+    CColumnVector column = Column({"a", "b"});
     column.Clear();
     EXPECT_TRUE(column.empty());
     column.Append("c");
@@ -118,7 +118,7 @@ TEST(ColumnVector, AnEmptiedColumnStartsAnew)
 
 TEST(ColumnVector, EditingOneCellForALongTimeKeepsTheMemoryBounded)
 {
-    ColumnVector column = Column({"first", "second"});
+    CColumnVector column = Column({"first", "second"});
     for (int i = 0; i < 100000; ++i)
         column.Set(1, std::string(static_cast<std::size_t>(i % 300), 'x'));
     EXPECT_EQ(column[0], "first");
@@ -127,7 +127,7 @@ TEST(ColumnVector, EditingOneCellForALongTimeKeepsTheMemoryBounded)
 
 TEST(ColumnVector, ShrinkingGivesBackTheReserveAndKeepsTheTexts)
 {
-    ColumnVector column;
+    CColumnVector column;
     for (int i = 0; i < 1000; ++i)
         column.Append("cell " + std::to_string(i));
     const std::vector<std::string> before = Texts(column);
@@ -152,7 +152,7 @@ protected:
 TEST_F(ColumnVectorAtRandom, BehavesAsAVectorOfStrings)
 {
     for (int round = 0; round < 20; ++round) {
-        ColumnVector column;
+        CColumnVector column;
         std::vector<std::string> model;
         for (int step = 0; step < 2000; ++step) {
             const std::size_t row = model.empty() ? 0 : UpTo(model.size() - 1);

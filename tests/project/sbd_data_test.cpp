@@ -97,7 +97,7 @@ TEST(SbdData, ARowIsNeverRagged)
     EXPECT_THAT(table.Row(0), ElementsAre("G1", "", "", "", ""));
     EXPECT_THAT(table.Row(1), ElementsAre("G2", "a", "b", "c", "d"));
     EXPECT_THAT(table.Row(2), Each(IsEmpty()));
-    for (const ColumnVector& column : table.columns)
+    for (const CColumnVector& column : table.columns)
         EXPECT_EQ(column.size(), 3U);
 }
 

@@ -234,7 +234,7 @@ TEST(AnalysisModel, ReadingAgainLeavesNothingOfTheOldRecord)
     title.title = "T";
     AnalysisModel record = SampleModel();
     const std::string bytes = BytesOf(title).Text();
-    MemorySource source(std::as_bytes(std::span(bytes)));
+    CMemorySource source(std::as_bytes(std::span(bytes)));
     EXPECT_TRUE(record.Read(source));
     EXPECT_EQ(record, title);
 }

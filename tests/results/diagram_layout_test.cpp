@@ -4,6 +4,7 @@
 #include "results/model_labels.h"
 #include "results/result_files.h"
 #include "tests/results/result_fixture.h"
+#include "tests/surroundings.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -29,7 +30,7 @@ TextMetrics Metrics()
 AnalysisResults Example(const char* name)
 {
     AnalysisResults results;
-    ReadResultFiles(std::filesystem::path(EXAMPLES_DIR) / name / (std::string(name) + ".sbd"), results);
+    ReadResultFiles(std::filesystem::path(test::ExamplesFolder()) / name / (std::string(name) + ".sbd"), results);
     return results;
 }
 

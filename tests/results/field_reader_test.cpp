@@ -15,7 +15,7 @@ using namespace std::string_view_literals;
 namespace {
 
 /// A source whose reading fails behind some bytes, as on a disk that breaks.
-class FailingSource final : public ByteSource {
+class FailingSource final : public CByteSource {
 public:
     FailingSource(std::uint64_t size, std::size_t good) : size_(size), good_(good) {}
     [[nodiscard]] std::uint64_t Size() const override { return size_; }
@@ -109,8 +109,8 @@ TEST(EntryCount, AnOverflowIsHeldAtTheLargestNumber)
 TEST(FieldReader, NumbersAreLittleEndian)
 {
     const std::string bytes = "\x01\x02\x03\x84"s + "\0\0\0\0\0\0\xF8\x3F"s;
-    MemorySource source(std::as_bytes(std::span(bytes)));
-    FieldReader reader(source);
+    CMemorySource source(std::as_bytes(std::span(bytes)));
+    CFieldReader reader(source);
     EXPECT_EQ(reader.Word(), static_cast<std::int32_t>(0x84030201U));
     EXPECT_EQ(reader.Array<double>(1), std::vector<double>{1.5});
 }
@@ -118,8 +118,8 @@ TEST(FieldReader, NumbersAreLittleEndian)
 TEST(FieldReader, ANumberCutByTheEndIsZeroAndEndsTheReading)
 {
     const std::string bytes = FileBytes().Word(7).Raw("\x01\x01\x01").Text();
-    MemorySource source(std::as_bytes(std::span(bytes)));
-    FieldReader reader(source);
+    CMemorySource source(std::as_bytes(std::span(bytes)));
+    CFieldReader reader(source);
     EXPECT_EQ(reader.Word(), 7);
     EXPECT_EQ(reader.Word(), 0);
     EXPECT_EQ(reader.Word(), 0);
@@ -128,8 +128,8 @@ TEST(FieldReader, ANumberCutByTheEndIsZeroAndEndsTheReading)
 TEST(FieldReader, AnArrayHoldsItsWholeEntriesAndNothingIsReadBehindACutOne)
 {
     const std::string bytes = FileBytes().Word(1).Word(2).Raw("\x01\x01\x01").Text();
-    MemorySource source(std::as_bytes(std::span(bytes)));
-    FieldReader reader(source);
+    CMemorySource source(std::as_bytes(std::span(bytes)));
+    CFieldReader reader(source);
     EXPECT_EQ(reader.Array<std::int32_t>(5), (std::vector<std::int32_t>{1, 2}));
     EXPECT_FALSE(reader.ArrayWasMissing());
     EXPECT_EQ(reader.Text(3), "");
@@ -139,8 +139,8 @@ TEST(FieldReader, AnArrayHoldsItsWholeEntriesAndNothingIsReadBehindACutOne)
 TEST(FieldReader, AnArrayIsMissingOnlyIfNoByteOfItIsThere)
 {
     const std::string bytes = "\x01";
-    MemorySource source(std::as_bytes(std::span(bytes)));
-    FieldReader reader(source);
+    CMemorySource source(std::as_bytes(std::span(bytes)));
+    CFieldReader reader(source);
     EXPECT_TRUE(reader.Array<double>(2).empty());
     EXPECT_FALSE(reader.ArrayWasMissing());
     EXPECT_TRUE(reader.Array<double>(2).empty());
@@ -150,8 +150,8 @@ TEST(FieldReader, AnArrayIsMissingOnlyIfNoByteOfItIsThere)
 TEST(FieldReader, ACountBeyondTheSourceTakesNoMemory)
 {
     const std::string bytes(100, '\x01');
-    MemorySource source(std::as_bytes(std::span(bytes)));
-    FieldReader reader(source);
+    CMemorySource source(std::as_bytes(std::span(bytes)));
+    CFieldReader reader(source);
     const std::vector<double> values = reader.Array<double>(std::numeric_limits<std::uint64_t>::max());
     EXPECT_EQ(values.size(), 12U);
     EXPECT_LE(values.capacity(), 12U);
@@ -160,8 +160,8 @@ TEST(FieldReader, ACountBeyondTheSourceTakesNoMemory)
 TEST(FieldReader, NamesBeyondTheSourceTakeNoMemory)
 {
     const std::string bytes = FileBytes().Name("G1").Name("G2").Text();
-    MemorySource source(std::as_bytes(std::span(bytes)));
-    FieldReader reader(source);
+    CMemorySource source(std::as_bytes(std::span(bytes)));
+    CFieldReader reader(source);
     const std::vector<std::string> names = reader.Names(std::numeric_limits<std::uint64_t>::max());
     EXPECT_EQ(names, (std::vector<std::string>{"G1", "G2"}));
     EXPECT_LE(names.capacity(), 4U);
@@ -170,8 +170,8 @@ TEST(FieldReader, NamesBeyondTheSourceTakeNoMemory)
 TEST(FieldReader, ANameCutByTheEndKeepsItsBlanks)
 {
     const std::string bytes = FileBytes().Name("G1-S1").Raw("G1-C1  ").Text();
-    MemorySource source(std::as_bytes(std::span(bytes)));
-    FieldReader reader(source);
+    CMemorySource source(std::as_bytes(std::span(bytes)));
+    CFieldReader reader(source);
     EXPECT_EQ(reader.Names(3), (std::vector<std::string>{"G1-S1", "G1-C1  "}));
 }
 
@@ -181,8 +181,8 @@ TEST(FieldReader, AnArrayLargerThanOneReadComesWhole)
     for (std::size_t i = 0; i < values.size(); ++i)
         values[i] = static_cast<double>(i) + 0.25;
     const std::string bytes = FileBytes().All(values).Word(5).Text();
-    MemorySource source(std::as_bytes(std::span(bytes)));
-    FieldReader reader(source);
+    CMemorySource source(std::as_bytes(std::span(bytes)));
+    CFieldReader reader(source);
     EXPECT_EQ(reader.Array<double>(values.size()), values);
     EXPECT_EQ(reader.Word(), 5);
 }
@@ -193,8 +193,8 @@ TEST(FieldReader, MoreNamesThanOneReadComeWhole)
     for (std::size_t i = 0; i < names.size(); ++i)
         names[i] = "G" + std::to_string(i);
     const std::string bytes = FileBytes().Names(names).Word(5).Text();
-    MemorySource source(std::as_bytes(std::span(bytes)));
-    FieldReader reader(source);
+    CMemorySource source(std::as_bytes(std::span(bytes)));
+    CFieldReader reader(source);
     EXPECT_EQ(reader.Names(names.size()), names);
     EXPECT_EQ(reader.Word(), 5);
 }
@@ -202,7 +202,7 @@ TEST(FieldReader, MoreNamesThanOneReadComeWhole)
 TEST(FieldReader, ADiskThatFailsEndsTheReading)
 {
     FailingSource source(1'000'000'000'000, 20);
-    FieldReader reader(source);
+    CFieldReader reader(source);
     EXPECT_EQ(reader.Array<std::int32_t>(3).size(), 3U);
     EXPECT_EQ(reader.Words<3>(), (std::array<std::int32_t, 3>{0x01010101, 0x01010101, 0}));
     EXPECT_TRUE(reader.Array<std::int32_t>(10).empty());

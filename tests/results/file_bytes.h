@@ -134,7 +134,7 @@ struct ReadBack {
 template <typename Record>
 [[nodiscard]] ReadBack<Record> ReadFrom(std::string_view bytes)
 {
-    MemorySource source(std::as_bytes(std::span(bytes)));
+    CMemorySource source(std::as_bytes(std::span(bytes)));
     ReadBack<Record> result;
     result.read = result.record.Read(source);
     return result;

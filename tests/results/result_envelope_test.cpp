@@ -11,6 +11,7 @@
 #include "results/result_title.h"
 #include "tests/results/result_fixture.h"
 #include "tests/seed.h"
+#include "tests/surroundings.h"
 
 #include <gmock/gmock.h>
 
@@ -44,7 +45,7 @@ ResultSelection Both(const AnalysisResults& results, ResultKind kind)
 AnalysisResults Example(const char* name)
 {
     AnalysisResults results;
-    ReadResultFiles(std::filesystem::path(EXAMPLES_DIR) / name / (std::string(name) + ".sbd"), results);
+    ReadResultFiles(std::filesystem::path(test::ExamplesFolder()) / name / (std::string(name) + ".sbd"), results);
     return results;
 }
 

@@ -4,6 +4,7 @@
 #include "tests/results/sample_records.h"
 #include "tests/results/temporary_folder.h"
 #include "tests/seed.h"
+#include "tests/surroundings.h"
 
 #include <gtest/gtest.h>
 
@@ -276,7 +277,7 @@ TEST_P(Examples, HoldWhatTheirReadmeSays)
     const Example& example = GetParam();
     AnalysisResults results;
     const std::filesystem::path project =
-        std::filesystem::path(EXAMPLES_DIR) / example.name / (std::string(example.name) + ".sbd");
+        std::filesystem::path(test::ExamplesFolder()) / example.name / (std::string(example.name) + ".sbd");
     const ResultFilesRead read = ReadResultFiles(project, results);
     EXPECT_TRUE(read.model && read.elementTable && read.nodeTable && read.displacement && read.force && read.reaction);
     const AnalysisModel& model = results.model;
@@ -296,7 +297,7 @@ TEST_P(Examples, HangTogether)
 {
     AnalysisResults results;
     const std::string name = GetParam().name;
-    ReadResultFiles(std::filesystem::path(EXAMPLES_DIR) / name / (name + ".sbd"), results);
+    ReadResultFiles(std::filesystem::path(test::ExamplesFolder()) / name / (name + ".sbd"), results);
     for (const std::int32_t element : results.model.girderElements)
         EXPECT_LE(element, results.model.elementCount);
     for (const auto& ends : results.elementTable.ends)

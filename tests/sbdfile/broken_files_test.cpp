@@ -194,7 +194,7 @@ TEST_P(BrokenFiles, KeepEveryTableRectangular)
     const CSbdData data = LoadBytes(GetParam().bytes());
     for (const CatalogueRow& row : Catalogue()) {
         if (const TableBlock* table = data.Table(row.block)) {
-            for (const ColumnVector& column : table->columns)
+            for (const CColumnVector& column : table->columns)
                 ASSERT_EQ(column.size(), table->RowCount()) << row.block;
         }
     }

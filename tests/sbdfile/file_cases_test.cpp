@@ -1,6 +1,7 @@
 // Every folder of tests/data that holds an in.sbd is a case; docs/goldens.md tells the form of its answers.
 #include "project/option_rows.h"
 #include "tests/sbdfile/sections.h"
+#include "tests/surroundings.h"
 
 #include <gtest/gtest.h>
 
@@ -29,7 +30,7 @@ std::optional<std::string> FileBytes(const fs::path& path)
 std::vector<fs::path> CaseFolders()
 {
     std::vector<fs::path> folders;
-    for (const fs::directory_entry& entry : fs::directory_iterator(TEST_DATA_DIR))
+    for (const fs::directory_entry& entry : fs::directory_iterator(test::TestDataFolder()))
         if (fs::exists(entry.path() / "in.sbd"))
             folders.push_back(entry.path());
     std::ranges::sort(folders);
@@ -78,7 +79,7 @@ bool IsOptionBlock(const Piece& piece)
 std::vector<std::string> BeyondEmptyFile(std::string_view bytes)
 {
     static const std::vector<Piece> empty =
-        PiecesOf(*FileBytes(fs::path(TEST_DATA_DIR) / "empty_file" / "expected.sbd"));
+        PiecesOf(*FileBytes(fs::path(test::TestDataFolder()) / "empty_file" / "expected.sbd"));
     std::vector<std::string> shown;
     auto next = empty.begin();
     const auto tellMissing = [&](auto end) {
@@ -171,13 +172,13 @@ INSTANTIATE_TEST_SUITE_P(Data, FileCases, testing::ValuesIn(CaseFolders()),
 
 TEST(FileCasesData, ADocumentWithoutContentIsTheFileThatTheOthersAreComparedWith)
 {
-    EXPECT_TRUE(fs::exists(fs::path(TEST_DATA_DIR) / "empty_file" / "expected.sbd"));
+    EXPECT_TRUE(fs::exists(fs::path(test::TestDataFolder()) / "empty_file" / "expected.sbd"));
 }
 
 TEST(Examples, ALoadAndASaveChangeNoByte)
 {
     int count = 0;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(EXAMPLES_DIR)) {
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(test::ExamplesFolder())) {
         if (entry.path().extension() != ".sbd")
             continue;
         const std::string bytes = *FileBytes(entry.path());

@@ -17,7 +17,7 @@ using testing::IsEmpty;
 
 std::vector<std::string> Lines(std::string_view bytes)
 {
-    LineReader reader(bytes);
+    CLineReader reader(bytes);
     std::vector<std::string> lines;
     std::string_view line;
     while (reader.Next(line)) {
@@ -29,13 +29,13 @@ std::vector<std::string> Lines(std::string_view bytes)
 
 std::string Clean(std::string_view line)
 {
-    LineCleaner cleaner;
+    CLineCleaner cleaner;
     return std::string(cleaner.Clean(line));
 }
 
 std::string CleanRow(std::string_view line)
 {
-    LineCleaner cleaner;
+    CLineCleaner cleaner;
     return std::string(cleaner.CleanRow(line));
 }
 
@@ -113,7 +113,7 @@ TEST(LineCleaner, AZeroByteIsNoBlank)
 
 TEST(LineCleaner, ItMayCleanLineAfterLine)
 {
-    LineCleaner cleaner;
+    CLineCleaner cleaner;
     EXPECT_EQ(cleaner.CleanRow("a,b"), "a b");
     EXPECT_EQ(cleaner.CleanRow("a much longer line,\tthan the first"), "a much longer line   than the first");
     EXPECT_EQ(cleaner.CleanRow("c,d"), "c d");

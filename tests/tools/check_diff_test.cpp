@@ -1,3 +1,4 @@
+#include "tests/surroundings.h"
 #include "tests/tools/tool_runs.h"
 
 namespace sbd {
@@ -106,7 +107,7 @@ TEST_F(CheckCommand, LeavesTheFileAsItIs)
 TEST_F(CheckCommand, OfTheExamplesFindsNothingButASectionThatIsUnknownOnPurpose)
 {
     const auto exitCode = [](const std::string& name) {
-        const std::string file = std::string(EXAMPLES_DIR) + "/" + name + "/" + name + ".sbd";
+        const std::string file = std::string(test::ExamplesFolder()) + "/" + name + "/" + name + ".sbd";
         const int plain = Tool({"check", file}).exitCode;
         EXPECT_EQ(Tool({"check", file, "--json"}).exitCode, plain);
         return plain;

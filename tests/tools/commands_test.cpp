@@ -1,4 +1,5 @@
 #include "tests/expected_totals.h"
+#include "tests/surroundings.h"
 #include "tests/tools/tool_runs.h"
 #include "tools/command_support.h"
 
@@ -438,14 +439,14 @@ TEST_F(Commands, ThePanelOfANumberWithoutOneIsRefused)
 
 // --- the program -------------------------------------------------------------------------------
 
-#if defined(SBDTOOL) && !defined(_WIN32)
+#ifndef _WIN32
 namespace {
 
 /// Exit code of the program; its output goes to `out`, as the shell takes it.
 int RunProgram(const std::string& arguments, const std::string& out)
 {
     const int status =
-        std::system((std::string("'") + SBDTOOL + "' " + arguments + " > " + out + " 2>/dev/null").c_str());
+        std::system((std::string("'") + test::SbdTool() + "' " + arguments + " > " + out + " 2>/dev/null").c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 

@@ -4,6 +4,7 @@
 #include "project/sbd_data.h"
 #include "sbdfile/project_file.h"
 #include "sbdfile/writer.h"
+#include "tests/surroundings.h"
 #include "tests/tools/tool_runs.h"
 
 #include <cstdlib>
@@ -25,7 +26,7 @@ protected:
         if (Git("--version") != 0)
             GTEST_SKIP() << "git is not there";
         ASSERT_EQ(Git("init -q -b main"), 0) << said_;
-        const std::string tool = SBDTOOL;
+        const std::string tool = test::SbdTool();
         for (const std::string& setting :
              {std::string("user.name Test"), std::string("user.email test@example.org"),
               std::string("commit.gpgsign false"), std::string("diff.sbd.xfuncname '^\\[.*$'"),
@@ -33,7 +34,7 @@ protected:
               "merge.sbd.driver '" + tool + " merge %O %A %B %A %P'"})
             ASSERT_EQ(Git("config " + setting), 0) << said_;
         PutBytes(".gitattributes", "*.sbd  diff=sbd merge=sbd -text\n");
-        const std::filesystem::path example = std::filesystem::path(EXAMPLES_DIR) / "plate4";
+        const std::filesystem::path example = std::filesystem::path(test::ExamplesFolder()) / "plate4";
         PutBytes("plate4.sbd", BytesOf(example / "plate4.sbd"));
         PutBytes("plate4.abd", BytesOf(example / "plate4.abd"));
         Edit([](CSbdData&) {}); // in the writer's own form, so that only edits differ

@@ -1,4 +1,5 @@
 #include "results/records.h"
+#include "tests/surroundings.h"
 #include "tools/result_commands.h"
 
 #include <gtest/gtest.h>
@@ -30,7 +31,7 @@ CommandResult Paths(const std::vector<std::string>& arguments)
 
 std::string Example(const std::string& name)
 {
-    return std::string(EXAMPLES_DIR) + "/" + name + "/" + name + ".sbd";
+    return std::string(test::ExamplesFolder()) + "/" + name + "/" + name + ".sbd";
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "tests/surroundings.h"
 #include "tests/tools/tool_runs.h"
 
 #include <filesystem>
@@ -14,7 +15,7 @@ namespace {
 
 std::string Example(const std::string& name)
 {
-    return std::string(EXAMPLES_DIR) + "/" + name + "/" + name + ".sbd";
+    return std::string(test::ExamplesFolder()) + "/" + name + "/" + name + ".sbd";
 }
 
 json TableOf(std::vector<std::string> more = {})

@@ -1,5 +1,6 @@
 // The book on paper, and the bookmarks of a PDF.
 #include "project/sbd_data.h"
+#include "tests/surroundings.h"
 #include "upperview/book_paper.h"
 #include "upperview/pdf_outline.h"
 
@@ -114,7 +115,8 @@ QByteArray ThreePages()
 
 CSbdData Example(const char* name)
 {
-    const std::filesystem::path path = std::filesystem::path(EXAMPLES_DIR) / name / (std::string(name) + ".sbd");
+    const std::filesystem::path path =
+        std::filesystem::path(test::ExamplesFolder()) / name / (std::string(name) + ".sbd");
     CSbdData data;
     [&] { QVERIFY(LoadProject(path, NamesFileBeside(path), data).Ok()); }();
     return data;

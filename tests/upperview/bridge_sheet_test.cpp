@@ -2,6 +2,7 @@
 #include "drawing/bridge_plan.h"
 #include "drawing/cross_section.h"
 #include "drawing/girder_elevation.h"
+#include "tests/surroundings.h"
 #include "upperview/bridge_sheet.h"
 #include "upperview/page/draw_recorder.h"
 
@@ -67,7 +68,7 @@ void BridgeSheetTest::TextsOfTheExamplesDoNotLieOnEachOther()
 {
     QFETCH(QString, name);
     CKELDSectionDoc doc;
-    QVERIFY(doc.OpenDocument(QStringLiteral(EXAMPLES_DIR "/%1/%1.sbd").arg(name)).Ok());
+    QVERIFY(doc.OpenDocument((QString::fromUtf8(test::ExamplesFolder()) + u"/%1/%1.sbd"_s).arg(name)).Ok());
     std::vector<BridgeDrawing> drawings = {BridgePlan(doc.Data(), doc.Results())};
     for (std::size_t girder = 0; girder < doc.Data().gridNames.girderNames.size(); ++girder)
         drawings.push_back(GirderElevation(doc.Data(), doc.Results(), {girder, GirderSide::Left, true}));

@@ -2,6 +2,7 @@
 #include "panelmodel/panel_editor.h"
 #include "panelmodel/panel_model.h"
 #include "project/text.h"
+#include "tests/surroundings.h"
 #include "upperview/drawing_canvas.h"
 #include "upperview/drawing_pane.h"
 #include "upperview/up_view.h"
@@ -33,7 +34,7 @@ struct Shown {
     explicit Shown(const char* name = "plate4")
     {
         const QString project = QString::fromLatin1(name);
-        static_cast<void>(doc.OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/%1/%1.sbd"_s.arg(project)));
+        static_cast<void>(doc.OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/%1/%1.sbd"_s.arg(project)));
         pane = std::make_unique<CDrawingPane>(&doc);
         pane->resize(1200, 500);
         pane->show();
@@ -294,7 +295,7 @@ void DrawingPaneTest::heightsAreStretched()
 void DrawingPaneTest::theCommandsOfThePlanesChooseTheView()
 {
     CKELDSectionDoc doc;
-    QVERIFY(doc.OpenDocument(QStringLiteral(EXAMPLES_DIR "/plate4/plate4.sbd")).Ok());
+    QVERIFY(doc.OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/plate4.sbd"_s).Ok());
     CUpView view(&doc);
     view.resize(900, 400);
     view.show();

@@ -4,6 +4,7 @@
 #include "results/diagram_layout.h"
 #include "results/figure_pick.h"
 #include "results/result_title.h"
+#include "tests/surroundings.h"
 #include "upperview/figure_pane.h"
 #include "upperview/figure_texts.h"
 #include "upperview/result_diagram.h"
@@ -32,7 +33,7 @@ struct Shown {
     Shown(const char* name, int block)
     {
         const QString project = QString::fromLatin1(name);
-        static_cast<void>(doc.OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/%1/%1.sbd"_s.arg(project)));
+        static_cast<void>(doc.OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/%1/%1.sbd"_s.arg(project)));
         Session().selection = FirstUseSelection(doc.Results().model);
         doc.SetCurrentBlock(block);
         doc.showHelpPage = false;
@@ -185,8 +186,8 @@ void FigurePaneTest::everyLineOfTheExamplesLeadsToARowAndEveryNodeToItself()
 {
     for (const char* const name : {"plate4", "box2", "single1"}) {
         CKELDSectionDoc doc;
-        static_cast<void>(
-            doc.OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/%1/%1.sbd"_s.arg(QString::fromLatin1(name))));
+        static_cast<void>(doc.OpenDocument(QString::fromUtf8(test::ExamplesFolder())
+                                           + u"/%1/%1.sbd"_s.arg(QString::fromLatin1(name))));
         const CModelProjection projection(FigurePlaces(doc.Results()), {0, 0, 1});
         const ModelScale scale = FitModel(projection.Bounds(), {900, 500}, kFitZoom, {});
         const FramePlaces places = PlacesOnScreen(doc.Results(), doc.Data(), projection, scale);

@@ -1,6 +1,7 @@
 #include "document/section_doc.h"
 #include "results/result_files.h"
 #include "sbdfile/grid_names.h"
+#include "tests/surroundings.h"
 #include "upperview/model_figure.h"
 #include "upperview/result_diagram.h"
 
@@ -24,7 +25,8 @@ constexpr QSize kSize(900, 500);
 struct Bridge {
     explicit Bridge(const char* name)
     {
-        const std::filesystem::path project = std::filesystem::path(EXAMPLES_DIR) / name / (std::string(name) + ".sbd");
+        const std::filesystem::path project =
+            std::filesystem::path(test::ExamplesFolder()) / name / (std::string(name) + ".sbd");
         static_cast<void>(LoadProject(project, NamesFileBeside(project), data));
         ReadResultFiles(project, results);
     }

@@ -1,4 +1,5 @@
 #include "document/section_doc.h"
+#include "tests/surroundings.h"
 #include "upperview/model_figure.h"
 #include "upperview/paper.h"
 #include "upperview/up_view.h"
@@ -102,7 +103,7 @@ void PaperTest::pagesAndFiguresAreDarkOnADarkScreen()
     QFETCH(const bool, page);
     QApplication::setPalette(DarkPalette());
     CKELDSectionDoc doc;
-    QVERIFY(doc.OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/plate4/plate4.sbd"_s).Ok());
+    QVERIFY(doc.OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/plate4.sbd"_s).Ok());
     CUpView view(&doc);
     view.resize(1000, 300);
     view.show();
@@ -131,7 +132,7 @@ void PaperTest::picturesAndPrintsStayOnWhitePaper()
 {
     QApplication::setPalette(DarkPalette());
     CKELDSectionDoc doc;
-    QVERIFY(doc.OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/plate4/plate4.sbd"_s).Ok());
+    QVERIFY(doc.OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/plate4.sbd"_s).Ok());
     CUpView view(&doc);
     view.resize(1000, 300);
     view.show();

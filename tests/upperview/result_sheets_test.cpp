@@ -1,5 +1,6 @@
 #include "document/result_session.h"
 #include "document/section_doc.h"
+#include "tests/surroundings.h"
 #include "upperview/display_look.h"
 #include "upperview/result_sheets.h"
 
@@ -40,7 +41,7 @@ private slots:
 
 void ResultSheetsTest::initTestCase()
 {
-    QVERIFY(doc_.OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/plate4/plate4.sbd"_s).Ok());
+    QVERIFY(doc_.OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/plate4.sbd"_s).Ok());
 }
 
 void ResultSheetsTest::aGirderHasItsSheetAndBookmarks()

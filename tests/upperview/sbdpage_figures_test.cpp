@@ -1,3 +1,5 @@
+#include "tests/surroundings.h"
+
 #include <QFile>
 #include <QImage>
 #include <QJsonArray>
@@ -29,7 +31,7 @@ Run RunPage(const QStringList& arguments)
 
 QString Project(const QString& name)
 {
-    return QStringLiteral(EXAMPLES_DIR) + u"/%1/%1.sbd"_s.arg(name);
+    return QString::fromUtf8(test::ExamplesFolder()) + u"/%1/%1.sbd"_s.arg(name);
 }
 
 int CountPixels(const QImage& image, QColor colour)

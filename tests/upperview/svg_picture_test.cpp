@@ -1,6 +1,7 @@
 #include "document/result_session.h"
 #include "document/section_doc.h"
 #include "svg_scenes.h"
+#include "tests/surroundings.h"
 #include "upperview/help_view.h"
 #include "upperview/svg_picture.h"
 #include "upperview/up_view.h"
@@ -274,7 +275,7 @@ void SvgPictureTest::thePaneIsSavedAsItIsShown()
     QFETCH(const bool, isFigure);
     const QTemporaryDir folder;
     CKELDSectionDoc doc;
-    QVERIFY(doc.OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/plate4/plate4.sbd"_s).Ok());
+    QVERIFY(doc.OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/plate4.sbd"_s).Ok());
     doc.showHelpPage = !isFigure;
     doc.SetCurrentBlock(block);
     doc.SetHelpCell(block, 2, 2);

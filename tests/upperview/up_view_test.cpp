@@ -1,5 +1,6 @@
 #include "document/result_session.h"
 #include "document/section_doc.h"
+#include "tests/surroundings.h"
 #include "upperview/chk_view.h"
 #include "upperview/figure_pane.h"
 #include "upperview/help_view.h"
@@ -25,7 +26,7 @@ struct Pane {
 
     Pane()
     {
-        (void)doc.OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/plate4/plate4.sbd"_s);
+        (void)doc.OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/plate4.sbd"_s);
         view.resize(1000, 300);
         view.show();
     }

@@ -11,9 +11,9 @@ namespace sbd {
 
 namespace {
 
-class CChecker {
+class Checker {
 public:
-    CChecker(std::string_view text, int block, std::vector<PageFault>& faults)
+    Checker(std::string_view text, int block, std::vector<PageFault>& faults)
         : text_(text)
         , block_(block)
         , faults_(&faults)
@@ -118,7 +118,7 @@ std::vector<PageFault> CheckPage(std::string_view fileName, std::string_view tex
         std::ranges::move(parsed.faults, std::back_inserter(faults));
         if (unread)
             continue;
-        const CChecker checker(text, block, faults);
+        const Checker checker(text, block, faults);
         checker.CheckRows(parsed.page);
         checker.CheckBranches(parsed.page, shared);
     }

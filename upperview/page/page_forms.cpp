@@ -24,7 +24,7 @@ CSbdData FilledProject(int block)
 {
     CSbdData data;
     if (data.Table(block) != nullptr)
-        for (ColumnVector& column : TableWithRows(data, block, kRows).columns)
+        for (CColumnVector& column : TableWithRows(data, block, kRows).columns)
             for (std::size_t row = 0; row < kRows; ++row)
                 column.Set(row, "1250");
     return data;

@@ -18,9 +18,9 @@ constexpr int kBalloonRadius = 50;
 constexpr int kBalloonDrop = 60; // centre below the point
 
 /// Draws the elements of one sketch, in their colours or in red.
-class CSketchDrawing {
+class SketchDrawing {
 public:
-    CSketchDrawing(CDrawContext& dc, const Sketch& sketch, const PageView& view, DrawPoint corner)
+    SketchDrawing(CDrawContext& dc, const Sketch& sketch, const PageView& view, DrawPoint corner)
         : dc_(dc)
         , view_(view)
         , scaleX_(dc.unitX * sketch.fx)
@@ -259,7 +259,7 @@ void DropCrowded(Values& values, const CDrawContext& dc, const Sketch& sketch, c
     CDrawRecorder trial(dc.Metrics());
     trial.unitX = dc.unitX;
     trial.unitY = dc.unitY;
-    CSketchDrawing drawing(trial, sketch, view, corner);
+    SketchDrawing drawing(trial, sketch, view, corner);
     std::map<const SketchElement*, std::size_t> labels; // place among the primitives
     for (const SketchElement& element : sketch.elements) {
         if (!IsShown(element, view))
@@ -295,7 +295,7 @@ bool DrawSketch(CDrawContext& dc, const Sketch& sketch, const PageView& view, Dr
         const auto found = values.find(&element);
         return found == values.end() ? std::string() : found->second;
     };
-    CSketchDrawing drawing(dc, sketch, view, corner);
+    SketchDrawing drawing(dc, sketch, view, corner);
     for (const SketchElement& element : sketch.elements)
         if (!element.onlySelected && element.when.Holds(view)) // smoothed letters would shine through the red ones
             drawing.Draw(element, valueOf(element), false, !Explains(element, view));
