@@ -1,6 +1,7 @@
 // What is told of a project in memory, beside one write and one read of the same. The limits stand in docs/performance.md.
 #include "bench/baseline.h"
 #include "bench/generated_project.h"
+#include "bench/long_bridge.h"
 #include "check/doubts.h"
 #include "check/drawing_doubts.h"
 #include "check/read_back.h"
@@ -93,10 +94,11 @@ void DoubtsOfAll(benchmark::State& state)
     Measure(state, doubtTimes, [&] { return Doubts(data); });
 }
 
-/// Looked at once nobody types.
+/// Looked at once nobody types: of plate4, or of a bridge of 20 spans with so many girders.
 void DrawingDoubtsOfAll(benchmark::State& state)
 {
-    const CSbdData& data = ProjectOf(state);
+    const auto girders = static_cast<int>(state.range(0));
+    const CSbdData data = girders == 0 ? ProjectOf(state) : LongBridge(girders);
     std::size_t found = 0;
     Measure(state, drawingTimes, [&] {
         const FindingList doubts = DrawingDoubts(data, {});
@@ -112,7 +114,7 @@ BENCHMARK(ReadBackOfAll)->Arg(0)->Arg(10)->UseManualTime()->Unit(benchmark::kMil
 BENCHMARK(WriteAndReadOfOneBlock)->Arg(0)->Arg(10)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadBackOfOneEdit)->Arg(0)->Arg(10)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(DoubtsOfAll)->Arg(0)->Arg(10)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(DrawingDoubtsOfAll)->Arg(0)->Arg(10)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(DrawingDoubtsOfAll)->Arg(0)->Arg(1)->Arg(10)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 

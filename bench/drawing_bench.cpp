@@ -1,15 +1,16 @@
 // The elevation of a long girder: making its parts, and painting its sheet against the bare painting of as many lines. The
 // limits stand in docs/performance.md.
 #include "bench/baseline.h"
+#include "bench/long_bridge.h"
 #include "bench/window_main.h"
 #include "document/section_doc.h"
 #include "drawing/girder_elevation.h"
-#include "project/text.h"
 #include "sbdfile/writer.h"
 #include "upperview/bridge_sheet.h"
 #include "upperview/draw_painter.h"
 #include "upperview/drawing_canvas.h"
 #include "upperview/drawing_pane.h"
+#include "upperview/wide_registers.h"
 
 #include <QApplication>
 #include <QFile>
@@ -24,9 +25,6 @@ namespace sbd::bench {
 
 namespace {
 
-constexpr int kSpans = 20;
-constexpr int kBaysPerSpan = 10;
-constexpr int kStiffenersPerBay = 10; // 2,000 in all
 constexpr QSize kSize(1600, 700);
 constexpr double kScale = 96 / 254.0; // pixels a unit
 
@@ -35,64 +33,17 @@ ShortestTimes bareTimes;
 ShortestTimes paintTimes;
 ShortestTimes editTimes;
 
-void AddRow(CSbdData& data, int block, const std::vector<std::string>& cells)
-{
-    std::vector<std::string> bytes;
-    for (const std::string& cell : cells)
-        bytes.push_back(Cp932(cell));
-    data.Table(block)->AppendRow({bytes.begin(), bytes.end()});
-}
-
-/// A girder of 20 spans of 40 m, a row of stiffeners a bay, a section and a splice a bay.
-CSbdData Bridge()
-{
-    CSbdData data;
-    data.gridNames.girderNames = {"G1"};
-    const int bays = kSpans * kBaysPerSpan;
-    const auto station = [](int i) { return "C" + std::to_string(i); };
-    AddRow(data, 504, {"自動計算(YES_NO)", "NO"});
-    for (int i = 0; i <= bays; ++i) {
-        data.gridNames.swayNames.push_back(station(i));
-        AddRow(data, 504, {"G1", station(i), std::to_string(4 * i), "0", "0"});
-    }
-    for (int i = 0; i <= bays; i += kBaysPerSpan)
-        AddRow(data, 307, {"G1", "G1", station(i), station(i), "0", "支点"});
-    data.hGirder.records.push_back({{"G1", "G1", station(0), station(bays)},
-                                    {2.4, kNotGiven, kNotGiven, kNotGiven, kNotGiven, kNotGiven, kNotGiven}});
-    AddRow(data, 313, {"自動計算(YES_NO)", "NO"});
-    AddRow(data, 321, {"最大継手長", "12"});
-    AddRow(data, 321, {"入力方法", "横桁と垂直補剛材より"});
-    AddRow(data, 322, {"最大断面長", "12"});
-    AddRow(data, 322, {"入力方法", "横桁と垂直補剛材より"});
-    AddRow(data, 331, {"自動計算(YES_NO)", "NO"});
-    AddRow(data, 332, {"自動計算(YES_NO)", "NO"});
-    for (int bay = 0; bay < bays; ++bay) {
-        const std::string number = std::to_string(bay + 1);
-        const std::string section = "SEC" + number;
-        AddRow(data, 313,
-               {"G1", "G1", station(bay), station(bay + 1), "I桁", "120", "9", std::to_string(kStiffenersPerBay),
-                "等間隔"});
-        AddRow(data, 321, {"J" + number, "I桁", "G1", "G1", station(bay), "5", "CENTER", ""});
-        if (bay + 1 < bays)
-            AddRow(data, 322, {section, "I桁", "G1", "G1", station(bay), "5", "CENTER"});
-        else
-            AddRow(data, 322, {section, "I桁", "G1", "G1", "終断面", "", ""});
-        AddRow(data, 331, {"G1", "G1", section, section, "I桁", "SM490Y", "11"});
-        AddRow(data, 332, {"G1", "G1", section, section, "FLG", "SM490Y", "500", std::to_string(20 + bay % 7)});
-    }
-    return data;
-}
-
 QImage Sheet()
 {
     QImage sheet(kSize, QImage::Format_RGB32);
     sheet.fill(Qt::white);
+    LeaveWideRegisters(); // for the bare lines too
     return sheet;
 }
 
 void BM_MakeElevation(benchmark::State& state)
 {
-    const CSbdData data = Bridge();
+    const CSbdData data = LongBridge();
     std::size_t shapes = 0;
     Measure(state, makeTimes, [&] {
         BridgeDrawing drawing = GirderElevation(data, {}, {});
@@ -105,7 +56,7 @@ void BM_MakeElevation(benchmark::State& state)
 /// The outlines of all parts as bare lines, and the texts of the sheet as bare texts are not in it.
 void BM_BareElevationLines(benchmark::State& state)
 {
-    const BridgeDrawing drawing = GirderElevation(Bridge(), {}, {});
+    const BridgeDrawing drawing = GirderElevation(LongBridge(), {}, {});
     std::vector<QPolygonF> outlines;
     for (const DrawnShape& shape : drawing.shapes) {
         QPolygonF outline;
@@ -128,7 +79,7 @@ void BM_BareElevationLines(benchmark::State& state)
 
 void BM_PaintElevation(benchmark::State& state)
 {
-    const BridgeDrawing drawing = GirderElevation(Bridge(), {}, {});
+    const BridgeDrawing drawing = GirderElevation(LongBridge(), {}, {});
     QFont font;
     font.setPixelSize(28);
     Measure(state, paintTimes, [&] {
@@ -148,7 +99,7 @@ void BM_PaintElevation(benchmark::State& state)
 void BM_EditInThePane(benchmark::State& state)
 {
     const QTemporaryDir folder;
-    const CSbdData data = Bridge();
+    const CSbdData data = LongBridge();
     const auto write = [&](const char* name, const std::string& bytes) {
         QFile file(folder.filePath(QString::fromLatin1(name)));
         if (file.open(QFile::WriteOnly))

@@ -48,8 +48,9 @@ enum class DrawingLayer {
     Rib,
     SplicePlate,
     Bolt,
+    Gusset,
 };
-inline constexpr std::size_t kDrawingLayers = static_cast<std::size_t>(DrawingLayer::Bolt) + 1;
+inline constexpr std::size_t kDrawingLayers = static_cast<std::size_t>(DrawingLayer::Gusset) + 1;
 
 enum class ShapeKind { Line, Polygon, Circle };
 
@@ -63,8 +64,8 @@ struct DrawnShape {
     bool open = false; ///< its true form is not told; drawn with a broken line
 };
 
-/// Where the text of a label stands: in a row above the drawing, or at its point.
-enum class LabelRow { Above, FarAbove, AtPoint, Below };
+/// Where the text of a label stands: in a row above or below the drawing, around its point, behind or ahead of it.
+enum class LabelRow { Above, FarAbove, AtPoint, Below, Behind, Ahead };
 
 struct DrawnLabel {
     DrawnPoint at;

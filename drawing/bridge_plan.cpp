@@ -1,5 +1,6 @@
 #include "drawing/bridge_plan.h"
 
+#include "drawing/bolted_splice.h"
 #include "drawing/cross_members.h"
 #include "drawing/girder_elevation.h"
 #include "drawing/girder_joints.h"
@@ -30,6 +31,9 @@ private:
     void Members();
     void BeamFlange(const CTableRows& sizes, std::size_t row, const DrawnPoint& from, const DrawnPoint& to);
     void Laterals();
+    void Gussets();
+    void GussetsOf(const CGirderLine& line, const CTableRows& rows);
+    void Gusset(const CGirderLine& line, std::size_t station, const SpliceRow& row, double side);
     void GirderParts();
     void Skews(const CGirderLine& line, const std::vector<GirderSupport>& supports);
     /// The girder's direction at one of its stations, in radians: that of the arc through the bays beside it.
@@ -48,6 +52,11 @@ private:
     const CSbdData& data_;
     CDrawingBuild build_;
     CBridgeGrid grid_;
+    struct LateralAt {
+        DrawnPoint end;
+        DrawnPoint other;
+    };
+    std::vector<LateralAt> laterals_; ///< each from both of its ends
     GridPoint origin_{};
     double cos_ = 1;
     double sin_ = 0;
@@ -260,6 +269,8 @@ void CPlan::Laterals()
         }
         usesMiddle = usesMiddle || rows.Cell(row, startColumn) == "C" || rows.Cell(row, endColumn) == "C";
         build_.Shape(DrawingLayer::LateralBracing, ShapeKind::Line, {*from, *to}, rows.Place(row, 0));
+        laterals_.push_back({*from, *to});
+        laterals_.push_back({*to, *from});
         build_.Use(rows.Place(row, 0), {*from, *to}, false);
     }
     const CTableRows moved(data_, middles, 1);
@@ -284,6 +295,111 @@ std::optional<std::array<DrawnPoint, 2>> CPlan::AlongGirder(const CGirderLine& l
     const DrawnPoint direction{(to->x - from->x) / length, (to->y - from->y) / length};
     const double on = x - line.X(bay);
     return std::array{DrawnPoint{from->x + direction.x * on, from->y + direction.y * on}, direction};
+}
+
+/// The edges of a gusset along the girder's web and across it: the others follow from the members. `side`: 1 left, -1
+/// right.
+void CPlan::Gusset(const CGirderLine& line, std::size_t station, const SpliceRow& row, double side)
+{
+    constexpr std::array<std::size_t, 2> lengthColumns{7, 8}; // towards the begin, towards the end
+    constexpr std::array<std::size_t, 2> riseColumns{11, 12};
+    constexpr double most = 5'000; // mm
+    static const std::string square = Cp932("直角");
+    std::array<double, 2> lengths{};
+    for (std::size_t end = 0; end < lengths.size(); ++end) {
+        const auto length = NumberIn(row.Cell(lengthColumns[end]));
+        if (!length || !(*length > 0) || *length > most) {
+            const bool isSquare = row.Cell(lengthColumns[end]) == square;
+            build_.Omit(row.Place(lengthColumns[end]),
+                        isSquare ? "縁が部材に直角のガセットは，幅が入力にないため図に表していません．"
+                                 : "ガセットの幅が正の数ではないか，大きすぎるため，図にできません．単位はmmです．",
+                        {}, isSquare ? OmissionKind::Limit : OmissionKind::Input);
+            return;
+        }
+        lengths[end] = *length;
+    }
+    const auto begin = AlongGirder(line, line.X(station) - lengths[0]);
+    const auto middle = AlongGirder(line, line.X(station));
+    const auto end = AlongGirder(line, line.X(station) + lengths[1]);
+    if (!begin || !middle || !end)
+        return;
+    const auto risen = [&](const std::array<DrawnPoint, 2>& from, std::size_t column) {
+        const double rise = std::min(row.Size(column).value_or(0), most) * side;
+        return DrawnPoint{from[0].x - from[1].y * rise, from[0].y + from[1].x * rise};
+    };
+    build_.Shape(DrawingLayer::Gusset, ShapeKind::Line,
+                 {risen(*begin, riseColumns[0]), (*begin)[0], (*middle)[0], (*end)[0], risen(*end, riseColumns[1])},
+                 row.Place(lengthColumns[0]));
+}
+
+void CPlan::GussetsOf(const CGirderLine& line, const CTableRows& rows)
+{
+    constexpr std::size_t placeColumn = 4;
+    constexpr std::size_t sideColumn = 5;
+    static const std::string nodes = Cp932("格点");
+    static const std::string between = Cp932("中間");
+    static const std::string both = Cp932("両");
+    std::vector<CLastRowWins> winners(2, CLastRowWins(line.StationCount()));
+    for (std::size_t row = rows.Count(); row-- > rows.First();) {
+        if (rows.IsEmpty(row) || !line.IsNamed(build_, rows, row, 0))
+            continue;
+        const std::string_view place = rows.Cell(row, placeColumn);
+        if (place != nodes && place != both) {
+            build_.Omit(rows.Place(row, placeColumn),
+                        place == between ? "横桁の間のガセットは図に表していません．"
+                                         : "が格点，中間，両のどれでもないため，ガセットを図にできません．",
+                        place == between ? std::string_view() : place,
+                        place == between ? OmissionKind::Limit : OmissionKind::Input);
+            continue;
+        }
+        const auto stations = line.NamedStations(build_, rows, row, 2);
+        const int sides = line.SidesOf(build_, rows.Cell(row, sideColumn), rows.Place(row, sideColumn));
+        if (!stations || sides == 0)
+            continue;
+        const CGirderLine::Part part = line.StationsIn(*stations);
+        for (std::size_t side = 0; side < winners.size(); ++side)
+            if ((sides & (1 << side)) != 0)
+                winners[side].Take(row, part.first, part.end);
+    }
+    constexpr double near = 1; // mm
+    for (std::size_t station = 0; station < line.StationCount(); ++station) {
+        const auto along = AlongGirder(line, line.X(station));
+        if (!along)
+            continue;
+        const auto& [at, direction] = *along;
+        for (std::size_t side = 0; side < winners.size(); ++side) {
+            const double sign = side == 0 ? 1 : -1;
+            const std::size_t row = winners[side].At(station);
+            // A gusset is where a member is: a row may name more places.
+            bool hasMember = false;
+            const auto xOf = [](const LateralAt& lateral) { return lateral.end.x; };
+            for (auto lateral = std::ranges::lower_bound(laterals_, at.x - near, {}, xOf);
+                 row != CLastRowWins::kNone && !hasMember && lateral != laterals_.end() && lateral->end.x < at.x + near;
+                 ++lateral) {
+                const double across = direction.x * (lateral->other.y - at.y) - direction.y * (lateral->other.x - at.x);
+                hasMember = std::abs(lateral->end.y - at.y) < near && sign * across > 0;
+            }
+            if (hasMember)
+                Gusset(line, station, SpliceRow{&rows, row}, sign);
+        }
+    }
+}
+
+void CPlan::Gussets()
+{
+    constexpr int block = 578;
+    constexpr std::size_t mostLaterals = 4'000; // each is looked for at each node
+    const CTableRows rows(data_, block, 1);
+    if (rows.First() >= rows.Count() || laterals_.size() > mostLaterals)
+        return;
+    std::ranges::sort(laterals_, {}, [](const LateralAt& lateral) { return lateral.end.x; });
+    for (std::size_t girder = 0; girder < grid_.girders.Count(); ++girder) {
+        CDrawingBuild apart; // what a girder cannot draw is told in its elevation
+        const CGirderLine line(apart, data_, grid_, girder, GirderSide::Left);
+        if (line.StationCount() >= 2)
+            GussetsOf(line, rows);
+    }
+    build_.Note("下横構のガセットは，主桁に沿う縁と立上だけを描いています．");
 }
 
 double CPlan::TangentAt(const CGirderLine& line, std::size_t station) const
@@ -386,6 +502,7 @@ BridgeDrawing CPlan::Make()
     Girders();
     Members();
     Laterals();
+    Gussets();
     GirderParts();
     return build_.Take();
 }

@@ -3,6 +3,7 @@
 #include "project/text.h"
 
 #include <algorithm>
+#include <array>
 
 namespace sbd {
 
@@ -27,6 +28,32 @@ std::optional<CrossMemberKind> KindOf(std::string_view type)
 }
 
 } // namespace
+
+std::optional<std::size_t> LastMemberRow(CDrawingBuild& build, const CTableRows& rows, const CBridgeGrid& grid,
+                                         std::size_t gap, std::size_t station, int end,
+                                         std::span<const std::string> parts)
+{
+    static const std::array<std::string, 2> ends{Cp932("要素左側"), Cp932("要素右側")};
+    static const std::string both = Cp932("要素両側");
+    constexpr std::size_t endColumn = 4;
+    std::optional<std::size_t> winner;
+    for (std::size_t row = rows.First(); row < rows.Count(); ++row) {
+        if (rows.IsEmpty(row))
+            continue;
+        if (end >= 0 && rows.Cell(row, endColumn) != both
+            && rows.Cell(row, endColumn) != ends[static_cast<std::size_t>(end)])
+            continue;
+        if (!parts.empty() && std::ranges::find(parts, rows.Cell(row, endColumn + 1)) == parts.end())
+            continue;
+        const auto stations =
+            RangeOfNames(build, grid.stations, rows.Cell(row, 0), rows.Cell(row, 1), rows.Place(row, 0), "横桁");
+        const auto girders =
+            RangeOfNames(build, grid.girders, rows.Cell(row, 2), rows.Cell(row, 3), rows.Place(row, 2), "主桁");
+        if (stations && girders && stations->Has(station) && girders->from <= gap && gap + 1 <= girders->to)
+            winner = row;
+    }
+    return winner;
+}
 
 CCrossMembers::CCrossMembers(CDrawingBuild& build, const CSbdData& data, const CBridgeGrid& grid)
     : rows_(data, kTypes, 1)

@@ -4,6 +4,8 @@
 #include "drawing/bridge_grid.h"
 #include "drawing/table_rows.h"
 
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -20,6 +22,12 @@ struct CrossMember {
     std::string type;  ///< CP932, as the cell has it
     SourceCell source; ///< block 0 without a row
 };
+
+/// The last row of a block of members that names a gap and a station. `end`: 0 the end at the first girder, 1 the other
+/// one, -1 where the block has no word for it; `parts`: words of which the cell behind must be one, none: any.
+[[nodiscard]] std::optional<std::size_t> LastMemberRow(CDrawingBuild& build, const CTableRows& rows,
+                                                       const CBridgeGrid& grid, std::size_t gap, std::size_t station,
+                                                       int end, std::span<const std::string> parts = {});
 
 /// The members of the bridge by the rule that later rows win.
 class CCrossMembers {

@@ -22,6 +22,12 @@ struct EndLevel {
     SourceCell source;
 };
 
+/// Upper and lower edges of a cross beam at both ends.
+struct BeamLevels {
+    std::array<double, kEnds> tops{};
+    std::array<double, kEnds> feet{};
+};
+
 class CSection {
 public:
     CSection(const CSbdData& data, const AnalysisResults& results, std::size_t station)
@@ -32,12 +38,14 @@ public:
     }
 
     BridgeDrawing Make();
+    [[nodiscard]] std::optional<std::array<double, kEnds>> BeamDepths(std::size_t gap);
 
 private:
     void Title();
     void PlaceGirders();
     void PlaceWebs(SectionGirder& girder, const GridPoint& first, double cos, double sin);
     void Members();
+    [[nodiscard]] std::optional<BeamLevels> LevelsOf(const SectionGirder& left, const SectionGirder& right);
     void Beam(const SectionGirder& left, const SectionGirder& right, const CrossMember& member);
     void Sway(const SectionGirder& left, const SectionGirder& right, const CrossMember& member);
     void Deck();
@@ -123,24 +131,7 @@ void CSection::PlaceGirders()
 
 std::optional<std::size_t> CSection::MemberRow(const CTableRows& rows, std::size_t gap, int end)
 {
-    static const std::array<std::string, kEnds> ends{Cp932("要素左側"), Cp932("要素右側")};
-    static const std::string both = Cp932("要素両側");
-    constexpr std::size_t endColumn = 4;
-    std::optional<std::size_t> winner;
-    for (std::size_t row = rows.First(); row < rows.Count(); ++row) {
-        if (rows.IsEmpty(row))
-            continue;
-        if (end >= 0 && rows.Cell(row, endColumn) != both
-            && rows.Cell(row, endColumn) != ends[static_cast<std::size_t>(end)])
-            continue;
-        const auto stations =
-            RangeOfNames(build_, grid_.stations, rows.Cell(row, 0), rows.Cell(row, 1), rows.Place(row, 0), "横桁");
-        const auto girders =
-            RangeOfNames(build_, grid_.girders, rows.Cell(row, 2), rows.Cell(row, 3), rows.Place(row, 2), "主桁");
-        if (stations && girders && stations->Has(station_) && girders->from <= gap && gap + 1 <= girders->to)
-            winner = row;
-    }
-    return winner;
+    return LastMemberRow(build_, rows, grid_, gap, station_, end);
 }
 
 std::optional<EndLevel> CSection::UpperLevel(const CTableRows& rows, std::size_t row, const SectionGirder& girder)
@@ -177,43 +168,61 @@ std::optional<EndLevel> CSection::LowerLevel(const CTableRows& rows, std::size_t
     return EndLevel{girder.LowerEdge() + *value, rows.Place(row, column)};
 }
 
+std::optional<BeamLevels> CSection::LevelsOf(const SectionGirder& left, const SectionGirder& right)
+{
+    constexpr int block = 532;
+    const CTableRows rows(data_, block, 1);
+    const std::array<const SectionGirder*, kEnds> girders{&left, &right};
+    const std::array<double, kEnds> x{left.rightWeb, right.leftWeb};
+    BeamLevels levels;
+    for (std::size_t end = 0; end < kEnds; ++end) {
+        const auto row = MemberRow(rows, left.girder, static_cast<int>(end));
+        if (!row || !girders[end]->depth) {
+            build_.Omit({row ? 311 : block, 0, 0}, "の横の横桁の高さの位置が決まらないため，横桁を図にできません．",
+                        girders[end]->name);
+            return std::nullopt;
+        }
+        const auto top = UpperLevel(rows, *row, *girders[end]);
+        const auto foot = LowerLevel(rows, *row, *girders[end]);
+        if (!top || !foot)
+            return std::nullopt;
+        if (top->y <= foot->y) {
+            build_.Omit(foot->source, "横桁の上側が下側より低くなるため，図にできません．");
+            return std::nullopt;
+        }
+        levels.tops[end] = top->y;
+        levels.feet[end] = foot->y;
+        build_.Use(rows.Place(*row, 0), {{x[0], top->y}, {x[1], foot->y}}, false);
+    }
+    return levels;
+}
+
+std::optional<std::array<double, kEnds>> CSection::BeamDepths(std::size_t gap)
+{
+    PlaceGirders();
+    for (std::size_t i = 0; i + 1 < girders_.size(); ++i)
+        if (girders_[i].girder == gap && girders_[i + 1].girder == gap + 1)
+            if (const auto levels = LevelsOf(girders_[i], girders_[i + 1]))
+                return std::array<double, kEnds>{levels->tops[0] - levels->feet[0], levels->tops[1] - levels->feet[1]};
+    return std::nullopt;
+}
+
 void CSection::Beam(const SectionGirder& left, const SectionGirder& right, const CrossMember& member)
 {
-    constexpr int levels = 532;
     constexpr int sizes = 533;
     constexpr std::size_t upperThickColumn = 5;
     constexpr std::size_t lowerThickColumn = 7;
-    const CTableRows levelRows(data_, levels, 1);
-    const std::array<const SectionGirder*, kEnds> girders{&left, &right};
+    const auto levels = LevelsOf(left, right);
+    if (!levels)
+        return;
     const std::array<double, kEnds> x{left.rightWeb, right.leftWeb};
-    std::array<EndLevel, kEnds> upper;
-    std::array<EndLevel, kEnds> lower;
-    for (std::size_t end = 0; end < kEnds; ++end) {
-        const auto row = MemberRow(levelRows, left.girder, static_cast<int>(end));
-        if (!row || !girders[end]->depth) {
-            build_.Omit({row ? 311 : levels, 0, 0}, "の横の横桁の高さの位置が決まらないため，横桁を図にできません．",
-                        girders[end]->name);
-            return;
-        }
-        const auto top = UpperLevel(levelRows, *row, *girders[end]);
-        const auto foot = LowerLevel(levelRows, *row, *girders[end]);
-        if (!top || !foot)
-            return;
-        if (top->y <= foot->y) {
-            build_.Omit(foot->source, "横桁の上側が下側より低くなるため，図にできません．");
-            return;
-        }
-        upper[end] = *top;
-        lower[end] = *foot;
-        build_.Use(levelRows.Place(*row, 0), {{x[0], upper[end].y}, {x[1], lower[end].y}}, false);
-    }
+    const std::array<double, kEnds> tops = levels->tops;
+    const std::array<double, kEnds> feet = levels->feet;
     const auto strip = [&](DrawingLayer layer, std::array<double, kEnds> top, std::array<double, kEnds> foot,
                            SourceCell source, bool open) {
         build_.Shape(layer, ShapeKind::Polygon, {{x[0], top[0]}, {x[1], top[1]}, {x[1], foot[1]}, {x[0], foot[0]}},
                      source, open);
     };
-    const std::array<double, kEnds> tops{upper[0].y, upper[1].y};
-    const std::array<double, kEnds> feet{lower[0].y, lower[1].y};
     const CTableRows sizeRows(data_, sizes, 1);
     const auto row = MemberRow(sizeRows, left.girder, -1);
     const auto thick = [&](std::size_t column) {
@@ -485,6 +494,12 @@ BridgeDrawing CSection::Make()
 BridgeDrawing CrossSection(const CSbdData& data, const AnalysisResults& results, std::size_t station)
 {
     return CSection(data, results, station).Make();
+}
+
+std::optional<std::array<double, 2>> BeamDepths(const CSbdData& data, const AnalysisResults& results, std::size_t gap,
+                                                std::size_t station)
+{
+    return CSection(data, results, station).BeamDepths(gap);
 }
 
 } // namespace sbd

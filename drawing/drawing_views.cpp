@@ -19,8 +19,9 @@ namespace {
 constexpr int kByElevation[] = {259, 302, 305, 307, 311, 313, 314, 315, 321, 322, 331, 332, 401, 402, 404, 408, 504};
 constexpr int kBySection[] = {302, 305, 307, 311, 312, 313, 314, 321, 322, 324, 325, 326, 331, 332,
                               333, 401, 404, 504, 523, 532, 533, 542, 543, 642, 643, 671, 672};
-constexpr int kByPlan[] = {305, 307, 313, 314, 321, 404, 504, 523, 533, 573, 574};
-constexpr int kByJoint[] = {305, 307, 311, 313, 314, 321, 322, 331, 332, 341, 342, 343, 344, 404, 504};
+constexpr int kByPlan[] = {305, 307, 313, 314, 321, 404, 504, 523, 533, 573, 574, 578};
+constexpr int kByJoint[] = {302, 305, 307, 311, 313, 314, 321, 322, 325, 326, 331, 332, 333, 341, 342, 343, 344, 401,
+                            404, 504, 523, 532, 533, 551, 552, 553, 554, 555, 556, 557, 558, 559, 560, 561, 562, 563};
 constexpr std::span<const int> kReads[] = {kByElevation, kBySection, kByPlan, kByJoint};
 static_assert(std::size(kReads) == kDrawingViews);
 

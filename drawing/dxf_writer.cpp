@@ -6,6 +6,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <span>
+#include <vector>
 
 namespace sbd {
 
@@ -27,7 +29,7 @@ constexpr LayerKind kLayers[] = {
     {"継手", 6, kSolid},       {"断面変化", 8, kHidden},  {"支点", 7, kSolid},         {"不連続点", 5, kSolid},
     {"マンホール", 7, kSolid}, {"ずれ止め", 8, kSolid},   {"キャンバー", 4, kSolid},   {"横桁", 7, kSolid},
     {"対傾構", 3, kSolid},     {"下横構", 5, kSolid},     {"床版", 8, kSolid},         {"舗装", 8, kSolid},
-    {"縦リブ", 7, kSolid},     {"添接板", 4, kSolid},     {"ボルト", 3, kSolid},
+    {"縦リブ", 7, kSolid},     {"添接板", 4, kSolid},     {"ボルト", 3, kSolid},       {"ガセット", 4, kSolid},
 };
 static_assert(std::size(kLayers) == kDrawingLayers);
 constexpr const char* kDimensions = "寸法";
@@ -302,17 +304,19 @@ void Line(CDxf& dxf, std::string_view layer, const DrawnPoint& from, const Drawn
     Point(dxf, 11, to);
 }
 
-/// A text whose middle stands at the point, on its base line.
-void Text(CDxf& dxf, std::string_view layer, const DrawnPoint& at, std::string_view text, double height)
+/// Which point of its base line stands at a text's point.
+enum class TextAlign { Left = 0, Middle = 1, Right = 2 };
+
+void Text(CDxf& dxf, std::string_view layer, const DrawnPoint& at, std::string_view text, double height,
+          TextAlign align = TextAlign::Middle)
 {
-    constexpr int middle = 1;
     EntityHead(dxf, "TEXT", layer);
     dxf.Pair(100, "AcDbText");
     Point(dxf, 10, at);
     dxf.Number(40, height);
     dxf.Pair(1, text);
     dxf.Pair(7, kStyle);
-    dxf.Pair(72, middle);
+    dxf.Pair(72, static_cast<int>(align));
     Point(dxf, 11, at);
     dxf.Pair(100, "AcDbText");
 }
@@ -391,7 +395,10 @@ void Labels(CDxf& dxf, const BridgeDrawing& drawing, const Extent& extent, doubl
             at.y = extent.most.y + (1 + kRowStep) * scale;
         else if (label.place == LabelRow::Below)
             at.y = extent.least.y - kRowStep * scale;
-        Text(dxf, layer, at, label.text, kTextHeight * scale);
+        Text(dxf, layer, at, label.text, kTextHeight * scale,
+             label.place == LabelRow::Behind  ? TextAlign::Left
+             : label.place == LabelRow::Ahead ? TextAlign::Right
+                                              : TextAlign::Middle);
     }
     double y = extent.most.y + 4 * kRowStep * scale;
     for (auto note = drawing.notes.rbegin(); note != drawing.notes.rend(); ++note, y += kRowStep * scale)
@@ -418,6 +425,57 @@ void Header(CDxf& dxf, const Extent& extent)
     dxf.End();
 }
 
+double SoundScale(double scale)
+{
+    constexpr double usual = 100;
+    return scale > 0 && std::isfinite(scale) ? scale : usual;
+}
+
+BridgeDrawing Shifted(BridgeDrawing drawing, DrawnPoint by)
+{
+    for (DrawnShape& shape : drawing.shapes)
+        for (DrawnPoint& point : shape.points)
+            point = {point.x + by.x, point.y + by.y};
+    for (DrawnLabel& label : drawing.labels)
+        label.at = {label.at.x + by.x, label.at.y + by.y};
+    for (DimensionChain& chain : drawing.chains)
+        for (ChainPart& part : chain.parts) {
+            part.from += by.x;
+            part.to += by.x;
+        }
+    return drawing;
+}
+
+std::string FileOf(std::span<const BridgeDrawing> drawings, double scale)
+{
+    scale = SoundScale(scale);
+    std::vector<Extent> extents;
+    for (const BridgeDrawing& drawing : drawings)
+        extents.push_back(ExtentOf(drawing));
+    Extent whole = extents.empty() ? Extent() : extents.front();
+    for (const Extent& extent : extents) {
+        whole.least = {std::min(whole.least.x, extent.least.x), std::min(whole.least.y, extent.least.y)};
+        whole.most = {std::max(whole.most.x, extent.most.x), std::max(whole.most.y, extent.most.y)};
+    }
+    CDxf dxf;
+    Header(dxf, whole);
+    dxf.Section("CLASSES");
+    dxf.End();
+    Tables(dxf, scale);
+    Blocks(dxf);
+    dxf.Section("ENTITIES");
+    for (std::size_t i = 0; i < drawings.size(); ++i) {
+        for (const DrawnShape& shape : drawings[i].shapes)
+            Shape(dxf, shape);
+        Labels(dxf, drawings[i], extents[i], scale);
+        Chains(dxf, drawings[i], extents[i].least.y - 2 * kRowStep * scale, scale);
+    }
+    dxf.End();
+    Objects(dxf);
+    dxf.Pair(0, "EOF");
+    return dxf.Take();
+}
+
 } // namespace
 
 std::string LayerName(DrawingLayer layer)
@@ -427,25 +485,30 @@ std::string LayerName(DrawingLayer layer)
 
 std::string DxfOf(const BridgeDrawing& drawing, double scale)
 {
-    constexpr double usual = 100;
-    if (!(scale > 0 && std::isfinite(scale)))
-        scale = usual;
-    const Extent extent = ExtentOf(drawing);
-    CDxf dxf;
-    Header(dxf, extent);
-    dxf.Section("CLASSES");
-    dxf.End();
-    Tables(dxf, scale);
-    Blocks(dxf);
-    dxf.Section("ENTITIES");
-    for (const DrawnShape& shape : drawing.shapes)
-        Shape(dxf, shape);
-    Labels(dxf, drawing, extent, scale);
-    Chains(dxf, drawing, extent.least.y - 2 * kRowStep * scale, scale);
-    dxf.End();
-    Objects(dxf);
-    dxf.Pair(0, "EOF");
-    return dxf.Take();
+    return FileOf({&drawing, 1}, scale);
+}
+
+std::string DxfOfRows(const std::vector<std::vector<const BridgeDrawing*>>& rows, double scale)
+{
+    scale = SoundScale(scale);
+    std::vector<BridgeDrawing> placed;
+    double top = 0;
+    for (const auto& row : rows) {
+        double left = 0;
+        double lowest = top;
+        for (const BridgeDrawing* drawing : row) {
+            if (drawing->shapes.empty())
+                continue;
+            const Extent extent = ExtentOf(*drawing);
+            const double above = (5.0 + static_cast<double>(drawing->notes.size())) * kRowStep * scale;
+            const double below = (3 * kRowStep + static_cast<double>(drawing->chains.size()) * kChainStep) * scale;
+            placed.push_back(Shifted(*drawing, {left - extent.least.x, top - above - extent.most.y}));
+            left += extent.most.x - extent.least.x + 2 * kChainStep * scale;
+            lowest = std::min(lowest, top - above - (extent.most.y - extent.least.y) - below);
+        }
+        top = lowest;
+    }
+    return FileOf(placed, scale);
 }
 
 } // namespace sbd

@@ -92,8 +92,6 @@ constexpr int kLongRibs = 325;
 constexpr int kRibSizes = 326;
 constexpr double kMostSize = 20'000; // mm
 
-enum class BoxFlange { Upper, Lower };
-
 bool IsFor(std::string_view word, BoxFlange flange)
 {
     return word == "FLG" || word == (flange == BoxFlange::Upper ? "UFLG" : "LFLG");
@@ -286,6 +284,58 @@ std::optional<RibSize> RibSizeOf(CDrawingBuild& build, const CSbdData& data, con
 }
 
 } // namespace
+
+std::optional<BoxFlangeWidths> BoxFlangeIn(CDrawingBuild& build, const CSbdData& data, const CBridgeGrid& grid,
+                                           std::size_t girder, std::size_t station, std::size_t nextStation,
+                                           BoxFlange flange)
+{
+    constexpr double slack = 1; // mm
+    constexpr double millimetres = 1000;
+    const GirderWebs webs = WebsOf(data, grid.girders.Name(girder));
+    const std::array<std::size_t, 2> stations{station, nextStation};
+    std::array<std::optional<GridPoint>, 2> left;
+    std::array<std::optional<GridPoint>, 2> right;
+    for (std::size_t end = 0; end < stations.size(); ++end) {
+        left[end] = grid.Place(webs.left, stations[end]);
+        right[end] = grid.Place(webs.right, stations[end]);
+        if (!left[end] || !right[end]) {
+            build.Omit({305, 0, 0}, "の腹板の線の座標がないため，フランジを図にできません．",
+                       grid.girders.Name(girder));
+            return std::nullopt;
+        }
+    }
+    // Across the bay, whatever the skew of its cross lines.
+    const double x = (*left[1])[0] - (*left[0])[0];
+    const double y = (*left[1])[1] - (*left[0])[1];
+    const double length = std::hypot(x, y);
+    std::array<double, 2> apart{};
+    for (std::size_t end = 0; length > 0 && end < apart.size(); ++end)
+        apart[end] = std::abs(((*right[end])[0] - (*left[0])[0]) * y - ((*right[end])[1] - (*left[0])[1]) * x) / length
+                     * millimetres;
+    SectionGirder across;
+    across.girder = girder;
+    across.rightWeb = apart[0];
+    std::array<std::optional<BoxSizes>, 2> sizes;
+    std::array<RibPlaces, 2> ribs;
+    for (std::size_t end = 0; end < stations.size(); ++end) {
+        sizes[end] = BoxSizesAt(build, data, grid, girder, stations[end], flange);
+        if (!sizes[end])
+            return std::nullopt;
+        ribs[end] = RibsAt(build, data, grid, across, stations[end], flange);
+    }
+    const auto near = [&](double a, double b) { return std::abs(a - b) <= slack; };
+    const bool isEven = near(apart[0], apart[1]) && apart[0] > 0 && near(sizes[0]->leftOut, sizes[1]->leftOut)
+                        && near(sizes[0]->rightOut, sizes[1]->rightOut)
+                        && std::ranges::equal(ribs[0].places, ribs[1].places, near);
+    if (!isEven) {
+        build.Omit({kBoxSizes, 0, 0},
+                   "のこの格間で腹板の間隔，突出長または縦リブが変わるため，フランジを図にできません．",
+                   grid.girders.Name(girder), OmissionKind::Limit);
+        return std::nullopt;
+    }
+    return BoxFlangeWidths{apart[0],         sizes[0]->leftOut, sizes[0]->rightOut,
+                           sizes[0]->source, ribs[0].places,    ribs[0].source};
+}
 
 void DrawBox(CDrawingBuild& build, const CSbdData& data, const CBridgeGrid& grid, const SectionGirder& girder,
              std::size_t station)

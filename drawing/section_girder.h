@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace sbd {
 
@@ -45,6 +46,24 @@ struct SectionGirder {
 /// What the girder has at the station; its place is left at 0. Nothing if the girder does not reach it.
 [[nodiscard]] std::optional<SectionGirder> SectionGirderAt(const CSbdData& data, const CBridgeGrid& grid,
                                                            std::size_t girder, std::size_t station);
+
+enum class BoxFlange { Upper, Lower };
+
+/// A flange of a box girder across, from its left web to the right.
+struct BoxFlangeWidths {
+    double webs = 0;    ///< from web to web
+    double leftOut = 0; ///< of the flange beyond the webs
+    double rightOut = 0;
+    SourceCell outSource;
+    std::vector<double> ribs;
+    SourceCell ribSource;
+};
+
+/// The same in a bay of the grid; nothing, and omitted, where it is not the same at both of its ends.
+[[nodiscard]] std::optional<BoxFlangeWidths> BoxFlangeIn(CDrawingBuild& build, const CSbdData& data,
+                                                         const CBridgeGrid& grid, std::size_t girder,
+                                                         std::size_t station, std::size_t nextStation,
+                                                         BoxFlange flange);
 
 /// The flanges, webs and ribs of a box girder, with the rows of blocks 333, 325 and 326.
 void DrawBox(CDrawingBuild& build, const CSbdData& data, const CBridgeGrid& grid, const SectionGirder& girder,

@@ -72,6 +72,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         const std::size_t joints = sbd::JointNames(data, each, 0, sbd::GirderSide::Left).size();
         for (std::size_t joint = 0; joint < std::min<std::size_t>(joints + 1, 3); ++joint)
             Check(sbd::JointDetail(data, each, 0, sbd::GirderSide::Left, joint), data);
+        // The ends of cross members stand behind the joints.
+        for (std::size_t joint = joints - std::min<std::size_t>(joints, 3); joint < joints; ++joint)
+            Check(sbd::JointDetail(data, each, 0, sbd::GirderSide::Left, joint), data);
         for (std::size_t station = 0; station < 3; ++station)
             Check(sbd::CrossSection(data, each, station), data);
     }

@@ -94,7 +94,9 @@ constexpr DrawingCommand kCommands[] = {
     {"elevation", "sbdpage elevation: draws a girder from the side.", Elevation},
     {"section", "sbdpage section: draws the bridge across at a cross line.", Section},
     {"plan", "sbdpage plan: draws the bridge from above.", Plan},
-    {"joint", "sbdpage joint: draws the splice of a girder at a joint.", Joint},
+    {"joint",
+     "sbdpage joint: draws the splice of a girder at a joint, or the end of a cross beam or sway bracing at it.",
+     Joint},
     {kSheet, "sbdpage sheet: plan, elevation and sections on a sheet A3 with a title block.", nullptr},
 };
 
@@ -109,7 +111,9 @@ void AddOptions(QCommandLineParser& parser, const DrawingCommand& command)
          {u"camber"_s, u"elevation, sheet: with the deflections of block 259."_s},
          {u"station"_s, u"section, sheet: the cross line; the first one if not given (sheet: and the middle one)."_s,
           u"name"_s},
-         {u"joint"_s, u"joint: its name; the first one of the girder if not given."_s, u"name"_s},
+         {u"joint"_s,
+          u"joint: its name, or that of an end as the window's list shows it; the first joint if not given."_s,
+          u"name"_s},
          {u"scale"_s, u"1 : number; 0 takes a usual one that fits."_s, u"number"_s, u"0"_s},
          {u"exaggerate"_s, u"Heights are drawn 1, 2 or 5 times larger."_s, u"number"_s, u"1"_s},
          {u"block"_s, u"Block under the cursor."_s, u"number"_s, u"0"_s},
@@ -153,11 +157,22 @@ std::optional<SheetLook> LookOf(const QCommandLineParser& parser)
     return sound ? std::optional(look) : std::nullopt;
 }
 
-/// The general drawing as a picture of A3.
+int WriteDxf(const QCommandLineParser& parser, const std::string& bytes)
+{
+    const QString path = parser.value(u"dxf"_s);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)
+        || file.write(bytes.data(), static_cast<qint64>(bytes.size())) != static_cast<qint64>(bytes.size())
+        || !file.commit())
+        return FailCall(u"cannot write "_s + path);
+    return 0;
+}
+
+/// The general drawing as a picture of A3; as a DXF file in true measure, without frame and title block.
 int RunSheet(const QCommandLineParser& parser, const CKELDSectionDoc& doc)
 {
-    if (!AsksForPicture(parser))
-        return FailCall(u"one of --png, --pdf and --svg says what to make"_s);
+    if (!AsksForPicture(parser) && !parser.isSet(u"dxf"_s))
+        return FailCall(u"one of --png, --pdf, --svg and --dxf says what to make"_s);
     GeneralChoice choice;
     choice.girder = *Named(parser, u"girder"_s, doc.Data().gridNames.girderNames);
     choice.side = Side(parser);
@@ -165,9 +180,16 @@ int RunSheet(const QCommandLineParser& parser, const CKELDSectionDoc& doc)
     if (parser.isSet(u"station"_s))
         choice.stations = {*Named(parser, u"station"_s, doc.Data().gridNames.swayNames)};
     const GeneralDrawing drawing = MakeGeneralDrawing(doc.Data(), doc.Results(), choice, doc.Title());
+    if (parser.isSet(u"dxf"_s)) {
+        const double asked = parser.value(u"scale"_s).toDouble();
+        const int code =
+            WriteDxf(parser, DxfOfRows(RowsOf(drawing), asked > 0 ? asked : UsualScale(drawing.elevation)));
+        if (code != 0)
+            return code;
+    }
     const double scale = kScreenDpi / kUnitsPerInch;
     const QSize size = (kSheetUnits * scale).toSize();
-    const int code = WritePictures(parser, size, [&](QPainter& painter) {
+    const int code = !AsksForPicture(parser) ? 0 : WritePictures(parser, size, [&](QPainter& painter) {
         painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
         painter.scale(scale, scale);
         PaintGeneralDrawing(painter, kSheetUnits, FigureFont(doc.display), drawing);
@@ -207,13 +229,10 @@ int Run(const DrawingCommand& command, const QStringList& arguments)
     const BridgeDrawing drawing = MakeDrawing(doc.Data(), doc.Results(), command.request(parser, doc));
     if (parser.isSet(u"list"_s))
         PrintOmissions(drawing);
-    if (const QString path = parser.value(u"dxf"_s); !path.isEmpty()) {
-        const std::string bytes = DxfOf(drawing, look->scale > 0 ? look->scale : UsualScale(drawing));
-        QSaveFile file(path);
-        if (!file.open(QIODevice::WriteOnly)
-            || file.write(bytes.data(), static_cast<qint64>(bytes.size())) != static_cast<qint64>(bytes.size())
-            || !file.commit())
-            return FailCall(u"cannot write "_s + path);
+    if (parser.isSet(u"dxf"_s)) {
+        const int code = WriteDxf(parser, DxfOf(drawing, look->scale > 0 ? look->scale : UsualScale(drawing)));
+        if (code != 0)
+            return code;
     }
     if (AsksForPicture(parser)) {
         QFont font = FigureFont(doc.display);

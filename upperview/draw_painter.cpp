@@ -2,6 +2,7 @@
 
 #include "document/section_doc.h"
 #include "upperview/paper.h"
+#include "upperview/wide_registers.h"
 
 #include <QBrush>
 #include <QPaintEngine>
@@ -186,17 +187,65 @@ void CPainterContext::UseBrush()
     painter_.setBrush(brush);
 }
 
+bool CPainterContext::IsPixelLine() const
+{
+    const QTransform& toPixels = painter_.deviceTransform();
+    return isScreen_ && Pen().style == PenStyle::Solid && toPixels.type() <= QTransform::TxScale && toPixels.m11() > 0
+           && toPixels.m22() > 0;
+}
+
+void CPainterContext::Unsmooth()
+{
+    if (!painter_.testRenderHint(QPainter::Antialiasing))
+        return;
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+    penInUse_.reset();
+}
+
+void CPainterContext::FillLine(DrawPoint from, DrawPoint to, bool isJoined)
+{
+    const QTransform& toPixels = painter_.deviceTransform();
+    const QRectF ends = QRectF(toPixels.map(PointOf(from)), toPixels.map(PointOf(to))).normalized();
+    const double width = std::max(1.0, std::round(Pen().width / pixel_));
+    const double beside = (width - 1) / 2;
+    const double beyond = isJoined ? beside : 0; // of the ends, so that corners are whole
+    const double end = isJoined ? width : 1;
+    const bool isLevel = from.y == to.y;
+    const double left = std::round(ends.left() - (isLevel ? beyond : beside));
+    const double top = std::round(ends.top() - (isLevel ? beside : beyond));
+    const double right = isLevel ? std::round(ends.right() - beyond) + end : left + width;
+    const double bottom = isLevel ? top + width : std::round(ends.bottom() - beyond) + end;
+    const QPointF scale(toPixels.m11(), toPixels.m22());
+    Unsmooth();
+    painter_.fillRect(QRectF((left - toPixels.dx()) / scale.x(), (top - toPixels.dy()) / scale.y(),
+                             (right - left) / scale.x(), (bottom - top) / scale.y()),
+                      InkOf(Pen().colour));
+    LeaveWideRegisters();
+}
+
 void CPainterContext::Line(DrawPoint from, DrawPoint to)
 {
+    if ((from.x == to.x || from.y == to.y) && IsPixelLine()) {
+        FillLine(from, to, false);
+        return;
+    }
     UsePen(from.x != to.x && from.y != to.y);
     painter_.drawLine(PointOf(from), PointOf(to));
+    LeaveWideRegisters();
 }
 
 void CPainterContext::Polyline(std::span<const DrawPoint> points)
 {
-    UsePen(!isScreen_ || !IsAlongEdges(points));
+    const bool isAlong = IsAlongEdges(points);
+    if (isAlong && IsPixelLine()) {
+        for (std::size_t i = 1; i < points.size(); ++i)
+            FillLine(points[i - 1], points[i], true);
+        return;
+    }
+    UsePen(!isScreen_ || !isAlong);
     const std::vector<QPointF>& line = PointsOf(points);
     painter_.drawPolyline(line.data(), static_cast<int>(line.size()));
+    LeaveWideRegisters();
 }
 
 void CPainterContext::Arc(DrawPoint centre, int rx, int ry, double start, double sweep)
@@ -205,6 +254,7 @@ void CPainterContext::Arc(DrawPoint centre, int rx, int ry, double start, double
     UsePen(true);
     const QRectF square(centre.x - rx, -centre.y - ry, 2 * rx, 2 * ry);
     painter_.drawArc(square, qRound(start * steps), qRound(sweep * steps));
+    LeaveWideRegisters();
 }
 
 void CPainterContext::Ellipse(DrawPoint centre, int rx, int ry)
@@ -212,17 +262,21 @@ void CPainterContext::Ellipse(DrawPoint centre, int rx, int ry)
     UsePen(true);
     UseBrush();
     painter_.drawEllipse(PointOf(centre), rx, ry);
+    LeaveWideRegisters();
 }
 
 void CPainterContext::FillPolygon(std::span<const DrawPoint> corners)
 {
     if (const std::optional<QRectF> box = isScreen_ ? RectangleOf(corners) : std::nullopt) {
-        UseBrush();
-        if (painter_.testRenderHint(QPainter::Antialiasing)) {
-            painter_.setRenderHint(QPainter::Antialiasing, false);
-            penInUse_.reset();
+        Unsmooth();
+        if (Brush().style == BrushStyle::Solid) {
+            const OnPaper& colour = ColourOnPaper(Brush().colour);
+            painter_.fillRect(*box, colour.isInk ? colour.ink : colour.surface);
+        } else {
+            UseBrush();
+            painter_.fillRect(*box, painter_.brush());
         }
-        painter_.fillRect(*box, painter_.brush());
+        LeaveWideRegisters();
         return;
     }
     const std::vector<QPointF>& polygon = PointsOf(corners);
@@ -232,6 +286,7 @@ void CPainterContext::FillPolygon(std::span<const DrawPoint> corners)
     painter_.setRenderHint(QPainter::Antialiasing, true);
     UseBrush();
     painter_.drawPolygon(polygon.data(), static_cast<int>(polygon.size()), Qt::OddEvenFill);
+    LeaveWideRegisters();
 }
 
 void CPainterContext::FillCircle(DrawPoint centre, int r, DrawColour colour)
@@ -242,6 +297,7 @@ void CPainterContext::FillCircle(DrawPoint centre, int r, DrawColour colour)
     painter_.setBrush(InkOf(colour));
     painter_.setRenderHint(QPainter::Antialiasing, true);
     painter_.drawEllipse(PointOf(centre), r, r);
+    LeaveWideRegisters();
 }
 
 void CPainterContext::Text(DrawPoint at, std::string_view text)
@@ -256,6 +312,7 @@ void CPainterContext::Text(DrawPoint at, std::string_view text)
         painter_.drawStaticText(QPointF(at.x, -at.y), LaidText(text, painter_.font()));
     else
         painter_.drawText(QPointF(at.x, ascent_ - at.y), toQString(text));
+    LeaveWideRegisters();
 }
 
 } // namespace sbd

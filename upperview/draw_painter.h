@@ -45,6 +45,11 @@ private:
     [[nodiscard]] QColor InkOf(DrawColour colour) { return ColourOnPaper(colour).ink; }
     void UsePen(bool smooth);
     void UseBrush();
+    /// Is a line with the pen that runs along the pixels' edges a rectangle of whole pixels?
+    [[nodiscard]] bool IsPixelLine() const;
+    /// Such a line: a painter sets the pixels of a line one by one. `isJoined`: its ends are corners.
+    void FillLine(DrawPoint from, DrawPoint to, bool isJoined);
+    void Unsmooth();
     [[nodiscard]] const std::vector<QPointF>& PointsOf(std::span<const DrawPoint> points);
 
     QPainter& painter_;

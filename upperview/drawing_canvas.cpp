@@ -13,7 +13,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace sbd {
 
@@ -78,8 +77,8 @@ void CDrawingCanvas::SetLook(const QColor& paper, const QFont& font)
 void CDrawingCanvas::Fitted()
 {
     mouse_.Forget();
-    heldAt_.reset();
-    pressedAt_.reset();
+    held_.Release();
+    pressed_.Release();
 }
 
 void CDrawingCanvas::RunViewCommand(Command command)
@@ -219,34 +218,30 @@ bool CDrawingCanvas::event(QEvent* event)
 
 void CDrawingCanvas::wheelEvent(QWheelEvent* event)
 {
-    constexpr double perNotch = 1.2;
-    constexpr double notch = 120;
     const std::optional<Fit> fit = FitOf();
     if (!fit || event->angleDelta().y() == 0)
         return;
     mouse_.Forget();
     ZoomAt(view_, FigureScreenOf(*this),
-           {event->position().x() - fit->shift.x(), event->position().y() - fit->shift.y()},
-           std::pow(perNotch, event->angleDelta().y() / notch));
+           {event->position().x() - fit->shift.x(), event->position().y() - fit->shift.y()}, FigureZoomOf(*event));
     update();
 }
 
 void CDrawingCanvas::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton) {
-        heldAt_ = event->position();
+        held_.Press(event->position());
         return;
     }
-    pressedAt_ = event->position();
+    pressed_.Press(event->position());
     if (mouse_.Press(*event) != FigureMouseEffect::None)
         update();
 }
 
 void CDrawingCanvas::mouseMoveEvent(QMouseEvent* event)
 {
-    if (heldAt_) {
-        const QPointF moved = event->position() - *heldAt_;
-        heldAt_ = event->position();
+    if (held_.IsDown()) {
+        const QPointF moved = held_.Moved(event->position());
         Slide(view_, FigureScreenOf(*this), moved.x(), moved.y());
         update();
     } else if (mouse_.Move(*event) != FigureMouseEffect::None) {
@@ -270,16 +265,15 @@ void CDrawingCanvas::ZoomTo(const QRectF& box)
 void CDrawingCanvas::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton) {
-        heldAt_.reset();
+        held_.Release();
         return;
     }
-    const std::optional<QPointF> pressed = std::exchange(pressedAt_, std::nullopt);
+    const std::optional<QPointF> pressed = pressed_.Release();
     mouse_.Forget(); // its rectangle
     update();
     if (!pressed)
         return;
-    constexpr double trembling = 4; // pixels, as for a rectangle that is none
-    if ((event->position() - *pressed).manhattanLength() >= trembling)
+    if (!IsClick(*pressed, event->position()))
         ZoomTo(QRectF(*pressed, event->position()).normalized());
     else if (const SourceCell place = PlaceAt(*pressed); place.block != 0)
         emit cellWanted(place.block, place.row, std::max(place.column, 1));
@@ -297,20 +291,10 @@ void CDrawingCanvas::mouseDoubleClickEvent(QMouseEvent* event)
 /// Arrows move the drawing, + and - zoom it, Home fits it again.
 void CDrawingCanvas::keyPressEvent(QKeyEvent* event)
 {
-    struct KeyCommand {
-        int key;
-        Command command;
-    };
-    static constexpr KeyCommand commands[] = {
-        {Qt::Key_Up, Command::MoveUp},       {Qt::Key_Down, Command::MoveDown}, {Qt::Key_Left, Command::MoveLeft},
-        {Qt::Key_Right, Command::MoveRight}, {Qt::Key_Plus, Command::ZoomIn},   {Qt::Key_Equal, Command::ZoomIn},
-        {Qt::Key_Minus, Command::ZoomOut},   {Qt::Key_Home, Command::ViewAll},
-    };
-    const auto* const row = std::ranges::find(commands, event->key(), &KeyCommand::key);
-    if (row == std::end(commands) || event->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier))
-        QWidget::keyPressEvent(event);
+    if (const auto command = FigureCommandOf(*event))
+        RunViewCommand(*command);
     else
-        RunViewCommand(row->command);
+        QWidget::keyPressEvent(event);
 }
 
 void CDrawingCanvas::focusInEvent(QFocusEvent* event)

@@ -4,6 +4,7 @@
 #include "drawing/bridge_drawing.h"
 #include "results/figure_view.h"
 #include "upperview/bridge_sheet.h"
+#include "upperview/figure_hand.h"
 #include "upperview/model_figure.h"
 
 #include <QColor>
@@ -85,9 +86,9 @@ private:
     QColor paper_ = Qt::white;
     QFont font_;
     CFigureMouse mouse_{view_};
-    std::optional<QPointF> heldAt_;    // by the middle or the right button
-    std::optional<QPointF> pressedAt_; // by the left button, for a click
-    std::vector<SheetHit> hits_;       // of the last paint, in units of the sheet
+    CHeldButton held_;           // the middle or the right one
+    CHeldButton pressed_;        // the left one, for a click
+    std::vector<SheetHit> hits_; // of the last paint, in units of the sheet
 };
 
 } // namespace sbd

@@ -40,7 +40,7 @@ const ViewRow kViews[] = {
     {DrawingView::Elevation, u"側面図"_s, Command::ViewXZ},
     {DrawingView::Section, u"断面図"_s, Command::ViewYZ},
     {DrawingView::Plan, u"平面図"_s, Command::ViewXY},
-    {DrawingView::Joint, u"継手詳細図"_s, Command::None},
+    {DrawingView::Joint, u"継手･連結図"_s, Command::None},
 };
 
 std::size_t Index(DrawingView view)
@@ -115,6 +115,7 @@ void CDrawingPane::MakeChoosers()
     listLayout->addWidget(omissions_);
     omissions_->setAccessibleName(u"図にできないもの"_s);
     omissions_->setUniformItemSizes(true);
+    omissions_->setMinimumHeight(fontMetrics().height() + 2 * omissions_->frameWidth()); // the drawing needs the room
 
     auto* splitter = new QSplitter(Qt::Vertical);
     splitter->setChildrenCollapsible(true);
@@ -122,8 +123,8 @@ void CDrawingPane::MakeChoosers()
     splitter->addWidget(list);
     splitter->setStretchFactor(0, 1);
     splitter->setStretchFactor(1, 0);
-    constexpr int lines = 50; // px, a title and two lines
-    splitter->setSizes({1000, lines});
+    const int lines = 3 * fontMetrics().lineSpacing() + 18; // a title and two lines
+    splitter->setSizes({100 * lines, lines});
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -277,15 +278,21 @@ void CDrawingPane::ShowSelected()
     QString text = drawing.provisional ? u"寸法は仮です。"_s : QString();
     if (selected.row > 0 && doc_->HelpBlock() >= 0 && IsReadBy(shown_, block)) {
         const RowUse* use = drawing.UseOf(block, selected.row);
-        const bool isDrawn = std::ranges::any_of(
-            drawing.shapes, [&](const DrawnShape& shape) { return shape.source.SameRow(selected); });
+        const bool isDrawn =
+            std::ranges::any_of(drawing.shapes, [&](const DrawnShape& shape) { return shape.source.SameRow(selected); })
+            || std::ranges::any_of(drawing.labels,
+                                   [&](const DrawnLabel& label) { return label.source.SameRow(selected); });
         const QString row = u"%1 の %2 行目"_s.arg(block).arg(selected.row);
         if (use != nullptr && use->covered)
             text += row + u"は、後の行がすべての範囲で優先されます。"_s;
-        else if (use == nullptr && !isDrawn)
-            text += row + u"は、この図にありません。"_s;
-        else
+        else if (isDrawn)
             text += row + u"を赤で示しています。"_s;
+        else if (use == nullptr)
+            text += row + u"は、この図にありません。"_s;
+        else if (use->area.empty())
+            text += row + u"は、この図に関係しますが、形に表れていません。"_s;
+        else
+            text += row + u"の範囲を示しています(その部品は図にありません)。"_s;
     }
     told_->setText(text);
     told_->setToolTip(text);

@@ -46,6 +46,7 @@ void PaintView(QPainter& painter, const QRectF& box, const QFont& font, const Br
     CPainterContext context(painter, font);
     SheetLook look;
     look.compact = true;
+    look.printed = true;
     look.scale = UsualAbove(ScaleThatFills(drawing, context.Metrics(), look, box.width(), box.height()));
     DrawBridgeSheet(context, drawing, look);
     painter.restore();
@@ -125,6 +126,14 @@ GeneralDrawing MakeGeneralDrawing(const CSbdData& data, const AnalysisResults& r
                       {u"寸法"_s, provisional ? u"仮(座標がないため)"_s : u"mm"_s},
                       {u"作成日"_s, QDate::currentDate().toString(u"yyyy/MM/dd"_s)}};
     return drawing;
+}
+
+std::vector<std::vector<const BridgeDrawing*>> RowsOf(const GeneralDrawing& drawing)
+{
+    std::vector<std::vector<const BridgeDrawing*>> rows{{&drawing.plan}, {&drawing.elevation}, {}};
+    for (const BridgeDrawing& section : drawing.sections)
+        rows.back().push_back(&section);
+    return rows;
 }
 
 void PaintGeneralDrawing(QPainter& painter, QSizeF units, const QFont& font, const GeneralDrawing& drawing)

@@ -35,6 +35,9 @@ struct GeneralChoice {
 [[nodiscard]] GeneralDrawing MakeGeneralDrawing(const CSbdData& data, const AnalysisResults& results,
                                                 const GeneralChoice& choice, const QString& project);
 
+/// The drawings as rows of a file in true measure: plan, elevation, and the sections side by side.
+[[nodiscard]] std::vector<std::vector<const BridgeDrawing*>> RowsOf(const GeneralDrawing& drawing);
+
 /// A3 lying, in units of 0.1 mm.
 inline constexpr QSizeF kSheetUnits{4200, 2970};
 

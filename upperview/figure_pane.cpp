@@ -73,7 +73,7 @@ void CFigurePane::FigureIsAnother()
 {
     mouse_.Forget();
     hold_ = Hold::None;
-    pressedAt_.reset();
+    pressed_.Release();
     places_.reset();
     curves_.reset();
     update();
@@ -126,15 +126,6 @@ void CFigurePane::paintEvent(QPaintEvent*)
 /// Arrows move the figure, + and - zoom it, Home fits it again.
 void CFigurePane::keyPressEvent(QKeyEvent* event)
 {
-    struct KeyCommand {
-        int key;
-        Command command;
-    };
-    static constexpr KeyCommand commands[] = {
-        {Qt::Key_Up, Command::MoveUp},       {Qt::Key_Down, Command::MoveDown}, {Qt::Key_Left, Command::MoveLeft},
-        {Qt::Key_Right, Command::MoveRight}, {Qt::Key_Plus, Command::ZoomIn},   {Qt::Key_Equal, Command::ZoomIn},
-        {Qt::Key_Minus, Command::ZoomOut},
-    };
     if (event->key() == Qt::Key_Home) {
         mouse_.Forget();
         FitAgain(view_);
@@ -145,11 +136,10 @@ void CFigurePane::keyPressEvent(QKeyEvent* event)
         HoldSpace(true);
         return;
     }
-    const auto* const row = std::ranges::find(commands, event->key(), &KeyCommand::key);
-    if (row == std::end(commands) || event->modifiers().testAnyFlags(Qt::ControlModifier | Qt::AltModifier))
-        QWidget::keyPressEvent(event);
+    if (const auto command = FigureCommandOf(*event))
+        RunViewCommand(*command);
     else
-        RunViewCommand(row->command);
+        QWidget::keyPressEvent(event);
 }
 
 void CFigurePane::PrintFigure(QPainter& painter)
@@ -204,11 +194,11 @@ void CFigurePane::mousePressEvent(QMouseEvent* event)
     else if (left && event->modifiers().testFlag(Qt::ControlModifier) && !ShowsDiagram())
         hold_ = Hold::Turn;
     if (hold_ != Hold::None) {
-        heldAt_ = event->position();
+        held_.Press(event->position());
         return;
     }
     if (left)
-        pressedAt_ = event->position();
+        pressed_.Press(event->position());
     Follow(mouse_.Press(*event));
 }
 
@@ -218,8 +208,7 @@ void CFigurePane::mouseMoveEvent(QMouseEvent* event)
         Follow(mouse_.Move(*event));
         return;
     }
-    const QPointF moved = event->position() - heldAt_;
-    heldAt_ = event->position();
+    const QPointF moved = held_.Moved(event->position());
     if (hold_ == Hold::Slide)
         Slide(view_, FigureScreenOf(*this), moved.x(), moved.y());
     else
@@ -233,11 +222,9 @@ void CFigurePane::mouseReleaseEvent(QMouseEvent* event)
         hold_ = Hold::None;
         return;
     }
-    const std::optional<QPointF> pressed =
-        event->button() == Qt::LeftButton ? std::exchange(pressedAt_, std::nullopt) : std::nullopt;
+    const std::optional<QPointF> pressed = event->button() == Qt::LeftButton ? pressed_.Release() : std::nullopt;
     Follow(mouse_.Release(*event));
-    constexpr double trembling = 4; // pixels, as for a rectangle that is none
-    if (pressed && (event->position() - *pressed).manhattanLength() < trembling)
+    if (pressed && IsClick(*pressed, event->position()))
         PickAt(*pressed);
 }
 
@@ -252,13 +239,10 @@ void CFigurePane::mouseDoubleClickEvent(QMouseEvent* event)
 
 void CFigurePane::wheelEvent(QWheelEvent* event)
 {
-    constexpr double perNotch = 1.2;
-    constexpr double notch = 120;
     if (!HasFigure() || event->angleDelta().y() == 0)
         return;
     mouse_.Forget(); // the figure moves away under it
-    ZoomAt(view_, FigureScreenOf(*this), {event->position().x(), event->position().y()},
-           std::pow(perNotch, event->angleDelta().y() / notch));
+    ZoomAt(view_, FigureScreenOf(*this), {event->position().x(), event->position().y()}, FigureZoomOf(*event));
     update();
 }
 
@@ -367,7 +351,7 @@ void CFigurePane::hideEvent(QHideEvent* event)
 {
     mouse_.Forget(); // the button comes up over something else
     hold_ = Hold::None;
-    pressedAt_.reset();
+    pressed_.Release();
     QWidget::hideEvent(event);
 }
 

@@ -4,6 +4,7 @@
 #include "commands/commands.h"
 #include "results/diagram_curves.h"
 #include "results/figure_pick.h"
+#include "upperview/figure_hand.h"
 #include "upperview/model_figure.h"
 
 #include <QWidget>
@@ -78,9 +79,9 @@ private:
     bool showedResult_ = false; // when it was refreshed last
     CFigureMouse mouse_{view_};
     Hold hold_ = Hold::None;
-    QPointF heldAt_;
+    CHeldButton held_;
     bool spaceDown_ = false;
-    std::optional<QPointF> pressedAt_; // by the left button, for a click
+    CHeldButton pressed_; // the left one, for a click
     std::optional<FramePlaces> places_;
     std::optional<std::vector<DiagramCurve>> curves_; ///< of the figure on show, for picks
 };

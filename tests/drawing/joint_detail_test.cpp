@@ -111,12 +111,168 @@ TEST(JointDetail, TheJointsOfAGirderAreNamedInTheirOrder)
 {
     const SampleBridge bridge = ExampleBridge("plate4");
     const std::vector<std::string> names = JointNames(bridge.data, bridge.results, 0, GirderSide::Left);
-    ASSERT_EQ(names.size(), 10U);
+    ASSERT_EQ(names.size(), 10U + 21U); // a member at each cross line
     EXPECT_EQ(names.front(), "J1");
-    EXPECT_EQ(names.back(), "J10");
+    EXPECT_EQ(names[9], "J10");
+    EXPECT_EQ(FromCp932(names[10]), "S1 G1-G2 左端");
+    EXPECT_EQ(FromCp932(names.back()), "S4 G1-G2 左端");
     EXPECT_TRUE(JointNames(bridge.data, bridge.results, 99, GirderSide::Left).empty());
     EXPECT_TRUE(JointDetail(bridge.data, bridge.results, 0, GirderSide::Left, 99).shapes.empty());
     EXPECT_TRUE(JointDetail(bridge.data, bridge.results, 99, GirderSide::Left, 0).shapes.empty());
+}
+
+TEST(JointDetail, TheAreaOfARowIsThatOfItsPart)
+{
+    const SampleBridge bridge = FittingBridge();
+    const BridgeDrawing drawing = JointDetail(bridge.data, bridge.results, 0, GirderSide::Left, 0);
+    const auto rangeOf = [&](int block, int row) {
+        const RowUse* use = drawing.UseOf(block, row);
+        EXPECT_NE(use, nullptr);
+        const auto [least, most] = std::ranges::minmax(use->area, {}, &DrawnPoint::y);
+        return std::pair(least.y, most.y);
+    };
+    EXPECT_EQ(rangeOf(341, 2), (std::pair(500.0, 1'000.0))); // the upper flange, 500 wide
+    EXPECT_EQ(rangeOf(344, 2), (std::pair(-2'200.0 + 19, -16.0)));
+    EXPECT_EQ(rangeOf(342, 3), (std::pair(-2'700.0 - 560, -2'700.0)));
+}
+
+// --- staggered bolts -----------------------------------------------------------------------------------
+
+namespace {
+
+/// Bolts of the upper flange on the right and above the web, by column from the joint and row from the web.
+std::set<std::pair<long, long>> UpperBolts(const BridgeDrawing& drawing, double middle)
+{
+    std::set<std::pair<long, long>> bolts;
+    for (const DrawnShape& shape : drawing.shapes)
+        if (shape.layer == DrawingLayer::Bolt && shape.points[0].x > 0 && shape.points[0].y > middle)
+            bolts.emplace(std::lround(shape.points[0].x), std::lround(shape.points[0].y - middle));
+    return bolts;
+}
+
+double UpperMiddle(const BridgeDrawing& drawing)
+{
+    double middle = 0;
+    for (const DrawnShape& shape : drawing.shapes)
+        if (shape.layer == DrawingLayer::SplicePlate && shape.points[0].y > 0)
+            middle = (Least(shape, &DrawnPoint::y) + Most(shape, &DrawnPoint::y)) / 2;
+    return middle;
+}
+
+SampleBridge StaggeredBridge(const char* form, const char* count)
+{
+    SampleBridge bridge = FittingBridge(); // 45, 120, 195 along; 65, 170 across
+    bridge.data.Table(341)->columns[6].Set(1, count);
+    bridge.data.Table(341)->columns[7].Set(1, Cp932(form));
+    return bridge;
+}
+
+} // namespace
+
+TEST(JointDetail, StaggeredBoltsBeginAtTheEdgeOrAtTheWebInTheOutermostColumn)
+{
+    const SampleBridge outer = StaggeredBridge("千鳥_外", "6");
+    const BridgeDrawing fromEdge = JointDetail(outer.data, outer.results, 0, GirderSide::Left, 0);
+    EXPECT_EQ(UpperBolts(fromEdge, UpperMiddle(fromEdge)),
+              (std::set<std::pair<long, long>>{{45, 170}, {120, 65}, {195, 170}}));
+    const SampleBridge inner = StaggeredBridge("千鳥_内", "6");
+    const BridgeDrawing fromWeb = JointDetail(inner.data, inner.results, 0, GirderSide::Left, 0);
+    EXPECT_EQ(UpperBolts(fromWeb, UpperMiddle(fromWeb)),
+              (std::set<std::pair<long, long>>{{45, 65}, {120, 170}, {195, 65}}));
+}
+
+TEST(JointDetail, TheNumberOfStaggeredBoltsTellsWhetherAStepIsThatOfOneRow)
+{
+    // Five columns and three rows of half the steps: 2 + 1 + 2 + 1 + 2 bolts on each side of the web.
+    const SampleBridge half = StaggeredBridge("千鳥_外", "16");
+    const BridgeDrawing drawing = JointDetail(half.data, half.results, 0, GirderSide::Left, 0);
+    const auto bolts = UpperBolts(drawing, UpperMiddle(drawing));
+    EXPECT_EQ(bolts.size(), 8U);
+    for (const std::pair<long, long>& corner : {std::pair(45L, 65L), {45L, 170L}, {195L, 65L}, {195L, 170L}})
+        EXPECT_TRUE(bolts.contains(corner)) << corner.first << " " << corner.second;
+    // Five columns and two rows have as many as three columns and three rows.
+    const SampleBridge doubtful = StaggeredBridge("千鳥_外", "10");
+    const BridgeDrawing without = JointDetail(doubtful.data, doubtful.results, 0, GirderSide::Left, 0);
+    EXPECT_TRUE(UpperBolts(without, 0).empty());
+    EXPECT_THAT(Reasons(without), Contains("341 2 8"));
+}
+
+TEST(JointDetail, StaggeredBoltsOfANumberThatNothingGivesAreTold)
+{
+    const SampleBridge bridge = StaggeredBridge("千鳥_外", "9");
+    const BridgeDrawing drawing = JointDetail(bridge.data, bridge.results, 0, GirderSide::Left, 0);
+    EXPECT_TRUE(UpperBolts(drawing, 0).empty());
+    EXPECT_THAT(Reasons(drawing), Contains("341 2 7"));
+}
+
+// --- flanges of box girders ----------------------------------------------------------------------------
+
+namespace {
+
+/// box2 with an upper flange at J1 whose numbers fit: webs 2,200 apart, four ribs at equal spaces (440 each).
+SampleBridge FittingBox()
+{
+    SampleBridge bridge = ExampleBridge("box2");
+    const auto set = [&](int block, std::size_t row, std::size_t column, const char* text) {
+        bridge.data.Table(block)->columns.at(column - 1).Set(row - 1, Cp932(text));
+    };
+    set(333, 2, 6, "205"); // beyond the webs: 85, then one step of 80, then 40
+    set(333, 2, 7, "205");
+    set(342, 2, 8, "2610"); // 2,200 and twice 205
+    set(342, 2, 10, "470");
+    set(343, 2, 9, "85");
+    set(343, 2, 10, "40");
+    set(343, 2, 11, "80 85 90 85 85 90 85 85 90 85 85 90 85 85 90 85 85 80 40"); // 85 + 3 x 90 + 85 = 440
+    set(341, 2, 7, "72");                                                        // 3 columns of 2 + 5 x 4 + 2 rows
+    set(341, 2, 8, "全孔引き");
+    return bridge;
+}
+
+} // namespace
+
+TEST(JointDetail, TheFlangeOfABoxHasItsBoltsBetweenWebsAndRibs)
+{
+    const SampleBridge bridge = FittingBox();
+    const BridgeDrawing drawing = JointDetail(bridge.data, bridge.results, 0, GirderSide::Left, 0);
+    EXPECT_THAT(Reasons(drawing), testing::Not(Contains(testing::StartsWith("343 2"))));
+    std::set<long> levels;
+    std::size_t bolts = 0;
+    for (const DrawnShape& shape : drawing.shapes)
+        if (shape.layer == DrawingLayer::Bolt && shape.points[0].y > 0) {
+            levels.insert(std::lround(shape.points[0].y));
+            ++bolts;
+        }
+    EXPECT_EQ(bolts, 2U * 72U);
+    ASSERT_EQ(levels.size(), 24U);
+    EXPECT_NEAR(static_cast<double>(*levels.rbegin() - *levels.begin()), 2'200 + 2 * 165, 1.5);
+    const auto plates = ShapesOf(drawing, DrawingLayer::SplicePlate);
+    const auto plate = std::ranges::find_if(plates, [](const DrawnShape* shape) { return shape->points[0].y > 0; });
+    ASSERT_NE(plate, plates.end());
+    EXPECT_NEAR(Height(**plate), 2'610, 1);
+    EXPECT_EQ(Width(**plate), 470);
+    // The plate ends where the flange ends.
+    const auto flanges = ShapesOf(drawing, DrawingLayer::Web);
+    const auto flange = std::ranges::find_if(flanges, [](const DrawnShape* shape) { return shape->points[0].y > 0; });
+    ASSERT_NE(flange, flanges.end());
+    EXPECT_NEAR(Most(**flange, &DrawnPoint::y), Most(**plate, &DrawnPoint::y), 1);
+}
+
+TEST(JointDetail, APlateThatIsWiderThanItsBoxFlangeIsToldAndNotDrawn)
+{
+    SampleBridge bridge = FittingBox();
+    bridge.data.Table(333)->columns[5].Set(1, "120");
+    const BridgeDrawing drawing = JointDetail(bridge.data, bridge.results, 0, GirderSide::Left, 0);
+    EXPECT_EQ(BoltsIn(drawing, 0, 9'000), 0U);
+    EXPECT_THAT(Reasons(drawing), Contains("342 2 8"));
+}
+
+TEST(JointDetail, SpacingsThatDoNotGoWithTheRibsAreTold)
+{
+    SampleBridge bridge = FittingBox();
+    bridge.data.Table(343)->columns[10].Set(1, "80 85 90 85 85 91 85 85 90 85 85 90 85 85 90 85 85 80 40");
+    const BridgeDrawing drawing = JointDetail(bridge.data, bridge.results, 0, GirderSide::Left, 0);
+    EXPECT_EQ(BoltsIn(drawing, 0, 9'000), 0U);
+    EXPECT_THAT(Reasons(drawing), Contains("343 2 11"));
 }
 
 } // namespace sbd

@@ -345,10 +345,14 @@ void DrawingPaneTest::theSheetIsPrinted()
     QPainter painter(&sheet);
     shown.pane->PrintSheet(painter);
     painter.end();
-    int inked = 0;
-    for (int x = 0; x < sheet.width(); ++x)
-        inked += sheet.pixelColor(x, sheet.height() / 2) != Qt::white ? 1 : 0;
-    QVERIFY(inked > 10);
+    // Plan, elevation and section: ink between the frame's edges from top to bottom.
+    for (const int from : {0, 350, 750}) {
+        int inked = 0;
+        for (int y = from; y < from + 300; ++y)
+            for (int x = 100; x < 1'000; ++x)
+                inked += sheet.pixelColor(x, y) != Qt::white ? 1 : 0;
+        QVERIFY(inked > 1'000);
+    }
     // The frame, and the title block in its corner.
     int dark = 0;
     for (int x = 1550; x < 1570; ++x)
