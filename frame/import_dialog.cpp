@@ -203,16 +203,18 @@ QString CImportDialog::OutcomeText(const PasteOutcome& outcome, std::size_t cell
                      .arg(place(outcome.firstLocked));
     if (outcome.beyond > 0)
         lines << tr("表の端からはみ出す %1 個の値は入りません。").arg(outcome.beyond);
-    if (table_.strange > 0) {
+    // Of the whole file; one in a column that is left out would not go in anyway.
+    const auto kept = static_cast<std::size_t>(std::max(outcome.kept, 0));
+    if (const std::size_t strange = std::min<std::size_t>(table_.strange, kept); strange > 0) {
         QStringList refused;
         for (const std::string& character : table_.refused)
             refused << QString::fromStdString(character);
         lines << tr("シフトJIS にない文字（%1）のある %2 個の値は入りません。")
                      .arg(refused.mid(0, 5).join(u' '))
-                     .arg(table_.strange);
+                     .arg(strange);
     }
-    if (table_.tooLong > 0)
-        lines << tr("%1 バイトより長い %2 個の値は入りません。").arg(kMostBytesOfCell).arg(table_.tooLong);
+    if (const std::size_t tooLong = std::min<std::size_t>(table_.tooLong, kept); tooLong > 0)
+        lines << tr("%1 バイトより長い %2 個の値は入りません。").arg(kMostBytesOfCell).arg(tooLong);
     if (table_.openQuotes > 0)
         lines << tr("閉じていない引用符が %1 個あります。文字として読みました。").arg(table_.openQuotes);
     if (table_.blankLines > 0)

@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <set>
 #include <tuple>
+#include <utility>
 
 namespace sbd {
 
@@ -70,6 +71,10 @@ CProjectReplace::CProjectReplace(CChildFrame& frame)
     connect(&frame.Doc(), &CKELDSectionDoc::historyChanged, this, [this, lookSoon] {
         if (pane_->Scope()->currentIndex() == 0) // of the grid alone, it may be; at each move of the focus, too
             lookSoon();
+    });
+    connect(&frame.Doc(), &CKELDSectionDoc::stepped, this, [this] { // "replaced" is not so any more
+        if (!std::exchange(remark_, {}).isEmpty())
+            emit told({});
     });
     connect(pane_, &CReplacePane::requestChanged, this, [this] {
         remark_.clear();

@@ -144,9 +144,10 @@ GridCell CGridCtrl::FocusCell() const
 
 void CGridCtrl::SetFocusCell(int row, int column)
 {
+    // Not by the view's own call: that asks which keys are held, and would leave a part of the selection beside the cell.
     const QModelIndex index = model_->IndexOf({row, column});
     if (index.isValid())
-        setCurrentIndex(index);
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
 }
 
 void CGridCtrl::MoveFocus(int rows, int columns)
@@ -192,7 +193,7 @@ void CGridCtrl::MoveTo(GridCell cell, bool extend)
         ExtendTo(cell);
         return;
     }
-    setCurrentIndex(index);
+    SetFocusCell(cell.row, cell.column);
     scrollTo(index);
 }
 

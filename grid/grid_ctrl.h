@@ -238,6 +238,7 @@ private:
     bool closing_ = false;       // an editor
     bool toldLocked_ = false;    // the status bar says why a cell takes nothing
     bool pressedButton_ = false; // the mouse is down on the button of a list
+    bool pressedBeside_ = false; // the mouse is down where no cell is
     std::optional<RefusedText> refused_;
 };
 

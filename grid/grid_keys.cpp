@@ -74,10 +74,10 @@ void CGridCtrl::Paste()
     const GridPaste paste = Source()->PasteOver(range, text);
     if (paste.effect != GridEffect::None) {
         Show(paste.effect, {range.top, range.left});
-        SetFocusCell(range.top, range.left);
-        selectionModel()->select(QItemSelection(model_->IndexOf({paste.filled.top, paste.filled.left}),
-                                                model_->IndexOf({paste.filled.bottom, paste.filled.right})),
-                                 QItemSelectionModel::ClearAndSelect);
+        // Below an automatic row, where the range began with it.
+        const int top = std::max(SeenRow(paste.filled.top, 1), 1);
+        SetFocusCell(top, paste.filled.left);
+        SelectRange({std::min(top, paste.filled.bottom), paste.filled.left, paste.filled.bottom, paste.filled.right});
         emit cellsChanged();
     }
     TellPaste(paste);
@@ -425,15 +425,30 @@ void CGridCtrl::keyPressEvent(QKeyEvent* event)
     QTableView::keyPressEvent(event);
 }
 
+/// There is one selected range, and the focused cell is in it: Ctrl puts no cells beside it and takes none out.
+static QMouseEvent ForOneRange(const QMouseEvent& event)
+{
+    return {event.type(),
+            event.position(),
+            event.scenePosition(),
+            event.globalPosition(),
+            event.button(),
+            event.buttons(),
+            event.modifiers() & Qt::ShiftModifier,
+            event.pointingDevice()};
+}
+
 void CGridCtrl::mousePressEvent(QMouseEvent* event)
 {
-    if (drag_->Press(*event))
-        return;
+    QMouseEvent plain = ForOneRange(*event);
+    pressedBeside_ = !indexAt(event->position().toPoint()).isValid();
+    if (drag_->Press(plain) || pressedBeside_)
+        return;      // beside the cells there is nothing to select
     if (IsEditing()) // what is being composed belongs to the cell under edit, not to the one that is clicked
         QGuiApplication::inputMethod()->commit();
     pressedButton_ = IsOnListButton(*event);
     if (!pressedButton_)
-        QTableView::mousePressEvent(event);
+        QTableView::mousePressEvent(&plain);
 }
 
 /// The second of two quick clicks on the button of a list: the first brought the focus, this one is for the list.
@@ -446,20 +461,24 @@ void CGridCtrl::mouseDoubleClickEvent(QMouseEvent* event)
 
 void CGridCtrl::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!pressedButton_ && !drag_->Move(*event)) // a press on the button begins no selection
-        QTableView::mouseMoveEvent(event);
+    QMouseEvent plain = ForOneRange(*event);
+    const bool beside = pressedBeside_ && event->buttons() != Qt::NoButton;
+    if (!pressedButton_ && !drag_->Move(*event) && !beside) // a press on the button begins no selection
+        QTableView::mouseMoveEvent(&plain);
 }
 
 /// The list opens when the button is let go: opened by the press, it would close again by the same click.
 void CGridCtrl::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (drag_->Release(*event))
+    if (drag_->Release(*event) || std::exchange(pressedBeside_, false))
         return;
     const bool pressed = std::exchange(pressedButton_, false);
     if (pressed && IsOnListButton(*event))
         OpenList();
-    else if (!pressed)
-        QTableView::mouseReleaseEvent(event);
+    else if (!pressed) {
+        QMouseEvent plain = ForOneRange(*event);
+        QTableView::mouseReleaseEvent(&plain);
+    }
 }
 
 bool CGridCtrl::IsOnListButton(const QMouseEvent& event) const

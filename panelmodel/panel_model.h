@@ -19,6 +19,10 @@ struct PanelSettings {
     bool wordLists = true; ///< false: no cell has a word list
     int rowWidthMode = 0;  ///< pixels by which columns are wider (or narrower) than their base
     ListNames listNames = ListNames::OfTheAnalysis;
+
+    // Of whoever makes many models at once, each for a moment.
+    CListNames* names = nullptr;  ///< for the lists, in the place of `listNames`; they outlive the model
+    bool tellsWhatChanged = true; ///< false: IsChanged() is not asked, so nothing is kept to compare with
 };
 
 /// What a view has to show again after a cell was set.

@@ -43,11 +43,18 @@ const WordList& Webs()
     return words;
 }
 
+WordList BeamWords(const CSbdData& data, const PanelSettings& settings)
+{
+    const WordList words{"@beams"};
+    return settings.names != nullptr ? ResolveWords(words, *settings.names)
+                                     : ResolveWords(words, data, settings.listNames);
+}
+
 } // namespace
 
 CPlacePanelModel::CPlacePanelModel(const CSbdData& data, int block, const PanelSettings& settings)
     : CTablePanelModel(data, block, settings)
-    , beams_(ResolveWords({"@beams"}, data, settings.listNames))
+    , beams_(BeamWords(data, settings))
     , methods_(FindPanelTable(block)->columns[kWebColumn].words)
 {
     TouchMasked();

@@ -37,8 +37,9 @@ protected:
         , store_(stored)
         , entries_(stored)
     {
+        CListNames own(data, settings.listNames);
         for (const WordList& words : panel_.words)
-            words_.push_back(ResolveWords(words, data, settings.listNames));
+            words_.push_back(ResolveWords(words, settings.names != nullptr ? *settings.names : own));
     }
 
     /// To be called by the constructor of the derived class.

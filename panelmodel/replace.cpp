@@ -60,19 +60,27 @@ const std::vector<int>& PanelBlocks()
     return blocks;
 }
 
-/// False for a block in whose panel the text cannot be, at the cost of a look at its columns.
-bool MayHold(const CSbdData& data, int block, const CTextMatcher& matcher)
+/// The cells of a table's panel whose stored texts hold the text, by row and column: a panel shows a stored row as the grid's
+/// row of that number, each text as it stands or not at all.
+std::vector<CellPlace> PlacesInTable(const TableBlock& table, int block, const CTextMatcher& matcher)
 {
-    const TableBlock* table = data.Table(block);
-    if (table == nullptr || table->RowCount() == 0) // the panel shows rows of its own
-        return true;
-    for (const CColumnVector& column : table->columns)
+    std::vector<CellPlace> places;
+    int columnNumber = 0;
+    for (const CColumnVector& column : table.columns) {
+        ++columnNumber;
         for (std::size_t row = 0; row < column.size(); ++row)
             if (matcher.IsIn(column[row]))
-                return true;
-    const PanelTable* panel = FindPanelTable(block);
-    return panel == nullptr
-           || std::ranges::any_of(panel->fixedTexts, [&](const std::string& text) { return matcher.IsIn(text); });
+                places.push_back({static_cast<int>(row) + 1, columnNumber});
+    }
+    // An automatic row shows texts of its own.
+    if (const PanelTable* panel = FindPanelTable(block);
+        panel != nullptr
+        && std::ranges::any_of(panel->fixedTexts, [&](const std::string& text) { return matcher.IsIn(text); }))
+        for (int column = 1; column <= columnNumber; ++column)
+            places.push_back({1, column});
+    std::ranges::sort(places, {}, [](const CellPlace& place) { return std::pair(place.row, place.column); });
+    places.erase(std::unique(places.begin(), places.end()), places.end());
+    return places;
 }
 
 /// Looks through one panel.
@@ -87,31 +95,45 @@ public:
     {
     }
 
-    void Find(const OpenGrid& open, std::vector<CellHit>& hits)
+    void FindInAll(const OpenGrid& open, std::vector<CellHit>& hits)
     {
-        const int first = isOption_ && request_.by ? kValueColumn : kLabelColumn;
-        const int rows = std::min(panel_.BlockRows(), panel_.GridRows());
+        const int rows = RowsOfBlock();
         for (int row = 1; row <= rows; ++row)
-            for (int column = first; column < panel_.ColumnCount(); ++column) {
-                std::string text = panel_.Text(row, column);
-                if (text.empty())
-                    continue;
-                if (!request_.by) {
-                    if (!matcher_.IsIn(text))
-                        continue;
-                    CellHit& hit = hits.emplace_back(CellHit{panel_.Block(), row, column, text, {}});
-                    hit.after = std::move(text);
-                    continue;
-                }
-                std::optional<std::string> after = matcher_.Replaced(text, *request_.by);
-                if (!after || *after == text)
-                    continue;
-                hits.push_back({panel_.Block(), row, column, std::move(text), CellLine(*after)});
-                Judge(hits.back(), open);
-            }
+            for (int column = FirstColumn(); column < panel_.ColumnCount(); ++column)
+                FindIn({row, column}, open, hits);
+    }
+    /// The cells that can hold the text are known.
+    void FindInPlaces(std::span<const CellPlace> places, const OpenGrid& open, std::vector<CellHit>& hits)
+    {
+        const int rows = RowsOfBlock();
+        for (const CellPlace& place : places)
+            if (place.row <= rows && place.column >= FirstColumn())
+                FindIn(place, open, hits);
     }
 
 private:
+    [[nodiscard]] int RowsOfBlock() const { return std::min(panel_.BlockRows(), panel_.GridRows()); }
+    [[nodiscard]] int FirstColumn() const { return isOption_ && request_.by ? kValueColumn : kLabelColumn; }
+
+    void FindIn(CellPlace place, const OpenGrid& open, std::vector<CellHit>& hits)
+    {
+        std::string text = panel_.Text(place.row, place.column);
+        if (text.empty())
+            return;
+        if (!request_.by) {
+            if (!matcher_.IsIn(text))
+                return;
+            CellHit& hit = hits.emplace_back(CellHit{panel_.Block(), place.row, place.column, text, {}});
+            hit.after = std::move(text);
+            return;
+        }
+        std::optional<std::string> after = matcher_.Replaced(text, *request_.by);
+        if (!after || *after == text)
+            return;
+        hits.push_back({panel_.Block(), place.row, place.column, std::move(text), CellLine(*after)});
+        Judge(hits.back(), open);
+    }
+
     void Judge(CellHit& hit, const OpenGrid& open)
     {
         const std::size_t index = static_cast<std::size_t>(hit.row) - 1;
@@ -185,17 +207,26 @@ std::vector<CellHit> FindCells(const CSbdData& data, const FindRequest& request,
     const CTextMatcher matcher(request.wanted, request.rule);
     if (request.wanted.empty())
         return hits;
+    CListNames names(data, ListNames::OfTheProject);
     for (const int block : PanelBlocks()) {
         if (request.block != 0 && request.block != block)
             continue;
-        if (block != open.block && !MayHold(data, block, matcher))
+        const TableBlock* table = data.Table(block);
+        // A panel shows rows of its own where there are none, and the one on show may hold more than the data.
+        const bool byTable = table != nullptr && table->RowCount() > 0 && block != open.block;
+        const std::vector<CellPlace> places =
+            byTable ? PlacesInTable(*table, block, matcher) : std::vector<CellPlace>();
+        if (byTable && places.empty())
             continue;
-        const std::unique_ptr<CPanelModel> panel = MakePanelModel(data, block, {.listNames = ListNames::OfTheProject});
-        if (panel == nullptr)
-            continue;
+        const std::unique_ptr<CPanelModel> panel =
+            MakePanelModel(data, block, {.names = &names, .tellsWhatChanged = false});
         if (block == open.block)
             panel->PutLoose(open.loose);
-        PanelSearch(data, request, matcher, *panel).Find(open, hits);
+        PanelSearch search(data, request, matcher, *panel);
+        if (byTable)
+            search.FindInPlaces(places, open, hits);
+        else
+            search.FindInAll(open, hits);
     }
     if (request.by)
         MergeLinked(hits);
@@ -214,13 +245,14 @@ std::vector<CellEntry> TextsOf(const CPanelModel& panel, std::span<const CellHit
 ReplaceOutcome ReplaceCells(CProjectWriter& writer, std::span<const CellHit> hits)
 {
     ReplaceOutcome outcome;
+    CListNames names(writer.Data(), ListNames::OfTheAnalysis); // no cell takes or refuses a text for a name
     while (!hits.empty()) {
         const int block = hits.front().block;
         const auto end = std::ranges::find_if(hits, [block](const CellHit& hit) { return hit.block != block; });
         const std::span<const CellHit> own = hits.first(static_cast<std::size_t>(end - hits.begin()));
         hits = hits.subspan(own.size());
-        const std::unique_ptr<CPanelModel> panel =
-            MakePanelModel(writer.Data(), block, {.listNames = ListNames::OfTheProject}); // as the ones before left it
+        const std::unique_ptr<CPanelModel> panel = MakePanelModel(writer.Data(), block, // as the ones before left it
+                                                                  {.names = &names, .tellsWhatChanged = false});
         std::size_t put = 0;
         if (panel != nullptr)
             for (const CellEntry& cell : TextsOf(*panel, own))

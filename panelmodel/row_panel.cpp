@@ -27,8 +27,10 @@ void CRowPanelModel::StartEntries(int stored, int spare)
     AppendEmptyEntries(spare);
     stored_.assign(static_cast<std::size_t>(EntryCount()), 0);
     std::fill_n(stored_.begin(), stored, 1);
-    baseline_ = stored_;
-    CopyToBaseline();
+    if (Settings().tellsWhatChanged) {
+        baseline_ = stored_;
+        CopyToBaseline();
+    }
     for (int entry = 0; entry < stored; ++entry)
         if (!IsKept(entry))
             Touch(entry);
@@ -88,6 +90,8 @@ bool CRowPanelModel::WasInBaseline(int entry) const
 
 void CRowPanelModel::Compare(int entry)
 {
+    if (!Settings().tellsWhatChanged)
+        return;
     const bool was = WasInBaseline(entry);
     const bool is = IsKept(entry);
     changed_.erase(entry);
@@ -141,6 +145,8 @@ std::vector<int> CRowPanelModel::KeptEntries() const
 
 void CRowPanelModel::TakeBaseline()
 {
+    if (!Settings().tellsWhatChanged)
+        return;
     CopyToBaseline();
     baseline_.assign(static_cast<std::size_t>(EntryCount()), 0);
     for (const int entry : KeptEntries())

@@ -37,7 +37,8 @@ CTablePanelModel::CTablePanelModel(const CSbdData& data, int block, const PanelS
     , panel_(*FindPanelTable(block))
     , cells_(*data.Table(block))
 {
-    ResolveColumns();
+    CListNames names(data, settings.listNames);
+    ResolveColumns(settings.names != nullptr ? *settings.names : names);
     const int stored = static_cast<int>(cells_.RowCount());
     const bool added = AddAutomaticRows();
     const bool filled = PutFixedTexts();
@@ -48,19 +49,21 @@ CTablePanelModel::CTablePanelModel(const CSbdData& data, int block, const PanelS
         Touch(0);
 }
 
-void CTablePanelModel::ResolveColumns()
+void CTablePanelModel::ResolveColumns(CListNames& names)
 {
     words_.clear();
     for (const PanelColumn& column : panel_.columns)
-        words_.push_back(ResolveWords(column.words, Data(), Settings().listNames));
+        words_.push_back(ResolveWords(column.words, names));
 }
 
 /// The names that are entered in this block are offered in its next row.
 void CTablePanelModel::Commit(CProjectWriter& writer)
 {
     CRowPanelModel::Commit(writer);
-    if (GivesNames(Block()))
-        ResolveColumns();
+    if (!GivesNames(Block()))
+        return;
+    CListNames names(Data(), Settings().listNames);
+    ResolveColumns(names);
 }
 
 /// A block without rows begins with its automatic row. True if rows were added.

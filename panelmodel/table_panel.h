@@ -51,7 +51,7 @@ public:
     void Commit(CProjectWriter& writer) override;
 
 private:
-    void ResolveColumns();
+    void ResolveColumns(CListNames& names);
     [[nodiscard]] std::string_view ToBeStored(int entry, std::size_t column) const;
     [[nodiscard]] bool AddAutomaticRows();
     [[nodiscard]] bool PutFixedTexts();

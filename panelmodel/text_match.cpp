@@ -53,12 +53,23 @@ CTextMatcher::CTextMatcher(std::string_view wanted, const MatchRule& rule) : rul
 {
     for (const Unit& unit : UnitsOf(wanted))
         wanted_.push_back(unit.folded);
+    if (wanted_.empty())
+        return;
+    for (std::size_t byte = 0; byte < mayBegin_.size(); ++byte)
+        mayBegin_[byte] = byte >= 0x80 || SmallByte(static_cast<char>(byte)) == wanted_.front();
 }
 
 char32_t CTextMatcher::Folded(char32_t character) const
 {
     const char32_t wide = rule_.foldWidth ? Widened(character) : character;
     return rule_.foldCase ? Small(wide) : wide;
+}
+
+/// A byte of ASCII as it is compared.
+char32_t CTextMatcher::SmallByte(char c) const
+{
+    const auto byte = static_cast<unsigned char>(c);
+    return rule_.foldCase && byte >= 'A' && byte <= 'Z' ? byte + 0x20U : char32_t(byte);
 }
 
 std::vector<CTextMatcher::Unit> CTextMatcher::UnitsOf(std::string_view text) const
@@ -86,13 +97,8 @@ std::vector<CTextMatcher::Unit> CTextMatcher::UnitsOf(std::string_view text) con
 /// False for most cells, at little cost.
 bool CTextMatcher::MayBeIn(std::string_view text) const
 {
-    if (wanted_.empty() || text.size() < wanted_.size() / 2)
-        return false;
-    const char32_t first = wanted_.front();
-    return std::ranges::any_of(text, [this, first](char c) {
-        const auto byte = static_cast<unsigned char>(c);
-        return byte >= 0x80 || (rule_.foldCase ? Small(byte) : byte) == first;
-    });
+    return text.size() >= wanted_.size() // what is compared at once is a byte or more
+           && std::ranges::any_of(text, [this](char c) { return mayBegin_[static_cast<unsigned char>(c)]; });
 }
 
 std::vector<CTextMatcher::Match> CTextMatcher::Matches(std::string_view text, bool firstAlone) const
@@ -102,13 +108,9 @@ std::vector<CTextMatcher::Match> CTextMatcher::Matches(std::string_view text, bo
         return matches;
     const std::size_t length = wanted_.size();
     if (IsAscii(text)) { // as most cells are: each byte is a character
-        const auto small = [this](char c) {
-            const auto byte = static_cast<unsigned char>(c);
-            return rule_.foldCase ? Small(byte) : char32_t(byte);
-        };
         for (std::size_t at = 0; at + length <= text.size();) {
             std::size_t same = 0;
-            while (same < length && small(text[at + same]) == wanted_[same])
+            while (same < length && SmallByte(text[at + same]) == wanted_[same])
                 ++same;
             if (same < length || (rule_.wholeCell && length != text.size())) {
                 ++at;

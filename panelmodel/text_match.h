@@ -1,6 +1,7 @@
 // A text looked for in the texts of cells.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,12 +39,14 @@ private:
     };
 
     [[nodiscard]] char32_t Folded(char32_t character) const;
+    [[nodiscard]] char32_t SmallByte(char c) const;
     [[nodiscard]] std::vector<Unit> UnitsOf(std::string_view text) const;
     [[nodiscard]] bool MayBeIn(std::string_view text) const;
     [[nodiscard]] std::vector<Match> Matches(std::string_view text, bool firstAlone) const;
 
     MatchRule rule_;
     std::vector<char32_t> wanted_;
+    std::array<bool, 256> mayBegin_{}; // bytes with which a match can begin
 };
 
 } // namespace sbd

@@ -99,6 +99,7 @@ CInputPanel::CInputPanel(CKELDSectionDoc* doc, int block, QWidget* parent) : CPa
     connect(Grid(), &CGridCtrl::cellsChanged, this, &CInputPanel::CommitGrid);
     connect(Grid(), &CGridCtrl::rangeChanged, this, &CInputPanel::TellSummary);
     connect(Grid(), &CGridCtrl::cellEdited, this, &CInputPanel::TellSummary);
+    connect(Grid(), &CGridCtrl::cellsChanged, this, &CInputPanel::TellSummary);
     connect(Grid(), &CGridCtrl::columnsChanged, this, [this] {
         Doc().display.grids[block_].widened = Grid()->Widened();
         emit displayChanged();
@@ -257,8 +258,10 @@ void CInputPanel::OnStepped(const EditPlace& place, const LooseRows& loose)
     ShowAnew(place.block == block_ ? loose : model_->Loose());
     if (place.block == block_ && place.row > 0)
         GoToCell(std::min(place.row, model_->GridRows()), place.column);
-    if (place.block == block_ && place.movedRow > 0)
-        Grid()->TellInStatusBar(tr("%1 行目から %2 行目へ移りました。").arg(place.movedRow).arg(place.row));
+    // What a command has said of the cells is not so any more.
+    Grid()->TellInStatusBar(place.block == block_ && place.movedRow > 0
+                                ? tr("%1 行目から %2 行目へ移りました。").arg(place.movedRow).arg(place.row)
+                                : QString());
     emit undoChanged();
 }
 
@@ -391,16 +394,25 @@ void CInputPanel::RunOnRows(bool (CPanelEditor::*run)(int row, int rows), int ro
     const GridCell focus = Grid()->FocusCell();
     const GridRange range = Grid()->SelectedRange();
     if (!(source_->Editor().*run)(range.top, range.bottom - range.top + 1)) {
-        Grid()->TellInStatusBar(model_->MovesRows() ? cannot : tr("このブロックの行は決まっています。"));
+        const bool byFilter = source_->Editor().HidesRows() && run != &CPanelEditor::DeleteRows;
+        Grid()->TellInStatusBar(!model_->MovesRows() ? tr("このブロックの行は決まっています。")
+                                : byFilter ? tr("絞り込み中は、行の挿入・複製・移動はできません。"
+                                                "絞り込みを終えると（Ctrl+Shift+L）できます。")
+                                           : cannot);
         return;
     }
     Grid()->ShowAll();
     if (filter_ != nullptr)
         ShowHiddenRows();
     const int last = model_->GridRows();
-    Grid()->SetFocusCell(std::min(focus.row + rowsAway, last), focus.column);
-    Grid()->SelectRange(
-        {std::min(range.top + rowsAway, last), range.left, std::min(range.bottom + rowsAway, last), range.right});
+    if (source_->Editor().HidesRows()) { // of rows that were deleted the place is left, and the next one in sight
+        const int below = Grid()->SeenRow(std::min(range.top, last), 1);
+        Grid()->SetFocusCell(below > 0 ? below : Grid()->SeenRow(std::min(range.top, last), -1), focus.column);
+    } else {
+        Grid()->SetFocusCell(std::min(focus.row + rowsAway, last), focus.column);
+        Grid()->SelectRange(
+            {std::min(range.top + rowsAway, last), range.left, std::min(range.bottom + rowsAway, last), range.right});
+    }
     CommitGrid();
     emit undoChanged();
 }
@@ -473,9 +485,14 @@ void CInputPanel::ApplyFilter()
 void CInputPanel::ShowHiddenRows()
 {
     const CPanelEditor& editor = source_->Editor();
+    // A head that is drawn counts all rows anew for each one that comes or goes.
+    QHeaderView& head = *Grid()->verticalHeader();
+    head.setUpdatesEnabled(false);
     for (int row = 1; row <= model_->GridRows(); ++row)
         if (Grid()->isRowHidden(row - 1) != editor.IsHidden(row))
             Grid()->setRowHidden(row - 1, editor.IsHidden(row));
+    head.setUpdatesEnabled(true);
+    TellSummary(); // of the rows in sight
     const GridCell focus = Grid()->FocusCell();
     if (focus.row == 0 || !editor.IsHidden(focus.row))
         return;

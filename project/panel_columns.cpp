@@ -195,24 +195,48 @@ const RecordPanel* FindRecordPanel(int block)
     return FindPanel(RecordPanels(), block);
 }
 
-WordList ResolveWords(const WordList& words, const CSbdData& data, ListNames names)
+const std::vector<std::string>& CListNames::Girders()
 {
-    const bool analysed = names == ListNames::OfTheAnalysis;
+    if (names_ == ListNames::OfTheAnalysis)
+        return data_.gridNames.girderNames;
+    if (!girders_)
+        girders_ = GirderNamesOf(data_);
+    return *girders_;
+}
+
+const std::vector<std::string>& CListNames::Beams()
+{
+    if (names_ == ListNames::OfTheAnalysis)
+        return data_.gridNames.swayNames;
+    if (!beams_)
+        beams_ = BeamNamesOf(data_);
+    return *beams_;
+}
+
+WordList ResolveWords(const WordList& words, CListNames& names)
+{
     WordList resolved;
     const auto add = [&](const std::vector<std::string>& found) {
         for (const std::string& name : found)
-            if (analysed || std::ranges::find(words, name) == words.end()) // "G" can be a word of the list already
+            if (names.Of() == ListNames::OfTheAnalysis
+                || std::ranges::find(words, name) == words.end()) // "G" can be a word of the list already
                 resolved.push_back(name);
     };
     for (const std::string& word : words) {
         if (word == kGirderMark)
-            add(analysed ? data.gridNames.girderNames : GirderNamesOf(data));
+            add(names.Girders());
         else if (word == kBeamMark)
-            add(analysed ? data.gridNames.swayNames : BeamNamesOf(data));
+            add(names.Beams());
         else
             resolved.push_back(word);
     }
     return resolved;
+}
+
+WordList ResolveWords(const WordList& words, const CSbdData& data, ListNames names)
+{
+    CListNames found(data, names);
+    return ResolveWords(words, found);
 }
 
 } // namespace sbd

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -76,7 +77,25 @@ enum class ListNames {
     OfTheProject,  ///< without these, those that the project itself gives (bridge_names.h)
 };
 
-/// A word list with its name marks resolved from the document.
+/// The names that word lists offer. Those of the project are looked for once, when a list first asks for them.
+class CListNames {
+public:
+    /// The data must outlive the names.
+    CListNames(const CSbdData& data, ListNames names) : data_(data), names_(names) {}
+
+    [[nodiscard]] ListNames Of() const { return names_; }
+    [[nodiscard]] const std::vector<std::string>& Girders();
+    [[nodiscard]] const std::vector<std::string>& Beams();
+
+private:
+    const CSbdData& data_;
+    ListNames names_;
+    std::optional<std::vector<std::string>> girders_;
+    std::optional<std::vector<std::string>> beams_;
+};
+
+/// A word list with its name marks resolved.
+[[nodiscard]] WordList ResolveWords(const WordList& words, CListNames& names);
 [[nodiscard]] WordList ResolveWords(const WordList& words, const CSbdData& data,
                                     ListNames names = ListNames::OfTheAnalysis);
 

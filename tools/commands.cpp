@@ -6,6 +6,7 @@
 #include "tools/command_support.h"
 #include "tools/listing_commands.h"
 #include "tools/project_commands.h"
+#include "tools/replace_command.h"
 #include "tools/result_commands.h"
 #include "tools/result_figure_commands.h"
 #include "tools/result_panel_commands.h"
@@ -116,6 +117,19 @@ constexpr ToolCommand kCommands[] = {
      "JSON で出力します。EDITS.json は {\"block\", \"row\", \"column\", \"text\"} の配列で、行と列は panel の出力どおり 1 から数えます。\n"
      "開き直すと変わるセルがあれば終了コードは 3 です。",
      RunSet},
+    {"replace", "replace IN OUT TEXT BY | replace IN TEXT BY --dry-run  [--block N] [--whole] [--exact-case] [--exact-width]\n"
+     "                        [--names F | --no-names]",
+     "Loads IN, replaces TEXT by BY in all cells as the window does, saves the project as OUT, and prints as JSON how many\n"
+     "were replaced and every cell that holds TEXT: before, after, why it stays, which blocks follow. --dry-run writes\n"
+     "nothing. --block: that block alone. --whole: TEXT is the whole cell. Capital and small letters, full and half width are\n"
+     "alike, unless --exact-case or --exact-width. OUT is put in place whole or not at all. Exit code 3 if a replaced cell\n"
+     "would come back from OUT with another text.",
+     "IN を読み込み、すべてのセルの TEXT をウィンドウと同じ規則で BY に置換し、OUT として保存します。置換した数と、TEXT のある\n"
+     "すべてのセル(前後の値、元のままの理由、一緒に変わるブロック)を JSON で出力します。--dry-run: 何も書き込みません。\n"
+     "--block: そのブロックだけ。--whole: セル全体が一致するものだけ。大文字と小文字、全角と半角は同じとみなします(--exact-case、\n"
+     "--exact-width で区別)。OUT は全体が置き換わるか、元のまま残るかのどちらかです。置換したセルのうち、OUT を開き直すと\n"
+     "変わるものがあれば終了コードは 3 です。",
+     RunReplace},
     {"export", "export IN BLOCK [--names F | --no-names]",
      "Prints the rows of a block as CSV in UTF-8, with heads, without its automatic rows.",
      "ブロックの行を、見出しを付けた CSV (UTF-8) で出力します。自動計算の行は含みません。",

@@ -46,6 +46,8 @@ CHelpView::CHelpView(CKELDSectionDoc* doc, QWidget* parent)
     backButton_->setGeometry(kBackButton);
     backButton_->hide();
     connect(backButton_, &QToolButton::clicked, this, &CHelpView::OnBack);
+    // The page shows values of the row; not each edit moves the cursor.
+    connect(doc_, &CKELDSectionDoc::changed, this, &CHelpView::Refresh);
     viewport()->setMouseTracking(true);
 }
 

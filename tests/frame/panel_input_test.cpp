@@ -20,6 +20,7 @@ private slots:
     void aCompositionBeginsInACellAndIsNotLost();
     void aCompositionInACellWithAListKeepsItsText();
     void aCompositionThatIsGivenUpLeavesTheCell();
+    void aTextThatStandsIsConvertedAgain();
     void theCandidatesAreShownAtTheCell();
     void aLockedCellTakesNoComposition();
     void aScreenReaderFindsNamesOfGridHeadsAndCells();
@@ -126,6 +127,41 @@ void PanelInputTest::aCompositionThatIsGivenUpLeavesTheCell()
     QVERIFY(!desk.Grid().IsEditing());
     QCOMPARE(desk.Cell(1, 2), before);
     QVERIFY(!desk.child->Doc().IsModified());
+}
+
+/// An input method asks for the text at the caret and takes it back into a composition.
+void PanelInputTest::aTextThatStandsIsConvertedAgain()
+{
+    Desk desk;
+    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    for (const int column : {9, 5}) { // free, and with a list
+        desk.Grid().SetFocusCell(4, column);
+        Press(Qt::Key_F2);
+        EditorLine(desk.Editor())->setText(u"主箸"_s);
+        const auto asked = [](Qt::InputMethodQuery query) {
+            QInputMethodQueryEvent event(query);
+            QApplication::sendEvent(QApplication::focusWidget(), &event);
+            return event.value(query);
+        };
+        QCOMPARE(asked(Qt::ImSurroundingText).toString(), u"主箸"_s);
+        QCOMPARE(asked(Qt::ImCursorPosition).toInt(), 2);
+        EditorLine(desk.Editor())->setSelection(1, 1);
+        QCOMPARE(asked(Qt::ImCurrentSelection).toString(), u"箸"_s);
+        EditorLine(desk.Editor())->setCursorPosition(2);
+        const auto takesItBack = [] {
+            QInputMethodEvent event(u"はし"_s, {});
+            event.setCommitString({}, -1, 1);
+            QApplication::sendEvent(QApplication::focusWidget(), &event);
+        };
+        takesItBack();
+        Compose({}); // given up
+        QCOMPARE(EditorText(desk.Editor()), u"主箸"_s);
+        takesItBack();
+        Compose({}, u"橋"_s);
+        QCOMPARE(EditorText(desk.Editor()), u"主橋"_s);
+        Press(Qt::Key_Tab);
+        QCOMPARE(desk.Stored(313, 4, column), u"主橋"_s);
+    }
 }
 
 void PanelInputTest::theCandidatesAreShownAtTheCell()

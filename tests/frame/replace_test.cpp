@@ -27,6 +27,7 @@ private slots:
     void f3GoesOnWithoutThePane();
     void theTextOfTheCellIsLookedFor();
     void aReplaceInTheBlockIsOneStep();
+    void whatWasReplacedIsNotSaidBehindAnUndo();
     void aReplaceInTheProjectIsOneStepOverAllBlocks();
     void aLineThatIsTickedOffStays();
     void whatStaysIsListedWithItsReason();
@@ -195,6 +196,23 @@ void ReplaceTest::aReplaceInTheBlockIsOneStep()
     Press(Qt::Key_Y, Qt::ControlModifier);
     QCOMPARE(desk.Cell(4, 1), u"GA"_s);
     QVERIFY(desk.child->Doc().IsModified());
+}
+
+void ReplaceTest::whatWasReplacedIsNotSaidBehindAnUndo()
+{
+    Desk desk;
+    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    FillBlock(desk);
+    Ask(desk, u"G1"_s, u"GA1"_s, false);
+    ClickReplace(desk);
+    QVERIFY(Pane(desk).Said().contains(u"置換しました"_s));
+    QVERIFY(desk.frame.statusBar()->currentMessage().contains(u"置換しました"_s));
+    desk.Grid().setFocus();
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(CellsOf(desk, 313, "GA1"), 0);
+    desk.child->Replace().LookNow();
+    QVERIFY2(!Pane(desk).Said().contains(u"置換しました"_s), qPrintable(Pane(desk).Said()));
+    QVERIFY2(desk.frame.statusBar()->currentMessage().isEmpty(), qPrintable(desk.frame.statusBar()->currentMessage()));
 }
 
 void ReplaceTest::aReplaceInTheProjectIsOneStepOverAllBlocks()

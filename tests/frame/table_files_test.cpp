@@ -29,6 +29,7 @@ private slots:
     void codeAndSeparatorAreGuessedAndCanBeChosen();
     void columnsAreChosenOverTheFirstRows();
     void whatDoesNotFitIsSaidBeforeAndBehind();
+    void whatIsLeftOutIsNotSaidNotToFit();
     void whatIsNoTableIsRefused();
     void aFilterIsToBeEndedFirst();
     void aBlockIsWrittenAndComesBack();
@@ -225,6 +226,19 @@ void TableFilesTest::whatDoesNotFitIsSaidBeforeAndBehind()
     QCOMPARE(desk.Cell(row, 5), QString());
     const QString notice = desk.child->Notices().TextOf(u"table-import"_s);
     QVERIFY2(notice.contains(u"入らなかった値は 2 個"_s) && notice.contains(u"数値でない 1"_s), qPrintable(notice));
+}
+
+/// Of a column that is not taken nothing would go in anyway.
+void TableFilesTest::whatIsLeftOutIsNotSaidNotToFit()
+{
+    Desk desk;
+    desk.Open(desk.folder.Example(u"plate4"_s), 313);
+    const QString path = Write(desk, u"t.csv"_s, "主桁始,主桁終,備考\nG1,G4,𠮷\n");
+    Import(desk, path, [](CImportDialog& dialog) {
+        QVERIFY2(Said(dialog).contains(u"1 列は取り込みません"_s), qPrintable(Said(dialog)));
+        QVERIFY2(!Said(dialog).contains(u"𠮷"_s), qPrintable(Said(dialog)));
+    });
+    QVERIFY(desk.child->Notices().TextOf(u"table-import"_s).isEmpty());
 }
 
 void TableFilesTest::whatIsNoTableIsRefused()

@@ -1,9 +1,13 @@
 #include "panelmodel/replace.h"
 #include "project/block_rules.h"
+#include "project/catalogue.h"
 #include "tests/panelmodel/panel_fixture.h"
+#include "tests/seed.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <set>
 
 namespace sbd {
 namespace {
@@ -217,6 +221,96 @@ TEST_F(Replace, TheGridOnShowHasRowsOfItsOwnAndRowsOutOfSight)
     hits = FindCells(data_, Request("G1", "X", 332), open);
     EXPECT_THAT(Lines(hits), ElementsAre("332 2 1 G1>X", "332 4 2 G1>X"));
     EXPECT_EQ(TextsOf(*panel, hits).size(), 2U);
+}
+
+// --- what is found without looking at each cell of each panel ------------------------------------------
+
+class FoundInEveryPanel : public RandomTest {
+protected:
+    std::string AnyText()
+    {
+        static const std::vector<std::string> parts = {
+            "G", "g1", "SM490Y", "12", Cp932("表"), Cp932("Ｇ１"), " ", "", Cp932("ｶﾞ"), Cp932("自動"), "NO", "\x83"};
+        std::string text;
+        for (std::size_t i = UpTo(2); i > 0; --i)
+            text += parts[UpTo(parts.size() - 1)];
+        return text;
+    }
+    void Fill(CSbdData& data)
+    {
+        for (const CatalogueRow& row : Catalogue())
+            if (TableBlock* table = data.Table(row.block); table != nullptr && UpTo(2) > 0)
+                for (std::size_t rows = UpTo(6); rows > 0; --rows) {
+                    std::vector<std::string> cells;
+                    for (std::size_t column = 0; column < table->columns.size(); ++column)
+                        cells.push_back(AnyText());
+                    table->AppendRow({cells.begin(), cells.end()});
+                }
+    }
+};
+
+/// Each cell that a panel shows, by block, row and column.
+std::vector<std::string> InThePanels(const CSbdData& data, const CTextMatcher& matcher)
+{
+    std::set<int> blocks;
+    for (const CatalogueRow& row : Catalogue())
+        if (PanelBlock(row.block) == row.block)
+            blocks.insert(row.block);
+    std::vector<std::string> places;
+    for (const int block : blocks) {
+        const std::unique_ptr<CPanelModel> panel = MakePanelModel(data, block);
+        for (int row = 1; row <= panel->BlockRows(); ++row)
+            for (int column = 1; column < panel->ColumnCount(); ++column)
+                if (matcher.IsIn(panel->Text(row, column)))
+                    places.push_back(std::to_string(block) + ' ' + std::to_string(row) + ' ' + std::to_string(column));
+    }
+    return places;
+}
+
+TEST_F(FoundInEveryPanel, IsWhatThePanelsShow)
+{
+    for (int round = 0; round < 20; ++round) {
+        CSbdData data;
+        Fill(data);
+        FindRequest request;
+        do
+            request.wanted = AnyText();
+        while (request.wanted.empty());
+        request.rule = {UpTo(1) > 0, UpTo(1) > 0, UpTo(3) == 0};
+        std::vector<std::string> places;
+        for (const CellHit& hit : FindCells(data, request))
+            places.push_back(std::to_string(hit.block) + ' ' + std::to_string(hit.row) + ' '
+                             + std::to_string(hit.column));
+        EXPECT_EQ(places, InThePanels(data, CTextMatcher(request.wanted, request.rule))) << FromCp932(request.wanted);
+    }
+}
+
+/// A replace in models that are made for a moment is the one that is typed into panels as the window makes them.
+TEST_F(FoundInEveryPanel, IsReplacedAsIfTyped)
+{
+    for (int round = 0; round < 20; ++round) {
+        CSbdData data;
+        Fill(data);
+        FindRequest request;
+        request.wanted = "1";
+        request.by = AnyText();
+        const std::vector<CellHit> hits = FindCells(data, request);
+        CSbdData typed = data;
+        CProjectWriter writer(data);
+        (void)ReplaceCells(writer, hits);
+        for (std::size_t i = 0; i < hits.size();) {
+            const int block = hits[i].block;
+            const std::unique_ptr<CPanelModel> panel =
+                MakePanelModel(typed, block, {.listNames = ListNames::OfTheProject});
+            bool any = false;
+            for (; i < hits.size() && hits[i].block == block; ++i)
+                if (hits[i].state == HitState::Free && panel->Text(hits[i].row, hits[i].column) == hits[i].before)
+                    any = panel->SetCell(hits[i].row, hits[i].column, hits[i].after) != CellEffect::None || any;
+            if (any)
+                (void)CommitPanel(*panel, typed);
+        }
+        EXPECT_TRUE(data.SameProject(typed)) << FromCp932(*request.by);
+    }
 }
 
 } // namespace

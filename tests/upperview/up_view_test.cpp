@@ -64,6 +64,7 @@ private slots:
     void aViewCommandLeavesTheHelpPage();
     void noViewCommandTakesTheResultAway();
     void marksOfTheMouseAreNotForTheNextFigure();
+    void thePageFollowsAnEditThatLeavesTheCursorWhereItIs();
     void thePageScrollsToTheColumn();
     void theUsersOwnScrollingStands();
     void anotherCellMovesThePageAgain();
@@ -178,6 +179,33 @@ void UpViewTest::marksOfTheMouseAreNotForTheNextFigure()
     QTest::mouseRelease(&figure, Qt::RightButton, {}, {200, 100});
     QVERIFY(figure.View().panX > 0);
     QVERIFY(!figure.View().panPending); // at once: the next paint may be of another figure
+}
+
+/// Ctrl+Enter, Delete, a fill, a save with an open editor.
+void UpViewTest::thePageFollowsAnEditThatLeavesTheCursorWhereItIs()
+{
+    Pane pane;
+    QVERIFY(QTest::qWaitForWindowExposed(&pane.view));
+    pane.GoTo(313, 3, 6);
+    QTest::qWait(50); // what the first pictures have asked for
+    class : public QObject {
+    public:
+        int paints = 0;
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            paints += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    } counter;
+    pane.view.Help().viewport()->installEventFilter(&counter);
+    PanelEdit edit;
+    edit.place = {313, 3, 6};
+    edit.name = "edit";
+    edit.write = [](CProjectWriter& writer) { writer.SetCell(313, 2, 5, "777"); };
+    edit.isModified = [] { return true; };
+    edit.looseAfter = [] { return LooseRows(); };
+    pane.doc.Commit(edit);
+    QTRY_VERIFY(counter.paints > 0);
 }
 
 void UpViewTest::thePageScrollsToTheColumn()
