@@ -34,8 +34,8 @@ inline CSbdData LongBridge(int girders = 1)
         data.gridNames.swayNames.push_back(station(i));
         for (int girder = 0; girder < girders; ++girder)
             AddBridgeRow(data, 504,
-                         {data.gridNames.girderNames[static_cast<std::size_t>(girder)], station(i), std::to_string(4 * i),
-                          std::to_string(-3 * girder), "0"});
+                         {data.gridNames.girderNames[static_cast<std::size_t>(girder)], station(i),
+                          std::to_string(4 * i), std::to_string(-3 * girder), "0"});
     }
     for (int i = 0; i <= bays; i += kBaysPerSpan)
         AddBridgeRow(data, 307, {"G1", last, station(i), station(i), "0", "支点"});
@@ -52,8 +52,8 @@ inline CSbdData LongBridge(int girders = 1)
         const std::string number = std::to_string(bay + 1);
         const std::string section = "SEC" + number;
         AddBridgeRow(data, 313,
-               {"G1", last, station(bay), station(bay + 1), "I桁", "120", "9", std::to_string(kStiffenersPerBay),
-                "等間隔"});
+                     {"G1", last, station(bay), station(bay + 1), "I桁", "120", "9", std::to_string(kStiffenersPerBay),
+                      "等間隔"});
         AddBridgeRow(data, 321, {"J" + number, "I桁", "G1", last, station(bay), "5", "CENTER", ""});
         if (bay + 1 < bays)
             AddBridgeRow(data, 322, {section, "I桁", "G1", last, station(bay), "5", "CENTER"});

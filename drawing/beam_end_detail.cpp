@@ -30,12 +30,12 @@ constexpr int kGussets = 562;
 constexpr int kGussetBolts = 563;
 constexpr int kSections = 533;
 
-constexpr double kTouch = 0.5;     // mm
+constexpr double kTouch = 0.5;      // mm
 constexpr double kMostSize = 5'000; // of a plate, mm
-constexpr double kApart = 300;     // between parts
-constexpr double kLeastHalf = 400; // of the beam's plates from the middle of a splice
-constexpr double kBeyond = 300;    // of the beam's plates beyond the splice plates
-constexpr double kBeside = 300;    // names of the parts, behind those of the measures
+constexpr double kApart = 300;      // between parts
+constexpr double kLeastHalf = 400;  // of the beam's plates from the middle of a splice
+constexpr double kBeyond = 300;     // of the beam's plates beyond the splice plates
+constexpr double kBeside = 300;     // names of the parts, behind those of the measures
 
 enum class Part { Upper, Lower };
 
@@ -45,9 +45,9 @@ struct LappedBolts {
     std::vector<double> levels;  ///< down from the first bolt's edge
 };
 
-class CMemberEnd {
+class MemberEndDrawer {
 public:
-    CMemberEnd(const CSbdData& data, const AnalysisResults& results, const MemberEnd& end)
+    MemberEndDrawer(const CSbdData& data, const AnalysisResults& results, const MemberEnd& end)
         : data_(data)
         , results_(results)
         , end_(end)
@@ -112,8 +112,8 @@ const char* FlangeName(Part part)
     return part == Part::Upper ? "上フランジ" : "下フランジ";
 }
 
-std::optional<SpliceRow> CMemberEnd::RowOf(const CTableRows& rows, int block, std::span<const std::string> parts,
-                                           std::string_view name)
+std::optional<SpliceRow> MemberEndDrawer::RowOf(const CTableRows& rows, int block, std::span<const std::string> parts,
+                                                std::string_view name)
 {
     const auto row = LastMemberRow(build_, rows, grid_, end_.gap, end_.station, end_.end, parts);
     if (!row) {
@@ -124,7 +124,7 @@ std::optional<SpliceRow> CMemberEnd::RowOf(const CTableRows& rows, int block, st
     return SpliceRow{&rows, *row};
 }
 
-double CMemberEnd::Length(const SpliceRow& row, std::size_t column)
+double MemberEndDrawer::Length(const SpliceRow& row, std::size_t column)
 {
     const std::optional<double> value = NumberIn(row.Cell(column));
     if (value && *value > 0 && *value <= kMostSize)
@@ -133,12 +133,13 @@ double CMemberEnd::Length(const SpliceRow& row, std::size_t column)
     return 0;
 }
 
-void CMemberEnd::Rectangle(DrawingLayer layer, double from, double to, double bottom, double top, SourceCell source)
+void MemberEndDrawer::Rectangle(DrawingLayer layer, double from, double to, double bottom, double top,
+                                SourceCell source)
 {
     build_.Shape(layer, ShapeKind::Polygon, {{from, top}, {to, top}, {to, bottom}, {from, bottom}}, source);
 }
 
-void CMemberEnd::GirderLine(double x, double bottom, double top, SourceCell source)
+void MemberEndDrawer::GirderLine(double x, double bottom, double top, SourceCell source)
 {
     build_.Shape(DrawingLayer::Girder, ShapeKind::Line, {{x, top}, {x, bottom}}, source);
     if (namedAt_.insert(x).second)
@@ -147,7 +148,7 @@ void CMemberEnd::GirderLine(double x, double bottom, double top, SourceCell sour
 }
 
 /// The height of the beam's web: by its depth at the splice (560), else by that at its ends where these are equal.
-std::optional<double> CMemberEnd::WebHeight(std::optional<SpliceRow> spacings)
+std::optional<double> MemberEndDrawer::WebHeight(std::optional<SpliceRow> spacings)
 {
     constexpr std::size_t depthColumn = 11;
     constexpr std::size_t upperThick = 5;
@@ -178,7 +179,7 @@ std::optional<double> CMemberEnd::WebHeight(std::optional<SpliceRow> spacings)
 // --- splice of a bracket -----------------------------------------------------------------------------
 
 /// Has the girder's side no measures of its own? Pairs of columns: of that side, of the beam's side.
-bool CMemberEnd::IsEvenSided(const SpliceRow& row, std::span<const std::array<std::size_t, 2>> columns)
+bool MemberEndDrawer::IsEvenSided(const SpliceRow& row, std::span<const std::array<std::size_t, 2>> columns)
 {
     for (const auto& [own, other] : columns) {
         const std::string_view cell = row.Cell(own);
@@ -191,7 +192,7 @@ bool CMemberEnd::IsEvenSided(const SpliceRow& row, std::span<const std::array<st
     return true;
 }
 
-void CMemberEnd::BracketFlange(Part part, double middle, const std::optional<SpliceRow>& bracket)
+void MemberEndDrawer::BracketFlange(Part part, double middle, const std::optional<SpliceRow>& bracket)
 {
     enum PlateColumn : std::size_t { kOuterThick = 6, kInnerThick = 7, kWidth = 8, kPlateLength = 10 };
     enum BoltColumn : std::size_t { kKind = 6, kCount = 7, kForm = 8 };
@@ -242,15 +243,14 @@ void CMemberEnd::BracketFlange(Part part, double middle, const std::optional<Spl
                  plate->Place(kOuterThick));
     if (!bolts || !pitches || !IsEvenSided(*bolts, boltSides) || !IsEvenSided(*pitches, spacingSides))
         return;
-    const FlangeBoltCells cells{*pitches, 6,     7,      8,          9,
-                                10,       {},    *bolts, kCount,     kForm,
-                                kKind,    length, plateWidth, "FLG片側本数", toBeam_ * half_};
+    const FlangeBoltCells cells{
+        *pitches, 6, 7, 8, 9, 10, {}, *bolts, kCount, kForm, kKind, length, plateWidth, "FLG片側本数", toBeam_ * half_};
     if (const auto places = FlangeBoltsOf(build_, cells))
         DrawFlangeBolts(build_, cells, *places, middle, FlangeName(part));
 }
 
-void CMemberEnd::BracketWeb(double height, const std::optional<SpliceRow>& spacings,
-                            const std::optional<SpliceRow>& bracket)
+void MemberEndDrawer::BracketWeb(double height, const std::optional<SpliceRow>& spacings,
+                                 const std::optional<SpliceRow>& bracket)
 {
     static const std::array<std::string, 1> words{"WEB"};
     constexpr std::size_t webThick = 8;
@@ -283,15 +283,15 @@ void CMemberEnd::BracketWeb(double height, const std::optional<SpliceRow>& spaci
     DrawWebBolts(build_, cells);
 }
 
-void CMemberEnd::Bracket()
+void MemberEndDrawer::Bracket()
 {
     const CTableRows plates(data_, kSplicePlates, 1);
     constexpr std::size_t lengthColumn = 10;
     constexpr std::size_t most = 2'000; // rows
     for (std::size_t row = plates.First(); row < plates.Count() && row < plates.First() + most; ++row)
         if (plates.Cell(row, 5).ends_with("FLG"))
-            half_ = std::max(half_, std::min(NumberIn(plates.Cell(row, lengthColumn)).value_or(0), kMostSize) / 2
-                                        + kBeyond);
+            half_ = std::max(half_,
+                             std::min(NumberIn(plates.Cell(row, lengthColumn)).value_or(0), kMostSize) / 2 + kBeyond);
     const CTableRows webRows(data_, kWebSpacings, 1);
     const auto spacings = RowOf(webRows, kWebSpacings);
     const auto height = WebHeight(spacings);
@@ -314,7 +314,7 @@ void CMemberEnd::Bracket()
 
 /// Bolts by the number of columns and parts, Ld, Le, the distance of the first one (its column `first` + 4) and the steps
 /// in the last cell.
-std::optional<LappedBolts> CMemberEnd::LappedBoltsOf(const SpliceRow& row, std::size_t first)
+std::optional<LappedBolts> MemberEndDrawer::LappedBoltsOf(const SpliceRow& row, std::size_t first)
 {
     const std::size_t columnsAt = first;
     const std::size_t partsAt = first + 1;
@@ -362,7 +362,7 @@ std::optional<LappedBolts> CMemberEnd::LappedBoltsOf(const SpliceRow& row, std::
 }
 
 /// The web's upper edge at `top`, its end at `begin`.
-void CMemberEnd::LappedWeb(double begin, double top)
+void MemberEndDrawer::LappedWeb(double begin, double top)
 {
     constexpr std::size_t kind = 5;
     constexpr std::size_t first = 6;
@@ -417,7 +417,7 @@ void CMemberEnd::LappedWeb(double begin, double top)
 }
 
 /// A plate that is welded to the girder's web (W1, W2), from above; x from that web.
-void CMemberEnd::WeldedPlate(Part part, double middle)
+void MemberEndDrawer::WeldedPlate(Part part, double middle)
 {
     const CTableRows types(data_, kPlateTypes, 1);
     const CTableRows shapes(data_, kPlateShapes, 1);
@@ -514,9 +514,18 @@ void CMemberEnd::WeldedPlate(Part part, double middle)
 
 /// A gusset whose outer line the cells tell whole: the lower edge level (TYPE1 = 1), the free edge upright (TYPE2 = 1).
 /// `chord`: the level of the chord's axis.
-void CMemberEnd::Gusset(Part part, double chord)
+void MemberEndDrawer::Gusset(Part part, double chord)
 {
-    enum Column : std::size_t { kThick = 6, kWidth = 7, kD1 = 8, kD2 = 9, kD4 = 11, kD5 = 12, kType1 = 13, kType2 = 14 };
+    enum Column : std::size_t {
+        kThick = 6,
+        kWidth = 7,
+        kD1 = 8,
+        kD2 = 9,
+        kD4 = 11,
+        kD5 = 12,
+        kType1 = 13,
+        kType2 = 14
+    };
     const CTableRows rows(data_, kGussets, 1);
     const auto row = RowOf(rows, kGussets, ChordWords(part), part == Part::Upper ? "上弦材側" : "下弦材側");
     if (!row)
@@ -547,15 +556,15 @@ void CMemberEnd::Gusset(Part part, double chord)
     }
     const double up = part == Part::Upper ? 1 : -1; // outward from the chord
     const auto at = [&](double x, double y) { return DrawnPoint{toBeam_ * x, chord + up * y}; };
-    build_.Shape(DrawingLayer::Gusset, ShapeKind::Polygon, {at(0, d1), at(width, d1), at(width, -d2), at(d5, -d4), at(0, -d4)},
-                 row->Place(kWidth));
+    build_.Shape(DrawingLayer::Gusset, ShapeKind::Polygon,
+                 {at(0, d1), at(width, d1), at(width, -d2), at(d5, -d4), at(0, -d4)}, row->Place(kWidth));
     build_.Shape(DrawingLayer::CrossLine, ShapeKind::Line, {at(0, 0), at(width + kBeyond, 0)}, {});
     build_.Label(at(width, d1 / 2), "d1 " + LengthText(d1), Outward(), row->Place(kD1));
     build_.Label(at(width, -d2 / 2), "d2 " + LengthText(d2), Outward(), row->Place(kD2));
     build_.Label(at(0, -d4 / 2), "d4 " + LengthText(d4), toBeam_ > 0 ? LabelRow::Ahead : LabelRow::Behind,
                  row->Place(kD4));
-    build_.Label(at((width + d5) / 4, -d4 / 2), Cp932(part == Part::Upper ? "上 " : "下 ") + "t="
-                     + LengthText(row->Size(kThick).value_or(0)),
+    build_.Label(at((width + d5) / 4, -d4 / 2),
+                 Cp932(part == Part::Upper ? "上 " : "下 ") + "t=" + LengthText(row->Size(kThick).value_or(0)),
                  LabelRow::AtPoint, row->Place(kThick));
     std::vector<double> xs{0, toBeam_ * width};
     std::ranges::sort(xs);
@@ -580,7 +589,7 @@ void CMemberEnd::Gusset(Part part, double chord)
                 build_.Circle(DrawingLayer::Bolt, at(x, d1 - level), radius, boltRow->Place(stepsAt));
 }
 
-void CMemberEnd::Gussets()
+void MemberEndDrawer::Gussets()
 {
     constexpr double apart = 1'000; // between both chords: their true distance stands in the section
     Gusset(Part::Upper, 0);
@@ -590,12 +599,12 @@ void CMemberEnd::Gussets()
 
 // -----------------------------------------------------------------------------------------------------
 
-BridgeDrawing CMemberEnd::Make()
+BridgeDrawing MemberEndDrawer::Make()
 {
     const CCrossMembers members(build_, data_, grid_);
     const CrossMember member = members.At(end_.gap, end_.station);
-    build_.drawing.title = MemberEndName(grid_, end_)
-                           + Cp932(member.kind == CrossMemberKind::Sway ? " 対傾構ガセット図" : " 横桁連結図");
+    build_.drawing.title =
+        MemberEndName(grid_, end_) + Cp932(member.kind == CrossMemberKind::Sway ? " 対傾構ガセット図" : " 横桁連結図");
     if (member.kind == CrossMemberKind::None) {
         build_.Note("この位置に横桁も対傾構もないため，図にできません．");
         return build_.Take();
@@ -635,7 +644,8 @@ BridgeDrawing CMemberEnd::Make()
             WeldedPlate(Part::Lower, hasUpper ? -level : 0);
         // Beside the plates: how far its end is from the girder is not told.
         LappedWeb(toBeam_ * (half_ + 3 * kApart), 0);
-        build_.Note("連結板は主桁ウェブの中心から，ウェブは端から描いています(両者の間隔は実際と違います)．切込みは描いていません．");
+        build_.Note(
+            "連結板は主桁ウェブの中心から，ウェブは端から描いています(両者の間隔は実際と違います)．切込みは描いていません．");
     } else {
         build_.Omit(connection->Place(typeColumn), "がどの連結形式か分からないため，図にできません．", type);
     }
@@ -667,7 +677,7 @@ std::string MemberEndName(const CBridgeGrid& grid, const MemberEnd& end)
 
 BridgeDrawing MemberEndDetail(const CSbdData& data, const AnalysisResults& results, const MemberEnd& end)
 {
-    return CMemberEnd(data, results, end).Make();
+    return MemberEndDrawer(data, results, end).Make();
 }
 
 } // namespace sbd

@@ -15,7 +15,6 @@ constexpr double kTouch = 0.5;         // mm
 constexpr double kMostSize = 20'000;   // mm
 constexpr std::size_t kMostLines = 60; // of bolts
 
-
 enum class BoltForm { Whole, Few, Staggered };
 
 struct FormRow {
@@ -181,9 +180,8 @@ std::optional<FlangeBolts> FlangeBoltsOf(CDrawingBuild& build, const FlangeBoltC
         for (const Arrangement& each : all)
             if (const std::string text = std::to_string(each.count) + "本"; counts.find(text) == std::string::npos)
                 counts += (counts.empty() ? "" : "か") + text;
-        build.Omit(cells.numbers.Place(cells.count),
-                   std::string(cells.fits) + "が，添接板とボルト間隔から決まる本数(" + counts
-                       + ")と違うため，ボルトを図にできません．");
+        build.Omit(cells.numbers.Place(cells.count), std::string(cells.fits) + "が，添接板とボルト間隔から決まる本数("
+                                                         + counts + ")と違うため，ボルトを図にできません．");
         return std::nullopt;
     }
     FlangeBolts bolts;
@@ -257,7 +255,8 @@ void DrawWebBolts(CDrawingBuild& build, const WebBoltCells& cells)
         const bool sound =
             value && *value >= 1 && *value == std::floor(*value) && *value <= static_cast<double>(kMostLines);
         if (!sound)
-            build.Omit(cells.numbers.Place(column), "列数または割数が1から60の整数ではないため，ボルトを図にできません．");
+            build.Omit(cells.numbers.Place(column),
+                       "列数または割数が1から60の整数ではないため，ボルトを図にできません．");
         return sound ? static_cast<std::size_t>(*value) : 0;
     };
     std::size_t columns = whole(cells.columns);

@@ -44,8 +44,8 @@ struct FlangeBoltCells {
 
 /// The bolts of one side of a flange splice, as distances.
 struct FlangeBolts {
-    std::vector<double> columns; ///< from the middle
-    std::vector<double> rows;    ///< from the web
+    std::vector<double> columns;        ///< from the middle
+    std::vector<double> rows;           ///< from the web
     std::vector<std::vector<bool>> has; ///< by column and row
     double radius = 0;
 };

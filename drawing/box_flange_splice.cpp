@@ -32,7 +32,9 @@ std::optional<BoxFlangeRows> BoxFlangeRowsOf(CDrawingBuild& build, const SpliceR
             list.push_back(*value);
     const std::size_t plates = widths.ribs.size() + 2;
     if (!first || !edge || list.size() != 3 * plates + 1) {
-        build.Omit(spacings.Place(!first ? firstColumn : !edge ? edgeColumn : listColumn),
+        build.Omit(spacings.Place(!first  ? firstColumn
+                                  : !edge ? edgeColumn
+                                          : listColumn),
                    !first || !edge ? "ボルトの間隔が数値ではないため，ボルトを図にできません．"
                                    : "間隔の数が，腹板と縦リブの枚数から決まる数(" + std::to_string(3 * plates + 1)
                                          + "個)と違うため，ボルトを図にできません．");
@@ -72,10 +74,10 @@ std::optional<BoxFlangeRows> BoxFlangeRowsOf(CDrawingBuild& build, const SpliceR
             fitting.push_back({left, *right});
     }
     if (fitting.size() != 1) {
-        build.Omit(plateSource, fitting.empty()
-                                    ? "外側幅が，腹板の間隔とボルトの間隔から決まる幅に合わないか，フランジからはみ出す"
-                                      "ため，添接板とボルトを図にできません．"
-                                    : "外側幅に合うボルトの並びが2通り以上あるため，図にできません．",
+        build.Omit(plateSource,
+                   fitting.empty() ? "外側幅が，腹板の間隔とボルトの間隔から決まる幅に合わないか，フランジからはみ出す"
+                                     "ため，添接板とボルトを図にできません．"
+                                   : "外側幅に合うボルトの並びが2通り以上あるため，図にできません．",
                    {}, fitting.empty() ? OmissionKind::Input : OmissionKind::Limit);
         return std::nullopt;
     }

@@ -18,9 +18,9 @@ namespace {
 constexpr double kMillimetres = 1000;
 constexpr double kTick = 300; // mm, half of a mark across a girder
 
-class CPlan {
+class PlanDrawer {
 public:
-    CPlan(const CSbdData& data, const AnalysisResults& results) : data_(data), grid_(data, results) {}
+    PlanDrawer(const CSbdData& data, const AnalysisResults& results) : data_(data), grid_(data, results) {}
 
     BridgeDrawing Make();
 
@@ -62,20 +62,20 @@ private:
     double sin_ = 0;
 };
 
-DrawnPoint CPlan::Turned(const GridPoint& place) const
+DrawnPoint PlanDrawer::Turned(const GridPoint& place) const
 {
     const double x = (place[0] - origin_[0]) * kMillimetres;
     const double y = (place[1] - origin_[1]) * kMillimetres;
     return {x * cos_ + y * sin_, y * cos_ - x * sin_};
 }
 
-std::optional<DrawnPoint> CPlan::GirderAt(std::size_t girder, std::size_t station) const
+std::optional<DrawnPoint> PlanDrawer::GirderAt(std::size_t girder, std::size_t station) const
 {
     const std::optional<GridPoint> place = grid_.GirderPlace(girder, station);
     return place ? std::optional(Turned(*place)) : std::nullopt;
 }
 
-std::optional<DrawnPoint> CPlan::NamedAt(std::string_view name, std::size_t station) const
+std::optional<DrawnPoint> PlanDrawer::NamedAt(std::string_view name, std::size_t station) const
 {
     if (const auto girder = grid_.girders.Find(name))
         return GirderAt(*girder, station);
@@ -84,7 +84,7 @@ std::optional<DrawnPoint> CPlan::NamedAt(std::string_view name, std::size_t stat
 }
 
 /// The longest girder's ends give the direction of the sheet.
-void CPlan::Turn()
+void PlanDrawer::Turn()
 {
     for (std::size_t girder = 0; girder < grid_.girders.Count(); ++girder) {
         std::optional<GridPoint> first;
@@ -109,7 +109,7 @@ void CPlan::Turn()
     }
 }
 
-void CPlan::Girders()
+void PlanDrawer::Girders()
 {
     for (std::size_t girder = 0; girder < grid_.girders.Count(); ++girder) {
         std::vector<DrawnPoint> points;
@@ -127,7 +127,7 @@ void CPlan::Girders()
     }
 }
 
-void CPlan::Lines()
+void PlanDrawer::Lines()
 {
     for (std::size_t line = 0; line < grid_.lines.Count(); ++line) {
         std::vector<DrawnPoint> points;
@@ -142,7 +142,7 @@ void CPlan::Lines()
 }
 
 /// The flanges of a cross beam in true width, so that a width that is out of line is seen.
-void CPlan::BeamFlange(const CTableRows& sizes, std::size_t row, const DrawnPoint& from, const DrawnPoint& to)
+void PlanDrawer::BeamFlange(const CTableRows& sizes, std::size_t row, const DrawnPoint& from, const DrawnPoint& to)
 {
     constexpr std::array<std::size_t, 2> widthColumns{4, 6}; // upper, lower
     constexpr double most = 10'000;                          // mm
@@ -163,7 +163,7 @@ void CPlan::BeamFlange(const CTableRows& sizes, std::size_t row, const DrawnPoin
                  sizes.Place(row, column));
 }
 
-void CPlan::Members()
+void PlanDrawer::Members()
 {
     const CCrossMembers members(build_, data_, grid_);
     constexpr int sizeBlock = 533;
@@ -218,8 +218,8 @@ void CPlan::Members()
     }
 }
 
-std::optional<DrawnPoint> CPlan::LateralEnd(const CTableRows& rows, std::size_t row, std::size_t girderColumn,
-                                            std::size_t placeColumn)
+std::optional<DrawnPoint> PlanDrawer::LateralEnd(const CTableRows& rows, std::size_t row, std::size_t girderColumn,
+                                                 std::size_t placeColumn)
 {
     constexpr std::size_t stationColumn = 2;
     const std::string_view girder = rows.Cell(row, girderColumn);
@@ -248,7 +248,7 @@ std::optional<DrawnPoint> CPlan::LateralEnd(const CTableRows& rows, std::size_t 
     return std::nullopt;
 }
 
-void CPlan::Laterals()
+void PlanDrawer::Laterals()
 {
     constexpr int block = 573;
     constexpr int middles = 574;
@@ -280,7 +280,7 @@ void CPlan::Laterals()
                         OmissionKind::Limit);
 }
 
-std::optional<std::array<DrawnPoint, 2>> CPlan::AlongGirder(const CGirderLine& line, double x) const
+std::optional<std::array<DrawnPoint, 2>> PlanDrawer::AlongGirder(const CGirderLine& line, double x) const
 {
     if (line.BayCount() == 0)
         return std::nullopt;
@@ -299,7 +299,7 @@ std::optional<std::array<DrawnPoint, 2>> CPlan::AlongGirder(const CGirderLine& l
 
 /// The edges of a gusset along the girder's web and across it: the others follow from the members. `side`: 1 left, -1
 /// right.
-void CPlan::Gusset(const CGirderLine& line, std::size_t station, const SpliceRow& row, double side)
+void PlanDrawer::Gusset(const CGirderLine& line, std::size_t station, const SpliceRow& row, double side)
 {
     constexpr std::array<std::size_t, 2> lengthColumns{7, 8}; // towards the begin, towards the end
     constexpr std::array<std::size_t, 2> riseColumns{11, 12};
@@ -332,7 +332,7 @@ void CPlan::Gusset(const CGirderLine& line, std::size_t station, const SpliceRow
                  row.Place(lengthColumns[0]));
 }
 
-void CPlan::GussetsOf(const CGirderLine& line, const CTableRows& rows)
+void PlanDrawer::GussetsOf(const CGirderLine& line, const CTableRows& rows)
 {
     constexpr std::size_t placeColumn = 4;
     constexpr std::size_t sideColumn = 5;
@@ -385,7 +385,7 @@ void CPlan::GussetsOf(const CGirderLine& line, const CTableRows& rows)
     }
 }
 
-void CPlan::Gussets()
+void PlanDrawer::Gussets()
 {
     constexpr int block = 578;
     constexpr std::size_t mostLaterals = 4'000; // each is looked for at each node
@@ -402,7 +402,7 @@ void CPlan::Gussets()
     build_.Note("下横構のガセットは，主桁に沿う縁と立上だけを描いています．");
 }
 
-double CPlan::TangentAt(const CGirderLine& line, std::size_t station) const
+double PlanDrawer::TangentAt(const CGirderLine& line, std::size_t station) const
 {
     const auto directionOf = [&](std::size_t bay) {
         const auto along = AlongGirder(line, (line.X(bay) + line.X(bay + 1)) / 2);
@@ -421,7 +421,7 @@ double CPlan::TangentAt(const CGirderLine& line, std::size_t station) const
     return directionOf(right - 1) + turn * share;
 }
 
-void CPlan::Skews(const CGirderLine& line, const std::vector<GirderSupport>& supports)
+void PlanDrawer::Skews(const CGirderLine& line, const std::vector<GirderSupport>& supports)
 {
     for (const GirderSupport& support : supports) {
         const std::size_t station = line.GridStation(support.station);
@@ -440,7 +440,7 @@ void CPlan::Skews(const CGirderLine& line, const std::vector<GirderSupport>& sup
     }
 }
 
-void CPlan::Chain(const CGirderLine& line)
+void PlanDrawer::Chain(const CGirderLine& line)
 {
     DimensionChain chain{std::string(grid_.girders.Name(line.Girder())) + Cp932(" 格間"), {}};
     for (std::size_t bay = 0; bay < line.BayCount(); ++bay) {
@@ -452,7 +452,7 @@ void CPlan::Chain(const CGirderLine& line)
     build_.drawing.chains.push_back(std::move(chain));
 }
 
-void CPlan::GirderParts()
+void PlanDrawer::GirderParts()
 {
     bool first = true;
     for (std::size_t girder = 0; girder < grid_.girders.Count(); ++girder) {
@@ -486,7 +486,7 @@ void CPlan::GirderParts()
     }
 }
 
-BridgeDrawing CPlan::Make()
+BridgeDrawing PlanDrawer::Make()
 {
     build_.drawing.title = Cp932("平面図");
     build_.drawing.provisional = grid_.Source() == GridSource::Provisional;
@@ -511,7 +511,7 @@ BridgeDrawing CPlan::Make()
 
 BridgeDrawing BridgePlan(const CSbdData& data, const AnalysisResults& results)
 {
-    return CPlan(data, results).Make();
+    return PlanDrawer(data, results).Make();
 }
 
 } // namespace sbd

@@ -28,9 +28,9 @@ struct BeamLevels {
     std::array<double, kEnds> feet{};
 };
 
-class CSection {
+class SectionDrawer {
 public:
-    CSection(const CSbdData& data, const AnalysisResults& results, std::size_t station)
+    SectionDrawer(const CSbdData& data, const AnalysisResults& results, std::size_t station)
         : data_(data)
         , grid_(data, results)
         , station_(station)
@@ -67,7 +67,7 @@ private:
     std::vector<SectionGirder> girders_; ///< from left to right
 };
 
-void CSection::Title()
+void SectionDrawer::Title()
 {
     build_.drawing.title = std::string(grid_.stations.Name(station_)) + Cp932(" 横断面図");
     build_.drawing.provisional = grid_.Source() == GridSource::Provisional;
@@ -78,7 +78,7 @@ void CSection::Title()
     build_.Note("始端から終端を見た図です．");
 }
 
-void CSection::PlaceWebs(SectionGirder& girder, const GridPoint& first, double cos, double sin)
+void SectionDrawer::PlaceWebs(SectionGirder& girder, const GridPoint& first, double cos, double sin)
 {
     const GirderWebs webs = WebsOf(data_, girder.name);
     const auto left = grid_.Place(webs.left, station_);
@@ -93,7 +93,7 @@ void CSection::PlaceWebs(SectionGirder& girder, const GridPoint& first, double c
     girder.rightWeb = std::max(along(*left), along(*right));
 }
 
-void CSection::PlaceGirders()
+void SectionDrawer::PlaceGirders()
 {
     std::vector<std::pair<std::size_t, GridPoint>> places;
     for (std::size_t girder = 0; girder < grid_.girders.Count(); ++girder)
@@ -129,12 +129,12 @@ void CSection::PlaceGirders()
     }
 }
 
-std::optional<std::size_t> CSection::MemberRow(const CTableRows& rows, std::size_t gap, int end)
+std::optional<std::size_t> SectionDrawer::MemberRow(const CTableRows& rows, std::size_t gap, int end)
 {
     return LastMemberRow(build_, rows, grid_, gap, station_, end);
 }
 
-std::optional<EndLevel> CSection::UpperLevel(const CTableRows& rows, std::size_t row, const SectionGirder& girder)
+std::optional<EndLevel> SectionDrawer::UpperLevel(const CTableRows& rows, std::size_t row, const SectionGirder& girder)
 {
     constexpr std::size_t column = 5;
     const std::string_view cell = rows.Cell(row, column);
@@ -157,7 +157,7 @@ std::optional<EndLevel> CSection::UpperLevel(const CTableRows& rows, std::size_t
     return EndLevel{from - *value, rows.Place(row, column)};
 }
 
-std::optional<EndLevel> CSection::LowerLevel(const CTableRows& rows, std::size_t row, const SectionGirder& girder)
+std::optional<EndLevel> SectionDrawer::LowerLevel(const CTableRows& rows, std::size_t row, const SectionGirder& girder)
 {
     constexpr std::size_t column = 6;
     const auto value = NumberIn(rows.Cell(row, column));
@@ -168,7 +168,7 @@ std::optional<EndLevel> CSection::LowerLevel(const CTableRows& rows, std::size_t
     return EndLevel{girder.LowerEdge() + *value, rows.Place(row, column)};
 }
 
-std::optional<BeamLevels> CSection::LevelsOf(const SectionGirder& left, const SectionGirder& right)
+std::optional<BeamLevels> SectionDrawer::LevelsOf(const SectionGirder& left, const SectionGirder& right)
 {
     constexpr int block = 532;
     const CTableRows rows(data_, block, 1);
@@ -197,7 +197,7 @@ std::optional<BeamLevels> CSection::LevelsOf(const SectionGirder& left, const Se
     return levels;
 }
 
-std::optional<std::array<double, kEnds>> CSection::BeamDepths(std::size_t gap)
+std::optional<std::array<double, kEnds>> SectionDrawer::BeamDepths(std::size_t gap)
 {
     PlaceGirders();
     for (std::size_t i = 0; i + 1 < girders_.size(); ++i)
@@ -207,7 +207,7 @@ std::optional<std::array<double, kEnds>> CSection::BeamDepths(std::size_t gap)
     return std::nullopt;
 }
 
-void CSection::Beam(const SectionGirder& left, const SectionGirder& right, const CrossMember& member)
+void SectionDrawer::Beam(const SectionGirder& left, const SectionGirder& right, const CrossMember& member)
 {
     constexpr int sizes = 533;
     constexpr std::size_t upperThickColumn = 5;
@@ -246,7 +246,7 @@ void CSection::Beam(const SectionGirder& left, const SectionGirder& right, const
                  LabelRow::AtPoint, member.source);
 }
 
-void CSection::Sway(const SectionGirder& left, const SectionGirder& right, const CrossMember& member)
+void SectionDrawer::Sway(const SectionGirder& left, const SectionGirder& right, const CrossMember& member)
 {
     constexpr int block = 542;
     constexpr std::size_t upperTypeColumn = 7;
@@ -310,7 +310,7 @@ void CSection::Sway(const SectionGirder& left, const SectionGirder& right, const
                  member.source);
 }
 
-void CSection::Members()
+void SectionDrawer::Members()
 {
     const CCrossMembers members(build_, data_, grid_);
     for (std::size_t i = 0; i + 1 < girders_.size(); ++i) {
@@ -342,7 +342,7 @@ struct DeckHeights {
 };
 
 /// The rows of 312 for girders and webs; -9 and -1 of a web stand for other values.
-void CSection::Deck()
+void SectionDrawer::Deck()
 {
     constexpr int block = 312;
     constexpr std::array<std::size_t, 4> columns{8, 7, 6, 5}; // haunch, slab, fill, pavement
@@ -426,7 +426,7 @@ void CSection::Deck()
                 "床版の張出しと地覆は，端の線の位置が分からないため図にできません(外桁の間だけを描きます)．");
 }
 
-void CSection::Chains()
+void SectionDrawer::Chains()
 {
     DimensionChain spacing{Cp932("桁間隔"), {}};
     DimensionChain webs{Cp932("腹板"), {}};
@@ -453,7 +453,7 @@ void CSection::Chains()
 }
 
 /// Blocks that a section has and this one does not draw.
-void CSection::NotDrawn()
+void SectionDrawer::NotDrawn()
 {
     constexpr int stringers[] = {642, 643};
     constexpr int brackets[] = {671, 672};
@@ -465,7 +465,7 @@ void CSection::NotDrawn()
             build_.Omit({block, 0, 0}, "ブラケットは断面図に表していません．");
 }
 
-BridgeDrawing CSection::Make()
+BridgeDrawing SectionDrawer::Make()
 {
     if (station_ >= grid_.stations.Count()) {
         build_.Note("横桁の名称がないため，図にできません．");
@@ -493,13 +493,13 @@ BridgeDrawing CSection::Make()
 
 BridgeDrawing CrossSection(const CSbdData& data, const AnalysisResults& results, std::size_t station)
 {
-    return CSection(data, results, station).Make();
+    return SectionDrawer(data, results, station).Make();
 }
 
 std::optional<std::array<double, 2>> BeamDepths(const CSbdData& data, const AnalysisResults& results, std::size_t gap,
                                                 std::size_t station)
 {
-    return CSection(data, results, station).BeamDepths(gap);
+    return SectionDrawer(data, results, station).BeamDepths(gap);
 }
 
 } // namespace sbd

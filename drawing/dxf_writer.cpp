@@ -45,7 +45,7 @@ constexpr double kChainStep = 9;
 constexpr double kRowStep = 4;
 
 /// Writes pairs of a group code and a value, each on a line of its own.
-class CDxf {
+class DxfText {
 public:
     void Pair(int code, std::string_view value)
     {
@@ -94,7 +94,7 @@ constexpr const char* kPaperSpace = "11";
 constexpr const char* kRoot = "12";
 constexpr const char* kGroups = "13";
 
-void TableHead(CDxf& dxf, std::string_view name, int count, std::string& handle)
+void TableHead(DxfText& dxf, std::string_view name, int count, std::string& handle)
 {
     dxf.Pair(0, "TABLE");
     dxf.Pair(2, name);
@@ -105,7 +105,8 @@ void TableHead(CDxf& dxf, std::string_view name, int count, std::string& handle)
 }
 
 /// Head of a table's entry; its handle has its own group in the table of dimension styles.
-void Entry(CDxf& dxf, std::string_view type, std::string_view table, std::string_view subclass, std::string_view name)
+void Entry(DxfText& dxf, std::string_view type, std::string_view table, std::string_view subclass,
+           std::string_view name)
 {
     dxf.Pair(0, type);
     dxf.Handle(type == "DIMSTYLE" ? 105 : 5);
@@ -116,7 +117,7 @@ void Entry(CDxf& dxf, std::string_view type, std::string_view table, std::string
     dxf.Pair(70, 0);
 }
 
-void LineTypes(CDxf& dxf, double scale)
+void LineTypes(DxfText& dxf, double scale)
 {
     struct Type {
         const char* name;
@@ -143,7 +144,7 @@ void LineTypes(CDxf& dxf, double scale)
     dxf.Pair(0, "ENDTAB");
 }
 
-void LayerEntry(CDxf& dxf, const std::string& table, std::string_view name, int colour, std::string_view lineType)
+void LayerEntry(DxfText& dxf, const std::string& table, std::string_view name, int colour, std::string_view lineType)
 {
     Entry(dxf, "LAYER", table, "AcDbLayerTableRecord", name);
     dxf.Pair(62, colour);
@@ -152,7 +153,7 @@ void LayerEntry(CDxf& dxf, const std::string& table, std::string_view name, int 
     dxf.Pair(390, "0");
 }
 
-void Layers(CDxf& dxf)
+void Layers(DxfText& dxf)
 {
     constexpr int black = 7;
     std::string table;
@@ -165,7 +166,7 @@ void Layers(CDxf& dxf)
     dxf.Pair(0, "ENDTAB");
 }
 
-void Styles(CDxf& dxf)
+void Styles(DxfText& dxf)
 {
     constexpr std::array<const char*, 2> names{"Standard", kStyle};
     std::string table;
@@ -183,14 +184,14 @@ void Styles(CDxf& dxf)
     dxf.Pair(0, "ENDTAB");
 }
 
-void EmptyTable(CDxf& dxf, std::string_view name)
+void EmptyTable(DxfText& dxf, std::string_view name)
 {
     std::string table;
     TableHead(dxf, name, 0, table);
     dxf.Pair(0, "ENDTAB");
 }
 
-void BlockRecords(CDxf& dxf)
+void BlockRecords(DxfText& dxf)
 {
     std::string table;
     TableHead(dxf, "BLOCK_RECORD", 2, table);
@@ -208,7 +209,7 @@ void BlockRecords(CDxf& dxf)
     dxf.Pair(0, "ENDTAB");
 }
 
-void Tables(CDxf& dxf, double scale)
+void Tables(DxfText& dxf, double scale)
 {
     dxf.Section("TABLES");
     EmptyTable(dxf, "VPORT");
@@ -229,7 +230,7 @@ void Tables(CDxf& dxf, double scale)
     dxf.End();
 }
 
-void Blocks(CDxf& dxf)
+void Blocks(DxfText& dxf)
 {
     dxf.Section("BLOCKS");
     constexpr std::array<std::array<const char*, 2>, 2> blocks{
@@ -257,7 +258,7 @@ void Blocks(CDxf& dxf)
     dxf.End();
 }
 
-void Objects(CDxf& dxf)
+void Objects(DxfText& dxf)
 {
     dxf.Section("OBJECTS");
     dxf.Pair(0, "DICTIONARY");
@@ -277,7 +278,7 @@ void Objects(CDxf& dxf)
 
 // --- entities ----------------------------------------------------------------------------------------
 
-void EntityHead(CDxf& dxf, std::string_view type, std::string_view layer)
+void EntityHead(DxfText& dxf, std::string_view type, std::string_view layer)
 {
     dxf.Pair(0, type);
     dxf.Handle();
@@ -286,7 +287,7 @@ void EntityHead(CDxf& dxf, std::string_view type, std::string_view layer)
     dxf.Pair(8, layer);
 }
 
-void Point(CDxf& dxf, int code, const DrawnPoint& point)
+void Point(DxfText& dxf, int code, const DrawnPoint& point)
 {
     constexpr int y = 10; // codes of y and z stand 10 and 20 behind that of x
     dxf.Number(code, point.x);
@@ -294,7 +295,7 @@ void Point(CDxf& dxf, int code, const DrawnPoint& point)
     dxf.Number(code + 2 * y, 0);
 }
 
-void Line(CDxf& dxf, std::string_view layer, const DrawnPoint& from, const DrawnPoint& to, bool broken = false)
+void Line(DxfText& dxf, std::string_view layer, const DrawnPoint& from, const DrawnPoint& to, bool broken = false)
 {
     EntityHead(dxf, "LINE", layer);
     if (broken)
@@ -307,7 +308,7 @@ void Line(CDxf& dxf, std::string_view layer, const DrawnPoint& from, const Drawn
 /// Which point of its base line stands at a text's point.
 enum class TextAlign { Left = 0, Middle = 1, Right = 2 };
 
-void Text(CDxf& dxf, std::string_view layer, const DrawnPoint& at, std::string_view text, double height,
+void Text(DxfText& dxf, std::string_view layer, const DrawnPoint& at, std::string_view text, double height,
           TextAlign align = TextAlign::Middle)
 {
     EntityHead(dxf, "TEXT", layer);
@@ -321,7 +322,7 @@ void Text(CDxf& dxf, std::string_view layer, const DrawnPoint& at, std::string_v
     dxf.Pair(100, "AcDbText");
 }
 
-void Shape(CDxf& dxf, const DrawnShape& shape)
+void Shape(DxfText& dxf, const DrawnShape& shape)
 {
     const std::string layer = LayerName(shape.layer);
     if (shape.points.empty())
@@ -369,7 +370,7 @@ Extent ExtentOf(const BridgeDrawing& drawing)
     return extent;
 }
 
-void Chains(CDxf& dxf, const BridgeDrawing& drawing, double top, double scale)
+void Chains(DxfText& dxf, const BridgeDrawing& drawing, double top, double scale)
 {
     const std::string layer = Cp932(kDimensions);
     double y = top - kChainStep * scale;
@@ -384,7 +385,7 @@ void Chains(CDxf& dxf, const BridgeDrawing& drawing, double top, double scale)
     }
 }
 
-void Labels(CDxf& dxf, const BridgeDrawing& drawing, const Extent& extent, double scale)
+void Labels(DxfText& dxf, const BridgeDrawing& drawing, const Extent& extent, double scale)
 {
     const std::string layer = Cp932(kTexts);
     for (const DrawnLabel& label : drawing.labels) {
@@ -406,7 +407,7 @@ void Labels(CDxf& dxf, const BridgeDrawing& drawing, const Extent& extent, doubl
     Text(dxf, layer, {(extent.least.x + extent.most.x) / 2, y}, drawing.title, 2 * kTextHeight * scale);
 }
 
-void Header(CDxf& dxf, const Extent& extent)
+void Header(DxfText& dxf, const Extent& extent)
 {
     dxf.Section("HEADER");
     dxf.Pair(9, "$ACADVER");
@@ -457,7 +458,7 @@ std::string FileOf(std::span<const BridgeDrawing> drawings, double scale)
         whole.least = {std::min(whole.least.x, extent.least.x), std::min(whole.least.y, extent.least.y)};
         whole.most = {std::max(whole.most.x, extent.most.x), std::max(whole.most.y, extent.most.y)};
     }
-    CDxf dxf;
+    DxfText dxf;
     Header(dxf, whole);
     dxf.Section("CLASSES");
     dxf.End();

@@ -15,9 +15,9 @@ namespace {
 
 constexpr double kTouch = 0.5; // mm
 
-class CElevation {
+class ElevationDrawer {
 public:
-    CElevation(const CSbdData& data, const AnalysisResults& results, const ElevationOptions& options)
+    ElevationDrawer(const CSbdData& data, const AnalysisResults& results, const ElevationOptions& options)
         : data_(data)
         , results_(results)
         , options_(options)
@@ -33,8 +33,8 @@ private:
     void Outline();
     void Plates();
     void PlateShape(DrawingLayer layer, std::size_t section, const std::optional<SectionPlate>& plate,
-                    double (CElevation::*top)(double, const GirderSection&, std::size_t) const,
-                    double (CElevation::*bottom)(double, const GirderSection&, std::size_t) const);
+                    double (ElevationDrawer::*top)(double, const GirderSection&, std::size_t) const,
+                    double (ElevationDrawer::*bottom)(double, const GirderSection&, std::size_t) const);
     void Bands();
     void Stiffeners();
     void HorizontalShapes();
@@ -66,34 +66,34 @@ private:
     std::vector<GirderSupport> supports_;
 };
 
-double CElevation::FlangeTop(double x, const GirderSection& section, std::size_t i) const
+double ElevationDrawer::FlangeTop(double x, const GirderSection& section, std::size_t i) const
 {
     return depth_.upperFlangeIncluded ? 0 : GirderPlates::ThicknessAt(plates_.upper[i], section, x);
 }
 
-double CElevation::WebTop(double x, const GirderSection& section, std::size_t i) const
+double ElevationDrawer::WebTop(double x, const GirderSection& section, std::size_t i) const
 {
     return depth_.upperFlangeIncluded ? -GirderPlates::ThicknessAt(plates_.upper[i], section, x) : 0;
 }
 
-double CElevation::WebBottom(double x, const GirderSection& section, std::size_t i) const
+double ElevationDrawer::WebBottom(double x, const GirderSection& section, std::size_t i) const
 {
     return -DepthAt(x) + (depth_.lowerFlangeIncluded ? GirderPlates::ThicknessAt(plates_.lower[i], section, x) : 0);
 }
 
-double CElevation::FlangeBottom(double x, const GirderSection& section, std::size_t i) const
+double ElevationDrawer::FlangeBottom(double x, const GirderSection& section, std::size_t i) const
 {
     return -DepthAt(x) - (depth_.lowerFlangeIncluded ? 0 : GirderPlates::ThicknessAt(plates_.lower[i], section, x));
 }
 
-std::array<double, 2> CElevation::WebAt(double x) const
+std::array<double, 2> ElevationDrawer::WebAt(double x) const
 {
     if (const auto section = plates_.SectionAt(x))
         return {WebTop(x, plates_.sections[*section], *section), WebBottom(x, plates_.sections[*section], *section)};
     return {0, -DepthAt(x)};
 }
 
-void CElevation::Title()
+void ElevationDrawer::Title()
 {
     build_.drawing.title = std::string(grid_.girders.Name(options_.girder)) + Cp932(" 桁側面図");
     if (line_.IsBox())
@@ -113,7 +113,7 @@ void CElevation::Title()
     build_.Note("縦断勾配は描かず，桁の上縁を水平としています．");
 }
 
-void CElevation::Outline()
+void ElevationDrawer::Outline()
 {
     for (const DepthPiece& piece : depth_.pieces) {
         std::vector<DrawnPoint> corners;
@@ -125,9 +125,9 @@ void CElevation::Outline()
     }
 }
 
-void CElevation::PlateShape(DrawingLayer layer, std::size_t section, const std::optional<SectionPlate>& plate,
-                            double (CElevation::*top)(double, const GirderSection&, std::size_t) const,
-                            double (CElevation::*bottom)(double, const GirderSection&, std::size_t) const)
+void ElevationDrawer::PlateShape(DrawingLayer layer, std::size_t section, const std::optional<SectionPlate>& plate,
+                                 double (ElevationDrawer::*top)(double, const GirderSection&, std::size_t) const,
+                                 double (ElevationDrawer::*bottom)(double, const GirderSection&, std::size_t) const)
 {
     if (!plate)
         return;
@@ -166,12 +166,13 @@ void CElevation::PlateShape(DrawingLayer layer, std::size_t section, const std::
     close();
 }
 
-void CElevation::Plates()
+void ElevationDrawer::Plates()
 {
     for (std::size_t i = 0; i < plates_.sections.size(); ++i) {
-        PlateShape(DrawingLayer::Web, i, plates_.web[i], &CElevation::WebTop, &CElevation::WebBottom);
-        PlateShape(DrawingLayer::Flange, i, plates_.upper[i], &CElevation::FlangeTop, &CElevation::WebTop);
-        PlateShape(DrawingLayer::Flange, i, plates_.lower[i], &CElevation::WebBottom, &CElevation::FlangeBottom);
+        PlateShape(DrawingLayer::Web, i, plates_.web[i], &ElevationDrawer::WebTop, &ElevationDrawer::WebBottom);
+        PlateShape(DrawingLayer::Flange, i, plates_.upper[i], &ElevationDrawer::FlangeTop, &ElevationDrawer::WebTop);
+        PlateShape(DrawingLayer::Flange, i, plates_.lower[i], &ElevationDrawer::WebBottom,
+                   &ElevationDrawer::FlangeBottom);
         constexpr int webBlock = 331;
         constexpr int flangeBlock = 332;
         const std::string& name = plates_.sections[i].name;
@@ -197,7 +198,7 @@ std::string PlateText(const SectionPlate& plate)
     return text + fromTo(plate.thickFrom, plate.thickTo) + " " + plate.material;
 }
 
-void CElevation::Bands()
+void ElevationDrawer::Bands()
 {
     const struct {
         const char* title;
@@ -224,7 +225,7 @@ void CElevation::Bands()
     }
 }
 
-void CElevation::Stiffeners()
+void ElevationDrawer::Stiffeners()
 {
     const auto draw = [&](const VerticalStiffener& stiffener, DrawingLayer layer) {
         if (!depth_.At(stiffener.x))
@@ -249,7 +250,7 @@ void CElevation::Stiffeners()
     HorizontalShapes();
 }
 
-void CElevation::HorizontalShapes()
+void ElevationDrawer::HorizontalShapes()
 {
     const HorizontalStiffeners horizontal = HorizontalStiffenersOf(build_, data_, line_, stiffeners_);
     for (const HorizontalStiffener& stiffener : horizontal.stiffeners) {
@@ -275,7 +276,7 @@ void CElevation::HorizontalShapes()
     }
 }
 
-void CElevation::Joints()
+void ElevationDrawer::Joints()
 {
     for (std::size_t i = 0; i < plates_.sections.size(); ++i) {
         const GirderSection& section = plates_.sections[i];
@@ -293,7 +294,7 @@ void CElevation::Joints()
     }
 }
 
-void CElevation::Supports()
+void ElevationDrawer::Supports()
 {
     constexpr double halfWidth = 200; // mm, a mark
     constexpr double height = 300;
@@ -316,7 +317,7 @@ void CElevation::Supports()
     }
 }
 
-void CElevation::Stations()
+void ElevationDrawer::Stations()
 {
     for (std::size_t i = 0; i < line_.StationCount(); ++i) {
         const double over = 300; // mm beyond the girder
@@ -337,7 +338,7 @@ DimensionChain ChainOf(std::string_view title, std::vector<double> xs, const std
     return chain;
 }
 
-void CElevation::Chains()
+void ElevationDrawer::Chains()
 {
     std::vector<DimensionChain>& chains = build_.drawing.chains;
     std::vector<double> xs;
@@ -378,7 +379,7 @@ void CElevation::Chains()
 }
 
 /// Uses come as stretches of the girder; they take its whole depth.
-void CElevation::SpreadUses()
+void ElevationDrawer::SpreadUses()
 {
     const double most = depth_.Most();
     for (RowUse& use : build_.drawing.rows)
@@ -389,7 +390,7 @@ void CElevation::SpreadUses()
         }
 }
 
-BridgeDrawing CElevation::Make()
+BridgeDrawing ElevationDrawer::Make()
 {
     if (options_.girder >= grid_.girders.Count()) {
         build_.Note("主桁の名称がないため，図にできません．");
@@ -477,7 +478,7 @@ std::vector<GirderSupport> SupportsOf(CDrawingBuild& build, const CSbdData& data
 
 BridgeDrawing GirderElevation(const CSbdData& data, const AnalysisResults& results, const ElevationOptions& options)
 {
-    return CElevation(data, results, options).Make();
+    return ElevationDrawer(data, results, options).Make();
 }
 
 } // namespace sbd

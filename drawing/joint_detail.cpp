@@ -32,9 +32,10 @@ constexpr double kApart = 500;  // between the three parts
 
 enum class Part { Upper, Web, Lower };
 
-class CJoint {
+class JointDrawer {
 public:
-    CJoint(const CSbdData& data, const AnalysisResults& results, std::size_t girder, GirderSide side, std::size_t joint)
+    JointDrawer(const CSbdData& data, const AnalysisResults& results, std::size_t girder, GirderSide side,
+                std::size_t joint)
         : data_(data)
         , joint_(joint)
         , grid_(data, results)
@@ -78,7 +79,7 @@ private:
     double webBottom_ = 0;
 };
 
-bool CJoint::IsOfPart(std::string_view word, Part part, SourceCell place)
+bool JointDrawer::IsOfPart(std::string_view word, Part part, SourceCell place)
 {
     if (part == Part::Upper)
         return word == "UFLG" || word == "FLG";
@@ -94,7 +95,7 @@ bool CJoint::IsOfPart(std::string_view word, Part part, SourceCell place)
 }
 
 /// A part's place on the drawing.
-std::vector<DrawnPoint> CJoint::AreaOf(Part part) const
+std::vector<DrawnPoint> JointDrawer::AreaOf(Part part) const
 {
     const auto& [top, bottom] = levels_[static_cast<std::size_t>(part)];
     return {{-half_, top}, {half_, top}, {half_, bottom}, {-half_, bottom}};
@@ -102,7 +103,7 @@ std::vector<DrawnPoint> CJoint::AreaOf(Part part) const
 
 /// The one row of a block that speaks of a part; nothing, and omitted, if there is none or more than one: which one is used
 /// the pages do not say.
-std::optional<SpliceRow> CJoint::RowOf(const CTableRows& rows, int block, Part part)
+std::optional<SpliceRow> JointDrawer::RowOf(const CTableRows& rows, int block, Part part)
 {
     constexpr std::size_t fromColumn = 2;
     const auto numberOf = [&](std::string_view name) {
@@ -138,13 +139,13 @@ std::optional<SpliceRow> CJoint::RowOf(const CTableRows& rows, int block, Part p
     return result;
 }
 
-void CJoint::Rectangle(DrawingLayer layer, double left, double right, double bottom, double top, SourceCell source)
+void JointDrawer::Rectangle(DrawingLayer layer, double left, double right, double bottom, double top, SourceCell source)
 {
     build_.Shape(layer, ShapeKind::Polygon, {{left, top}, {right, top}, {right, bottom}, {left, bottom}}, source);
 }
 
 /// Are width and length of a splice plate given? They need not be; then nothing of the splice is drawn.
-bool CJoint::HasPlateSize(const SpliceRow& plate)
+bool JointDrawer::HasPlateSize(const SpliceRow& plate)
 {
     for (const std::size_t column : {kOuterWidth, kPlateLength})
         if (!(plate.Size(column).value_or(0) > 0)) {
@@ -157,7 +158,7 @@ bool CJoint::HasPlateSize(const SpliceRow& plate)
 }
 
 /// "外 12x2420x540  内 t=12  M22(S10T) n=64" (CP932).
-std::string CJoint::PlateText(const SpliceRow& plate, const std::optional<SpliceRow>& bolts)
+std::string JointDrawer::PlateText(const SpliceRow& plate, const std::optional<SpliceRow>& bolts)
 {
     std::string text = Cp932("外 ") + LengthText(plate.Size(kOuterThick).value_or(0)) + "x"
                        + LengthText(plate.Size(kOuterWidth).value_or(0)) + "x"
@@ -170,8 +171,8 @@ std::string CJoint::PlateText(const SpliceRow& plate, const std::optional<Splice
 }
 
 /// A flange from above, its middle at the level `middle`.
-void CJoint::Flange(Part part, const std::optional<SectionPlate>& left, const std::optional<SectionPlate>& right,
-                    double middle)
+void JointDrawer::Flange(Part part, const std::optional<SectionPlate>& left, const std::optional<SectionPlate>& right,
+                         double middle)
 {
     if (left)
         Rectangle(DrawingLayer::Web, -half_, 0, middle - left->widthTo / 2, middle + left->widthTo / 2, left->source);
@@ -203,8 +204,8 @@ void CJoint::Flange(Part part, const std::optional<SectionPlate>& left, const st
 }
 
 /// A flange of a box from above; left is above. Webs and ribs lie below it or stand on it: broken lines.
-void CJoint::BoxFlange(Part part, const std::optional<SectionPlate>& left, const std::optional<SectionPlate>& right,
-                       double middle, const BoxFlangeWidths& widths)
+void JointDrawer::BoxFlange(Part part, const std::optional<SectionPlate>& left,
+                            const std::optional<SectionPlate>& right, double middle, const BoxFlangeWidths& widths)
 {
     const char* const title = part == Part::Upper ? "上フランジ" : "下フランジ";
     const double leftWeb = middle + (widths.webs + widths.rightOut - widths.leftOut) / 2;
@@ -285,7 +286,7 @@ void CJoint::BoxFlange(Part part, const std::optional<SectionPlate>& left, const
     AddChain(build_, title, xs, sources);
 }
 
-void CJoint::Web()
+void JointDrawer::Web()
 {
     Rectangle(DrawingLayer::Web, -half_, half_, webBottom_, webTop_, {});
     build_.Label({-half_, (webTop_ + webBottom_) / 2}, Cp932("腹板"), LabelRow::Ahead, {});
@@ -313,7 +314,7 @@ void CJoint::Web()
     DrawWebBolts(build_, cells);
 }
 
-BridgeDrawing CJoint::Make()
+BridgeDrawing JointDrawer::Make()
 {
     if (line_.StationCount() < 2) {
         build_.Note("この桁の横断線が2本に足りないため，図にできません．");
@@ -434,7 +435,7 @@ BridgeDrawing JointDetail(const CSbdData& data, const AnalysisResults& results, 
     if (const std::vector<MemberEnd> ends = MemberEndsAt(data, grid, girder);
         joint >= splices && joint - splices < ends.size())
         return MemberEndDetail(data, results, ends[joint - splices]);
-    return CJoint(data, results, girder, side, joint).Make();
+    return JointDrawer(data, results, girder, side, joint).Make();
 }
 
 } // namespace sbd

@@ -33,7 +33,8 @@ private:
 
 class CSheetFrame {
 public:
-    CSheetFrame(CDrawContext& context, const BridgeDrawing& drawn, const SheetLook& wanted, std::vector<SheetHit>* hits);
+    CSheetFrame(CDrawContext& context, const BridgeDrawing& drawn, const SheetLook& wanted,
+                std::vector<SheetHit>* hits);
 
     [[nodiscard]] int X(double x) const { return Unit((x - bounds.left) * perX_) + kSheetLeftMargin; }
     [[nodiscard]] int Y(double y) const { return partsTop - Unit((bounds.top - y) * perY_); }

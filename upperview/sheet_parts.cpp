@@ -94,9 +94,9 @@ void Shade(CSheetFrame& frame)
     frame.dc.FillPolygon(corners);
 }
 
-class CParts {
+class PartsOnSheet {
 public:
-    explicit CParts(CSheetFrame& frame) : frame_(frame) {}
+    explicit PartsOnSheet(CSheetFrame& frame) : frame_(frame) {}
 
     void Webs();
     void Shapes(bool selected);
@@ -108,7 +108,7 @@ private:
     std::vector<DrawPoint> points_; // of the shape that is drawn
 };
 
-void CParts::Shape(const DrawnShape& shape, bool selected)
+void PartsOnSheet::Shape(const DrawnShape& shape, bool selected)
 {
     const LayerLook& look = kLooks[static_cast<std::size_t>(shape.layer)];
     const DrawColour line = selected ? colours::kRed : look.line;
@@ -149,7 +149,7 @@ void CParts::Shape(const DrawnShape& shape, bool selected)
 }
 
 /// The webs' surfaces lie below the shading, all else above it.
-void CParts::Webs()
+void PartsOnSheet::Webs()
 {
     frame_.dc.SetBrush({BrushStyle::Solid, kLooks[static_cast<std::size_t>(DrawingLayer::Web)].fill});
     for (const DrawnShape& shape : frame_.drawing.shapes)
@@ -162,7 +162,7 @@ void CParts::Webs()
         }
 }
 
-void CParts::Shapes(bool selected)
+void PartsOnSheet::Shapes(bool selected)
 {
     for (const DrawnShape& shape : frame_.drawing.shapes)
         if (frame_.look.selected.row == 0 || frame_.IsSelected(shape.source) == selected)
@@ -206,7 +206,7 @@ void LabelsWithin(CSheetFrame& frame)
 
 void DrawParts(CSheetFrame& frame)
 {
-    CParts parts(frame);
+    PartsOnSheet parts(frame);
     parts.Webs();
     Shade(frame);
     parts.Shapes(false);

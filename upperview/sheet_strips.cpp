@@ -29,7 +29,9 @@ void Band(CSheetFrame& frame, const PlateBand& band, double scale)
 {
     const int foot = frame.cursor - frame.steps.band;
     frame.dc.Text({kSheetMargin, foot + frame.height}, band.title);
-    const auto heightOf = [&](double thickness) { return std::min(frame.steps.band, frame.Unit(thickness * kSheetUnitsPerMillimetre / scale)); };
+    const auto heightOf = [&](double thickness) {
+        return std::min(frame.steps.band, frame.Unit(thickness * kSheetUnitsPerMillimetre / scale));
+    };
     const auto isSeen = [&](const BandPart& part) { return frame.IsSeen(frame.X(part.from), frame.X(part.to)); };
     frame.dc.SetPen({PenStyle::Solid, 1, colours::kBlack});
     for (const BandPart& part : band.parts) {
@@ -40,9 +42,8 @@ void Band(CSheetFrame& frame, const PlateBand& band, double scale)
                                                 {frame.X(part.to), foot + heightOf(part.thickTo)},
                                                 {frame.X(part.to), foot},
                                                 {frame.X(part.from), foot}}};
-        frame.dc.SetBrush({BrushStyle::Solid, frame.IsSelected(part.source)
-                                             ? colours::kRed
-                                             : FillOf(DrawingLayer::Flange)});
+        frame.dc.SetBrush(
+            {BrushStyle::Solid, frame.IsSelected(part.source) ? colours::kRed : FillOf(DrawingLayer::Flange)});
         frame.dc.FillPolygon(std::span(outline).first(4));
         frame.Hit({outline[0].x, foot, outline[2].x, std::max(outline[1].y, outline[2].y)}, part.source, part.text);
     }
@@ -71,7 +72,9 @@ void Band(CSheetFrame& frame, const PlateBand& band, double scale)
     CTextRow row(frame.dc, foot - frame.height / 8, frame.steps.bandLines);
     const auto middleOf = [&](const BandPart& part) { return (frame.X(part.from) + frame.X(part.to)) / 2; };
     const auto halfOf = [&](const BandPart& part) { return frame.dc.Metrics().Width(part.text) / 2; };
-    const auto isBroader = [&](const BandPart& part) { return 2 * halfOf(part) > frame.X(part.to) - frame.X(part.from); };
+    const auto isBroader = [&](const BandPart& part) {
+        return 2 * halfOf(part) > frame.X(part.to) - frame.X(part.from);
+    };
     for (std::size_t i = 0; i < band.parts.size(); ++i) {
         const BandPart& part = band.parts[i];
         // In a single line a text that is broader than its plate gives way to that of the next one.
@@ -108,7 +111,8 @@ void DrawBands(CSheetFrame& frame)
 {
     if (frame.drawing.bands.empty())
         return;
-    const std::array<double, 2> scales{BandScale(frame.drawing, frame.steps.band, false), BandScale(frame.drawing, frame.steps.band, true)};
+    const std::array<double, 2> scales{BandScale(frame.drawing, frame.steps.band, false),
+                                       BandScale(frame.drawing, frame.steps.band, true)};
     std::string text = Cp932("板厚は縮尺 1:");
     AppendFixed(text, scales[0], 0, 0);
     if (std::ranges::any_of(frame.drawing.bands, &PlateBand::ofWidths)) {

@@ -1,4 +1,6 @@
 // docs/grid.md names tests that exist.
+#include "tests/surroundings.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -13,7 +15,7 @@ namespace {
 
 std::string FileOfTheTree(const std::string& path)
 {
-    std::ifstream file(std::filesystem::path(TEST_DATA_DIR) / ".." / ".." / path, std::ios::binary);
+    std::ifstream file(std::filesystem::path(test::TestDataFolder()) / ".." / ".." / path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 

@@ -22,7 +22,7 @@ constexpr const char* kViewNames[] = {"elevation", "section", "plan", "joint", "
 
 /// What is measured of an entity, or between it and another one of its layer.
 enum class Measure { Width, Height, Left, Middle, Top, Foot, Radius, ApartX, ApartY };
-constexpr const char* kMeasureNames[] = {"width", "height", "left", "middle",  "top",
+constexpr const char* kMeasureNames[] = {"width", "height", "left",  "middle",      "top",
                                          "foot",  "radius", "apart", "apart upward"};
 
 /// A measure is `factor` times the cell's number, and `more`.
@@ -116,10 +116,11 @@ double NumberOf(const CSbdData& data, const MeasureRow& row)
 {
     constexpr int heights = 311; // its rows stand behind four of types and have four names
     if (row.block == heights)
-        return data.hGirder.records.at(static_cast<std::size_t>(row.row - 5)).numbers.at(
-            static_cast<std::size_t>(row.column - 5));
+        return data.hGirder.records.at(static_cast<std::size_t>(row.row - 5))
+            .numbers.at(static_cast<std::size_t>(row.column - 5));
     const TableBlock* table = data.Table(row.block);
-    std::string text(table->columns.at(static_cast<std::size_t>(row.column - 1))[static_cast<std::size_t>(row.row - 1)]);
+    std::string text(
+        table->columns.at(static_cast<std::size_t>(row.column - 1))[static_cast<std::size_t>(row.row - 1)]);
     if (!text.empty() && text.front() == 'M')
         text.erase(0, 1);
     char* end = nullptr;
@@ -213,8 +214,8 @@ TEST(DxfMeasures, EachIsThatOfItsCell)
                 layer.push_back(entity);
         const std::string told = std::string(row.example) + " " + kViewNames[static_cast<std::size_t>(row.view)] + ", "
                                  + std::to_string(row.block) + " row " + std::to_string(row.row) + " column "
-                                 + std::to_string(row.column) + ", " + row.layer + " " + std::to_string(row.entity) + ", "
-                                 + kMeasureNames[static_cast<std::size_t>(row.measure)];
+                                 + std::to_string(row.column) + ", " + row.layer + " " + std::to_string(row.entity)
+                                 + ", " + kMeasureNames[static_cast<std::size_t>(row.measure)];
         ASSERT_GT(layer.size(), std::max(row.entity, row.other)) << told;
         EXPECT_NEAR(Taken(row, layer[row.entity], layer[row.other]), NumberOf(bridge.data, row) * row.factor + row.more,
                     kNear)

@@ -55,10 +55,11 @@ CSbdData Bracketed()
     AddRow(data, 559, {"C1", "C1", "G1", "G2", "要素両側", "UFLG", "90", "75", "40", "150", "40"});
     AddRow(data, 559, {"C1", "C1", "G1", "G2", "要素両側", "LFLG", "90", "75", "40", "150", "40"});
     AddRow(data, 560, {"自動計算(YES_NO)", "NO"});
-    AddRow(data, 560, {"C1", "C1", "G1", "G2", "要素両側", "110", "85", "85", "110", "90", "75", "0", "0", "0", "NO", "NO"});
+    AddRow(data, 560,
+           {"C1", "C1", "G1", "G2", "要素両側", "110", "85", "85", "110", "90", "75", "0", "0", "0", "NO", "NO"});
     AddRow(data, 561, {"自動計算(YES_NO)", "NO"});
-    AddRow(data, 561, {"C1", "C1", "G1", "G2", "要素両側", "300", "240", "700", "720", "0", "50", "50", "50", "300", "320",
-                       "260", "50", "50", "50", "300"});
+    AddRow(data, 561, {"C1", "C1", "G1", "G2",  "要素両側", "300", "240", "700", "720", "0",
+                       "50", "50", "50", "300", "320",      "260", "50",  "50",  "50",  "300"});
     return data;
 }
 
@@ -152,8 +153,8 @@ TEST(MemberEnd, TheRightEndIsTheLeftOneInTheMirror)
 TEST(MemberEnd, ALaterRowOfOneEndHoldsForThatEndAlone)
 {
     CSbdData data = Bracketed();
-    AddRow(data, 561, {"C1", "C1", "G1", "G2", "要素右側", "300", "240", "900", "900", "0", "0", "0", "0", "0", "320", "260",
-                       "0", "0", "0", "0"});
+    AddRow(data, 561, {"C1", "C1", "G1", "G2", "要素右側", "300", "240", "900", "900", "0",
+                       "0",  "0",  "0",  "0",  "320",      "260", "0",   "0",   "0",   "0"});
     const auto girderAt = [&](int end) { return ShapesOf(EndOf(data, end), DrawingLayer::Girder)[0]->points[0].x; };
     EXPECT_EQ(girderAt(0), -700);
     EXPECT_EQ(girderAt(1), 900);
@@ -162,7 +163,9 @@ TEST(MemberEnd, ALaterRowOfOneEndHoldsForThatEndAlone)
 TEST(MemberEnd, MeasuresOfTheGirdersSideThatDifferAreNotDrawn)
 {
     CSbdData data = Bracketed();
-    const auto cell = [&](std::size_t column, const char* text) { data.Table(559)->columns.at(column - 1).Set(1, text); };
+    const auto cell = [&](std::size_t column, const char* text) {
+        data.Table(559)->columns.at(column - 1).Set(1, text);
+    };
     cell(12, "90"); // the same measures again are no others
     cell(13, "75");
     cell(14, "40");
@@ -188,17 +191,13 @@ TEST(MemberEnd, ALappedWebHasItsBoltsFromItsEndAndItsUpperEdge)
 {
     CSbdData data = WithMember("荷重分配横桁", "せん断");
     AddRow(data, 556, {"自動計算(YES_NO)", "NO"});
-    AddRow(data, 556, {"C1", "C1", "G1", "G2", "要素両側", "M20(S10T)", "2", "3", "75", "40", "90", "966", "150 200 150"});
+    AddRow(data, 556,
+           {"C1", "C1", "G1", "G2", "要素両側", "M20(S10T)", "2", "3", "75", "40", "90", "966", "150 200 150"});
     const BridgeDrawing left = EndOf(data, 0);
     EXPECT_THAT(Places(left), IsEmpty()); // 90 + 500 + 966 = 1,556
-    EXPECT_EQ(Bolts(left, -kWeb, 0), (std::set<std::pair<double, double>>{{40, -90},
-                                                                          {40, -240},
-                                                                          {40, -440},
-                                                                          {40, -590},
-                                                                          {115, -90},
-                                                                          {115, -240},
-                                                                          {115, -440},
-                                                                          {115, -590}}));
+    EXPECT_EQ(Bolts(left, -kWeb, 0),
+              (std::set<std::pair<double, double>>{
+                  {40, -90}, {40, -240}, {40, -440}, {40, -590}, {115, -90}, {115, -240}, {115, -440}, {115, -590}}));
     EXPECT_TRUE(Bolts(EndOf(data, 1), -kWeb, 0).contains({-115, -590}));
     data.Table(556)->columns[11].Set(1, "900");
     EXPECT_THAT(Places(EndOf(data, 0)), ElementsAre("556 2 12"));
@@ -269,16 +268,16 @@ TEST(MemberEnd, AGussetHasTheOuterLineOfItsCells)
 {
     CSbdData data = WithMember("中間対傾構", "上下曲げ(1面摩擦)");
     AddRow(data, 562, {"自動計算(YES_NO)", "NO"});
-    AddRow(data, 562, {"C1", "C1", "G1", "G2", "要素両側", "上下", "9", "400", "80", "100", "10", "250", "220", "1", "1", "1",
-                       "150", "200"});
+    AddRow(data, 562,
+           {"C1", "C1", "G1", "G2", "要素両側", "上下", "9", "400", "80", "100", "10", "250", "220", "1", "1", "1",
+            "150", "200"});
     AddRow(data, 563, {"自動計算(YES_NO)", "NO"});
     AddRow(data, 563, {"C1", "C1", "G1", "G2", "要素両側", "上下", "M22(S10T)", "1", "2", "0", "45", "40", "80 85"});
     const BridgeDrawing left = EndOf(data, 0);
     EXPECT_THAT(Places(left), IsEmpty());
     const auto gussets = ShapesOf(left, DrawingLayer::Gusset);
     ASSERT_THAT(gussets, SizeIs(2));
-    EXPECT_EQ(gussets[0]->points,
-              (std::vector<DrawnPoint>{{0, 80}, {400, 80}, {400, -100}, {220, -250}, {0, -250}}));
+    EXPECT_EQ(gussets[0]->points, (std::vector<DrawnPoint>{{0, 80}, {400, 80}, {400, -100}, {220, -250}, {0, -250}}));
     EXPECT_NEAR(Height(*gussets[1]), 80 + 250, kNear);
     EXPECT_EQ(Bolts(left, -500, 500), (std::set<std::pair<double, double>>{{45, 40}, {45, -40}, {45, -125}}));
     EXPECT_EQ(ShapesOf(EndOf(data, 1), DrawingLayer::Gusset)[0]->points[1], (DrawnPoint{-400, 80}));
@@ -338,13 +337,18 @@ class MemberEndOfAnyCells : public RandomTest {};
 
 TEST_F(MemberEndOfAnyCells, StaysWithinItsBounds)
 {
-    const std::vector<std::string> words = {"C1", "G1", "G2", "S1", "S2", "要素両側", "要素左側", "上下", "上", "FLG", "UFLG",
-                                            "WEB", "仕口", "せん断", "上下曲げ(1面摩擦)", "W1", "C1", "全孔引き", "千鳥_外",
-                                            "千鳥_内", "4孔引き", "M22(S10T)", "M(", "80 80 80", "1e9 1e9", "0", "1", "2", "4",
-                                            "6", "60", "61", "40", "75", "0.001", "470", "1000000", "-90", "1e300", "nan", "",
-                                            "直角", "格点", "両", "I桁両側", "J1", "横桁"};
-    const std::vector<int> blocks = {341, 342, 343, 344, 523, 532, 533, 551, 552, 553, 554, 555,
-                                     556, 557, 558, 559, 560, 561, 562, 563, 573, 578};
+    const std::vector<std::string> words = {"C1",       "G1",        "G2",       "S1",       "S2",
+                                            "要素両側", "要素左側",  "上下",     "上",       "FLG",
+                                            "UFLG",     "WEB",       "仕口",     "せん断",   "上下曲げ(1面摩擦)",
+                                            "W1",       "C1",        "全孔引き", "千鳥_外",  "千鳥_内",
+                                            "4孔引き",  "M22(S10T)", "M(",       "80 80 80", "1e9 1e9",
+                                            "0",        "1",         "2",        "4",        "6",
+                                            "60",       "61",        "40",       "75",       "0.001",
+                                            "470",      "1000000",   "-90",      "1e300",    "nan",
+                                            "",         "直角",      "格点",     "両",       "I桁両側",
+                                            "J1",       "横桁"};
+    const std::vector<int> blocks = {341, 342, 343, 344, 523, 532, 533, 551, 552, 553, 554,
+                                     555, 556, 557, 558, 559, 560, 561, 562, 563, 573, 578};
     for (int i = 0; i < 400; ++i) {
         CSbdData data = i % 2 == 0 ? Bracketed() : Welded();
         AddRow(data, 321, {"J1", "I桁", "G1", "G2", "S1", "1", "CENTER", ""});
@@ -353,7 +357,8 @@ TEST_F(MemberEndOfAnyCells, StaysWithinItsBounds)
             for (std::size_t row = UpTo(2); row > 0; --row) {
                 std::vector<std::string> cells;
                 const bool isOfGirders = block < 500 || block >= 570;
-                for (const char* name : isOfGirders ? std::array{"G1", "G2", "J1", "J1"} : std::array{"C1", "C1", "G1", "G2"})
+                for (const char* name :
+                     isOfGirders ? std::array{"G1", "G2", "J1", "J1"} : std::array{"C1", "C1", "G1", "G2"})
                     cells.push_back(UpTo(9) == 0 ? words[UpTo(words.size() - 1)] : name);
                 while (cells.size() < 17)
                     cells.push_back(words[UpTo(words.size() - 1)]);

@@ -84,19 +84,26 @@ public:
 private:
     [[nodiscard]] const CSbdData& Data() const { return desk_.child->Doc().Data(); }
     [[nodiscard]] int UpTo(int last) { return int(random_() % unsigned(last + 1)); }
-    [[nodiscard]] bool HasGrid() const { return desk_.child->Panel() != nullptr && desk_.child->Panel()->Grid() != nullptr; }
+    [[nodiscard]] bool HasGrid() const
+    {
+        return desk_.child->Panel() != nullptr && desk_.child->Panel()->Grid() != nullptr;
+    }
 
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
     {
         done_ << QKeySequence(QKeyCombination(modifiers, key)).toString();
         Press(key, modifiers);
     }
-    template <class List> const auto& AnyOf(const List& list) { return list[std::size_t(UpTo(int(std::size(list)) - 1))]; }
+    template <class List>
+    const auto& AnyOf(const List& list)
+    {
+        return list[std::size_t(UpTo(int(std::size(list)) - 1))];
+    }
 
     void Enter()
     {
-        static const QString texts[] = {u"1"_s,   u"12.5"_s,  u"-3"_s, u"G1"_s,     u"C4"_s,      u"YES"_s,
-                                        u"NO"_s,  u"SM490Y"_s, u"abc"_s, u"1 2 3"_s, u"9999999"_s, u"-"_s};
+        static const QString texts[] = {u"1"_s,  u"12.5"_s,   u"-3"_s,  u"G1"_s,    u"C4"_s,      u"YES"_s,
+                                        u"NO"_s, u"SM490Y"_s, u"abc"_s, u"1 2 3"_s, u"9999999"_s, u"-"_s};
         const QString& text = AnyOf(texts);
         done_ << u'"' + text + u'"';
         Type(text);
@@ -123,8 +130,7 @@ private:
         static constexpr Qt::Key keys[] = {Qt::Key_Up,   Qt::Key_Down, Qt::Key_Left,   Qt::Key_Right,   Qt::Key_Down,
                                            Qt::Key_Home, Qt::Key_End,  Qt::Key_PageUp, Qt::Key_PageDown};
         static constexpr Qt::KeyboardModifiers with[] = {Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier,
-                                                         Qt::ControlModifier,
-                                                         Qt::ControlModifier | Qt::ShiftModifier};
+                                                         Qt::ControlModifier, Qt::ControlModifier | Qt::ShiftModifier};
         Key(AnyOf(keys), AnyOf(with));
     }
     void Edit()
@@ -275,9 +281,9 @@ private:
             return u"%1 steps taken back are not the beginning; strokes: "_s.arg(steps) + done_.join(u' ');
         while (doc.NextRedo() != nullptr)
             doc.Redo();
-        return WriteProject(Data()) == end ? QString()
-                                           : u"%1 steps made again are not the end; strokes: "_s.arg(steps)
-                                                 + done_.join(u' ');
+        return WriteProject(Data()) == end
+                   ? QString()
+                   : u"%1 steps made again are not the end; strokes: "_s.arg(steps) + done_.join(u' ');
     }
 
     std::mt19937 random_;

@@ -2,6 +2,7 @@
 #include "panels/row_filter.h"
 #include "sbdfile/writer.h"
 #include "tests/panels/panel_hands.h"
+#include "tests/surroundings.h"
 
 #include <QClipboard>
 
@@ -203,7 +204,7 @@ void RandomKeysTest::RowsOutOfSightStayAndTheSelectionIsAroundTheFocus()
         panel_.reset();
         const QString example = block == 324 || block == 325 ? u"box2"_s : u"plate4"_s;
         doc_ = std::make_unique<CKELDSectionDoc>();
-        QVERIFY(doc_->OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/%1/%1.sbd"_s.arg(example)).Ok());
+        QVERIFY(doc_->OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/%1/%1.sbd"_s.arg(example)).Ok());
         Open(block);
         Grid().SetFocusCell(2, 2);
     }
