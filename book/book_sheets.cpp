@@ -12,6 +12,8 @@ namespace {
 
 constexpr double kLeastWidth = 6; // characters
 constexpr double kMostWidth = 40;
+constexpr double kMostOptionWidth = 90; // an option's item is a sentence
+constexpr std::size_t kOptionColumns = 3;
 
 /// Characters of the usual font that the widest line of a text takes; a wide one counts two.
 double Characters(std::string_view utf8)
@@ -44,6 +46,7 @@ void AddBlock(CWorkbook& book, const BookBlock& block)
     CellLook fixed = framed; // automatic rows and heads that stand in the table
     fixed.fill = 0xF4F4F4;
     book.SetText(0, 0, block.name + (block.tag.empty() ? std::string() : "  [" + block.tag + "]"), bold);
+    const double most = columns == kOptionColumns ? kMostOptionWidth : kMostWidth;
     std::vector<double> widths(columns, kLeastWidth);
     for (std::uint16_t column = 0; column < columns; ++column) {
         book.SetText(headRow, column, block.columns[column].head, HeadLook());
@@ -53,13 +56,19 @@ void AddBlock(CWorkbook& book, const BookBlock& block)
         const std::vector<std::string>& cells = block.rows[row];
         const bool isFixed = row < block.headRows;
         for (std::uint16_t column = 0; column < cells.size(); ++column) {
-            book.SetValue(headRow + 1 + static_cast<std::uint32_t>(row), column, cells[column],
-                          isFixed ? fixed : framed);
-            widths[column] = std::max(widths[column], Characters(cells[column]));
+            CellLook look = isFixed ? fixed : framed;
+            look.centred = column == 0; // the row's number
+            const double characters = Characters(cells[column]);
+            const std::uint32_t at = headRow + 1 + static_cast<std::uint32_t>(row);
+            look.wrap = characters > most; // or it would end at the next cell
+            book.SetValue(at, column, cells[column], look);
+            if (look.wrap)
+                book.SetLines(at, static_cast<std::size_t>(characters / (most - 2)) + 1);
+            widths[column] = std::max(widths[column], characters);
         }
     }
     for (std::uint16_t column = 0; column < columns; ++column)
-        book.SetWidth(column, std::min(widths[column] + 1, kMostWidth));
+        book.SetWidth(column, std::min(widths[column] + 1, most));
     book.Freeze(headRow + 1, static_cast<std::uint16_t>(block.nameColumns));
     book.SetLandscape();
 }
@@ -112,6 +121,7 @@ std::optional<FileResult> WriteBookSheets(const std::filesystem::path& path, con
     }
     book.SetWidth(0, 16);
     book.SetWidth(1, 60);
+    book.SetPortrait();
     if (progress && !progress(count, count))
         return std::nullopt;
     return book.Save(path);

@@ -139,6 +139,7 @@ enum class Command {
     // Documents, pages, version
     Search,
     Shortcuts,
+    FirstBridge,
     GirderDocument,
     CrossDocument,
     FemDocument,

@@ -150,6 +150,7 @@ inline constexpr CommandRow kRows[] = {
     // Documents, pages, version
     {Command::Search, 49990, "999.KELD_検索_Q_&_A", "F1", "", ""},
     {Command::Shortcuts, 0, "キー操作の一覧(&K)", "", "F1 を続けて 2 回押しても表示", "", Nothing},
+    {Command::FirstBridge, 0, "はじめての橋(&F)", "", "何もないところから最初の計算まで、絵を見ながら進む", "", Nothing},
     {Command::GirderDocument, 33168, "300＆４00　主桁自動設計・製図", "", "", "", Nothing, None, KeyScope::Window, Outside},
     {Command::CrossDocument, 33169, "500　横桁・対傾構・下横構の設計", "", "", "", Nothing, None, KeyScope::Window, Outside},
     {Command::FemDocument, 33175, "600　FEMモデル自動作成", "", "", "", Nothing, None, KeyScope::Window, Outside},

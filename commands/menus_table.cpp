@@ -36,7 +36,7 @@ constexpr MenuItem kSettings[] = {English, Japanese, EnglishAndJapanese, kSepara
                                   Decimals, Font, kSeparator, ResetDisplay};
 constexpr MenuItem kWindow[] = {NextPane, PreviousPane, kSeparator, NextWindow, PreviousWindow, CascadeWindows,
                                 TileWindows, kSeparator, TabbedWindows, HelpBeside, KeepSession, kSeparator, MenuFill::Windows};
-constexpr MenuItem kHelp[] = {Search, Shortcuts, kSeparator, GirderDocument, CrossDocument, FemDocument, StringerDocument,
+constexpr MenuItem kHelp[] = {Search, Shortcuts, FirstBridge, kSeparator, GirderDocument, CrossDocument, FemDocument, StringerDocument,
                               SupportDocument, QuantityDocument, kSeparator, HomePage, SecondHomePage, kSeparator,
                               About};
 

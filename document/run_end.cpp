@@ -73,6 +73,14 @@ QString RunEndText(const RunEnd& end)
     }
 }
 
+bool TellsOfAWholeRun(const QString& line)
+{
+    const auto tellsOf = [&line](RunEndKind kind) {
+        return line.contains(u": "_s + RunEndText({kind}).section(u'　', 0, 0));
+    };
+    return tellsOf(RunEndKind::Report) || tellsOf(RunEndKind::NoReport);
+}
+
 QString RunEndWord(RunEndKind kind)
 {
     return std::ranges::find(kEnds, kind, &EndRow::kind)->word;

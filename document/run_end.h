@@ -27,6 +27,9 @@ struct RunEnd {
 /// "異常終了 (シグナル 11: SIGSEGV)", as a line of a list.
 [[nodiscard]] QString RunEndText(const RunEnd& end);
 
+/// True for a line that tells of a run (LastRunText) which went to its end by itself, with a report or without.
+[[nodiscard]] bool TellsOfAWholeRun(const QString& line);
+
 /// The word of an end in a record, and back; Unknown for a word that is none.
 [[nodiscard]] QString RunEndWord(RunEndKind kind);
 [[nodiscard]] RunEndKind RunEndOfWord(const QString& word);

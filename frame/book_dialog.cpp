@@ -1,5 +1,6 @@
 #include "frame/book_dialog.h"
 
+#include "frame/dialog_parts.h"
 #include "frame/difference_dialog.h"
 
 #include <QCheckBox>
@@ -41,11 +42,9 @@ CBookDialog::CBookDialog(const BookSource& source, QWidget* parent)
     setObjectName(u"book"_s);
     setWindowTitle(u"入力データの帳票"_s);
     resize(kSize);
-    auto* intro = new QLabel(
-        u"「%1」の入力データを、表紙と目次を付けて書き出します。保存していない入力も含まれます。"_s.arg(source.project),
-        this);
-    intro->setTextFormat(Qt::PlainText);
-    intro->setWordWrap(true);
+    QLabel* intro =
+        PlainText(u"「%1」の入力データを、表紙と目次を付けて書き出します。保存していない入力も含まれます。"_s.arg(
+            source.project));
     filled_->setChecked(true);
     blocks_->setAccessibleName(u"ブロック"_s);
     for (const int block : source.filled) {
@@ -61,15 +60,11 @@ CBookDialog::CBookDialog(const BookSource& source, QWidget* parent)
         since_->addItem(KeptInputName(source.kept[i]), i);
     changed_->setEnabled(since_->count() > 0);
 
-    auto* buttons = new QDialogButtonBox(this);
-    QPushButton* pdf = buttons->addButton(u"PDF に書き出す(&P)..."_s, QDialogButtonBox::AcceptRole);
-    QPushButton* sheets = buttons->addButton(u"表計算ファイルに書き出す(&X)..."_s, QDialogButtonBox::AcceptRole);
-    buttons->addButton(u"キャンセル"_s, QDialogButtonBox::RejectRole);
-    writes_ = {pdf, sheets};
-    pdf->setDefault(true);
-    connect(pdf, &QPushButton::clicked, this, [this] { Finish(BookChoice::Kind::Pdf); });
-    connect(sheets, &QPushButton::clicked, this, [this] { Finish(BookChoice::Kind::Sheets); });
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    const DialogButtons buttons =
+        MakeDialogButtons(*this, {u"PDF に書き出す(&P)..."_s, u"表計算ファイルに書き出す(&X)..."_s});
+    writes_ = buttons.accept;
+    connect(writes_[0], &QPushButton::clicked, this, [this] { Finish(BookChoice::Kind::Pdf); });
+    connect(writes_[1], &QPushButton::clicked, this, [this] { Finish(BookChoice::Kind::Sheets); });
     for (QRadioButton* button : {filled_, chosen_, changed_})
         connect(button, &QRadioButton::toggled, this, &CBookDialog::UpdateState);
     connect(blocks_, &QListWidget::itemChanged, this, &CBookDialog::UpdateState);
@@ -83,7 +78,7 @@ CBookDialog::CBookDialog(const BookSource& source, QWidget* parent)
     layout->addWidget(since_);
     layout->addWidget(sketches_);
     layout->addWidget(landscape_);
-    layout->addWidget(buttons);
+    layout->addWidget(buttons.box);
     UpdateState();
 }
 

@@ -1,11 +1,11 @@
 #include "frame/compare_dialog.h"
 
 #include "frame/book_dialog.h"
+#include "frame/dialog_parts.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -28,10 +28,8 @@ CCompareDialog::CCompareDialog(const CompareSource& source, QWidget* parent)
     setObjectName(u"compare"_s);
     setWindowTitle(u"物件の比較"_s);
     resize(kSize);
-    auto* intro =
-        new QLabel(u"画面の「%1」を何と比べますか。比べるだけでは、何も変わりません。"_s.arg(source.project), this);
-    intro->setTextFormat(Qt::PlainText);
-    intro->setWordWrap(true);
+    QLabel* intro =
+        PlainText(u"画面の「%1」を何と比べますか。比べるだけでは、何も変わりません。"_s.arg(source.project));
     list_->setAccessibleName(u"比べる相手"_s);
     list_->addItem(u"別の物件のファイル..."_s);
     if (hasFile_)
@@ -39,16 +37,11 @@ CCompareDialog::CCompareDialog(const CompareSource& source, QWidget* parent)
     for (const KeptInput& input : source.kept)
         list_->addItem(u"保管した入力  "_s + KeptInputName(input));
     list_->setCurrentRow(0);
-    auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(u"比べる(&C)"_s, QDialogButtonBox::AcceptRole)->setDefault(true);
-    buttons->addButton(u"キャンセル"_s, QDialogButtonBox::RejectRole);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(list_, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(intro);
     layout->addWidget(list_, 1);
-    layout->addWidget(buttons);
+    layout->addWidget(MakeDialogButtons(*this, {u"比べる(&C)"_s}).box);
     list_->setFocus();
 }
 

@@ -2,6 +2,7 @@
 
 #include "compare/take_back.h"
 #include "document/section_doc.h"
+#include "frame/dialog_parts.h"
 #include "project/catalogue.h"
 
 #include <QDialogButtonBox>
@@ -33,6 +34,21 @@ QString SideText(const Difference& difference, bool before)
     if (difference.kind == DifferenceKind::RowRemoved && !before)
         return u"(行なし)"_s;
     return toQString(before ? difference.before : difference.after);
+}
+
+/// What a narrow column shows of a text: two long ones that begin alike, from a little ahead of where they differ.
+QString ShownSideText(const Difference& difference, bool before)
+{
+    constexpr qsizetype fits = 16; // characters
+    constexpr qsizetype ahead = 4;
+    const QString text = SideText(difference, before);
+    const QString other = SideText(difference, !before);
+    const auto differ = std::mismatch(text.cbegin(), text.cend(), other.cbegin(), other.cend());
+    qsizetype from = differ.first - text.cbegin() - ahead;
+    if (from + ahead < fits - ahead || text.size() <= fits)
+        return text;
+    from -= from > 0 && text[from].isLowSurrogate() ? 1 : 0;
+    return u'…' + text.mid(from);
 }
 
 QString RowText(const Difference& difference)
@@ -109,7 +125,10 @@ QVariant CDifferenceModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return {};
-    return Text(view_.differences[static_cast<std::size_t>(index.row())], index.column());
+    const Difference& difference = view_.differences[static_cast<std::size_t>(index.row())];
+    if (role == Qt::DisplayRole && (index.column() == kBefore || index.column() == kAfter))
+        return ShownSideText(difference, index.column() == kBefore);
+    return Text(difference, index.column());
 }
 
 QVariant CDifferenceModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -128,9 +147,7 @@ CDifferenceDialog::CDifferenceDialog(DifferenceView view, QWidget* parent)
     setObjectName(u"differences"_s);
     setWindowTitle(view_.title);
     resize(kSize);
-    auto* intro = new QLabel(view_.intro + u"\n違い: "_s + CountText(view_.differences), this);
-    intro->setTextFormat(Qt::PlainText);
-    intro->setWordWrap(true);
+    QLabel* intro = PlainText(view_.intro + u"\n違い: "_s + CountText(view_.differences));
     list_->setModel(new CDifferenceModel(view_, this));
     list_->setSelectionBehavior(QAbstractItemView::SelectRows);
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);

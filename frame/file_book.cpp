@@ -114,7 +114,7 @@ void CFileCommands::WriteBook(CChildFrame& child)
     const BookProgress step = [&](int done, int of) {
         progress.setMaximum(std::max(of, 1));
         progress.setValue(std::min(done, of - 1)); // shows it when it takes its time, and takes the cancel
-        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        QApplication::processEvents();             // the button's too, where the value is the same as before
         return !progress.wasCanceled();
     };
     QString written = u"%1 ブロック"_s.arg(blocks.size());
@@ -124,6 +124,8 @@ void CFileCommands::WriteBook(CChildFrame& child)
         if (const std::optional<BookReport> report = WriteBookPdf(file, data, blocks, facts, look, step)) {
             result = report->result;
             written += u"、%1 ページ"_s.arg(report->pages);
+            if (!report->bookmarks)
+                written += u"、しおりと目次のリンクは付けられませんでした"_s;
         }
     } else {
         result = WriteBookSheets(ToPath(file), data, blocks, facts, step);

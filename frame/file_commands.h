@@ -50,6 +50,9 @@ public:
     /// The same without a box: `trouble` says why it cannot be opened.
     CChildFrame* OpenQuietly(const QString& path, QString& trouble);
 
+    /// Where dialogs for files start.
+    [[nodiscard]] QString Folder() const;
+
     /// Saves to the project's own file, or asks for one. False if it is not saved; the user has been told why.
     bool Save(CChildFrame& child);
     bool SaveAs(CChildFrame& child);
@@ -94,7 +97,6 @@ private:
     [[nodiscard]] NewDocumentPrompts NewPrompts();
     [[nodiscard]] RunProject ProjectOf(CChildFrame& child);
     [[nodiscard]] CChildFrame* FindOpen(const QString& path) const;
-    [[nodiscard]] QString Folder() const;
     [[nodiscard]] QString FreeTitle(const QString& title) const;
     [[nodiscard]] QString AskSaveName(CChildFrame& child);
     bool SaveTo(CChildFrame& child, const QString& path);

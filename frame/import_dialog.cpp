@@ -1,6 +1,7 @@
 #include "frame/import_dialog.h"
 
 #include "document/section_doc.h"
+#include "frame/dialog_parts.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -62,7 +63,7 @@ CImportDialog::CImportDialog(const ImportView& view, QWidget* parent)
     , append_(new QRadioButton(tr("末尾 %1 行目から追加する(&A)").arg(view.appendRow)))
     , replace_(new QRadioButton(tr("カーソルのある %1 行目から上書きする(&R)").arg(view.focusRow)))
     , rows_(new QTableWidget)
-    , told_(new QLabel)
+    , told_(PlainText(QString()))
     , soon_(new QTimer(this))
 {
     setObjectName(u"import"_s);
@@ -77,8 +78,7 @@ CImportDialog::CImportDialog(const ImportView& view, QWidget* parent)
     separators_->setCurrentIndex(separators_->findData(int(GuessSeparator(view.text))));
     append_->setChecked(true);
 
-    auto* file = new QLabel(tr("ファイル: %1").arg(view.file));
-    file->setTextFormat(Qt::PlainText);
+    QLabel* file = PlainText(tr("ファイル: %1").arg(view.file));
     auto* code = new QLabel(tr("文字コード(&C):"));
     code->setBuddy(codes_);
     auto* separator = new QLabel(tr("区切り(&S):"));
@@ -97,16 +97,10 @@ CImportDialog::CImportDialog(const ImportView& view, QWidget* parent)
     rows_->setSelectionMode(QAbstractItemView::NoSelection);
     rows_->setTabKeyNavigation(false);
     rows_->setWordWrap(false);
-    told_->setTextFormat(Qt::PlainText);
-    told_->setWordWrap(true);
     told_->setAccessibleName(tr("取り込みの結果"));
 
-    auto* buttons = new QDialogButtonBox;
-    import_ = buttons->addButton(tr("取り込む(&I)"), QDialogButtonBox::AcceptRole);
-    buttons->addButton(tr("キャンセル"), QDialogButtonBox::RejectRole);
-    import_->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    const DialogButtons buttons = MakeDialogButtons(*this, {tr("取り込む(&I)")});
+    import_ = buttons.accept.constFirst();
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(file);
@@ -114,7 +108,7 @@ CImportDialog::CImportDialog(const ImportView& view, QWidget* parent)
     layout->addLayout(place);
     layout->addWidget(rows_, 1);
     layout->addWidget(told_);
-    layout->addWidget(buttons);
+    layout->addWidget(buttons.box);
 
     soon_->setSingleShot(true);
     soon_->setInterval(kDelay);

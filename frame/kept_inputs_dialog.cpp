@@ -1,5 +1,7 @@
 #include "frame/kept_inputs_dialog.h"
 
+#include "frame/dialog_parts.h"
+
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileInfo>
@@ -34,14 +36,11 @@ CKeptInputsDialog::CKeptInputsDialog(KeptInputsView view, QWidget* parent)
     setWindowTitle(u"解析前の入力"_s);
     resize(kSize);
     const KeptLimits limits;
-    auto* intro = new QLabel(u"「%1」を解析などの前に保管した入力です。プロジェクトごとに新しい順に %2 個まで、"
-                             u"全体で %3 MB まで残ります。\n保管場所: %4"_s.arg(view_.project)
-                                 .arg(limits.inputs)
-                                 .arg(limits.bytes / (1024 * 1024))
-                                 .arg(QDir::toNativeSeparators(KeptFolder())),
-                             this);
-    intro->setTextFormat(Qt::PlainText);
-    intro->setWordWrap(true);
+    QLabel* intro = PlainText(u"「%1」を解析などの前に保管した入力です。プロジェクトごとに新しい順に %2 個まで、"
+                              u"全体で %3 MB まで残ります。\n保管場所: %4"_s.arg(view_.project)
+                                  .arg(limits.inputs)
+                                  .arg(limits.bytes / (1024 * 1024))
+                                  .arg(QDir::toNativeSeparators(KeptFolder())));
     intro->setTextInteractionFlags(Qt::TextSelectableByMouse);
     list_->setColumnCount(4);
     list_->setHeaderLabels({u"時刻"_s, u"実行の種類"_s, u"終わり方"_s, u"大きさ"_s});

@@ -154,6 +154,7 @@ private:
     void GoTo(const GoTarget& target);
     void EndEditBehindLine();
     void ShowShortcuts();
+    void ShowGuide();
     void KeepSessionPlaces() const;
     void SetTreeView();
     void SetTabbed(bool tabbed);
@@ -198,6 +199,7 @@ private:
     QLabel* engineLabel_ = nullptr;
     CGoLine* goLine_ = nullptr;   // made when it is first wanted
     QPointer<QWidget> shortcuts_; // the sheet, while it is open
+    QPointer<QWidget> guide_;     // while it is open
     QElapsedTimer sinceSearchKey_;
     QList<QMetaObject::Connection> docConnections_;
 };

@@ -1,8 +1,10 @@
 // How the top window leads to places: the line over it, the way back, the session of last time, what the cell takes.
+#include "document/run_end.h"
 #include "document/section_doc.h"
 #include "frame/child_frame.h"
 #include "frame/command_actions.h"
 #include "frame/go_line_box.h"
+#include "frame/guide_window.h"
 #include "frame/main_frame.h"
 #include "frame/settings.h"
 #include "frame/shortcut_sheet.h"
@@ -39,6 +41,7 @@ void CMainFrame::AddPlaceHandlers()
     OnChild(Command::Back, [](CChildFrame& child) { child.GoBack(); });
     OnChild(Command::Forward, [](CChildFrame& child) { child.GoBack(true); });
     handlers_[Command::Shortcuts] = [this] { ShowShortcuts(); };
+    handlers_[Command::FirstBridge] = [this] { ShowGuide(); };
     handlers_[Command::Search] = [this, search = handlers_[Command::Search]] {
         const CChildFrame* child = CurrentChild(); // in the line already: nothing else was done in between
         const bool inLine = child != nullptr && child->CurrentPlace() == SearchPlace{kSearchBlock, 1, 1};
@@ -65,6 +68,16 @@ void CMainFrame::ShowShortcuts()
     shortcuts_->show();
     shortcuts_->raise();
     shortcuts_->activateWindow();
+}
+
+void CMainFrame::ShowGuide()
+{
+    if (guide_ == nullptr)
+        guide_ =
+            MakeGuideWindow(this, [this](QWidget* parent) { return prompts_.chooseFolder(parent, files_->Folder()); });
+    guide_->show();
+    guide_->raise();
+    guide_->activateWindow();
 }
 
 // --- the line ----------------------------------------------------------------------------------------
@@ -204,11 +217,12 @@ void CMainFrame::ShowIndicators()
     savedLabel_->setFont(font);
     const bool runs = files_->Runner().IsRunning();
     show(engineLabel_,
-         runs                    ? tr("計算中")
-         : doc.lastRun.isEmpty() ? tr("計算 未実行")
-                                 : tr("計算 済み"),
+         runs                            ? tr("計算中")
+         : doc.lastRun.isEmpty()         ? tr("計算 未実行")
+         : TellsOfAWholeRun(doc.lastRun) ? tr("計算 済み")
+                                         : tr("計算 未完了"),
          runs                    ? tr("計算プログラムが動いています。")
-         : doc.lastRun.isEmpty() ? tr("この物件を開いてから、計算は実行していません。")
+         : doc.lastRun.isEmpty() ? tr("この物件の計算の記録はありません。")
                                  : doc.lastRun);
 }
 

@@ -115,6 +115,14 @@ QString SaveReportName(QWidget* parent, const QString& proposal, const QStringLi
     return RunDialog(dialog, u"書き出す(&S)"_s);
 }
 
+QString ChooseFolder(QWidget* parent, const QString& folder)
+{
+    QFileDialog dialog(parent, u"フォルダーの選択"_s, folder);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return RunDialog(dialog, u"選択(&O)"_s);
+}
+
 std::optional<BookChoice> ChooseBook(QWidget* parent, const BookSource& source)
 {
     CBookDialog dialog(source, parent);
@@ -264,6 +272,7 @@ Prompts ScreenPrompts()
     prompts.askYesNo = [](QWidget* parent, const QString& text) { return AskYesNo(parent, text); };
     prompts.chooseStart = ChooseStart;
     prompts.openNewProjectFile = OpenNewProjectFile;
+    prompts.chooseFolder = ChooseFolder;
     prompts.showBoxWebs = ShowBoxWebSheet;
     prompts.askRecovery = AskRecovery;
     prompts.askChangedFile = AskChangedFile;
@@ -298,6 +307,7 @@ Prompts SilentPrompts(std::function<void(const QString& text)> told)
     prompts.askYesNo = [](QWidget*, const QString&) { return false; };
     prompts.chooseStart = [](QWidget*) { return StartChoice(); };
     prompts.openNewProjectFile = [](QWidget*, const QString&, const QStringList&) { return QString(); };
+    prompts.chooseFolder = [](QWidget*, const QString&) { return QString(); };
     prompts.showBoxWebs = [](QWidget*, BoxWebNames&) { return false; };
     prompts.askRecovery = [](QWidget*, const RecoveryQuestion&) { return RecoveryAnswer::Later; };
     prompts.askChangedFile = [](QWidget*, const QString&) { return ChangedFileAnswer::Cancel; };

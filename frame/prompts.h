@@ -71,6 +71,8 @@ struct Prompts {
     std::function<StartChoice(QWidget* parent)> chooseStart;
     /// File that a new project begins with; the dialog starts in `folder`.
     std::function<QString(QWidget* parent, const QString& folder, const QStringList& filters)> openNewProjectFile;
+    /// Folder for the files that the guide practises with; the dialog starts in `folder`.
+    std::function<QString(QWidget* parent, const QString& folder)> chooseFolder;
     /// The sheet of the web names of box girders.
     std::function<bool(QWidget* parent, BoxWebNames& names)> showBoxWebs;
     std::function<RecoveryAnswer(QWidget* parent, const RecoveryQuestion& question)> askRecovery;

@@ -183,8 +183,10 @@ void CResultSheetsDialog::SavePdf()
                         progress);
     });
     if (cancelled)
-        return; // the file, if there is one, is as it was
-    const FileResult result = ReplaceFileBytes(ToPath(path), {pdf.constData(), static_cast<std::size_t>(pdf.size())});
+        return;        // the file, if there is one, is as it was
+    FileResult result; // nothing takes no file's place
+    if (!pdf.isEmpty())
+        result = ReplaceFileBytes(ToPath(path), {pdf.constData(), static_cast<std::size_t>(pdf.size())});
     if (pdf.isEmpty() || !result.Ok())
         warn(this, u"図を保存できませんでした。%1\n元のファイルがあれば、そのまま残っています。\n"
                    u"保存先の空きと権限を確かめるか、別の場所に保存してください。\n\n(詳細: %2)"_s.arg(

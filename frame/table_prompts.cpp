@@ -1,5 +1,6 @@
 #include "frame/table_prompts.h"
 
+#include "frame/dialog_parts.h"
 #include "frame/import_dialog.h"
 
 #include <QCheckBox>
@@ -29,7 +30,7 @@ std::optional<ExportPlan> ChooseExport(QWidget* parent, const QString& block)
     dialog.setObjectName(u"export"_s);
     dialog.setWindowTitle(u"表の書き出し"_s);
     auto* name = new QLabel(block);
-    name->setTextFormat(Qt::PlainText);
+    name->setTextFormat(Qt::PlainText); // in one line: the dialog is as wide as it
     auto* heads = new QCheckBox(u"1 行目に見出しを書く(&H)"_s);
     auto* fixed = new QCheckBox(u"自動計算などの設定の行も書く(&F)"_s);
     auto* codes = new QComboBox;
@@ -41,18 +42,13 @@ std::optional<ExportPlan> ChooseExport(QWidget* parent, const QString& block)
     auto* line = new QHBoxLayout;
     line->addWidget(code);
     line->addWidget(codes, 1);
-    auto* buttons = new QDialogButtonBox;
-    buttons->addButton(u"書き出す(&W)..."_s, QDialogButtonBox::AcceptRole)->setDefault(true);
-    buttons->addButton(u"キャンセル"_s, QDialogButtonBox::RejectRole);
-    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
-    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     auto* layout = new QVBoxLayout(&dialog);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(name);
     layout->addWidget(heads);
     layout->addWidget(fixed);
     layout->addLayout(line);
-    layout->addWidget(buttons);
+    layout->addWidget(MakeDialogButtons(dialog, {u"書き出す(&W)..."_s}).box);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
     return ExportPlan{heads->isChecked(), fixed->isChecked(),

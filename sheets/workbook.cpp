@@ -4,6 +4,7 @@
 #include "sheets/work_folder.h"
 #include "sheets/zip_parts.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <clocale>
 #include <map>
@@ -24,6 +25,8 @@ namespace {
 
 constexpr std::size_t kLongestName = 31;    // characters of a sheet's name
 constexpr std::size_t kLongestText = 32767; // UTF-16 units of a cell
+constexpr double kLineHeight = 15;          // points, of the usual font
+constexpr double kHighestRow = 409;         // that spreadsheets take
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
 /// Bytes of the UTF-8 character at `pos`; 0 if none begins there.
@@ -205,8 +208,9 @@ struct CWorkbook::Inside {
     lxw_worksheet* sheet = nullptr;
     std::set<std::string> names; // folded
     std::map<CellLook, lxw_format*> looks;
-    std::size_t current = 0;                              // sheet
-    std::vector<std::unordered_set<std::uint64_t>> cells; // of each sheet, those that hold something
+    std::size_t current = 0;                                            // sheet
+    std::vector<std::unordered_set<std::uint64_t>> cells;               // of each sheet, those that hold something
+    std::map<std::pair<std::size_t, std::uint32_t>, std::size_t> lines; // of the rows that have more than one
 
     [[nodiscard]] lxw_format* LookOf(const CellLook& look)
     {
@@ -292,7 +296,11 @@ void CWorkbook::SetText(std::uint32_t row, std::uint16_t column, std::string_vie
     const std::string clean = CleanText(text, kLongestText);
     if (!clean.empty())
         inside_->Count(row, column, worksheet_write_string(inside_->sheet, row, column, clean.c_str(), format));
-    else if (format != nullptr)
+    if (look.wrap)
+        SetLines(row, static_cast<std::size_t>(std::ranges::count(clean, '\n')) + 1);
+    if (!clean.empty())
+        return;
+    if (format != nullptr)
         inside_->Count(row, column, worksheet_write_blank(inside_->sheet, row, column, format));
 }
 
@@ -335,9 +343,24 @@ void CWorkbook::Freeze(std::uint32_t rows, std::uint16_t columns)
         worksheet_repeat_rows(inside_->sheet, 0, rows - 1);
 }
 
+void CWorkbook::SetLines(std::uint32_t row, std::size_t lines)
+{
+    std::size_t& highest = inside_->lines.try_emplace({inside_->current, row}, 1).first->second;
+    if (lines <= highest)
+        return;
+    highest = lines;
+    worksheet_set_row(inside_->sheet, row, std::min(kLineHeight * static_cast<double>(lines), kHighestRow), nullptr);
+}
+
 void CWorkbook::SetLandscape()
 {
     worksheet_set_landscape(inside_->sheet);
+    worksheet_fit_to_pages(inside_->sheet, 1, 0);
+}
+
+void CWorkbook::SetPortrait()
+{
+    worksheet_set_portrait(inside_->sheet);
     worksheet_fit_to_pages(inside_->sheet, 1, 0);
 }
 

@@ -64,8 +64,12 @@ public:
     void SetWidth(std::uint16_t column, double characters);
     /// So many rows and columns stay while the rest is rolled; the rows stand at the head of each printed page too.
     void Freeze(std::uint32_t rows, std::uint16_t columns);
-    /// Printed on A4 lying, all columns on a page.
+    /// Height of a row in lines of the usual font, if it is not higher already. What is set in a look that wraps makes its
+    /// row as high as the lines that it is written in; not every spreadsheet finds that by itself.
+    void SetLines(std::uint32_t row, std::size_t lines);
+    /// Printed on A4 lying, or upright, all columns on a page.
     void SetLandscape();
+    void SetPortrait();
 
     /// Writes the file as a whole or not at all; once. What was written is read again before it takes its place.
     [[nodiscard]] FileResult Save(const std::filesystem::path& path);

@@ -4,8 +4,8 @@
 #include "book/book_sheets.h"
 #include "book/input_book.h"
 #include "sbdfile/project_file.h"
+#include "upperview/book_page.h"
 
-#include <QFont>
 #include <QString>
 
 #include <optional>
@@ -15,17 +15,11 @@ namespace sbd {
 
 class CSbdData;
 
-/// What the book shows beside its blocks, and how.
-struct BookLook {
-    QString fontFamily;     ///< empty: the usual Japanese one
-    bool sketches = false;  ///< with the sketches of each block's help page
-    bool landscape = false; ///< A4 lying
-};
-
 /// What a written book has.
 struct BookReport {
     FileResult result;
     int pages = 0;
+    bool bookmarks = true; ///< false: the PDF is of a form that they could not be added to
 };
 
 /// Cover, contents with links, each block as a table with heads, broken by rows and by columns; bookmarks. Wide tables

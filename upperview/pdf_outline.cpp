@@ -1,5 +1,7 @@
 #include "upperview/pdf_outline.h"
 
+#include "upperview/pdf_file.h"
+
 #include <QByteArray>
 #include <QIODevice>
 #include <QList>
@@ -12,30 +14,9 @@ namespace sbd {
 
 namespace {
 
-constexpr qint64 kTail = 1024;               // in which the place of the table of objects stands
-constexpr qint64 kLongestObject = 4'000'000; // a page tree of 100,000 pages
-constexpr qint64 kMostObjects = 5'000'000;
-
-/// The number behind a word ("/Size 33"), or nothing.
-std::optional<qint64> NumberBehind(const QByteArray& text, const char* word)
-{
-    const qsizetype at = text.indexOf(word);
-    if (at < 0)
-        return std::nullopt;
-    qsizetype from = at + qsizetype(qstrlen(word));
-    while (from < text.size() && (text[from] == ' ' || text[from] == '\n'))
-        ++from;
-    qsizetype to = from;
-    while (to < text.size() && text[to] >= '0' && text[to] <= '9')
-        ++to;
-    bool isNumber = false;
-    const qint64 number = text.mid(from, to - from).toLongLong(&isNumber);
-    return isNumber ? std::optional(number) : std::nullopt;
-}
-
 QByteArray Reference(qint64 object)
 {
-    return QByteArray::number(object) + " 0 R";
+    return PdfReference{object, 0}.Text();
 }
 
 QByteArray Number(double value)
@@ -52,107 +33,10 @@ QByteArray TextString(const QString& text)
     return hex + '>';
 }
 
-/// What of a file has to be known: where its objects are, and its pages.
-class PdfFile {
-public:
-    explicit PdfFile(QIODevice& pdf) : pdf_(pdf) {}
-
-    [[nodiscard]] bool Read()
-    {
-        const qint64 tailAt = std::max<qint64>(0, pdf_.size() - kTail);
-        const QByteArray tail = BytesAt(tailAt, kTail);
-        const std::optional<qint64> table =
-            NumberBehind(tail.mid(std::max<qsizetype>(0, tail.lastIndexOf("startxref"))), "startxref");
-        if (!tail.trimmed().endsWith("%%EOF") || !table)
-            return false;
-        table_ = *table;
-        const QByteArray behind = BytesAt(table_, pdf_.size() - table_);
-        const qsizetype trailerAt = behind.lastIndexOf("trailer");
-        if (!behind.startsWith("xref") || trailerAt < 0)
-            return false;
-        const QByteArray trailer = behind.mid(trailerAt);
-        const std::optional<qint64> size = NumberBehind(trailer, "/Size");
-        const std::optional<qint64> root = NumberBehind(trailer, "/Root");
-        const std::optional<qint64> info = NumberBehind(trailer, "/Info");
-        // One section from 0 on, lines of 20 bytes.
-        const qsizetype lines = behind.indexOf('\n', behind.indexOf('\n') + 1) + 1;
-        if (!size || !root || !info || *size < 1 || *size > kMostObjects || lines < 1 || trailerAt < lines + *size * 20)
-            return false;
-        size_ = *size;
-        root_ = *root;
-        info_ = *info;
-        for (qint64 i = 0; i < size_; ++i)
-            places_.append(behind.mid(lines + i * 20, 10).toLongLong());
-        return ReadPages();
-    }
-
-    /// The text of an object between "obj" and "endobj"; empty if there is none.
-    [[nodiscard]] QByteArray Object(qint64 number)
-    {
-        if (number < 1 || number >= size_)
-            return {};
-        const QByteArray head = QByteArray::number(number) + " 0 obj";
-        for (qint64 most = 4096; most <= kLongestObject; most *= 8) {
-            const QByteArray bytes = BytesAt(places_[number], most);
-            if (!bytes.startsWith(head))
-                return {};
-            if (const qsizetype end = bytes.indexOf("endobj"); end >= 0)
-                return bytes.mid(head.size(), end - head.size()).trimmed();
-        }
-        return {};
-    }
-
-    [[nodiscard]] const QList<qint64>& Pages() const { return pages_; }
-    [[nodiscard]] qint64 Size() const { return size_; }
-    [[nodiscard]] qint64 Root() const { return root_; }
-    [[nodiscard]] qint64 Info() const { return info_; }
-    [[nodiscard]] qint64 Table() const { return table_; }
-
-    /// Height of a page in points.
-    [[nodiscard]] double HeightOf(int page)
-    {
-        const QByteArray object = Object(pages_[page]);
-        const qsizetype box = object.indexOf("/MediaBox [");
-        const qsizetype end = object.indexOf(']', box);
-        return box < 0 || end < 0 ? 0
-                                  : object.mid(box + 11, end - box - 11).simplified().split(' ').value(3).toDouble();
-    }
-
-private:
-    [[nodiscard]] QByteArray BytesAt(qint64 place, qint64 count)
-    {
-        return place >= 0 && pdf_.seek(place) ? pdf_.read(count) : QByteArray();
-    }
-
-    [[nodiscard]] bool ReadPages()
-    {
-        const std::optional<qint64> tree = NumberBehind(Object(root_), "/Pages");
-        const QByteArray list = tree ? Object(*tree) : QByteArray();
-        const std::optional<qint64> count = NumberBehind(list, "/Count");
-        const qsizetype from = list.indexOf('[', list.indexOf("/Kids"));
-        const qsizetype to = list.indexOf(']', from);
-        if (!count || from < 0 || to < 0)
-            return false;
-        const QList<QByteArray> words = list.mid(from + 1, to - from - 1).simplified().split(' ');
-        for (qsizetype i = 0; i + 2 < words.size(); i += 3)
-            pages_.append(words[i].toLongLong());
-        return pages_.size() == *count
-               && std::ranges::all_of(pages_, [this](qint64 page) { return page > 0 && page < size_; });
-    }
-
-    QIODevice& pdf_;
-    qint64 table_ = 0;
-    qint64 size_ = 0;
-    qint64 root_ = 0;
-    qint64 info_ = 0;
-    QList<qint64> places_;
-    QList<qint64> pages_;
-};
-
 /// Where a line leads: the page as wide as the viewer has it.
-QByteArray Destination(PdfFile& file, int page, double fromTop)
+QByteArray Destination(const PdfPage& page, double fromTop)
 {
-    return "[" + Reference(file.Pages()[page]) + " /XYZ null " + Number(file.HeightOf(page) - fromTop) + " null]";
+    return "[" + page.object.Text() + " /XYZ null " + Number(page.box.bottom() - fromTop) + " null]"; // y is upward
 }
 
 /// One line's place among the others; -1: none.
@@ -192,9 +76,9 @@ std::vector<Family> FamiliesOf(const std::vector<PdfBookmark>& bookmarks)
 }
 
 /// The objects of the list: its root, then one a line.
-QList<QByteArray> OutlineObjects(PdfFile& file, const std::vector<PdfBookmark>& bookmarks)
+QList<QByteArray> OutlineObjects(const CPdfFile& file, const std::vector<PdfBookmark>& bookmarks)
 {
-    const qint64 root = file.Size();
+    const qint64 root = file.FreeNumber();
     const std::vector<Family> families = FamiliesOf(bookmarks);
     const auto reference = [root](qsizetype line) { return Reference(root + 1 + line); };
     qsizetype lastOfAll = 0;
@@ -219,79 +103,122 @@ QList<QByteArray> OutlineObjects(PdfFile& file, const std::vector<PdfBookmark>& 
                 object += other.first + reference(other.second);
         if (family.children > 0)
             object += " /Count -" + QByteArray::number(family.children); // folded
-        objects.append(object + " /Dest " + Destination(file, bookmarks[i].page, bookmarks[i].fromTop) + " >>");
+        objects.append(object + " /Dest " + Destination(file.Pages()[bookmarks[i].page], bookmarks[i].fromTop) + " >>");
     }
     return objects;
 }
 
-/// The lists of links of the pages, in the place of those that Qt has left empty; nothing if a page has none.
-bool AddLinks(PdfFile& file, const std::vector<PdfLink>& links, std::map<qint64, QByteArray>& changed)
+/// Objects that are written anew, or for the first time.
+struct NewObject {
+    qint64 generation = 0;
+    QByteArray text;
+};
+using NewObjects = std::map<qint64, NewObject>;
+
+/// One link as it stands in a page's list.
+QByteArray LinkText(const CPdfFile& file, const PdfLink& link)
 {
-    for (const PdfLink& link : links) {
-        const std::optional<qint64> list = NumberBehind(file.Object(file.Pages()[link.page]), "/Annots");
-        if (!list)
+    const QRectF& box = file.Pages()[link.page].box;
+    return "<< /Type /Annot /Subtype /Link /Border [0 0 0] /Rect [" + Number(box.left() + link.place.left()) + ' '
+           + Number(box.bottom() - link.place.bottom()) + ' ' + Number(box.left() + link.place.right()) + ' '
+           + Number(box.bottom() - link.place.top()) + "] /Dest " + Destination(file.Pages()[link.target], link.fromTop)
+           + " >>";
+}
+
+/// The links behind those that a page has already: in its list where that is an object, else in the page. False if what
+/// stands there is no list.
+bool AddLinks(CPdfFile& file, const std::vector<PdfLink>& links, NewObjects& changed)
+{
+    std::map<int, QByteArray> added; // by page
+    for (const PdfLink& link : links)
+        added[link.page] += LinkText(file, link) + '\n';
+    for (const auto& of : added) {
+        const PdfReference object = file.Pages()[of.first].object;
+        std::optional<CPdfDictionary> page = CPdfDictionary::Read(file.Object(object));
+        if (!page)
             return false;
-        const double height = file.HeightOf(link.page);
-        changed[*list] += "<< /Type /Annot /Subtype /Link /Border [0 0 0] /Rect [" + Number(link.place.left()) + ' '
-                          + Number(height - link.place.bottom()) + ' ' + Number(link.place.right()) + ' '
-                          + Number(height - link.place.top()) + "] /Dest "
-                          + Destination(file, link.target, link.fromTop) + " >>\n";
+        const QByteArray value = page->Value("/Annots");
+        const std::optional<PdfReference> elsewhere = ReadPdfReference(value);
+        const QByteArray before = elsewhere ? file.Object(*elsewhere) : value.isEmpty() ? QByteArray("[]") : value;
+        const std::optional<QList<QByteArray>> there = ReadPdfArray(before);
+        if (!there || (elsewhere && changed.contains(elsewhere->number))) // which another page has too
+            return false;
+        const QByteArray list = "[\n" + (there->isEmpty() ? QByteArray() : there->join('\n') + '\n') + of.second + ']';
+        if (elsewhere) {
+            changed[elsewhere->number] = {elsewhere->generation, list};
+        } else {
+            page->Set("/Annots", list);
+            changed[object.number] = {object.generation, page->Text()};
+        }
     }
-    for (auto& list : changed)
-        list.second = "[\n" + list.second + ']';
     return true;
 }
 
-} // namespace
-
-bool AppendPdfOutline(QIODevice& pdf, const std::vector<PdfBookmark>& bookmarks, const std::vector<PdfLink>& links)
+/// What goes behind a file: the objects, the table of them, its dictionary.
+QByteArray UpdateOf(const CPdfFile& file, qint64 start, const NewObjects& changed)
 {
-    PdfFile file(pdf);
-    if (!file.Read())
-        return false;
-    const auto pages = static_cast<int>(file.Pages().size());
-    const auto isPage = [pages](int page) { return page >= 0 && page < pages; };
+    QByteArray update = "\n";
+    QByteArray table = "xref\n";
+    for (const auto& object : changed) {
+        const qint64 place = start + update.size();
+        const QByteArray generation = QByteArray::number(object.second.generation);
+        table += QByteArray::number(object.first) + " 1\n" + QByteArray::number(place).rightJustified(10, '0') + ' '
+                 + generation.rightJustified(5, '0') + " n \n";
+        update += QByteArray::number(object.first) + ' ' + generation + " obj\n" + object.second.text + "\nendobj\n";
+    }
+    CPdfDictionary trailer = file.Trailer();
+    trailer.Set("/Size", QByteArray::number(std::max(file.FreeNumber(), changed.rbegin()->first + 1)));
+    trailer.Set("/Prev", QByteArray::number(file.Table()));
+    const qint64 tablePlace = start + update.size();
+    return update + table + "trailer\n" + trailer.Text() + "\nstartxref\n" + QByteArray::number(tablePlace)
+           + "\n%%EOF\n";
+}
+
+bool ArePages(const CPdfFile& file, const std::vector<PdfBookmark>& bookmarks, const std::vector<PdfLink>& links)
+{
+    const auto isPage = [&file](int page) { return page >= 0 && page < file.Pages().size(); };
     int level = -1;
     for (const PdfBookmark& bookmark : bookmarks) {
         if (!isPage(bookmark.page) || bookmark.level < 0 || bookmark.level > level + 1)
             return false;
         level = bookmark.level;
     }
-    if (!std::ranges::all_of(links, [&](const PdfLink& link) { return isPage(link.page) && isPage(link.target); }))
-        return false;
+    return std::ranges::all_of(links, [&](const PdfLink& link) { return isPage(link.page) && isPage(link.target); });
+}
 
-    std::map<qint64, QByteArray> changed; // objects by their numbers
+} // namespace
+
+PdfOutlineResult AppendPdfOutline(QIODevice& pdf, const std::vector<PdfBookmark>& bookmarks,
+                                  const std::vector<PdfLink>& links)
+{
+    CPdfFile file(pdf);
+    if (file.GetState() == CPdfFile::State::NotWhole)
+        return PdfOutlineResult::NotWhole;
+    if (file.GetState() != CPdfFile::State::Read)
+        return PdfOutlineResult::UnknownForm;
+    if (!ArePages(file, bookmarks, links))
+        return PdfOutlineResult::NoSuchPage;
+
+    NewObjects changed;
     if (!AddLinks(file, links, changed))
-        return false;
+        return PdfOutlineResult::UnknownForm;
     if (!bookmarks.empty()) {
-        QByteArray catalogue = file.Object(file.Root());
-        const qsizetype end = catalogue.lastIndexOf(">>");
-        if (end < 0)
-            return false;
-        catalogue.insert(end, "/Outlines " + Reference(file.Size()) + "\n/PageMode /UseOutlines\n");
-        changed[file.Root()] = catalogue;
+        const std::optional<PdfReference> root = file.Trailer().Reference("/Root");
+        std::optional<CPdfDictionary> catalogue = root ? CPdfDictionary::Read(file.Object(*root)) : std::nullopt;
+        if (!catalogue || !catalogue->Value("/Outlines").isEmpty())
+            return PdfOutlineResult::UnknownForm;
+        catalogue->Set("/Outlines", Reference(file.FreeNumber()));
+        catalogue->Set("/PageMode", "/UseOutlines");
+        changed[root->number] = {root->generation, catalogue->Text()};
         const QList<QByteArray> lines = OutlineObjects(file, bookmarks);
         for (qsizetype i = 0; i < lines.size(); ++i)
-            changed[file.Size() + i] = lines[i];
+            changed[file.FreeNumber() + i] = {0, lines[i]};
     }
     if (changed.empty())
-        return true;
-
-    const qint64 start = pdf.size();
-    QByteArray update = "\n";
-    QByteArray table = "xref\n";
-    for (const auto& object : changed) {
-        const qint64 place = start + update.size();
-        table += QByteArray::number(object.first) + " 1\n" + QByteArray::number(place).rightJustified(10, '0')
-                 + " 00000 n \n";
-        update += QByteArray::number(object.first) + " 0 obj\n" + object.second + "\nendobj\n";
-    }
-    const qint64 size = std::max(file.Size(), changed.rbegin()->first + 1);
-    const qint64 tablePlace = start + update.size();
-    update += table + "trailer\n<<\n/Size " + QByteArray::number(size) + "\n/Info " + Reference(file.Info())
-              + "\n/Root " + Reference(file.Root()) + "\n/Prev " + QByteArray::number(file.Table())
-              + "\n>>\nstartxref\n" + QByteArray::number(tablePlace) + "\n%%EOF\n";
-    return pdf.seek(start) && pdf.write(update) == update.size();
+        return PdfOutlineResult::Appended;
+    const QByteArray update = UpdateOf(file, pdf.size(), changed);
+    return pdf.seek(pdf.size()) && pdf.write(update) == update.size() ? PdfOutlineResult::Appended
+                                                                      : PdfOutlineResult::NotWritten;
 }
 
 } // namespace sbd

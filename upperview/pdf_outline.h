@@ -26,10 +26,17 @@ struct PdfLink {
     double fromTop = 0;
 };
 
-/// Appends them to a whole PDF of QPdfWriter, as an update behind what stands there. `pdf` is open for reading and
-/// writing. False, and nothing appended, if it is not as QPdfWriter writes it (cut off by a full disk, for instance), a
-/// page does not exist, or it cannot be written to.
-[[nodiscard]] bool AppendPdfOutline(QIODevice& pdf, const std::vector<PdfBookmark>& bookmarks,
-                                    const std::vector<PdfLink>& links = {});
+enum class PdfOutlineResult {
+    Appended,
+    NotWhole,    ///< the file's end is missing: it was cut off, by a full disk for instance
+    UnknownForm, ///< it is a form of PDF that is not known here
+    NoSuchPage,  ///< a bookmark or a link leads to no page, or a level is left out
+    NotWritten,  ///< the device does not take it; part of it may stand behind the file
+};
+
+/// Appends them to a whole PDF, as an update behind what stands there. `pdf` is open for reading and writing. Unless they
+/// are appended, or cannot be written, it stays as it is.
+[[nodiscard]] PdfOutlineResult AppendPdfOutline(QIODevice& pdf, const std::vector<PdfBookmark>& bookmarks,
+                                                const std::vector<PdfLink>& links = {});
 
 } // namespace sbd

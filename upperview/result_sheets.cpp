@@ -122,7 +122,8 @@ QByteArray SheetsPdf(const QPageLayout& layout, const AnalysisResults& results, 
         if (!PaintSheets(writer, results, sheets, font, state, progress))
             return {};
     }
-    return AppendPdfOutline(buffer, bookmarks) ? buffer.data() : QByteArray();
+    (void)AppendPdfOutline(buffer, bookmarks); // where it cannot be done, the sheets are without
+    return buffer.data();
 }
 
 } // namespace sbd

@@ -158,6 +158,31 @@ TEST_F(InputBook, TheSpreadsheetHasASheetABlockWithNumbersThatAreNumbers)
     EXPECT_THAT(parts["xl/worksheets/sheet1.xml"], HasSubstr("<hyperlink ")) << "contents do not lead to the sheets";
 }
 
+TEST_F(InputBook, NoTextOfASheetEndsAtTheNextCell)
+{
+    CSbdData data = Plate4();
+    data.Table(313)->columns[8].Set(1, std::string(100, 'x'));
+    ASSERT_TRUE(WriteBookSheets(At("a.xlsx"), data, {301, 313}, {})->Ok());
+    auto parts = Parts(At("a.xlsx"));
+    const auto widthOf = [&](const std::string& sheet, const std::string& column) {
+        const std::string& text = parts["xl/worksheets/" + sheet];
+        const std::size_t at = text.find("<col min=\"" + column + "\"");
+        const std::size_t width = text.find("width=\"", at);
+        return at == std::string::npos ? 0 : std::atof(text.c_str() + width + 7);
+    };
+    const BookBlock options = MakeBookBlock(data, 301);
+    std::size_t longest = 0; // an item of Japanese and Latin characters; two bytes each is less than it takes
+    for (const auto& row : options.rows)
+        longest = std::max(longest, Cp932(row[1]).size());
+    EXPECT_GT(longest, 60U);
+    EXPECT_GT(widthOf("sheet2.xml", "2"), double(longest)) << "the items of 301 are cut";
+    const std::string& table = parts["xl/worksheets/sheet3.xml"];
+    EXPECT_THAT(table, HasSubstr("r=\"2\" spans=\"1:10\" ht=\"30\"")) << "heads of two lines are cut";
+    EXPECT_THAT(table, HasSubstr("ht=\"45\"")) << "a long text does not go on in the next line";
+    EXPECT_THAT(parts["xl/worksheets/sheet1.xml"], HasSubstr("fitToHeight=\"0\""))
+        << "the contents fill sheets side by side";
+}
+
 TEST_F(InputBook, GivingUpWritesNoFile)
 {
     const CSbdData data = Plate4();

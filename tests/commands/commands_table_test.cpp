@@ -134,7 +134,7 @@ TEST(Menus, KeepTheNumbersThatAreKnownElsewhere)
     EXPECT_THAT(Numbers(MenuId::Settings),
                 ElementsAre(32764, 32763, 32762, 0, 32769, 0, 32770, 32771, 32965, 0, 32966));
     EXPECT_THAT(Numbers(MenuId::Help),
-                ElementsAre(49990, 0, 0, 33168, 33169, 33175, 33171, 33173, 33174, 0, 32766, 32767, 0, 57664));
+                ElementsAre(49990, 0, 0, 0, 33168, 33169, 33175, 33171, 33173, 33174, 0, 32766, 32767, 0, 57664));
 }
 
 TEST(ToolBar, StandsInItsOrder)

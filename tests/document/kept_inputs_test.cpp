@@ -92,6 +92,7 @@ void KeptInputsTest::howTheLastRunHasEndedIsKnownLater()
 {
     const QTemporaryDir folder;
     QCOMPARE(LastRunText(kProject, folder.path()), QString());
+    QVERIFY(!TellsOfAWholeRun({}));
     const QString first = Keep(folder.path(), "a");
     QVERIFY(LastRunText(kProject, folder.path()).endsWith(u": 終了を確認できていません"_s));
     SetKeptEnd(first, {RunEndKind::ExitCode, 7});
@@ -100,6 +101,13 @@ void KeptInputsTest::howTheLastRunHasEndedIsKnownLater()
     const KeptInput kept = KeptInputsOf(kProject, folder.path()).at(0);
     QVERIFY(kept.endTime.isValid() && kept.endTime >= kept.time);
     QVERIFY(line.contains(kept.endTime.toString(u"yyyy/MM/dd HH:mm:ss"_s)));
+    for (const RunEndKind kind : {RunEndKind::Unknown, RunEndKind::Report, RunEndKind::NoReport, RunEndKind::ExitCode,
+                                  RunEndKind::Fault, RunEndKind::Cancelled, RunEndKind::NotStarted, RunEndKind::Held}) {
+        SetKeptEnd(first, {kind, 7, 1, 2});
+        QCOMPARE(TellsOfAWholeRun(LastRunText(kProject, folder.path())),
+                 kind == RunEndKind::Report || kind == RunEndKind::NoReport);
+    }
+    SetKeptEnd(first, {RunEndKind::ExitCode, 7});
     // What is kept for another reason is no run.
     for (const KeptKind kind : {KeptKind::Unsaved, KeptKind::Replaced, KeptKind::Overwritten})
         QVERIFY(!KeepInput(kProject, "b", kind, folder.path()).isEmpty());

@@ -29,6 +29,7 @@ struct Answers {
     std::optional<BookChoice> book;
     std::optional<CompareChoice> comparison;
     QString reportFile;
+    QString practicePlace;
 
     QString proposal;    ///< name the save dialog began with
     QStringList filters; ///< of the dialog for a new project's file
@@ -61,6 +62,7 @@ struct Answers {
             filters = offered;
             return newProjectFile;
         };
+        prompts.chooseFolder = [this](QWidget*, const QString&) { return practicePlace; };
         prompts.showBoxWebs = [this](QWidget*, BoxWebNames& names) { return boxWebs(names); };
         prompts.askRecovery = [this](QWidget*, const RecoveryQuestion& question) {
             asked.append(question.text);

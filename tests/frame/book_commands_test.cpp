@@ -60,6 +60,7 @@ private slots:
     void theSavedFileIsCompared();
     void theListIsWrittenAsTextAndAsSheets();
     void theButtonsOfTheListTakeCellRowAndBlock();
+    void longTextsAreShownFromWhereTheyDiffer();
 };
 
 void BookCommandsTest::theBookIsWrittenWithWhatIsNotSavedYet()
@@ -285,6 +286,32 @@ void BookCommandsTest::theButtonsOfTheListTakeCellRowAndBlock()
         ButtonOf(dialog, button.first)->click();
         QCOMPARE(taken.size(), button.second);
     }
+}
+
+void BookCommandsTest::longTextsAreShownFromWhereTheyDiffer()
+{
+    const auto difference = [](const char* before, const char* after) {
+        Difference one;
+        one.block = 301;
+        one.before = fromQString(QString::fromUtf8(before)).value();
+        one.after = fromQString(QString::fromUtf8(after)).value();
+        return one;
+    };
+    DifferenceView view;
+    view.differences = {difference("3径間連続非合成鈑桁橋 4主桁 格子解析", "3径間連続非合成鈑桁橋 4主桁 別案"),
+                        difference("130", "150"), difference("短い", "3径間連続非合成鈑桁橋 4主桁 格子解析"),
+                        difference("3径間連続非合成鈑桁橋 4主桁", "3径間連続非合成鈑桁橋 4主桁 格子解析")};
+    const CDifferenceModel model(view);
+    const auto shown = [&model](int row) {
+        return model.index(row, CDifferenceModel::kBefore).data().toString() + u'|'
+               + model.index(row, CDifferenceModel::kAfter).data().toString();
+    };
+    QCOMPARE(shown(0), u"…4主桁 格子解析|…4主桁 別案"_s);
+    QCOMPARE(shown(1), u"130|150"_s);
+    QCOMPARE(shown(2), u"短い|3径間連続非合成鈑桁橋 4主桁 格子解析"_s);
+    QCOMPARE(shown(3), u"3径間連続非合成鈑桁橋 4主桁|… 4主桁 格子解析"_s);
+    QCOMPARE(model.index(0, CDifferenceModel::kBefore).data(Qt::ToolTipRole).toString(),
+             u"3径間連続非合成鈑桁橋 4主桁 格子解析"_s);
 }
 
 QTEST_MAIN(BookCommandsTest)

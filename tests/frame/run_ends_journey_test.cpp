@@ -7,9 +7,11 @@
 #include "upperview/chk_view.h"
 #include "upperview/up_view.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTimer>
 
 #include <algorithm>
@@ -195,6 +197,10 @@ void RunEndsJourneyTest::anEngineThatIsNotThereIsTold()
     QVERIFY(desk.told[0].contains(u"解析できません．"_s));
     QVERIFY2(desk.PageLine().contains(u"起動できませんでした"_s), qPrintable(desk.PageLine()));
     QVERIFY(KeptInputsOf(desk.path).isEmpty());
+    QStringList status;
+    for (const QLabel* label : desk.frame.statusBar()->findChildren<QLabel*>())
+        status << label->text();
+    QVERIFY2(status.contains(u"計算 未完了"_s), qPrintable(status.join(u'|')));
 }
 
 void RunEndsJourneyTest::aHeldFileIsToldAndReadWhenItIsFree()

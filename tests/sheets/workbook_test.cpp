@@ -107,6 +107,31 @@ TEST(Workbook, HeadsStayAndLinksLeadToTheirSheet)
     EXPECT_EQ(contents, "目次");
 }
 
+TEST(Workbook, RowsAreAsHighAsTheLinesInThem)
+{
+    const Folder folder;
+    CWorkbook book;
+    book.AddSheet("a");
+    book.SetText(0, 0, "幅1\n(mm)", HeadLook());
+    book.SetText(0, 1, "材質", HeadLook()); // does not make it lower again
+    book.SetText(1, 0, "x\ny");             // as a spreadsheet shows it: in one line
+    book.SetText(2, 0, "z");
+    book.SetLines(2, 3);
+    book.SetLines(3, 1000);
+    book.AddSheet("b");
+    book.SetText(0, 0, "材質", HeadLook());
+    book.SetPortrait();
+    ASSERT_TRUE(book.Save(folder / u8"a.xlsx").Ok());
+    auto parts = PartsOf(folder / u8"a.xlsx");
+    const std::string& sheet = parts["xl/worksheets/sheet1.xml"];
+    EXPECT_THAT(sheet, HasSubstr(R"(<row r="1" spans="1:2" ht="30" customHeight="1">)")) << "heads are cut";
+    EXPECT_THAT(sheet, HasSubstr(R"(<row r="2" spans="1:2">)"));
+    EXPECT_THAT(sheet, HasSubstr(R"(<row r="3" spans="1:2" ht="45" customHeight="1">)"));
+    EXPECT_THAT(sheet, HasSubstr("ht=\"409\"")) << "no spreadsheet has higher rows";
+    EXPECT_THAT(parts["xl/worksheets/sheet2.xml"], Not(HasSubstr("customHeight")));
+    EXPECT_THAT(parts["xl/worksheets/sheet2.xml"], HasSubstr("fitToHeight=\"0\""));
+}
+
 TEST(Workbook, NamesOfSheetsAreWhatSpreadsheetsTake)
 {
     CWorkbook book;
