@@ -29,16 +29,16 @@ constexpr QSize kSize(1240, 860); // px; a picture is seen as large as it is
 constexpr int kMargin = 16;
 
 /// The page; pictures that are wider than the window are made smaller, not larger.
-class CGuidePage : public QTextBrowser {
+class GuidePage : public QTextBrowser {
 public:
-    explicit CGuidePage(QWidget* parent) : QTextBrowser(parent)
+    explicit GuidePage(QWidget* parent) : QTextBrowser(parent)
     {
         setAccessibleName(FirstBridge().title);
         setOpenExternalLinks(false);
         document()->setDocumentMargin(kMargin);
         setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // no page that changes its width by being laid out
         soon_.setSingleShot(true);
-        QObject::connect(&soon_, &QTimer::timeout, this, &CGuidePage::ShowPage);
+        QObject::connect(&soon_, &QTimer::timeout, this, &GuidePage::ShowPage);
         ShowPage();
     }
 
@@ -97,7 +97,7 @@ QWidget* MakeGuideWindow(QWidget* owner, std::function<QString(QWidget*)> choose
     practice->setAutoDefault(false); // Enter is for the page
     QLabel* told = PlainText(QString());
     told->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    auto* page = new CGuidePage(dialog);
+    auto* page = new GuidePage(dialog);
     auto* head = new QHBoxLayout;
     head->addWidget(practice);
     head->addWidget(told, 1);

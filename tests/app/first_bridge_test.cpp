@@ -3,6 +3,7 @@
 #include "app/fonts.h"
 #include "document/kept_inputs.h"
 #include "guide_hand.h"
+#include "tests/surroundings.h"
 
 #include <QScrollBar>
 #include <QTextBrowser>
@@ -111,7 +112,7 @@ void FirstBridgeTest::itsStepsAreTrue()
     qInfo("%d keys and clicks, some %.1f minutes", hand.Strokes(), minutes);
     QVERIFY(minutes < 15);
 
-    const QByteArray expected = Bytes(QStringLiteral(TEST_DATA_DIR) + u"/first_bridge/expected.sbd"_s);
+    const QByteArray expected = Bytes(QString::fromUtf8(test::TestDataFolder()) + u"/first_bridge/expected.sbd"_s);
     const QList<QByteArray> lines = project.split('\n');
     const QList<QByteArray> wanted = expected.split('\n');
     for (qsizetype i = 0; i < std::min(lines.size(), wanted.size()); ++i)
@@ -175,7 +176,7 @@ void FirstBridgeTest::thePageOfTheDocsIsTheGuide()
         QCOMPARE(file.write(page), page.size());
         return;
     }
-    QVERIFY2(Bytes(QStringLiteral(EXAMPLES_DIR) + u"/../docs/first-bridge.md"_s) == page,
+    QVERIFY2(Bytes(QString::fromUtf8(test::ExamplesFolder()) + u"/../docs/first-bridge.md"_s) == page,
              "docs/first-bridge.md is not what the guide says: scripts/guide-pictures.sh");
 }
 
@@ -240,7 +241,7 @@ void FirstBridgeTest::filesToPractiseWithGoBesideThoseThatAreThere()
     const QString place = QFileInfo(folder.Path(u"x"_s)).path();
     const QString first = MakePracticeFolder(place);
     QCOMPARE(QFileInfo(first).fileName(), u"はじめての橋"_s);
-    const QString example = QStringLiteral(EXAMPLES_DIR) + u"/plate4/"_s;
+    const QString example = QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/"_s;
     for (const QString& name : {u"plate4.abd"_s, u"plate4_計算結果/plate4.Z3F"_s}) {
         QCOMPARE(Bytes(first + u'/' + name), Bytes(example + name));
         QVERIFY(QFileInfo(first + u'/' + name).isWritable());

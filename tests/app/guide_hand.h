@@ -33,6 +33,7 @@
 #include "guide_eyes.h"
 #include "panels/panel.h"
 #include "tests/frame/answers.h"
+#include "tests/surroundings.h"
 #include "upperview/chk_view.h"
 #include "upperview/drawing_pane.h"
 #include "upperview/figure_pane.h"
@@ -591,7 +592,7 @@ private:
 
     Outcome Engine(const QString& what)
     {
-        user_.engines = QStringLiteral(ENGINE_FOLDER);
+        user_.engines = QString::fromUtf8(test::EngineFolder());
         QFile file(QDir(practice_).filePath(u"plate4.engine"_s));
         const std::optional<std::string> line = fromQString(what);
         if (!line || !file.open(QFile::WriteOnly))
