@@ -3,6 +3,7 @@
 #include "document/path.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
+#include "sbdfile/output_file.h"
 #include "sheets/workbook.h"
 #include "upperview/draw_painter.h"
 #include "upperview/page/draw_recorder.h"
@@ -681,7 +682,7 @@ std::optional<BookReport> WriteBookPdf(const QString& path, const CSbdData& data
     }
     const QByteArray bytes = file.readAll();
     report.result =
-        ReplaceFileBytes(ToPath(path), std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+        WriteOutputFile(ToPath(path), std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
     return report;
 }
 
