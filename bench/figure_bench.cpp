@@ -23,6 +23,8 @@ constexpr QSize kSize(900, 500);
 
 ShortestTimes bareTimes;
 ShortestTimes figureTimes;
+ShortestTimes turnedBareTimes;
+ShortestTimes turnedFigureTimes;
 
 FigureScreen Screen()
 {
@@ -80,6 +82,14 @@ FigureView FromAbove()
     return view;
 }
 
+/// No line lies along the pixels.
+FigureView Turned()
+{
+    FigureView view;
+    ApplyViewCommand(view, Command::ViewAll);
+    return view;
+}
+
 QImage Sheet()
 {
     QImage sheet(kSize, QImage::Format_RGB32);
@@ -88,9 +98,9 @@ QImage Sheet()
 }
 
 /// The members as pixels, ready to be drawn.
-std::vector<QLine> Lines(const AnalysisResults& results)
+std::vector<QLine> Lines(const AnalysisResults& results, const FigureView& view)
 {
-    const CModelProjection projection(FigurePlaces(results), {0, 0, 1});
+    const CModelProjection projection(FigurePlaces(results), view.viewDirection);
     const ModelScale scale = FitModel(projection.Bounds(), Screen(), kFitZoom, {});
     const auto at = [&](std::int32_t node) {
         const FigurePoint point = ScreenOf(node, projection, scale);
@@ -102,10 +112,10 @@ std::vector<QLine> Lines(const AnalysisResults& results)
     return lines;
 }
 
-void BM_BareLines(benchmark::State& state)
+void PaintBare(benchmark::State& state, const FigureView& view, ShortestTimes& times)
 {
-    const std::vector<QLine> lines = Lines(Bridge());
-    Measure(state, bareTimes, [&] {
+    const std::vector<QLine> lines = Lines(Bridge(), view);
+    Measure(state, times, [&] {
         QImage sheet = Sheet();
         QPainter painter(&sheet);
         painter.setPen(QPen(Qt::blue, 2));
@@ -114,25 +124,47 @@ void BM_BareLines(benchmark::State& state)
     });
 }
 
-void BM_ModelFigure(benchmark::State& state)
+void PaintFigure(benchmark::State& state, FigureView view, ShortestTimes& times, const ShortestTimes& bare)
 {
     const AnalysisResults results = Bridge();
     const CSbdData data = WithLateralBracing(state.range(0));
     const FigureLook look;
-    FigureView view = FromAbove();
-    Measure(state, figureTimes, [&] {
+    Measure(state, times, [&] {
         QImage sheet = Sheet();
         QPainter painter(&sheet);
         DrawModelFigure(painter, Screen(), results, data, {573, 7}, look, view);
         return sheet;
     });
-    state.counters["times_bare"] = figureTimes.Of(state.range(0)) / bareTimes.Of(0);
-    state.counters["times_without"] = figureTimes.Of(state.range(0)) / figureTimes.Of(0);
+    state.counters["times_bare"] = times.Of(state.range(0)) / bare.Of(0);
+    state.counters["times_without"] = times.Of(state.range(0)) / times.Of(0);
+}
+
+void BM_BareLines(benchmark::State& state)
+{
+    PaintBare(state, FromAbove(), bareTimes);
+}
+
+void BM_ModelFigure(benchmark::State& state)
+{
+    PaintFigure(state, FromAbove(), figureTimes, bareTimes);
+}
+
+void BM_BareLinesTurned(benchmark::State& state)
+{
+    PaintBare(state, Turned(), turnedBareTimes);
+}
+
+void BM_ModelFigureTurned(benchmark::State& state)
+{
+    PaintFigure(state, Turned(), turnedFigureTimes, turnedBareTimes);
 }
 
 // The baseline first: the ratio is taken from the times measured so far.
 BENCHMARK(BM_BareLines)->ArgName("lateral")->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ModelFigure)->ArgName("lateral")->Arg(0)->Arg(2000)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+BENCHMARK(BM_BareLinesTurned)->ArgName("lateral")->Arg(0)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ModelFigureTurned)->ArgName("lateral")->Arg(0)->Arg(2000)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 

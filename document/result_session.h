@@ -13,6 +13,16 @@ namespace sbd {
 
 class CKELDSectionDoc;
 
+/// A point of a diagram, or a node, that was clicked in the figure. Texts are CP932.
+struct PickedPoint {
+    std::string name = {}; ///< of the row of the table
+    std::size_t component = 0;
+    bool rightEnd = false;  ///< of the member
+    bool isLeast = false;   ///< in the diagram of the smallest values of an envelope
+    bool isOver = false;    ///< in the diagram that is laid over the first one
+    std::string words = {}; ///< what, where, how much; in lines
+};
+
 /// The document's copy of the selection in the panel of block 253. It lives as long as the document; the panel writes
 /// it, the figure reads it.
 class CResultSession : public QObject {
@@ -36,11 +46,7 @@ public:
     void Mark(std::string name);
 
     /// Says that a member or node was clicked in the figure.
-    /// `isLeast`: in the diagram of the smallest values of an envelope.
-    void Pick(const std::string& name, std::size_t component, bool rightEnd, bool isLeast = false)
-    {
-        emit picked(name, component, rightEnd, isLeast);
-    }
+    void Pick(const PickedPoint& point) { emit picked(point); }
 
     /// Asks for sheets of several figures: whoever can make them, does.
     void AskForSheets() { emit sheetsWanted(); }
@@ -53,7 +59,7 @@ signals:
     void figureChanged();
     void stateChanged();
     void markChanged();
-    void picked(const std::string& name, std::size_t component, bool rightEnd, bool isLeast);
+    void picked(const PickedPoint& point);
     void sheetsWanted();
 
 private:

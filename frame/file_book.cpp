@@ -10,6 +10,7 @@
 #include "frame/notice_bar.h"
 #include "frame/run_notices.h"
 #include "project/sbd_data.h"
+#include "sbdfile/output_file.h"
 #include "upperview/book_paper.h"
 
 #include <QApplication>
@@ -206,7 +207,7 @@ void CFileCommands::SaveDifferences(CChildFrame& child, const QString& name, con
     const ReportSides sides{Utf8(ProjectName(child)), Utf8(name), "画面",
                             Utf8(QDateTime::currentDateTime().toString(u"yyyy/MM/dd HH:mm"_s))};
     const FileResult result = file.endsWith(u".txt"_s, Qt::CaseInsensitive)
-                                  ? ReplaceFileBytes(ToPath(file), DifferenceReport(sides, differences))
+                                  ? WriteOutputFile(ToPath(file), DifferenceReport(sides, differences))
                                   : WriteDifferenceSheets(ToPath(file), sides, differences);
     if (!result.Ok())
         Warn(NotWritten(file, result));

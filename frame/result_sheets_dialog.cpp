@@ -4,10 +4,11 @@
 #include "document/path.h"
 #include "document/result_session.h"
 #include "document/section_doc.h"
+#include "panels/output_progress.h"
 #include "panels/print_name.h"
 #include "project/text.h"
 #include "results/result_title.h"
-#include "sbdfile/project_file.h"
+#include "sbdfile/output_file.h"
 #include "upperview/display_look.h"
 #include "upperview/result_sheets.h"
 
@@ -21,7 +22,6 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -44,6 +44,16 @@ std::string GirderOnShow(const AnalysisModel& model, const ResultSelection& sele
 {
     const bool isThere = std::ranges::find(model.girderNames, selection.girder) != model.girderNames.end();
     return isThere || model.girderNames.empty() ? selection.girder : model.girderNames.front();
+}
+
+/// What each figure has laid over it, in a line of its own; empty: nothing.
+QString OverText(const ResultSelection& selection)
+{
+    QStringList parts;
+    for (const std::string& part : {ShownLoad(selection.overLoad), selection.overGirder})
+        if (!selection.envelope && !part.empty())
+            parts << toQString(part);
+    return parts.isEmpty() ? QString() : u"\n重ね描き: "_s + parts.join(u'　');
 }
 
 } // namespace
@@ -72,7 +82,8 @@ CResultSheetsDialog::CResultSheetsDialog(CKELDSectionDoc* doc, QWidget* parent)
     oneGirder_ = new QRadioButton(u"表示中の主桁 %1 だけ(&O)"_s.arg(toQString(GirderOnShow(model, selection))));
     allGirders_->setChecked(true);
 
-    auto* what = new QLabel(toQString(selection.envelope ? ShortTableTitle(selection) : ShownLoad(selection.load)));
+    auto* what = new QLabel(toQString(selection.envelope ? ShortTableTitle(selection) : ShownLoad(selection.load))
+                            + OverText(selection));
     what->setTextFormat(Qt::PlainText);
     what->setWordWrap(true);
     auto* items = new QGroupBox(u"1枚に上から並べる図"_s);
@@ -155,19 +166,12 @@ QPageLayout CResultSheetsDialog::Layout() const
 template <typename Work>
 bool CResultSheetsDialog::WithProgress(const Work& work)
 {
-    constexpr int patience = 1000; // ms
-    QProgressDialog dialog(u"図を作成しています..."_s, u"中止"_s, 0, 1, this);
-    dialog.setObjectName(u"sheetProgress"_s);
-    dialog.setWindowModality(Qt::WindowModal);
-    dialog.setMinimumDuration(patience);
-    bool cancelled = false;
-    work([&](int done, int all) {
-        dialog.setMaximum(all);
-        dialog.setValue(done); // lets events in, the button's among them
-        cancelled = cancelled || dialog.wasCanceled() || (isCancelled && isCancelled(done));
-        return !cancelled;
+    COutputProgress progress(this, u"図を作成しています..."_s,
+                             [this](std::size_t done) { return isCancelled && isCancelled(static_cast<int>(done)); });
+    work([&progress](int done, int all) {
+        return progress(static_cast<std::size_t>(done), static_cast<std::size_t>(all));
     });
-    return cancelled;
+    return progress.IsCancelled();
 }
 
 void CResultSheetsDialog::SavePdf()
@@ -186,7 +190,7 @@ void CResultSheetsDialog::SavePdf()
         return;        // the file, if there is one, is as it was
     FileResult result; // nothing takes no file's place
     if (!pdf.isEmpty())
-        result = ReplaceFileBytes(ToPath(path), {pdf.constData(), static_cast<std::size_t>(pdf.size())});
+        result = WriteOutputFile(ToPath(path), {pdf.constData(), static_cast<std::size_t>(pdf.size())});
     if (pdf.isEmpty() || !result.Ok())
         warn(this, u"図を保存できませんでした。%1\n元のファイルがあれば、そのまま残っています。\n"
                    u"保存先の空きと権限を確かめるか、別の場所に保存してください。\n\n(詳細: %2)"_s.arg(

@@ -12,7 +12,7 @@
 #include "panelmodel/panel_model.h"
 #include "panels/input_panel.h"
 #include "panels/row_filter.h"
-#include "sbdfile/project_file.h"
+#include "sbdfile/output_file.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -140,7 +140,7 @@ void ExportTable(CChildFrame& child, const Prompts& prompts)
         &child, ProposedFile(child.Doc(), project + u'_' + QString::number(panel->Block()), u".csv"_s));
     if (path.isEmpty())
         return;
-    const FileResult result = ReplaceFileBytes(ToPath(path), ExportedText(*panel->Model(), *plan));
+    const FileResult result = WriteOutputFile(ToPath(path), ExportedText(*panel->Model(), *plan));
     if (!result.Ok()) {
         prompts.warn(&child, u"表を書き出せませんでした。%1\n元のファイルがあれば、そのまま残っています。\n"
                              u"保存先の空きと権限を確かめるか、別の場所に書き出してください。\n\n(詳細: %2)"_s.arg(

@@ -19,7 +19,7 @@ constexpr double kTickHalf = 4;
 constexpr int kSpanDecimals = 3;
 
 /// How much a text matters: the lowest number is placed first.
-enum Rank : int { kExtreme, kEnd, kSupport, kOther };
+enum Rank : int { kExtreme, kEnd, kSupport, kOther, kNothing = 100 };
 
 /// A text and what is asked of its place.
 struct Wish {
@@ -37,6 +37,12 @@ std::string Trimmed(std::string_view text)
     const std::size_t first = text.find_first_not_of(' ');
     return first == std::string_view::npos ? std::string()
                                            : std::string(text.substr(first, text.find_last_not_of(' ') - first + 1));
+}
+
+/// "-0.0", "0.0[2]": what is told is that there is nothing, and that has no sign.
+bool IsWrittenAsZero(std::string_view words)
+{
+    return words.substr(0, words.find('[')).find_first_not_of("-0.") == std::string_view::npos;
 }
 
 /// Points that many others lie between come before those: what is left of a row stands at even distances.
@@ -68,8 +74,12 @@ std::vector<Wish> WishesOf(std::span<const DiagramCurve> curves, const std::vect
     for (const DiagramCurve& curve : curves) {
         if (curve.diagram.bays.empty())
             continue;
-        greatest = any ? std::max(greatest, curve.diagram.greatest) : curve.diagram.greatest;
-        least = any ? std::min(least, curve.diagram.least) : curve.diagram.least;
+        const auto own = [&](EnvelopeSide side) {
+            const std::optional<DiagramExtreme> extreme = ExtremeOf(curve.diagram, side);
+            return extreme ? extreme->value : 0;
+        };
+        greatest = any ? std::max(greatest, own(EnvelopeSide::Greatest)) : own(EnvelopeSide::Greatest);
+        least = any ? std::min(least, own(EnvelopeSide::Least)) : own(EnvelopeSide::Least);
         any = true;
     }
     bool greatestDone = false;
@@ -94,6 +104,10 @@ std::vector<Wish> WishesOf(std::span<const DiagramCurve> curves, const std::vect
         }
         if (wish.mark != FigureMark::None)
             wish.rank = kExtreme;
+        else if (isValue && IsWrittenAsZero(wish.words))
+            wish.rank = kNothing;
+        if (isValue && wish.words.starts_with('-') && IsWrittenAsZero(wish.words))
+            wish.words.erase(0, 1);
         wish.width = metrics.width(wish.words);
         wishes.push_back(std::move(wish));
     };

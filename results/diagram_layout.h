@@ -18,6 +18,8 @@ namespace sbd {
 struct TextMetrics {
     std::function<double(std::string_view cp932)> width;
     double height = 0;
+    /// Quickly what a text is wide at least; where there is none, that is not known.
+    std::function<double(std::string_view cp932)> leastWidth = {};
 };
 
 /// What a text of a figure says, which decides its colour.

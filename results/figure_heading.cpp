@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace sbd {
 
@@ -91,32 +92,58 @@ bool IsTurned(const GirderDiagram& diagram)
     return diagram.kind == ResultKind::Displacement && diagram.component != kVertical;
 }
 
-enum class Extreme { Greatest, Least };
-
-/// "最大 1234.5 (C5)", of an envelope with the load case.
-FigureWords ExtremeWords(const AnalysisModel& model, const GirderDiagram& diagram, Extreme which)
+/// Nothing that the table would show: a figure is drawn over its whole height all the same.
+bool AreLeftovers(std::span<const DiagramCurve> curves)
 {
-    const bool isGreatest = which == Extreme::Greatest;
-    const double value = isGreatest ? diagram.greatest : diagram.least;
-    std::string place = StationOf(diagram, value);
-    if (const std::string load = ShownLoadAt(model, CaseOf(diagram, value)); !load.empty())
+    constexpr double shown = 0.0005;
+    const auto isBelow = [](double limit) {
+        return [limit](const DiagramCurve& curve) { return curve.diagram.Amplitude() < limit; };
+    };
+    return std::ranges::all_of(curves, isBelow(shown))
+           && !std::ranges::all_of(curves, isBelow(std::numeric_limits<double>::min()));
+}
+
+/// As the table has them where one digit would not tell them apart.
+int DecimalsOf(std::span<const DiagramCurve> curves)
+{
+    constexpr double fewDigits = 10;
+    constexpr int ofTheTable = 3;
+    return std::ranges::any_of(curves, [](const DiagramCurve& curve) { return curve.diagram.Amplitude() >= fewDigits; })
+               ? kValueDecimals
+               : ofTheTable;
+}
+
+/// "最大 1234.5 (C5)", of an envelope with the load case; empty where no value is a number.
+FigureWords ExtremeWords(const AnalysisModel& model, const GirderDiagram& diagram, EnvelopeSide which, int decimals)
+{
+    const bool isGreatest = which == EnvelopeSide::Greatest;
+    const std::optional<DiagramExtreme> extreme = ExtremeOf(diagram, which);
+    if (!extreme)
+        return {};
+    std::string place = extreme->station;
+    if (const std::string load = ShownLoadAt(model, extreme->loadCase); !load.empty())
         place += (place.empty() ? "" : ", ") + load;
-    constexpr double half = 0.05; // of the last digit: what is less has no sign
-    return {Cp932(isGreatest ? "最大" : "最小") + " " + Number(std::abs(value) < half ? 0 : value, kValueDecimals)
-                + (place.empty() ? place : " (" + place + ")"),
+    std::string value = Number(extreme->value, decimals);
+    if (value.starts_with('-') && value.find_first_not_of("-0.") == std::string::npos)
+        value.erase(0, 1); // nothing has no sign
+    return {Cp932(isGreatest ? "最大" : "最小") + " " + value + (place.empty() ? place : " (" + place + ")"),
             isGreatest ? FigureMark::Greatest : FigureMark::Least};
 }
 
 void AppendExtremes(FigureHeading& heading, const AnalysisModel& model, std::span<const DiagramCurve> curves)
 {
+    const int decimals = DecimalsOf(curves);
     std::vector<FigureWords> signs{{"正の値は軸の下側"_cp932}};
     if (IsTurned(curves.front().diagram))
         signs.push_back({"表とは正負が逆"_cp932});
+    if (AreLeftovers(curves))
+        signs.push_back({"表では 0.000 (計算の端数)"_cp932});
     if (ShowsEnvelope(curves)) {
         std::vector<FigureWords> line;
         for (const DiagramCurve& curve : curves) {
             line.push_back(ExtremeWords(model, curve.diagram,
-                                        curve.pen == FigurePen::Greatest ? Extreme::Greatest : Extreme::Least));
+                                        curve.pen == FigurePen::Greatest ? EnvelopeSide::Greatest : EnvelopeSide::Least,
+                                        decimals));
             line.back().sample = curve.pen;
         }
         line.insert(line.end(), signs.begin(), signs.end());
@@ -128,8 +155,8 @@ void AppendExtremes(FigureHeading& heading, const AnalysisModel& model, std::spa
         if (curves.size() > 1)
             line.push_back({curve.name, FigureMark::None, curve.pen});
         if (!curve.diagram.bays.empty())
-            for (const Extreme which : {Extreme::Greatest, Extreme::Least})
-                line.push_back(ExtremeWords(model, curve.diagram, which));
+            for (const EnvelopeSide which : {EnvelopeSide::Greatest, EnvelopeSide::Least})
+                line.push_back(ExtremeWords(model, curve.diagram, which, decimals));
         if (&curve == &curves.back())
             line.insert(line.end(), signs.begin(), signs.end());
         heading.push_back(std::move(line));
@@ -173,6 +200,8 @@ FigureHeading DiagramHeading(const AnalysisResults& results, const ResultSelecti
     if (std::ranges::any_of(curves, [](const DiagramCurve& curve) { return !curve.diagram.bays.empty(); })) {
         AppendExtremes(heading, results.model, curves);
         AppendCases(heading, results.model, curves);
+    } else {
+        heading.push_back({{"図にする結果がありません"_cp932, FigureMark::Warning}});
     }
     AppendWarnings(heading, results, state, notNumbers);
     return heading;

@@ -148,7 +148,9 @@ std::optional<DiagramPick> PickOrdinate(const AnalysisResults& results, std::spa
     for (const DiagramCurve& curve : curves) {
         std::optional<DiagramPick> own = PickOrdinate(results, curve.diagram, scale, pointer);
         const double distance = own ? Distance(pointer, own->at) : 0;
-        if (!own || (best && distance > bestDistance))
+        // Of two laid over each other the first one is that of the table; of an envelope the last one lies on top.
+        const bool isBehind = curve.pen == FigurePen::Second ? distance >= bestDistance : distance > bestDistance;
+        if (!own || (best && isBehind))
             continue;
         if (!curve.name.empty())
             own->words = curve.name + "\n" + own->words;

@@ -27,7 +27,7 @@ struct DiagramPick {
 [[nodiscard]] std::optional<DiagramPick> PickOrdinate(const AnalysisResults& results, const GirderDiagram& diagram,
                                                       const DiagramScale& scale, FigurePoint pointer);
 
-/// The same of several diagrams; of those equally near that of the last one.
+/// The same of several diagrams; of those equally near that of the last one, but never that which is laid over the first.
 [[nodiscard]] std::optional<DiagramPick> PickOrdinate(const AnalysisResults& results,
                                                       std::span<const DiagramCurve> curves, const DiagramScale& scale,
                                                       FigurePoint pointer);

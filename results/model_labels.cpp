@@ -27,11 +27,19 @@ FigureLine LeaderOf(const FigureLabel& label, const LabelBox& box)
 std::optional<PlacedText> PlaceAround(const FigureLabel& label, const TextMetrics& metrics, CLabelRoom& room)
 {
     std::string text(label.text);
-    const double width = metrics.width(text);
-    for (int move = 0; move <= kMostMoves; ++move) {
+    const auto boxOf = [&](int move, double width) {
         const double out = move * metrics.height;
-        const LabelBox box{label.at.x + label.away.x * out - width / 2,
-                           label.at.y + label.away.y * out - metrics.height / 2, width, metrics.height};
+        return LabelBox{label.at.x + label.away.x * out - width / 2,
+                        label.at.y + label.away.y * out - metrics.height / 2, width, metrics.height};
+    };
+    const double leastWidth = metrics.leastWidth ? metrics.leastWidth(text) : 0;
+    std::optional<double> width; // measured when there may be room: a long bridge has thousands of names
+    for (int move = 0; move <= kMostMoves; ++move) {
+        if (!width && !room.IsFree(boxOf(move, leastWidth)))
+            continue;
+        if (!width)
+            width = metrics.width(text);
+        const LabelBox box = boxOf(move, *width);
         if (!room.IsFree(box))
             continue;
         room.Take(box);

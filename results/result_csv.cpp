@@ -45,14 +45,29 @@ std::string HeadWithUnit(const CResultTable& table, std::size_t gridColumn)
     return unit.empty() ? head : head + " [" + unit + "]";
 }
 
+bool IsWanted(const TableProgress& progress, std::size_t done, std::size_t all)
+{
+    constexpr std::size_t step = 256;
+    return !progress || (done % step != 0 && done != all) || progress(done, all);
+}
+
 std::string CsvOfTable(const CResultTable& table, const ResultSelection& selection, const ResultState& state)
+{
+    return CsvOfTable(table, selection, state, {}).value_or(std::string());
+}
+
+std::optional<std::string> CsvOfTable(const CResultTable& table, const ResultSelection& selection,
+                                      const ResultState& state, const TableProgress& progress)
 {
     std::string text = "\xEF\xBB\xBF";
     for (const std::string& line : TableHeadLines(table, selection, state)) {
         AppendCell(text, FromCp932(line));
         text += "\r\n";
     }
-    for (std::size_t row = 0; row < FilledRows(table); ++row) {
+    const std::size_t rows = FilledRows(table);
+    for (std::size_t row = 0; row < rows; ++row) {
+        if (!IsWanted(progress, row + 1, rows))
+            return std::nullopt;
         for (std::size_t column = kNameColumn; column < table.GridColumnCount(); ++column) {
             if (column > kNameColumn)
                 text += ',';

@@ -13,6 +13,7 @@ namespace {
 constexpr double kPerMille = 1000;
 constexpr double kOneLabelStep = 50;
 constexpr double kLeastLabel = 1e-6;
+constexpr double kLeastReaction = 0.001; // as in the table
 constexpr std::size_t kLabelWidth = 10;
 
 /// A member between two nodes of the figure, which count from 0.
@@ -244,26 +245,30 @@ double GirderDiagram::Amplitude() const
     return std::max(std::abs(least), std::abs(greatest));
 }
 
-std::string StationOf(const GirderDiagram& diagram, double ordinate)
+std::optional<DiagramExtreme> ExtremeOf(const GirderDiagram& diagram, EnvelopeSide side)
 {
-    for (std::size_t i = 0; i < diagram.bays.size(); ++i) {
-        if (diagram.bays[i].left == ordinate)
-            return diagram.stationNames[i];
-        if (diagram.bays[i].right == ordinate)
-            return diagram.stationNames[i + 1];
-    }
-    return {};
-}
-
-std::int32_t CaseOf(const GirderDiagram& diagram, double ordinate)
-{
-    for (const DiagramBay& bay : diagram.bays) {
-        if (bay.left == ordinate)
-            return bay.leftCase;
-        if (bay.right == ordinate)
-            return bay.rightCase;
-    }
-    return -1;
+    std::optional<DiagramExtreme> best;
+    const auto offer = [&](double value, std::size_t point, std::int32_t loadCase) {
+        if (std::isfinite(value)
+            && (!best || (side == EnvelopeSide::Greatest ? value > best->value : value < best->value)))
+            best = {value, diagram.stationNames[point], loadCase};
+    };
+    const auto offerAll = [&](const auto& isMeant) {
+        for (std::size_t i = 0; i < diagram.bays.size(); ++i) {
+            const DiagramBay& bay = diagram.bays[i];
+            if (isMeant(i, bay.left))
+                offer(bay.left, i, bay.leftCase);
+            if (isMeant(i + 1, bay.right))
+                offer(bay.right, i + 1, bay.rightCase);
+        }
+    };
+    if (diagram.kind == ResultKind::Reaction)
+        offerAll([&](std::size_t point, double value) {
+            return std::abs(value) > kLeastReaction || std::ranges::binary_search(diagram.supports, point);
+        });
+    if (!best)
+        offerAll([](std::size_t, double) { return true; });
+    return best;
 }
 
 GirderDiagram MakeGirderDiagram(const AnalysisResults& results, std::size_t loadCase, std::string_view girder,

@@ -32,9 +32,6 @@ struct DiagramLabel {
     std::string text;
 };
 
-/// Which of the values of several load cases a diagram shows.
-enum class EnvelopeSide { Greatest, Least };
-
 /// Points stand between and around the bays that have a member; a bay without one has no length.
 struct GirderDiagram {
     ResultKind kind = ResultKind::Displacement;
@@ -58,11 +55,19 @@ struct GirderDiagram {
     [[nodiscard]] double Amplitude() const;
 };
 
-/// The station at which an ordinate stands first among equal ones, in CP932; empty where there is none.
-[[nodiscard]] std::string StationOf(const GirderDiagram& diagram, double ordinate);
+/// Which of the values of several load cases a diagram shows.
+enum class EnvelopeSide { Greatest, Least };
 
-/// The load case that decides that ordinate, from 0; below 0 where the diagram is no envelope.
-[[nodiscard]] std::int32_t CaseOf(const GirderDiagram& diagram, double ordinate);
+/// The largest or the smallest ordinate, and the first point at which it stands.
+struct DiagramExtreme {
+    double value = 0;
+    std::string station;        ///< CP932
+    std::int32_t loadCase = -1; ///< that decides it, from 0; below 0 where the diagram is no envelope
+};
+
+/// The extreme as it is told. Where nothing bears the girder there is no reaction: that is no smallest one, as in the table.
+/// Nothing without an ordinate that is a number.
+[[nodiscard]] std::optional<DiagramExtreme> ExtremeOf(const GirderDiagram& diagram, EnvelopeSide side);
 
 /// A girder that is not there stands for the first one.
 [[nodiscard]] GirderDiagram MakeGirderDiagram(const AnalysisResults& results, std::size_t loadCase,

@@ -2,8 +2,11 @@
 
 #include "results/records.h"
 
+#include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 
 namespace sbd {
 
@@ -35,38 +38,85 @@ std::size_t TakeCarefully(const double* values, std::span<const std::size_t> cas
     return notNumbers;
 }
 
-/// Without a branch for each value, so that several are compared at once. False if one of them is no number: the result
-/// says nothing then.
+constexpr std::size_t kBlock = 4; // load cases that are looked at together
+
+double Larger(double first, double second)
+{
+    return second > first ? second : first;
+}
+
+double Smaller(double first, double second)
+{
+    return second < first ? second : first;
+}
+
+/// Load cases by blocks. Behind the last one it stands again.
+class CaseBlocks {
+public:
+    explicit CaseBlocks(std::span<const std::size_t> cases) : cases_(cases.data()), last_(cases.size() - 1) {}
+
+    [[nodiscard]] std::size_t CaseAt(std::size_t begin, std::size_t number) const
+    {
+        return cases_[std::min(begin + number, last_)];
+    }
+    /// The first case of the block whose value is like `isLike`.
+    template <typename IsLike>
+    [[nodiscard]] std::int32_t FirstCase(std::size_t begin, const double* values, std::size_t step,
+                                         const IsLike& isLike) const
+    {
+        std::uint32_t found = 1U << kBlock; // so that there is one
+        for (std::size_t i = 0; i < kBlock; ++i)
+            found |= std::uint32_t{isLike(values[CaseAt(begin, i) * step])} << i;
+        return static_cast<std::int32_t>(CaseAt(begin, static_cast<std::size_t>(std::countr_zero(found))));
+    }
+
+private:
+    const std::size_t* cases_;
+    std::size_t last_;
+};
+
+/// Without a branch for each value, so that several are compared at once. To carry the deciding case along costs more than
+/// the comparing, so that is done once a block: which case of the block it is comes out at the end. False if one of the
+/// values is no number: the result says nothing then.
 template <std::size_t N>
 bool TakeNumbers(const double* values, std::span<const std::size_t> cases, std::span<EnvelopeValue> envelope)
 {
     std::array<double, N> greatest;
     std::array<double, N> least;
-    std::array<double, N> greatestCase; // as wide as the values that they go with
-    std::array<double, N> leastCase;
-    std::array<double, N> wrong{}; // the difference of what is no number and itself is none either
+    std::array<double, N> greatestAt{}; // where the block begins, as wide as the values that it goes with
+    std::array<double, N> leastAt{};
+    std::array<double, N> sum{}; // of what is no number no number either
+    const CaseBlocks blocks(cases);
     const double* const first = values + cases.front() * N;
-    for (std::size_t k = 0; k < N; ++k) {
+    for (std::size_t k = 0; k < N; ++k)
         greatest[k] = least[k] = first[k];
-        greatestCase[k] = leastCase[k] = static_cast<double>(cases.front());
-    }
-    for (const std::size_t loadCase : cases) {
-        const double* const own = values + loadCase * N;
-        const auto number = static_cast<double>(loadCase);
+    for (std::size_t begin = 0; begin < cases.size(); begin += kBlock) {
+        const double* const a = values + blocks.CaseAt(begin, 0) * N;
+        const double* const b = values + blocks.CaseAt(begin, 1) * N;
+        const double* const c = values + blocks.CaseAt(begin, 2) * N;
+        const double* const d = values + blocks.CaseAt(begin, 3) * N;
+        const auto place = static_cast<double>(begin); // grows: of two the larger one is the later one
         for (std::size_t k = 0; k < N; ++k) {
-            const double value = own[k];
-            greatestCase[k] = value > greatest[k] ? number : greatestCase[k];
-            greatest[k] = value > greatest[k] ? value : greatest[k];
-            leastCase[k] = value < least[k] ? number : leastCase[k];
-            least[k] = value < least[k] ? value : least[k];
-            wrong[k] += value - value;
+            const double high = Larger(Larger(a[k], b[k]), Larger(c[k], d[k]));
+            const double low = Smaller(Smaller(a[k], b[k]), Smaller(c[k], d[k]));
+            greatestAt[k] = Larger(greatestAt[k], high > greatest[k] ? place : 0);
+            leastAt[k] = Larger(leastAt[k], low < least[k] ? place : 0);
+            greatest[k] = Larger(greatest[k], high);
+            least[k] = Smaller(least[k], low);
+            sum[k] += (a[k] + b[k]) + (c[k] + d[k]);
         }
     }
     bool areNumbers = true;
+    EnvelopeValue* const own = envelope.data();
     for (std::size_t k = 0; k < N; ++k) {
-        areNumbers = areNumbers && wrong[k] == 0;
-        envelope[k] = {greatest[k], least[k], static_cast<std::int32_t>(greatestCase[k]),
-                       static_cast<std::int32_t>(leastCase[k])};
+        const double high = greatest[k];
+        const double low = least[k];
+        areNumbers = areNumbers && std::isfinite(sum[k]);
+        own[k] = {high, low,
+                  blocks.FirstCase(static_cast<std::size_t>(greatestAt[k]), values + k, N,
+                                   [high](double value) { return value >= high; }),
+                  blocks.FirstCase(static_cast<std::size_t>(leastAt[k]), values + k, N,
+                                   [low](double value) { return value <= low; })};
     }
     return areNumbers;
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 namespace sbd {
 
@@ -195,6 +196,19 @@ void SelectGirder(ResultSelection& selection, const AnalysisModel& model, std::s
     selection.girder = girder;
     selection.stationEnabled = girder == NoneWord();
     Offer(selection, model);
+}
+
+void SwapOver(ResultSelection& selection, const AnalysisModel& model)
+{
+    if (!selection.overLoad.empty())
+        std::swap(selection.load, selection.overLoad);
+    if (selection.overGirder.empty())
+        return;
+    const bool isThere = std::ranges::find(model.girderNames, selection.girder) != model.girderNames.end();
+    // The figure takes the first girder where none is chosen.
+    std::string before = isThere || model.girderNames.empty() ? selection.girder : model.girderNames.front();
+    SelectGirder(selection, model, selection.overGirder);
+    selection.overGirder = std::move(before);
 }
 
 void SelectStation(ResultSelection& selection, const AnalysisModel& model, std::string_view station)

@@ -87,6 +87,8 @@ void SelectKind(ResultSelection& selection, const AnalysisModel& model, ResultKi
 void SelectLoad(ResultSelection& selection, std::string_view shown);
 /// The station can be chosen without a girder ("なし") only.
 void SelectGirder(ResultSelection& selection, const AnalysisModel& model, std::string_view girder);
+/// What is laid over in the figure and what the table shows change places.
+void SwapOver(ResultSelection& selection, const AnalysisModel& model);
 void SelectStation(ResultSelection& selection, const AnalysisModel& model, std::string_view station);
 
 } // namespace sbd

@@ -26,6 +26,15 @@ constexpr std::int32_t kNoResults = -1;
 
 using NameSet = std::unordered_set<std::string_view>;
 
+/// The values of one load case lie far from each other: none is in the cache when its turn comes, unless it was asked for.
+void WantSoon([[maybe_unused]] const double* first, [[maybe_unused]] const double* last)
+{
+#if defined(__GNUC__)
+    __builtin_prefetch(first);
+    __builtin_prefetch(last);
+#endif
+}
+
 /// Tells of one name after the other whether it is taken.
 class NameTest {
 public:
@@ -43,15 +52,21 @@ public:
     {
         if (!excluded_.empty() && excluded_.contains(name))
             return false;
-        return takesAll_ || name.starts_with(girder_) || name.starts_with(station_)
+        return takesAll_ || BeginsWith(name, girder_) || BeginsWith(name, station_)
                || (!girders_.empty() && BeginsWithGirder(name));
     }
 
 private:
+    /// Most names differ in their first byte already.
+    static bool BeginsWith(std::string_view name, std::string_view beginning)
+    {
+        return beginning.empty() || (!name.empty() && name.front() == beginning.front() && name.starts_with(beginning));
+    }
+
     /// Names of a girder follow each other, so the one found last is asked first.
     bool BeginsWithGirder(std::string_view name)
     {
-        if (!lastFound_.empty() && name.starts_with(lastFound_))
+        if (!lastFound_.empty() && BeginsWith(name, lastFound_))
             return true;
         for (std::size_t dash = name.find('-'); dash != std::string_view::npos; dash = name.find('-', dash + 1))
             if (girders_.contains(name.substr(0, dash))) {
@@ -128,6 +143,16 @@ std::string SortHead(const ResultSelection& selection)
     return selection.sortColumn >= kFirstValueColumn && selection.sortColumn - kFirstValueColumn < columns.size()
                ? HeadOf(columns, selection.sortColumn - kFirstValueColumn)
                : std::string();
+}
+
+std::size_t SortColumnOf(const ResultSelection& selection, std::string_view head)
+{
+    ResultSelection sorted = selection;
+    const std::size_t end = kFirstValueColumn + ColumnsOf(selection).size();
+    for (sorted.sortColumn = kNameColumn; sorted.sortColumn < end; ++sorted.sortColumn)
+        if (SortHead(sorted) == head)
+            return sorted.sortColumn;
+    return 0;
 }
 
 CResultTable::CResultTable(const AnalysisResults& results, const ResultSelection& selection)
@@ -253,6 +278,7 @@ void CResultTable::TakeNames(const ResultSelection& selection)
     const std::size_t count = std::min(names.size(), ItemsThere());
     const std::size_t flagged = kind_ == ResultKind::Force ? 0 : std::min(flags.size(), count);
     NameTest test(results_->model, selection);
+    items_.reserve(std::min<std::size_t>(count, 65'536));
     for (std::size_t item = 0; item < count; ++item)
         if ((item >= flagged || flags[item] != kNoResults) && test.Takes(names[item]))
             items_.push_back(static_cast<std::uint32_t>(item));
@@ -328,8 +354,14 @@ void CResultTable::FindExtremes()
     std::vector<Probe> probes;
     for (const ResultColumn& column : columns_)
         probes.push_back({column.place, column.factor, ColumnExtremes().max, ColumnExtremes().min, nowhere, nowhere});
+    constexpr std::size_t ahead = 12; // rows whose values are on their way while those of a row are compared
+    const double* const all = items_.empty() ? nullptr : ValuesOf(0);
     for (std::size_t row = 0; row < items_.size(); ++row) {
-        const double* const values = ValuesOf(items_[row]);
+        if (!probes.empty() && row + ahead < items_.size()) {
+            const double* const next = all + items_[row + ahead] * valuesOfItem_;
+            WantSoon(next, next + valuesBehind_ - 1);
+        }
+        const double* const values = all + items_[row] * valuesOfItem_;
         for (Probe& probe : probes) {
             const double value = values[probe.place] * probe.factor;
             if (!std::isfinite(value)) {

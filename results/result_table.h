@@ -56,6 +56,9 @@ struct ColumnExtremes {
 /// The head of the column that rules the order of the rows, in CP932; empty: none does.
 [[nodiscard]] std::string SortHead(const ResultSelection& selection);
 
+/// The grid column with this head, for `sortColumn`; 0: none has it.
+[[nodiscard]] std::size_t SortColumnOf(const ResultSelection& selection, std::string_view head);
+
 /// The taken names count as rows from 0, the columns of values as columns from 0. A table without its load case is
 /// empty. The results must outlive the table. Where they have become other ones, the cells of rows that are not there
 /// any more are empty; Name and Value must not be asked for then.

@@ -40,8 +40,8 @@ std::optional<double> NumberAt(const CResultTable& table, std::size_t gridRow, s
 
 } // namespace
 
-void AddResultSheet(CWorkbook& book, const CResultTable& table, const ResultSelection& selection,
-                    const ResultState& state, std::string_view name)
+bool AddResultSheet(CWorkbook& book, const CResultTable& table, const ResultSelection& selection,
+                    const ResultState& state, std::string_view name, const TableProgress& progress)
 {
     book.AddSheet(FromCp932(name));
     std::uint32_t line = 0;
@@ -59,22 +59,29 @@ void AddResultSheet(CWorkbook& book, const CResultTable& table, const ResultSele
     }
     ++line;
     book.Freeze(line, 1);
-    for (std::size_t row = kMaxRow; row < FilledRows(table); ++row, ++line)
+    const std::size_t rows = FilledRows(table);
+    for (std::size_t row = kMaxRow; row < rows; ++row, ++line) {
+        if (!IsWanted(progress, row + 1, rows))
+            return false;
         for (std::size_t column = kNameColumn; column < table.GridColumnCount(); ++column) {
             if (const std::optional<double> number = NumberAt(table, row, column))
                 book.SetNumber(line, place(column), *number, ValueLook(row));
             else if (const std::string text = table.CellText(row, column); !Trim(text).empty())
                 book.SetText(line, place(column), FromCp932(Trim(text)), row < kFirstValueRow ? bold : CellLook());
         }
+    }
     book.SetLandscape();
+    return true;
 }
 
 FileResult SaveResultWorkbook(const std::filesystem::path& path, const CResultTable& table,
-                              const ResultSelection& selection, const ResultState& state)
+                              const ResultSelection& selection, const ResultState& state, const TableProgress& progress)
 {
     CWorkbook book(FromCp932(TableTitle(selection)), "KELD section");
-    AddResultSheet(book, table, selection, state, KindWord(selection.kind));
-    return book.Save(path);
+    if (!AddResultSheet(book, table, selection, state, KindWord(selection.kind), progress))
+        return {};
+    const std::size_t rows = FilledRows(table);
+    return book.Save(path, [&] { return IsWanted(progress, rows, rows); });
 }
 
 } // namespace sbd

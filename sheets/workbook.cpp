@@ -1,14 +1,18 @@
 #include "sheets/workbook.h"
 
 #include "project/text.h"
+#include "sbdfile/output_file.h"
 #include "sheets/work_folder.h"
 #include "sheets/zip_parts.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <clocale>
+#include <future>
 #include <map>
 #include <set>
+#include <thread>
 #include <unordered_set>
 #include <vector>
 
@@ -158,6 +162,24 @@ bool IsWhole(std::string_view bytes, const std::vector<std::size_t>& cells)
         }
     });
     return read && whole && sheets == cells.size();
+}
+
+/// Does `work` in a thread of its own while this one asks whether it is wanted, so that a window can live on. The work
+/// cannot be stopped on its way: false when it has come to its end and was not wanted.
+bool RunBeside(const std::function<void()>& work, const std::function<bool()>& isWanted)
+{
+    constexpr auto pause = std::chrono::milliseconds(30);
+    std::promise<void> done;
+    std::future<void> end = done.get_future();
+    std::thread worker([&] {
+        work();
+        done.set_value();
+    });
+    bool wanted = true;
+    while (wanted && end.wait_for(pause) != std::future_status::ready)
+        wanted = isWanted();
+    worker.join();
+    return wanted && isWanted();
 }
 
 FileResult NotWritten(lxw_error error, int code)
@@ -364,7 +386,7 @@ void CWorkbook::SetPortrait()
     worksheet_fit_to_pages(inside_->sheet, 1, 0);
 }
 
-FileResult CWorkbook::Save(const std::filesystem::path& path)
+FileResult CWorkbook::Save(const std::filesystem::path& path, const std::function<bool()>& isWanted)
 {
     if (inside_->cells.empty())
         AddSheet("Sheet"); // a file without a sheet opens nowhere
@@ -374,21 +396,31 @@ FileResult CWorkbook::Save(const std::filesystem::path& path)
     if (inside_->folder.Narrow().empty())
         return NotWritten(LXW_ERROR_CREATING_XLSX_FILE, 0);
 
-    lxw_error error = LXW_NO_ERROR;
-    {
-        const PlainDecimalPoint plain;
-        errno = 0;
-        error = workbook_close(inside_->book); // frees it
-        inside_->book = nullptr;
-    }
-    if (error != LXW_NO_ERROR)
-        return NotWritten(error, errno);
+    FileResult result;
     std::string bytes;
-    if (FileResult read = ReadFileBytes(inside_->folder.Path() / "book.xlsx", bytes); !read.Ok())
-        return read;
-    if (!IsWhole(bytes, cells))
-        return NotWritten(LXW_NO_ERROR, 0);
-    return ReplaceFileBytes(path, bytes);
+    const auto work = [&] {
+        lxw_error error = LXW_NO_ERROR;
+        {
+            const PlainDecimalPoint plain;
+            errno = 0;
+            error = workbook_close(inside_->book); // frees it
+            inside_->book = nullptr;
+        }
+        if (error != LXW_NO_ERROR) {
+            result = NotWritten(error, errno);
+            return;
+        }
+        result = ReadFileBytes(inside_->folder.Path() / "book.xlsx", bytes);
+        if (result.Ok() && !IsWhole(bytes, cells))
+            result = NotWritten(LXW_NO_ERROR, 0);
+    };
+    if (!isWanted)
+        work();
+    else if (!RunBeside(work, isWanted))
+        return {};
+    if (!result.Ok())
+        return result;
+    return WriteOutputFile(path, bytes);
 }
 
 } // namespace sbd

@@ -6,6 +6,7 @@
 #include <compare>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -72,7 +73,9 @@ public:
     void SetPortrait();
 
     /// Writes the file as a whole or not at all; once. What was written is read again before it takes its place.
-    [[nodiscard]] FileResult Save(const std::filesystem::path& path);
+    /// `isWanted` is asked again and again during the work, by the thread of the call: once it is not, all is well and the
+    /// file stays what it was.
+    [[nodiscard]] FileResult Save(const std::filesystem::path& path, const std::function<bool()>& isWanted = {});
 
 private:
     struct Inside;

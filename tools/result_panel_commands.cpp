@@ -6,7 +6,7 @@
 #include "results/result_stamp.h"
 #include "results/result_table.h"
 #include "results/result_workbook.h"
-#include "sbdfile/project_file.h"
+#include "sbdfile/output_file.h"
 #include "tools/command_support.h"
 #include "tools/json_text.h"
 #include "tools/result_arguments.h"
@@ -150,16 +150,6 @@ ResultSelection SelectionOf(CResultArguments& parsed)
     return selection;
 }
 
-/// The grid column that the selection calls so; 0: none.
-std::size_t ColumnOf(ResultSelection selection, const std::string& head)
-{
-    constexpr std::size_t most = kFirstValueColumn + 4 * kElementComponents;
-    for (selection.sortColumn = kNameColumn; selection.sortColumn < most; ++selection.sortColumn)
-        if (SortHead(selection) == head)
-            return selection.sortColumn;
-    return 0;
-}
-
 /// Writes the files that are asked for; what went wrong, or nothing.
 std::optional<CommandResult> WriteTables(CResultArguments& parsed, const CResultTable& table,
                                          const ResultSelection& selection, const ResultState& state)
@@ -171,7 +161,7 @@ std::optional<CommandResult> WriteTables(CResultArguments& parsed, const CResult
     };
     if (parsed.Has("--csv")) {
         const std::string path = FromCp932(parsed.Text("--csv"));
-        if (auto failed = told(path, ReplaceFileBytes(PathOf(path), CsvOfTable(table, selection, state))))
+        if (auto failed = told(path, WriteOutputFile(PathOf(path), CsvOfTable(table, selection, state))))
             return failed;
     }
     if (parsed.Has("--xlsx")) {
@@ -193,7 +183,7 @@ CommandResult RunResultTable(Arguments arguments)
         selection = SelectionOf(parsed);
     if (!parsed.Wrong() && parsed.Has("--sort")) {
         const std::string head = parsed.Text("--sort");
-        selection.sortColumn = ColumnOf(selection, head);
+        selection.sortColumn = SortColumnOf(selection, head);
         if (!parsed.Wrong() && selection.sortColumn == 0)
             return WrongUse("result-table", "その見出しの列はありません: " + FromCp932(head));
     }

@@ -5,7 +5,7 @@
 #include "document/section_doc.h"
 #include "panels/result_output.h"
 #include "project/catalogue.h"
-#include "sbdfile/project_file.h"
+#include "sbdfile/output_file.h"
 #include "sbdpage_pictures.h"
 #include "upperview/display_look.h"
 #include "upperview/result_diagram.h"
@@ -367,11 +367,45 @@ int DrawSheets(const QStringList& arguments)
     const QString path = parser.value(u"pdf"_s);
     if (path.isEmpty())
         return FailCall(u"--pdf says where to draw"_s);
-    const FileResult result = ReplaceFileBytes(ToPath(path), {pdf.constData(), static_cast<std::size_t>(pdf.size())});
+    const FileResult result = WriteOutputFile(ToPath(path), {pdf.constData(), static_cast<std::size_t>(pdf.size())});
     return pdf.isEmpty() || !result.Ok() ? FailCall(u"cannot write "_s + path) : 0;
 }
 
 // --- table -------------------------------------------------------------------------------------------
+
+/// Puts into the selection which rows and columns the table has and in which order; false if a name is not there, which is
+/// told.
+bool TakeRows(const QCommandLineParser& parser, const AnalysisModel& model, ResultSelection& selection)
+{
+    SelectGirder(selection, model, Text(parser, u"girder"_s, selection.girder));
+    if (parser.isSet(u"station"_s))
+        SelectStation(selection, model, Text(parser, u"station"_s, {}));
+    selection.filter = Text(parser, u"filter"_s, {});
+    for (const QString& name : parser.values(u"exclude"_s)) {
+        selection.excludedNames.push_back(fromQString(name).value_or(std::string()));
+        if (std::ranges::find(selection.offeredNames, selection.excludedNames.back()) == selection.offeredNames.end()) {
+            FailCall(u"no such name to leave out: "_s + name);
+            return false;
+        }
+    }
+    for (const QString& name : parser.values(u"off"_s)) {
+        const auto component = ComponentOf(selection.kind, fromQString(name).value_or(std::string()));
+        if (!component) {
+            FailCall(u"no such component: "_s + name);
+            return false;
+        }
+        selection.columnOn[*component] = false;
+    }
+    if (parser.isSet(u"sort"_s)) {
+        selection.sortColumn = SortColumnOf(selection, Text(parser, u"sort"_s, {}));
+        selection.descending = parser.isSet(u"descending"_s);
+        if (selection.sortColumn == 0) {
+            FailCall(u"no column has the head "_s + parser.value(u"sort"_s));
+            return false;
+        }
+    }
+    return true;
+}
 
 int PrintTable(const QStringList& arguments)
 {
@@ -381,7 +415,13 @@ int PrintTable(const QStringList& arguments)
     AddSelectionOptions(parser);
     parser.addOptions({{u"project"_s, u"The project; its results lie beside it."_s, u"file"_s},
                        {u"kind"_s, u"変位, 断面力 or 反力; 断面力 if not given."_s, u"word"_s},
-                       {u"girder"_s, u"Girder, すべて for all of them."_s, u"name"_s},
+                       {u"girder"_s, u"Girder, すべて for all of them, なし for names of --station."_s, u"name"_s},
+                       {u"station"_s, u"With --girder なし: what the names begin with, すべて for any."_s, u"text"_s},
+                       {u"filter"_s, u"Only names that hold this text."_s, u"text"_s},
+                       {u"exclude"_s, u"A name that is left out, several times."_s, u"name"_s},
+                       {u"off"_s, u"A component that is left out, such as Nx, several times."_s, u"name"_s},
+                       {u"sort"_s, u"Head of the column that rules the order of the rows, such as 左My."_s, u"head"_s},
+                       {u"descending"_s, u"The largest comes first."_s},
                        {u"pdf"_s, u"The file to write."_s, u"file"_s}});
     parser.process(arguments);
 
@@ -394,16 +434,18 @@ int PrintTable(const QStringList& arguments)
     const std::optional<ResultKind> kind = ResultKindOf(Text(parser, u"kind"_s, KindWord(selection.kind)));
     if (!kind)
         return FailCall(u"--kind takes 変位, 断面力 or 反力"_s);
-    SelectKind(selection, model, *kind);
+    if (*kind != selection.kind) // the first load case of forces has a form that there is for them only
+        SelectKind(selection, model, *kind);
     if (!parser.isSet(u"envelope"_s))
         selection.load = Text(parser, u"load"_s, selection.load);
-    if (!TakeSeveral(parser, model, selection))
+    if (!TakeSeveral(parser, model, selection) || !TakeRows(parser, model, selection))
         return kBadPictureCall;
-    selection.girder = Text(parser, u"girder"_s, selection.girder);
     const CResultTable table(doc.Results(), selection);
     if (table.RowCount() == 0)
         return FailCall(u"no result is of this choice"_s, kNothing);
     const QString path = parser.value(u"pdf"_s);
+    if (path.isEmpty())
+        return FailCall(u"--pdf says where to print"_s);
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     bool isDone = false;
@@ -413,10 +455,8 @@ int PrintTable(const QStringList& arguments)
             SheetLayout(QPageSize::A4, IsWideTable(table) ? QPageLayout::Landscape : QPageLayout::Portrait));
         isDone = PrintResultTable(writer, table, selection, QGuiApplication::font(), ResultSessionOf(doc).State());
     }
-    if (path.isEmpty())
-        return FailCall(u"--pdf says where to print"_s);
     const FileResult result =
-        ReplaceFileBytes(ToPath(path), {buffer.data().constData(), static_cast<std::size_t>(buffer.data().size())});
+        WriteOutputFile(ToPath(path), {buffer.data().constData(), static_cast<std::size_t>(buffer.data().size())});
     return !isDone || !result.Ok() ? FailCall(u"cannot write "_s + path) : 0;
 }
 

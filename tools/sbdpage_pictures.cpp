@@ -1,6 +1,8 @@
 #include "sbdpage_pictures.h"
 
+#include "document/path.h"
 #include "project/console.h"
+#include "sbdfile/output_file.h"
 #include "upperview/svg_picture.h"
 
 #include <QBuffer>
@@ -8,7 +10,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 
 namespace sbd {
 
@@ -74,8 +75,8 @@ constexpr PictureOption kPictures[] = {
 
 bool WriteFile(const QString& path, const QByteArray& bytes)
 {
-    QSaveFile file(path);
-    return !bytes.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return !bytes.isEmpty()
+           && WriteOutputFile(ToPath(path), {bytes.constData(), static_cast<std::size_t>(bytes.size())}).Ok();
 }
 
 } // namespace

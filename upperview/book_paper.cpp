@@ -2,6 +2,7 @@
 
 #include "document/path.h"
 #include "project/sbd_data.h"
+#include "sbdfile/output_file.h"
 #include "upperview/book_layout.h"
 #include "upperview/book_painter.h"
 #include "upperview/book_sketches.h"
@@ -102,7 +103,7 @@ std::optional<BookReport> WriteBookPdf(const QString& path, const CSbdData& data
     }
     const QByteArray bytes = file.readAll();
     report.result =
-        ReplaceFileBytes(ToPath(path), std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+        WriteOutputFile(ToPath(path), std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
     return report;
 }
 

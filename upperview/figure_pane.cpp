@@ -314,18 +314,22 @@ void CFigurePane::PickAt(QPointF place)
     if (ShowsDiagram()) {
         const ResultSelection& selection = session.selection;
         if (const std::optional<DiagramPick> pick = OrdinateAt(place))
-            session.Pick(
-                pick->name,
-                ComponentOf(selection.kind, selection.figureItem).value_or(InfoOf(selection.kind).defaultComponent),
-                pick->rightEnd, pick->pen == FigurePen::Least);
+            session.Pick({.name = pick->name,
+                          .component = ComponentOf(selection.kind, selection.figureItem)
+                                           .value_or(InfoOf(selection.kind).defaultComponent),
+                          .rightEnd = pick->rightEnd,
+                          .isLeast = pick->pen == FigurePen::Least,
+                          .isOver = pick->pen == FigurePen::Second,
+                          .words = pick->words});
         return;
     }
     const std::optional<std::int32_t> node = PickNode(Places(), pointer);
     if (ShowsResult()) {
         const std::vector<std::string>& names = doc_->Results().model.nodeNames;
         if (node && static_cast<std::size_t>(*node) <= names.size())
-            session.Pick(names[static_cast<std::size_t>(*node) - 1], InfoOf(ResultKind::Displacement).defaultComponent,
-                         false);
+            session.Pick({.name = names[static_cast<std::size_t>(*node) - 1],
+                          .component = InfoOf(ResultKind::Displacement).defaultComponent,
+                          .words = fromQString(WordsAt(place)).value_or(std::string())});
         return;
     }
     if (node) // tells its name; it belongs to no row

@@ -8,7 +8,9 @@
 #include <QPainterPath>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <optional>
 
 namespace sbd {
 
@@ -17,6 +19,9 @@ namespace {
 constexpr double kFontShare = 0.6; // of the font of the model figure
 constexpr double kMargin = 3;      // pixels around the heading
 constexpr double kRim = 3;         // pixels, both sides together
+constexpr double kTightest = 0.8;  // that pairs of letters may stand closer leaves at least this of their widths
+
+using AsciiWidths = std::array<std::optional<double>, 128>;
 
 QColor InkOf(FigureMark mark, const FigureLook& look)
 {
@@ -58,7 +63,21 @@ QFont SmallFont(const FigureLook& look)
 TextMetrics MetricsOf(const QPainter& painter, const QFont& font)
 {
     const QFontMetricsF metrics(font, painter.device());
-    return {[metrics](std::string_view text) { return metrics.horizontalAdvance(toQString(text)); }, metrics.height()};
+    const auto width = [metrics](std::string_view text) { return metrics.horizontalAdvance(toQString(text)); };
+    // Letters one by one are not laid out together, which takes most of the time, and asked for once.
+    const auto leastWidth = [metrics, widths = AsciiWidths()](std::string_view text) mutable {
+        double sum = 0;
+        for (const char byte : text) {
+            const auto code = static_cast<unsigned char>(byte);
+            if (code < ' ' || code >= widths.size()) // a wide character: its second byte may count, which is less
+                continue;
+            if (!widths[code])
+                widths[code] = metrics.horizontalAdvance(QLatin1Char(byte));
+            sum += *widths[code];
+        }
+        return sum * kTightest;
+    };
+    return {width, metrics.height(), leastWidth};
 }
 
 std::vector<LabelBox> BoxesOfHeading(const QPainter& painter, const FigureHeading& heading, const FigureScreen& screen,

@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace sbd {
 
@@ -87,9 +88,47 @@ void PaintDot(QPainter& painter, QPoint at, const FigureLook& look)
     painter.setBrush(Qt::NoBrush);
 }
 
-/// On pixels, copies of one dot: a large bridge has thousands. Paper gets circles of its own fineness.
-void PaintDots(QPainter& painter, const std::vector<QPoint>& dots, const FigureLook& look)
+/// Many dots in one picture, which is then painted as a whole: painting an image costs more than its few pixels do.
+void PaintDotsAsOne(QPainter& painter, const std::vector<QPoint>& dots, const QImage& dot, QPoint middle)
 {
+    QRect all;
+    for (const QPoint at : dots)
+        all |= QRect(at - middle, dot.size());
+    QImage picture(all.size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    struct Run {
+        int row;
+        int first;
+        int length;
+    };
+    std::vector<Run> runs; // of the dot's pixels, which are round: one a row
+    for (int row = 0; row < dot.height(); ++row) {
+        const auto* const pixels = reinterpret_cast<const QRgb*>(dot.constScanLine(row));
+        int first = 0;
+        int end = dot.width();
+        while (first < end && qAlpha(pixels[first]) == 0)
+            ++first;
+        while (end > first && qAlpha(pixels[end - 1]) == 0)
+            --end;
+        if (first < end)
+            runs.push_back({row, first, end - first});
+    }
+    uchar* const bits = picture.bits();
+    const qsizetype line = picture.bytesPerLine();
+    for (const QPoint at : dots) {
+        const QPoint corner = at - middle - all.topLeft();
+        for (const Run& run : runs)
+            std::copy_n(reinterpret_cast<const QRgb*>(dot.constScanLine(run.row)) + run.first, run.length,
+                        reinterpret_cast<QRgb*>(bits + (corner.y() + run.row) * line) + corner.x() + run.first);
+    }
+    painter.drawImage(all.topLeft(), picture);
+}
+
+/// On pixels, copies of one dot: a large bridge has thousands. Paper gets circles of its own fineness. The dots lie in or
+/// near the pane.
+void PaintDots(QPainter& painter, const std::vector<QPoint>& dots, const FigureScreen& screen, const FigureLook& look)
+{
+    constexpr double pixelsOfADot = 400; // of a picture that cost as much to paint as a dot alone
     const bool isPixels = painter.paintEngine()->type() == QPaintEngine::Raster
                           && painter.deviceTransform().type() <= QTransform::TxTranslate
                           && painter.device()->devicePixelRatio() == 1;
@@ -104,6 +143,10 @@ void PaintDots(QPainter& painter, const std::vector<QPoint>& dots, const FigureL
     QPainter onCopy(&copy);
     PaintDot(onCopy, middle, look);
     onCopy.end();
+    if (static_cast<double>(dots.size()) * pixelsOfADot > screen.clientWidth * screen.clientHeight) {
+        PaintDotsAsOne(painter, dots, copy, middle);
+        return;
+    }
     for (const QPoint dot : dots)
         painter.drawImage(dot - middle, copy);
 }
@@ -175,7 +218,7 @@ public:
             lines_.Add(top, right);
             lines_.Add(left, right);
         }
-        PaintDots(painter_, Dots(), look_);
+        PaintDots(painter_, Dots(), scale_.screen, look_);
         lines_.Paint(painter_, PenOf(FigurePen::Plain, look_));
     }
 
@@ -299,8 +342,55 @@ void CFigureLines::Add(FigurePoint from, FigurePoint to)
         lines_.push_back(*line);
 }
 
+namespace {
+
+/// Lines along the pixels that touch each other become one; so do those that lie at the same place. What is painted by a
+/// pen without dashes and without smoothing stays the same to the pixel.
+void JoinLines(std::vector<QLine>& lines)
+{
+    const auto isAlong = [](const QLine& line) { return line.y1() == line.y2(); };
+    const auto isUpright = [](const QLine& line) { return line.x1() == line.x2() && line.y1() != line.y2(); };
+    const auto middle = std::partition(lines.begin(), lines.end(), isAlong);
+    const auto end = std::partition(middle, lines.end(), isUpright);
+    /// Of the lines from `first` to `last`: `across` tells them apart, `from` and `to` are the ends of one.
+    const auto join = [](auto first, auto last, const auto& across, const auto& from, const auto& to,
+                         const auto& lineOf) {
+        std::sort(first, last, [&](const QLine& a, const QLine& b) {
+            return std::pair(across(a), from(a)) < std::pair(across(b), from(b));
+        });
+        auto kept = first;
+        for (auto line = first; line != last;) {
+            const int place = across(*line);
+            const int begin = from(*line);
+            int reach = to(*line);
+            for (++line; line != last && across(*line) == place && from(*line) <= reach; ++line)
+                reach = std::max(reach, to(*line));
+            *kept++ = lineOf(place, begin, reach);
+        }
+        return kept;
+    };
+    const auto uprightEnd = join(
+        middle, end, [](const QLine& line) { return line.x1(); },
+        [](const QLine& line) { return std::min(line.y1(), line.y2()); },
+        [](const QLine& line) { return std::max(line.y1(), line.y2()); },
+        [](int x, int from, int to) { return QLine(x, from, x, to); });
+    const auto rest = std::move(end, lines.end(), uprightEnd);
+    lines.erase(rest, lines.end());
+    const auto alongEnd = join(
+        lines.begin(), middle, [](const QLine& line) { return line.y1(); },
+        [](const QLine& line) { return std::min(line.x1(), line.x2()); },
+        [](const QLine& line) { return std::max(line.x1(), line.x2()); },
+        [](int y, int from, int to) { return QLine(from, y, to, y); });
+    lines.erase(alongEnd, middle);
+}
+
+} // namespace
+
 void CFigureLines::Paint(QPainter& painter, const QPen& pen)
 {
+    constexpr std::size_t many = 500; // fewer are painted in no time
+    if (lines_.size() > many && pen.style() == Qt::SolidLine && !painter.testRenderHint(QPainter::Antialiasing))
+        JoinLines(lines_);
     painter.setPen(pen);
     painter.drawLines(lines_.data(), static_cast<int>(lines_.size()));
     lines_.clear();

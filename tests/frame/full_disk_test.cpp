@@ -2,7 +2,10 @@
 // is room again. The disk is a small one in memory, which this process alone sees; where none can be made nothing is
 // tested.
 #include "frame/notice_bar.h"
+#include "frame/result_sheets_dialog.h"
 #include "life_station.h"
+#include "panels/result_panel.h"
+#include "panels/result_saver.h"
 
 #include <QDir>
 #include <QPushButton>
@@ -158,6 +161,7 @@ private slots:
     void aRunAsksWhereItsInputCannotBeKept();
     void anEngineThatFindsNoRoomLeavesItsInput();
     void anEndThatCannotBeWrittenDownIsToldAtTheNextOpening();
+    void tablesAndSheetsOfResultsAreToldAndThoseOfBeforeStand();
 };
 
 void FullDiskTest::aSaveIsToldAndTheOldFileStands()
@@ -307,6 +311,62 @@ void FullDiskTest::anEndThatCannotBeWrittenDownIsToldAtTheNextOpening()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     child = station.frame.OpenProject(path);
     QVERIFY(child->Notices().Texts().value(0).contains(u"終わりを確認する前に"_s));
+}
+
+void FullDiskTest::tablesAndSheetsOfResultsAreToldAndThoseOfBeforeStand()
+{
+    const TestFolder folder;
+    const SmallDisk disk(folder.Path(u"disk"_s), 1024);
+    QVERIFY(disk.isThere);
+    CKELDSectionDoc doc;
+    QVERIFY(doc.OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/box2/box2.sbd"_s).Ok());
+    CDown253 panel(&doc);
+    CResultSheetsDialog sheets(&doc);
+    QString path;
+    QString told;
+    const auto askFile = [&](QWidget*, const QString&) { return path; };
+    const auto warn = [&](QWidget*, const QString& message) { told = message; };
+    panel.Saver().askFile = askFile;
+    panel.Saver().warn = warn;
+    sheets.askFile = askFile;
+    sheets.warn = warn;
+    for (const QString& name : {u"table.csv"_s, u"table.xlsx"_s, u"sheets.pdf"_s}) {
+        path = disk.Path(name);
+        QFile file(path);
+        QVERIFY(file.open(QFile::WriteOnly));
+        file.write("before");
+        file.close();
+        disk.Fill();
+        const auto save = [&] {
+            told.clear();
+            if (name.endsWith(u"csv"_s))
+                panel.Saver().SaveCsv();
+            else if (name.endsWith(u"xlsx"_s))
+                panel.Saver().SaveXlsx();
+            else
+                sheets.SavePdf();
+        };
+        save();
+        QVERIFY2(told.contains(u"ディスクに空きがありません"_s), qPrintable(name + told));
+        QVERIFY2(told.contains(u"元のファイルがあれば、そのまま残っています"_s), qPrintable(told));
+        QCOMPARE(Bytes(path), QByteArray("before"));
+        QCOMPARE(disk.Names(), QStringList{name}); // nothing half written
+        disk.MakeRoom();
+        save();
+        QVERIFY2(told.isEmpty(), qPrintable(told));
+        QVERIFY(Bytes(path).size() > 1000);
+        QVERIFY(QFile::remove(path));
+    }
+    // A folder that nothing can be written to; who is root can.
+    QVERIFY(QDir(folder.Path(QString())).mkpath(u"locked"_s));
+    QVERIFY(QFile::setPermissions(folder.Path(u"locked"_s), QFile::ReadOwner | QFile::ExeOwner));
+    QFile tried(folder.Path(u"locked/tried"_s));
+    if (!tried.open(QFile::WriteOnly)) {
+        path = folder.Path(u"locked/table.csv"_s);
+        panel.Saver().SaveCsv();
+        QVERIFY2(told.contains(path), qPrintable(told));
+    }
+    QVERIFY(QFile::setPermissions(folder.Path(u"locked"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
 }
 
 int main(int argc, char** argv)

@@ -19,6 +19,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -76,6 +77,7 @@ class ResultJourneyTest : public QObject {
 private slots:
     void everyStationOfAGirderIsFoundByAClick();
     void theCurvesOfAnEnvelopeAreFoundByAClick();
+    void aPointOfACurveThatIsLaidOverSaysWhichCaseItIs();
     void aBraceOfTheModelIsFoundByAClick();
     void figuresAreReadOnLightAndDarkGround();
     void allGirdersBecomeOnePdf();
@@ -128,6 +130,67 @@ void ResultJourneyTest::theCurvesOfAnEnvelopeAreFoundByAClick()
                 || station.FocusedHead().startsWith(curve.pen == FigurePen::Greatest ? u"右My最大"_s : u"右My最小"_s),
             qPrintable(station.FocusedHead()));
     }
+}
+
+void ResultJourneyTest::aPointOfACurveThatIsLaidOverSaysWhichCaseItIs()
+{
+    for (const QString& example : {u"plate4"_s, u"box2"_s})
+        for (const bool otherGirder : {false, true}) {
+            Station station(example);
+            station.child->SwitchToBlock(kResultBlock);
+            CResultSession& session = ResultSessionOf(station.Doc());
+            const AnalysisResults& results = station.Doc().Results();
+            session.selection.overLoad = results.model.loadCaseNames[0];
+            if (otherGirder)
+                session.selection.overGirder = results.model.girderNames[1];
+            session.ShowFigureAnew();
+            QApplication::processEvents();
+            const std::string firstLoad = session.selection.load;
+            const std::vector<DiagramCurve> curves = CurvesOf(results, session.selection);
+            QCOMPARE(curves.size(), std::size_t(2));
+            const FigureView& view = station.Figure().View();
+            const DiagramScale scale = FitCurves(curves, FigureScreenOf(station.Figure()), view.zoom, PanOf(view));
+            QLabel* note = nullptr;
+            for (QLabel* label : station.child->Panel()->findChildren<QLabel*>())
+                if (label->accessibleName() == u"図で選んだ点"_s)
+                    note = label;
+            QVERIFY(note != nullptr);
+            QPushButton* show = nullptr;
+            for (QPushButton* button : station.child->Panel()->findChildren<QPushButton*>())
+                if (button->text().startsWith(u"重ねた方を表に出す"_s))
+                    show = button;
+            QVERIFY(show != nullptr);
+            // A point of the second curve that stands off the first one.
+            bool found = false;
+            for (std::size_t i = 1; i + 1 < curves[1].diagram.bays.size() && !found; ++i) {
+                const DiagramBay& bay = curves[1].diagram.bays[i];
+                const FigurePoint tip{scale.X(bay.x0), scale.Y(bay.left)};
+                const auto wanted = PickOrdinate(results, curves, scale, {std::round(tip.x) + 1, std::round(tip.y)});
+                if (!wanted || wanted->pen != FigurePen::Second)
+                    continue;
+                found = true;
+                station.Click({std::round(tip.x) + 1, std::round(tip.y)});
+                QVERIFY2(note->isVisible(), qPrintable(example));
+                QVERIFY2(note->text().contains(toQString(wanted->name)), qPrintable(note->text()));
+                QVERIFY2(note->text().contains(toQString(ShownLoad(results.model.loadCaseNames[0]))),
+                         qPrintable(note->text()));
+                if (!otherGirder)
+                    QCOMPARE(station.Focused(), toQString(wanted->name));
+                const QString folder = qEnvironmentVariable("SBD_FIGURES");
+                if (!folder.isEmpty())
+                    QVERIFY(station.frame.grab().save(folder + u"/over-%1-%2.png"_s.arg(example).arg(otherGirder)));
+                QTest::mouseClick(show, Qt::LeftButton);
+                QCOMPARE(station.Focused(), toQString(wanted->name));
+                QVERIFY(session.selection.load == results.model.loadCaseNames[0]);
+                QVERIFY(session.selection.overLoad == firstLoad);
+                // The value in the table is that of the point.
+                const QString text =
+                    station.Grid().Source()->Text(station.Grid().FocusCell().row, station.Grid().FocusCell().column);
+                QCOMPARE(text, QString::number(wanted->value, 'f', 3));
+                QVERIFY(!note->isVisible());
+            }
+            QVERIFY(found);
+        }
 }
 
 void ResultJourneyTest::aBraceOfTheModelIsFoundByAClick()
@@ -246,7 +309,12 @@ void ResultJourneyTest::thePdfCanBeCancelled()
     QVERIFY(file.open(QFile::WriteOnly));
     file.write("before");
     file.close();
+    ResultSessionOf(station.Doc()).selection.overGirder = "G2";
     CResultSheetsDialog dialog(&station.Doc());
+    bool saysOver = false;
+    for (const QLabel* label : dialog.findChildren<QLabel*>())
+        saysOver = saysOver || label->text().endsWith(u"\n重ね描き: G2"_s);
+    QVERIFY(saysOver);
     dialog.askFile = [&](QWidget*, const QString&) { return path; };
     int asked = 0;
     dialog.isCancelled = [&](int done) { return ++asked > 2 && done >= 2; };

@@ -4,6 +4,7 @@
 #include "panels/result_output.h"
 #include "panels/result_panel.h"
 #include "panels/result_panel_source.h"
+#include "panels/result_saver.h"
 #include "results/result_title.h"
 #include "tests/surroundings.h"
 
@@ -11,6 +12,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -19,6 +21,7 @@
 #include <QListView>
 #include <QPdfWriter>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -77,6 +80,19 @@ private:
         return panel_->findChild<QGroupBox*>(u"columns"_s)->findChildren<QCheckBox*>();
     }
     [[nodiscard]] QString Cell(int row, int column) const { return panel_->Grid()->Source()->Text(row, column); }
+    template <typename Widget>
+    [[nodiscard]] Widget* Named(const QString& name) const
+    {
+        const auto all = panel_->findChildren<Widget*>();
+        const auto found = std::ranges::find(all, name, &QWidget::accessibleName);
+        return found == all.end() ? nullptr : *found;
+    }
+    [[nodiscard]] QPushButton* Button(const QString& text) const
+    {
+        const auto all = panel_->findChildren<QPushButton*>();
+        const auto found = std::ranges::find(all, text, &QPushButton::text);
+        return found == all.end() ? nullptr : *found;
+    }
     void Choose(QComboBox* box, const QString& text)
     {
         const int index = box->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
@@ -113,6 +129,13 @@ private slots:
     void widthsThatTheMouseHasGivenStay();
     void copiesHaveHeadsWithUnits();
     void theSpreadsheetIsWritten();
+    void whoGivesUpKeepsTheFileThatWasThere();
+    void aTableNeverTakesThePlaceOfAProjectOrItsResults();
+    void resultsThatComeWhileATableIsSavedEndIt();
+    void aPointOfTheOtherCaseIsSaidToBeThat();
+    void aPointOfTheOtherGirderComesIntoTheTableByAButton();
+    void inANarrowWindowNothingLiesOverAnother();
+    void aKindWithoutResultsIsSaid();
     void aLongTablePrintsOnSeveralPages();
     void withoutResultsItSaysSo();
     void resultsThatComeLaterAreShown();
@@ -298,11 +321,14 @@ void ResultPanelTest::theCsvFileHoldsTheWholeTable()
     const QTemporaryDir folder;
     const QString path = folder.filePath(u"表.csv"_s);
     QString proposed;
-    panel_->askFile = [&](QWidget*, const QString& name) {
+    panel_->Saver().askFile = [&](QWidget*, const QString& name) {
         proposed = name;
         return path;
     };
-    panel_->SaveCsv();
+    QSignalSpy ended(&panel_->Saver(), &CResultSaver::ended);
+    panel_->Saver().SaveCsv();
+    QCOMPARE(ended.count(), 1);
+    QVERIFY(ended[0][0].toString().contains(u"表.csv"_s));
     const QString beside = QFileInfo(doc_->PathName()).path();
     QCOMPARE(proposed, beside + u"/断面力　荷重_ (B-L_MY最大)(相反応力考慮)　主桁_ G1.csv"_s);
     QFile file(path);
@@ -324,19 +350,19 @@ void ResultPanelTest::aFileThatCannotBeWrittenIsTold()
 {
     OpenProject("single1");
     QString told;
-    panel_->warn = [&](QWidget*, const QString& message) { told = message; };
-    panel_->askFile = [](QWidget*, const QString&) { return u"/no/such/folder/x.csv"_s; };
-    panel_->SaveCsv();
+    panel_->Saver().warn = [&](QWidget*, const QString& message) { told = message; };
+    panel_->Saver().askFile = [](QWidget*, const QString&) { return u"/no/such/folder/x.csv"_s; };
+    panel_->Saver().SaveCsv();
     QVERIFY(told.contains(u"/no/such/folder/x.csv"_s));
 #ifndef Q_OS_WIN // whose system has its own words
     QVERIFY2(told.endsWith(u"(詳細: ファイルまたはフォルダーがありません)"_s), qPrintable(told));
 #endif
     told.clear();
-    panel_->askFile = [](QWidget*, const QString&) { return QString(); };
-    panel_->SaveCsv();
+    panel_->Saver().askFile = [](QWidget*, const QString&) { return QString(); };
+    panel_->Saver().SaveCsv();
     QVERIFY(told.isEmpty());
-    panel_->print = [](QWidget*, const CResultTable&, const ResultSelection&) { return false; };
-    panel_->Print();
+    panel_->Saver().print = [](QWidget*, const CResultTable&, const ResultSelection&) { return false; };
+    panel_->Saver().Print();
     QVERIFY(!told.isEmpty());
 }
 
@@ -345,7 +371,7 @@ void ResultPanelTest::whatIsClickedInTheFigureIsFoundInTheTable()
     OpenProject("plate4");
     CResultSession& session = ResultSessionOf(*doc_);
     const std::string name = fromQString(Cell(6, 1)).value();
-    session.Pick(name, 4, true);
+    session.Pick({.name = name, .component = 4, .rightEnd = true});
     QCOMPARE(panel_->Grid()->FocusCell().row, 6);
     QCOMPARE(panel_->Grid()->Source()->Head(panel_->Grid()->FocusCell().column, 0), u"右My\n[kN・m]"_s);
     QVERIFY(session.Marked() == name); // and the figure marks it
@@ -353,7 +379,7 @@ void ResultPanelTest::whatIsClickedInTheFigureIsFoundInTheTable()
     QVERIFY(session.Marked() == fromQString(Cell(8, 1)).value());
     panel_->Grid()->SetFocusCell(1, 3);
     QVERIFY(session.Marked().empty());
-    session.Pick("nobody", 4, true);
+    session.Pick({.name = "nobody", .component = 4, .rightEnd = true});
     QCOMPARE(panel_->Grid()->FocusCell().row, 1);
 }
 
@@ -413,6 +439,11 @@ void ResultPanelTest::aHeadSortsTheRowsAndTheOrderOfTheFilesComesBack()
     QVERIFY(back != buttons.end() && (*back)->isVisible());
     (*back)->click();
     QCOMPARE(Cell(3, 1), first);
+    Choose(Item(), u"Sz"_s); // the figure is not that of the order
+    doubleClick(3);
+    QCOMPARE(Item()->currentText(), u"Sz"_s);
+    QVERIFY(Selection().figureItem == "Sz");
+    (*back)->click();
     QVERIFY(!(*back)->isVisible());
     doubleClick(3);
     Columns()[0]->click(); // the columns are others
@@ -431,7 +462,10 @@ void ResultPanelTest::theFilterLeavesNamesThatHoldIt()
     for (int row = 3; row <= left; ++row)
         QVERIFY(Cell(row, 1).contains(u"-C1"_s));
     QVERIFY(TableTitle(Selection()).find("-C1") != std::string::npos); // CSV and paper say so
+    Choose(Item(), u"Nx"_s);
     filter->clear();
+    QCOMPARE(Item()->currentText(), u"Nx"_s); // it narrows the table alone
+    QVERIFY(Selection().figureItem == "Nx");
     QCOMPARE(panel_->Grid()->Source()->UsedRows(), rows);
 }
 
@@ -460,7 +494,7 @@ void ResultPanelTest::anEnvelopeTellsTheCasesThatDecide()
     for (int row = 3; row <= rows; ++row)
         QVERIFY(Cell(row, 3) == list->model()->index(0, 0).data() || Cell(row, 3) == list->model()->index(1, 0).data());
     // A click at the curve of the smallest values goes to their column.
-    ResultSessionOf(*doc_).Pick(fromQString(Cell(6, 1)).value(), 4, false, true);
+    ResultSessionOf(*doc_).Pick({.name = fromQString(Cell(6, 1)).value(), .component = 4, .isLeast = true});
     QCOMPARE(panel_->Grid()->Source()->Head(panel_->Grid()->FocusCell().column, 0), u"左My最小\n[kN・m]"_s);
     Close();
     Open();
@@ -529,20 +563,213 @@ void ResultPanelTest::theSpreadsheetIsWritten()
     QTemporaryDir folder;
     QString proposed;
     const QString path = folder.filePath(u"表.xlsx"_s);
-    panel_->askFile = [&](QWidget*, const QString& name) {
+    panel_->Saver().askFile = [&](QWidget*, const QString& name) {
         proposed = name;
         return path;
     };
-    panel_->SaveXlsx();
+    panel_->Saver().SaveXlsx();
     QVERIFY(proposed.endsWith(u".xlsx"_s));
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QVERIFY(file.readAll().startsWith("PK"));
     QString told;
-    panel_->warn = [&](QWidget*, const QString& message) { told = message; };
-    panel_->askFile = [](QWidget*, const QString&) { return u"/no/such/folder/x.xlsx"_s; };
-    panel_->SaveXlsx();
+    panel_->Saver().warn = [&](QWidget*, const QString& message) { told = message; };
+    panel_->Saver().askFile = [](QWidget*, const QString&) { return u"/no/such/folder/x.xlsx"_s; };
+    panel_->Saver().SaveXlsx();
     QVERIFY(told.contains(u"/no/such/folder/x.xlsx"_s));
+}
+
+void ResultPanelTest::whoGivesUpKeepsTheFileThatWasThere()
+{
+    OpenProject("box2");
+    Choose(Girder(), u"すべて"_s);
+    QTemporaryDir folder;
+    CResultSaver& saver = panel_->Saver();
+    QString told;
+    saver.warn = [&](QWidget*, const QString& message) { told = message; };
+    for (const QString& name : {u"table.csv"_s, u"table.xlsx"_s})
+        for (const int patience : {0, 1}) {
+            if (patience == 1 && name.endsWith(u"csv"_s)) // few rows are told of once; a book again when it is written
+                continue;
+            const QString path = folder.filePath(name);
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write("before");
+            file.close();
+            int asked = 0;
+            saver.askFile = [&](QWidget*, const QString&) { return path; };
+            saver.isCancelled = [&](std::size_t) { return asked++ >= patience; };
+            if (name.endsWith(u"csv"_s))
+                saver.SaveCsv();
+            else
+                saver.SaveXlsx();
+            QVERIFY(asked > patience);
+            QVERIFY2(told.isEmpty(), qPrintable(told));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            QCOMPARE(file.readAll(), QByteArray("before"));
+            QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{name});
+            file.close();
+            saver.isCancelled = nullptr;
+            if (name.endsWith(u"csv"_s))
+                saver.SaveCsv();
+            else
+                saver.SaveXlsx();
+            QVERIFY(QFileInfo(path).size() > 1000);
+            QVERIFY(file.remove());
+        }
+}
+
+void ResultPanelTest::aTableNeverTakesThePlaceOfAProjectOrItsResults()
+{
+    QTemporaryDir folder;
+    const QString project = folder.filePath(u"bridge.sbd"_s);
+    QVERIFY(QFile::copy(QStringLiteral(EXAMPLES_DIR) + u"/plate4/plate4.sbd"_s, project));
+    QVERIFY(QFile::link(project, folder.filePath(u"table.csv"_s)));
+    OpenProject("plate4");
+    QString told;
+    panel_->Saver().warn = [&](QWidget*, const QString& message) { told = message; };
+    QFile file(project);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray before = file.readAll();
+    for (const QString& name : {u"bridge.sbd"_s, u"table.csv"_s, u"BRIDGE.SBD"_s, u"bridge.Z1D"_s, u"bridge.z3f"_s,
+                                u"bridge.abd"_s, u"bridge.sbd."_s, u"bridge.CHK "_s}) {
+        told.clear();
+        panel_->Saver().askFile = [&](QWidget*, const QString&) { return folder.filePath(name); };
+        panel_->Saver().SaveCsv();
+        QVERIFY2(told.contains(u"別の名前"_s), qPrintable(name + told));
+        told.clear();
+        panel_->Saver().SaveXlsx();
+        QVERIFY2(told.contains(u"別の名前"_s), qPrintable(name + told));
+    }
+    file.seek(0);
+    QCOMPARE(file.readAll(), before);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), (QStringList{u"bridge.sbd"_s, u"table.csv"_s}));
+}
+
+void ResultPanelTest::resultsThatComeWhileATableIsSavedEndIt()
+{
+    OpenProject("plate4");
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"table.csv"_s);
+    QString told;
+    panel_->Saver().warn = [&](QWidget*, const QString& message) { told = message; };
+    panel_->Saver().askFile = [&](QWidget*, const QString&) { return path; };
+    panel_->Saver().isCancelled = [&](std::size_t) {
+        doc_->ReadResults(doc_->PathName());
+        return false;
+    };
+    panel_->Saver().SaveCsv();
+    QVERIFY2(told.contains(u"読み直された"_s), qPrintable(told));
+    QVERIFY(!QFile::exists(path));
+}
+
+void ResultPanelTest::aPointOfTheOtherCaseIsSaidToBeThat()
+{
+    OpenProject("plate4");
+    auto* const point = Named<QLabel>(u"図で選んだ点"_s);
+    auto* const button = Button(u"重ねた方を表に出す(&V)"_s);
+    const std::string first = Selection().load;
+    const std::string second = LoadOfShown(fromQString(Load()->itemText(Load()->currentIndex() + 1)).value());
+    Selection().overLoad = second;
+    CResultSession& session = ResultSessionOf(*doc_);
+    const std::string name = fromQString(Cell(6, 1)).value();
+
+    session.Pick({.name = name, .component = 2, .words = "of the table"});
+    QVERIFY(!point->isVisible());
+    session.Pick({.name = name, .component = 2, .isOver = true, .words = "of the other one"});
+    QCOMPARE(panel_->Grid()->FocusCell().row, 6); // the same member
+    QVERIFY(point->isVisible() && point->text().contains(u"of the other one"_s));
+    QVERIFY2(point->text().contains(toQString(ShownLoad(first))), qPrintable(point->text()));
+    panel_->Grid()->SetFocusCell(8, 3);
+    QVERIFY(!point->isVisible());
+
+    Choose(Item(), u"Sz"_s);
+    session.Pick({.name = name, .component = 2, .isOver = true, .words = "again"});
+    button->click();
+    QVERIFY(Selection().load == second && Selection().overLoad == first);
+    QCOMPARE(Load()->currentText(), toQString(ShownLoad(second)));
+    QCOMPARE(Item()->currentText(), u"Sz"_s); // the figure is still that
+    QCOMPARE(panel_->Grid()->FocusCell().row, 6);
+    QCOMPARE(panel_->Grid()->Source()->Head(panel_->Grid()->FocusCell().column, 0), u"左Sz\n[kN]"_s);
+    QVERIFY(!point->isVisible());
+}
+
+void ResultPanelTest::aPointOfTheOtherGirderComesIntoTheTableByAButton()
+{
+    OpenProject("plate4");
+    auto* const point = Named<QLabel>(u"図で選んだ点"_s);
+    auto* const button = Button(u"重ねた方を表に出す(&V)"_s);
+    CResultSession& session = ResultSessionOf(*doc_);
+    Selection().overGirder = "G3";
+    const std::vector<std::string>& names = doc_->Results().model.elementNames;
+    const auto other = std::ranges::find_if(names, [](const std::string& name) { return name.starts_with("G3-"); });
+    QVERIFY(other != names.end());
+    panel_->Grid()->SetFocusCell(7, 3);
+    session.Pick({.name = *other, .component = 4, .isOver = true, .words = "G3"});
+    QCOMPARE(panel_->Grid()->FocusCell().row, 7);
+    QVERIFY2(point->isVisible() && point->text().contains(u"この表にはありません"_s), qPrintable(point->text()));
+    button->click();
+    QVERIFY(Selection().girder == "G3" && Selection().overGirder == "G1");
+    QCOMPARE(Girder()->currentText(), u"G3"_s);
+    QCOMPARE(Cell(panel_->Grid()->FocusCell().row, 1), toQString(*other));
+    // All girders stand in the table: the row is found, and it is that of the case on show.
+    Choose(Girder(), u"すべて"_s);
+    Selection().overGirder = "G2";
+    const auto third = std::ranges::find_if(names, [](const std::string& name) { return name.starts_with("G2-"); });
+    session.Pick({.name = *third, .component = 4, .isOver = true, .words = "G2"});
+    QCOMPARE(Cell(panel_->Grid()->FocusCell().row, 1), toQString(*third));
+    QVERIFY(!point->isVisible());
+    // Left out by the filter: said, without the button.
+    Selection().overGirder.clear();
+    const auto edits = panel_->findChildren<QLineEdit*>();
+    (*std::ranges::find(edits, u"名称の一部"_s, &QLineEdit::placeholderText))->setText(u"no name has this"_s);
+    session.Pick({.name = *third, .component = 4, .words = "G2"});
+    QVERIFY(point->isVisible() && point->text().contains(u"表に出ていません"_s) && !button->isVisible());
+}
+
+void ResultPanelTest::inANarrowWindowNothingLiesOverAnother()
+{
+    OpenProject("box2");
+    for (const int width : {460, 700, 1200}) {
+        panel_->resize(width, 330);
+        QApplication::processEvents();
+        const auto placeOf = [&](const QWidget* widget) {
+            return QRect(widget->mapTo(panel_.get(), QPoint(0, 0)), widget->size());
+        };
+        const QRect choices = placeOf(panel_->findChild<QScrollArea*>());
+        const QRect excluded = placeOf(Excluded());
+        const QRect table = placeOf(panel_->Grid());
+        QVERIFY2(!choices.intersects(excluded), qPrintable(QString::number(width)));
+        QVERIFY2(!choices.intersects(table) && !excluded.intersects(table), qPrintable(QString::number(width)));
+        QVERIFY2(panel_->rect().contains(table), qPrintable(QString::number(width)));
+        for (const char* text : {"CSVに保存...", "Excelに保存...", "印刷...", "図をPDFに..."})
+            QVERIFY(panel_->rect().contains(placeOf(Button(QString::fromUtf8(text))))); // none to be looked for
+    }
+}
+
+void ResultPanelTest::aKindWithoutResultsIsSaid()
+{
+    const QTemporaryDir folder;
+    const QString project = folder.filePath(u"plate4.sbd"_s);
+    const QString examples = QStringLiteral(EXAMPLES_DIR) + u"/plate4/"_s;
+    QVERIFY(QFile::copy(examples + u"plate4.sbd"_s, project));
+    QVERIFY(QDir(folder.path()).mkdir(u"plate4_計算結果"_s));
+    for (const char* file : {"Z1D", "Z1F", "Z1R", "Z3F"})
+        QVERIFY(QFile::copy(examples + u"plate4_計算結果/plate4."_s + QString::fromLatin1(file),
+                            folder.filePath(u"plate4_計算結果/plate4."_s + QString::fromLatin1(file))));
+    doc_ = std::make_unique<CKELDSectionDoc>();
+    QVERIFY(doc_->OpenDocument(project).Ok());
+    Open();
+    const auto says = [&](const QString& text) {
+        return std::ranges::any_of(panel_->findChildren<QLabel*>(), [&](const QLabel* label) {
+            return label->isVisible() && label->text().contains(text);
+        });
+    };
+    QVERIFY(says(u"20 行"_s));
+    Choose(Kind(), u"反力"_s);
+    QVERIFY(says(u"反力の結果がありません"_s));
+    QVERIFY(says(u"ない: Z3D, Z3R"_s));
+    QVERIFY(!Button(u"CSVに保存..."_s)->isEnabled());
 }
 
 void ResultPanelTest::aLongTablePrintsOnSeveralPages()

@@ -3,6 +3,7 @@
 #include "results/figure_heading.h"
 #include "results/model_labels.h"
 #include "results/result_files.h"
+#include "results/result_table.h"
 #include "tests/results/result_fixture.h"
 #include "tests/surroundings.h"
 
@@ -121,9 +122,11 @@ TEST(DiagramLayout, NoTextLiesOverAnotherInAnyDiagramOfTheExamples)
                                 return std::ranges::find(page.drawing.values, value, &FigureText::value)
                                        != page.drawing.values.end();
                             };
-                            const bool differ = diagram.least < diagram.greatest;
-                            ASSERT_EQ(Marked(page, FigureMark::Greatest), asks(diagram.greatest) ? 1U : 0U) << name;
-                            ASSERT_EQ(Marked(page, FigureMark::Least), differ && asks(diagram.least) ? 1U : 0U) << name;
+                            const double greatest = ExtremeOf(diagram, EnvelopeSide::Greatest).value().value;
+                            const double least = ExtremeOf(diagram, EnvelopeSide::Least).value().value;
+                            ASSERT_EQ(Marked(page, FigureMark::Greatest), asks(greatest) ? 1U : 0U) << name;
+                            ASSERT_EQ(Marked(page, FigureMark::Least), least < greatest && asks(least) ? 1U : 0U)
+                                << name << ' ' << info.word << ' ' << load << ' ' << girder << ' ' << k << ' ' << width;
                             ++diagrams;
                             values += page.values;
                             shown += page.valuesShown;
@@ -155,6 +158,74 @@ TEST(DiagramLayout, FourteenHundredStationsKeepExtremesEndsAndSupports)
     }
     const DiagramPage enlarged = PageOf(diagram, 1200, 500, kFitZoom / 100);
     EXPECT_EQ(enlarged.valuesShown, enlarged.values) << "an enlarged figure shows the rest";
+}
+
+TEST(DiagramLayout, WhatIsWrittenAsZeroHasNoSignAndTakesNoPlaceFromAName)
+{
+    AnalysisResults results = LongGirder(21);
+    std::ranges::fill(results.force.values, 0);
+    for (std::size_t bay = 0; bay < 20; ++bay) { // one end of a bay has the sign of the other one turned round
+        results.force.values[bay * kElementComponents + 4] = bay == 0 ? -0.03 : -0.02;
+        results.force.values[bay * kElementComponents + 10] = bay == 10 ? -30 : 0.02;
+    }
+    const DiagramPage page = PageOf(MakeGirderDiagram(results, 0, "", ResultKind::Force, 4), 900, 500);
+    EXPECT_TRUE(Says(page.texts, "0.0"));
+    EXPECT_TRUE(Says(page.texts, "30.0"));
+    EXPECT_FALSE(Says(page.texts, "-0.0"));
+    for (std::size_t station = 0; station < 21; ++station)
+        EXPECT_TRUE(Says(page.texts, "ST" + std::to_string(station))) << station;
+}
+
+TEST(DiagramExtremes, ReactionsAreThoseOfTheTable)
+{
+    std::size_t compared = 0;
+    for (const char* const name : {"plate4", "box2", "single1"}) {
+        const AnalysisResults results = Example(name);
+        for (std::size_t load = 0; load < results.model.loadCaseNames.size(); ++load)
+            for (const std::string& girder : results.model.girderNames) {
+                ResultSelection selection;
+                selection.kind = ResultKind::Reaction;
+                selection.load = results.model.loadCaseNames[load];
+                selection.girder = girder;
+                selection.station = NoneWord();
+                const CResultTable table(results, selection);
+                if (table.RowCount() == 0)
+                    continue;
+                constexpr std::size_t vertical = 2;
+                const GirderDiagram diagram = MakeGirderDiagram(results, load, girder, selection.kind, vertical);
+                const auto least = ExtremeOf(diagram, EnvelopeSide::Least);
+                ASSERT_TRUE(least);
+                EXPECT_EQ(least->value, table.Extremes(vertical).min) << name << ' ' << load << ' ' << girder;
+                EXPECT_EQ(ExtremeOf(diagram, EnvelopeSide::Greatest)->value, table.Extremes(vertical).max);
+                const std::string row(table.Name(*table.Extremes(vertical).minRow));
+                EXPECT_TRUE(row.ends_with("-" + least->station)) << row << ' ' << least->station;
+                ++compared;
+            }
+    }
+    EXPECT_GT(compared, 20U);
+}
+
+TEST(DiagramExtremes, SmallOnesAreToldWithTheDigitsOfTheTable)
+{
+    AnalysisResults results = LongGirder(5);
+    const auto extremes = [&](double times) {
+        AnalysisResults own = results;
+        for (double& value : own.force.values)
+            value *= times;
+        const GirderDiagram diagram = MakeGirderDiagram(own, 0, "", ResultKind::Force, 4);
+        std::string all;
+        for (const auto& line : DiagramHeading(own, {}, diagram, FitDiagram(diagram, {900, 500}, kFitZoom, {}), {}))
+            for (const FigureWords& words : line)
+                all += FromCp932(words.text) + "\n";
+        return all;
+    };
+    const std::string noise = "表では 0.000 (計算の端数)";
+    EXPECT_NE(extremes(1).find("最小 -300.0 (ST0)"), std::string::npos) << extremes(1);
+    EXPECT_NE(extremes(0.001).find("最小 -0.300 (ST0)"), std::string::npos) << extremes(0.001);
+    EXPECT_EQ(extremes(0.001).find(noise), std::string::npos);
+    EXPECT_NE(extremes(1e-9).find("最小 0.000 (ST0)"), std::string::npos) << extremes(1e-9);
+    EXPECT_NE(extremes(1e-9).find(noise), std::string::npos) << "what is drawn is what the computer left over";
+    EXPECT_EQ(extremes(0).find(noise), std::string::npos) << "a line along the axis says enough";
 }
 
 TEST(DiagramLayout, SpansStandUnderTheDiagramWithTheirLengths)

@@ -75,6 +75,30 @@ TEST(PickOrdinate, InsideABayTheNearerEndCounts)
     EXPECT_FALSE(shown.At({1, 1}));
 }
 
+TEST(PickOrdinate, OfTwoThatLieOverEachOtherTheFirstIsThatOfTheTable)
+{
+    const Shown shown(ResultKind::Force);
+    GirderDiagram other = shown.diagram;
+    other.bays[1].right *= 0.4;
+    const std::vector<DiagramCurve> curves{{shown.diagram, FigurePen::Plain, "first"},
+                                           {other, FigurePen::Second, "second"}};
+    const auto at = [&](const GirderDiagram& diagram, std::size_t bay) {
+        return PickOrdinate(shown.results, curves, shown.scale,
+                            shown.Tip(diagram.bays[bay].x1, diagram.bays[bay].right));
+    };
+    const auto apart = at(other, 1);
+    ASSERT_TRUE(apart);
+    EXPECT_EQ(apart->pen, FigurePen::Second);
+    EXPECT_TRUE(apart->words.starts_with("second\n")) << apart->words;
+    EXPECT_EQ(apart->value, other.bays[1].right);
+    const auto first = at(shown.diagram, 1);
+    ASSERT_TRUE(first);
+    EXPECT_EQ(first->pen, FigurePen::Plain);
+    const auto both = at(shown.diagram, 0);
+    ASSERT_TRUE(both);
+    EXPECT_EQ(both->pen, FigurePen::Plain) << "the row that is found is that of the table";
+}
+
 TEST(PickOrdinate, WhatIsNoNumberIsNeverFound)
 {
     Shown shown(ResultKind::Displacement, 2);

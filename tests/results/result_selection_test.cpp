@@ -167,4 +167,28 @@ TEST(KeptSelection, WhatWasChosenWithoutResultsIsNoChoice)
     EXPECT_EQ(KeptSelection(FirstUseSelection({}), TwoGirders()), FirstUseSelection(TwoGirders()));
 }
 
+TEST(SwapOver, WhatIsLaidOverAndWhatTheTableShowsChangePlaces)
+{
+    const AnalysisModel model = TwoGirders();
+    ResultSelection selection = FirstUseSelection(model);
+    const ResultSelection before = selection;
+    SwapOver(selection, model);
+    EXPECT_EQ(selection, before) << "nothing is laid over";
+    selection.overLoad = model.loadCaseNames[1];
+    selection.overGirder = "G2";
+    SwapOver(selection, model);
+    EXPECT_EQ(selection.load, model.loadCaseNames[1]);
+    EXPECT_EQ(selection.overLoad, before.load);
+    EXPECT_EQ(selection.girder, "G2");
+    EXPECT_EQ(selection.overGirder, "G1");
+    EXPECT_THAT(selection.offeredNames, ElementsAre("G2-S1"));
+    // Of all girders the figure shows the first one.
+    selection.girder = AllWord();
+    selection.overLoad.clear();
+    selection.overGirder = "G2";
+    SwapOver(selection, model);
+    EXPECT_EQ(selection.girder, "G2");
+    EXPECT_EQ(selection.overGirder, "G1");
+}
+
 } // namespace sbd

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <map>
 #include <random>
+#include <thread>
 
 #ifndef _WIN32
 #include <csignal>
@@ -182,6 +183,37 @@ TEST(Workbook, AFileThatCannotBeWrittenIsSaidAndTheOldOneStays)
     EXPECT_EQ(book.Save(folder.Path() / "none" / "a.xlsx").error, FileError::NotFound);
     CWorkbook onFolder;
     EXPECT_FALSE(onFolder.Save(folder.Path()).Ok());
+}
+
+TEST(Workbook, WhoGivesUpWhileItIsWrittenKeepsTheFileThatWasThere)
+{
+    const Folder folder;
+    for (const int patience : {0, 1, 1'000'000}) {
+        const auto path = folder / u8"a.xlsx";
+        ASSERT_TRUE(ReplaceFileBytes(path, "before").Ok());
+        CWorkbook book;
+        book.AddSheet("a");
+        for (std::uint32_t row = 0; row < 20'000; ++row) // some time is needed for it
+            for (std::uint16_t column = 0; column < 10; ++column)
+                book.SetNumber(row, column, row * 0.001 + column);
+        int asked = 0;
+        const std::thread::id own = std::this_thread::get_id();
+        EXPECT_TRUE(book.Save(path,
+                              [&] {
+                                  EXPECT_EQ(std::this_thread::get_id(), own) << "windows belong to their thread";
+                                  return asked++ < patience;
+                              })
+                        .Ok());
+        std::string bytes;
+        ASSERT_TRUE(ReadFileBytes(path, bytes).Ok());
+        EXPECT_EQ(bytes == "before", patience < 1'000'000) << patience;
+        EXPECT_GT(asked, patience < 2 ? patience : 1);
+        if (patience > 1) {
+            EXPECT_THAT(PartsOf(path)["xl/worksheets/sheet1.xml"], HasSubstr("r=\"J20000\""));
+        }
+    }
+    const auto files = std::filesystem::directory_iterator(folder.Path());
+    EXPECT_EQ(std::distance(begin(files), end(files)), 1);
 }
 
 TEST(Workbook, CutOffBytesAreNoZipFile)

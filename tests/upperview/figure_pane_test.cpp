@@ -136,7 +136,7 @@ void FigurePaneTest::aClickOnAnOrdinatePicksItsRow()
                      int(scale.Y(bay.left + (bay.right - bay.left) * 0.4 / (bay.x1 - bay.x0))));
     shown.Click(tip);
     QCOMPARE(picked.count(), 1);
-    const std::string name = picked[0][0].value<std::string>();
+    const std::string name = picked[0][0].value<PickedPoint>().name;
     const std::vector<std::string>& names = shown.doc.Results().model.elementNames;
     QVERIFY(name == names[std::size_t(bay.element) - 1] || name == names[std::size_t(diagram.bays[4].element) - 1]);
     QVERIFY(shown.pane->WordsAt(tip).contains(u"kN・m"_s));

@@ -12,6 +12,7 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
 
 namespace sbd {
 
@@ -123,6 +124,8 @@ private slots:
     void aRectangleZoomsAndAClickDoesNothing();
     void aDragIsShownFromTenPixelsOnAndStaysAtItsEnd();
     void aDragStaysWhereItWasShownLast();
+    void thousandsOfLinesArePaintedAsOneByOne();
+    void thousandsOfDotsArePaintedAsOneByOne();
 };
 
 void ModelFigureTest::everyViewOfEveryExampleShowsMembersNodesAndSupports_data()
@@ -331,6 +334,64 @@ void ModelFigureTest::aDragStaysWhereItWasShownLast()
     QCOMPARE(mouse.Release(Event(QEvent::MouseButtonRelease, {300, 300}, Qt::RightButton)), FigureMouseEffect::None);
     QCOMPARE(mouse.Release(Event(QEvent::MouseButtonRelease, {300, 300}, Qt::LeftButton)), FigureMouseEffect::None);
     QVERIFY(!view.panPending && !view.zoomBoxPending);
+}
+
+void ModelFigureTest::thousandsOfLinesArePaintedAsOneByOne()
+{
+    std::mt19937 random(20261122);
+    const auto below = [&](int most) { return static_cast<int>(random() % static_cast<unsigned>(most)); };
+    for (const double width : {1.0, 2.0, 3.0}) {
+        std::vector<QLine> lines;
+        for (int i = 0; i < 3000; ++i) {
+            const QPoint from(below(300), below(200));
+            const int length = below(12);
+            lines.emplace_back(from, from
+                                         + (i % 3 == 0   ? QPoint(length, 0)
+                                            : i % 3 == 1 ? QPoint(0, -length)
+                                                         : QPoint(-length, below(12))));
+        }
+        const QPen pen(Qt::blue, width);
+        const QImage wanted = Painted([&](QPainter& painter) {
+            painter.setPen(pen);
+            painter.drawLines(lines.data(), static_cast<int>(lines.size()));
+        });
+        const QImage painted = Painted([&](QPainter& painter) {
+            CFigureLines figure(Screen());
+            for (const QLine& line : lines)
+                figure.Add({double(line.x1()), double(line.y1())}, {double(line.x2()), double(line.y2())});
+            figure.Paint(painter, pen);
+        });
+        QVERIFY(Count(wanted, Qt::blue) > 1000);
+        QVERIFY(painted == wanted);
+    }
+}
+
+void ModelFigureTest::thousandsOfDotsArePaintedAsOneByOne()
+{
+    AnalysisResults results;
+    constexpr int count = 5000;              // more than the pane's size asks for
+    for (int node = 0; node < count; ++node) // each on pixels of its own
+        results.nodeTable.coordinates.push_back({double(node * 7 % 300), double(node * 7 / 300), 0});
+    results.nodeTable.nodeFlags.resize(count);
+    results.nodeTable.nodeValues.resize(count);
+    results.model.nodeCount = count;
+    FigureView view;
+    ApplyViewCommand(view, Command::ViewXY);
+    const QImage painted =
+        Painted([&](QPainter& painter) { DrawModelFigure(painter, Screen(), results, CSbdData(), {}, Look(), view); });
+    const CModelProjection projection(FigurePlaces(results), view.viewDirection);
+    const ModelScale scale = FitModel(projection.Bounds(), Screen(), view.zoom, PanOf(view));
+    const QImage wanted = Painted([&](QPainter& painter) {
+        painter.setPen(PenOf(FigurePen::Plain, Look()));
+        painter.setBrush(Qt::red);
+        for (std::int32_t node = 1; node <= count; ++node) {
+            const FigurePoint at = ScreenOf(node, projection, scale);
+            painter.drawEllipse(QPoint(static_cast<int>(at.x), static_cast<int>(at.y)), 3, 3);
+        }
+    });
+    const QRect belowTheHeading(0, 100, kSize.width(), kSize.height() - 100);
+    QVERIFY(Count(wanted.copy(belowTheHeading), Qt::red) > 1000);
+    QVERIFY(painted.copy(belowTheHeading) == wanted.copy(belowTheHeading));
 }
 
 } // namespace sbd

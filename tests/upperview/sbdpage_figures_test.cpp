@@ -1,6 +1,7 @@
 #include "tests/surroundings.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -169,6 +170,38 @@ void SbdpageFiguresTest::theTableOfResultsIsPrinted()
     QCOMPARE(RunPage(table + QStringList{u"--envelope"_s}).code, 0);
     QVERIFY(file.open(QFile::ReadOnly));
     QVERIFY(file.readAll().count("/Type /Page\n") > 3); // so many columns can be read on several sheets only
+    file.close();
+    // Rows and columns as the window chooses them.
+    const auto pages = [&](const QStringList& choice) {
+        file.remove();
+        const Run run = RunPage(table + choice);
+        if (run.code != 0 || !file.open(QFile::ReadOnly))
+            return qsizetype{-run.code};
+        const qsizetype count = file.readAll().count("/Type /Page\n");
+        file.close();
+        return count;
+    };
+    const QStringList all{u"--girder"_s, u"すべて"_s};
+    const qsizetype whole = pages(all);
+    QVERIFY(whole > 1);
+    const QStringList filtered{u"--filter"_s, u"S1"_s, u"--sort"_s, u"左My"_s, u"--descending"_s};
+    QCOMPARE(pages(all + filtered), 1);
+    QVERIFY(pages({u"--girder"_s, u"なし"_s, u"--station"_s, u"すべて"_s}) > whole); // cross beams too
+    QCOMPARE(pages({u"--girder"_s, u"なし"_s, u"--station"_s, u"G2-S"_s, u"--off"_s, u"Nx"_s}), 1);
+    QCOMPARE(pages({u"--exclude"_s, u"G1-S1"_s}), 1);
+    // Without a load case it is that which the window shows first.
+    const auto size = [&](const QStringList& choice) {
+        return RunPage(table + choice).code == 0 ? QFileInfo(path).size() : -1;
+    };
+    const qint64 first = size({});
+    QCOMPARE(size({u"--load=-(B-L:MY最大)"_s}), first);
+    QVERIFY(size({u"--load=(B-L:MY最大)"_s}) != first);
+    for (const QStringList& wrong : {QStringList{u"--sort"_s, u"右Qx"_s}, QStringList{u"--off"_s, u"Ux"_s},
+                                     QStringList{u"--exclude"_s, u"G9-S1"_s}})
+        QCOMPARE(pages(wrong), -2);
+    QCOMPARE(pages({u"--filter"_s, u"no name has this"_s}), -1);
+    QVERIFY(!QFile::exists(path));
+    QCOMPARE(RunPage({u"table"_s, u"--project"_s, Project(u"plate4"_s)}).code, 2);
 }
 
 void SbdpageFiguresTest::oneCallWritesAllThreeKindsOfFile()
