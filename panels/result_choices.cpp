@@ -47,9 +47,9 @@ QString Text8(std::string_view utf8)
 }
 
 /// A drop list that the wheel changes only while it has the focus: who scrolls the choices must not change one.
-class CChoiceBox : public QComboBox {
+class ChoiceBox : public QComboBox {
 public:
-    CChoiceBox() { setFocusPolicy(Qt::StrongFocus); } // the wheel gives no focus
+    ChoiceBox() { setFocusPolicy(Qt::StrongFocus); } // the wheel gives no focus
 
 protected:
     void wheelEvent(QWheelEvent* event) override
@@ -83,7 +83,7 @@ public:
 
 QComboBox* MakeBox()
 {
-    auto* box = new CChoiceBox;
+    auto* box = new ChoiceBox;
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(kBoxCharacters);
     box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -232,7 +232,8 @@ void CResultChoices::ConnectControls()
     connect(magnification_, &QComboBox::currentIndexChanged, this, &CResultChoices::OnMagnification);
     connect(filter_, &QLineEdit::textChanged, this, &CResultChoices::OnFilter);
     connect(envelope_, &QCheckBox::toggled, this, &CResultChoices::OnEnvelope);
-    connect(envelopeLoads_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &CResultChoices::OnEnvelopeLoads);
+    connect(envelopeLoads_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &CResultChoices::OnEnvelopeLoads);
     connect(overLoad_, &QComboBox::currentIndexChanged, this, &CResultChoices::OnOver);
     connect(overGirder_, &QComboBox::currentIndexChanged, this, &CResultChoices::OnOver);
     for (QCheckBox* box : columnOn_)

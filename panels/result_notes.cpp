@@ -121,9 +121,10 @@ QString CResultNotes::WordsOf(const PickedPoint& point, bool isInTable) const
             .arg(what, toQString(ShownLoad(selection.load)));
     if (isInTable)
         return {}; // under the cursor
-    return point.isOver ? tr("図で選んだ点は、重ねた図のものです: %1\nこの表にはありません。").arg(what)
-                        : tr("図で選んだ点は、表に出ていません: %1\n絞り込み、出力しない名称、名称の選択を確かめてください。")
-                              .arg(what);
+    return point.isOver
+               ? tr("図で選んだ点は、重ねた図のものです: %1\nこの表にはありません。").arg(what)
+               : tr("図で選んだ点は、表に出ていません: %1\n絞り込み、出力しない名称、名称の選択を確かめてください。")
+                     .arg(what);
 }
 
 } // namespace sbd

@@ -17,7 +17,7 @@ constexpr std::string_view kOwnExtensions[] = {".sbd", ".abd", ".li9", ".ll2", "
 bool HasOwnExtension(const std::filesystem::path& path)
 {
     const std::filesystem::path name = path.filename();
-    std::string letters; // small ones; what is not ASCII is none of the extensions'
+    std::string letters;                         // small ones; what is not ASCII is none of the extensions'
     for (const auto character : name.native()) { // wide on Windows
         const auto code = static_cast<std::uint32_t>(character);
         const char letter = code > 0x7F ? '?' : static_cast<char>(character);

@@ -6,6 +6,7 @@
 #include "life_station.h"
 #include "panels/result_panel.h"
 #include "panels/result_saver.h"
+#include "tests/surroundings.h"
 
 #include <QDir>
 #include <QPushButton>
@@ -319,7 +320,7 @@ void FullDiskTest::tablesAndSheetsOfResultsAreToldAndThoseOfBeforeStand()
     const SmallDisk disk(folder.Path(u"disk"_s), 1024);
     QVERIFY(disk.isThere);
     CKELDSectionDoc doc;
-    QVERIFY(doc.OpenDocument(QStringLiteral(EXAMPLES_DIR) + u"/box2/box2.sbd"_s).Ok());
+    QVERIFY(doc.OpenDocument(QString::fromUtf8(test::ExamplesFolder()) + u"/box2/box2.sbd"_s).Ok());
     CDown253 panel(&doc);
     CResultSheetsDialog sheets(&doc);
     QString path;

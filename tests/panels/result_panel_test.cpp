@@ -623,7 +623,7 @@ void ResultPanelTest::aTableNeverTakesThePlaceOfAProjectOrItsResults()
 {
     QTemporaryDir folder;
     const QString project = folder.filePath(u"bridge.sbd"_s);
-    QVERIFY(QFile::copy(QStringLiteral(EXAMPLES_DIR) + u"/plate4/plate4.sbd"_s, project));
+    QVERIFY(QFile::copy(QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/plate4.sbd"_s, project));
     QVERIFY(QFile::link(project, folder.filePath(u"table.csv"_s)));
     OpenProject("plate4");
     QString told;
@@ -751,7 +751,7 @@ void ResultPanelTest::aKindWithoutResultsIsSaid()
 {
     const QTemporaryDir folder;
     const QString project = folder.filePath(u"plate4.sbd"_s);
-    const QString examples = QStringLiteral(EXAMPLES_DIR) + u"/plate4/"_s;
+    const QString examples = QString::fromUtf8(test::ExamplesFolder()) + u"/plate4/"_s;
     QVERIFY(QFile::copy(examples + u"plate4.sbd"_s, project));
     QVERIFY(QDir(folder.path()).mkdir(u"plate4_計算結果"_s));
     for (const char* file : {"Z1D", "Z1F", "Z1R", "Z3F"})
