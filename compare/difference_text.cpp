@@ -11,7 +11,7 @@ std::string NumberAndTitle(int block)
 {
     const CatalogueRow* row = FindBlock(block);
     const std::string number = std::to_string(block);
-    if (!row)
+    if (row == nullptr)
         return number;
     std::string_view title = row->menuText.substr(0, row->menuText.find('['));
     title.remove_prefix(std::min(title.find_first_not_of("0123456789."), title.size()));

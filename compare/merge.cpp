@@ -317,7 +317,7 @@ MergeResult MergeProjects(const CSbdData& base, const CSbdData& ours, const CSbd
         const int block = row.block;
         if (const OptionBlock* options = FindOptionBlock(block))
             MergeOptions(*options, base, ours, theirs, result);
-        else if (ours.Names(block))
+        else if (ours.Names(block) != nullptr)
             MergeNames(block, base, ours, theirs, result);
         else if (block == 311)
             MergeHGirder(base, ours, theirs, result);
@@ -327,7 +327,7 @@ MergeResult MergeProjects(const CSbdData& base, const CSbdData& ours, const CSbd
         else if (block == 325)
             MergeRecords(block, LRibRows(base), LRibRows(ours), LRibRows(theirs), ours.lRibs, theirs.lRibs,
                          result.data.lRibs, result);
-        else if (ours.Table(block))
+        else if (ours.Table(block) != nullptr)
             MergeTable(block, base, ours, theirs, result);
     }
     MergeBeside(base, ours, theirs, result);

@@ -261,7 +261,7 @@ QString EditorText(const QWidget* editor)
     if (const QComboBox* combo = qobject_cast<const QComboBox*>(editor))
         return combo->currentText();
     const QLineEdit* line = qobject_cast<const QLineEdit*>(editor);
-    return line ? line->text() : QString();
+    return line != nullptr ? line->text() : QString();
 }
 
 void SetEditorText(QWidget* editor, const QString& text)

@@ -111,7 +111,7 @@ public:
         made_.clear();
     }
 
-    [[nodiscard]] int childCount() const override { return Source() ? (Rows() + 1) * (Columns() + 1) : 0; }
+    [[nodiscard]] int childCount() const override { return Source() != nullptr ? (Rows() + 1) * (Columns() + 1) : 0; }
     [[nodiscard]] QAccessibleInterface* child(int index) const override
     {
         return index < 0 || index >= childCount() ? nullptr : Child({index / (Columns() + 1), index % (Columns() + 1)});
@@ -159,7 +159,8 @@ public:
     [[nodiscard]] int columnCount() const override { return Columns(); }
     [[nodiscard]] QString columnDescription(int column) const override
     {
-        return Source() && column >= 0 && column < Columns() ? HeadOnOneLine(Source()->Head(column + 1, 0)) : QString();
+        return Source() != nullptr && column >= 0 && column < Columns() ? HeadOnOneLine(Source()->Head(column + 1, 0))
+                                                                        : QString();
     }
     [[nodiscard]] QString rowDescription(int row) const override
     {

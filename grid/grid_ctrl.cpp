@@ -87,7 +87,7 @@ void CGridCtrl::SetSource(CGridSource* source)
     model_->SetSource(source);
     head_->SetFocusRow(0);
     numbers_->SetFocusRow(0);
-    if (!source)
+    if (source == nullptr)
         return;
     int headHeight = source->HeadHeight();
     for (int column = 0; column <= source->ColumnCount(); ++column)
@@ -127,7 +127,7 @@ void CGridCtrl::SetRowHeight(int pixels)
 void CGridCtrl::ApplyRowHeights()
 {
     const int oneLine = rowHeight_ * zoom_ / 100;
-    for (int row = 1; Source() && row <= model_->rowCount(); ++row) {
+    for (int row = 1; Source() != nullptr && row <= model_->rowCount(); ++row) {
         const int lines = Source()->RowLines(row);
         const int height = lines == 1 ? oneLine : std::max(oneLine, lines * fontMetrics().height() + 4);
         if (!isRowHidden(row - 1) && rowHeight(row - 1) != height)
@@ -214,7 +214,7 @@ GridRange CGridCtrl::SelectedRange() const
 void CGridCtrl::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTableView::currentChanged(current, previous); // writes what an open editor holds
-    if (!Source())
+    if (Source() == nullptr)
         return;
     if (previous.isValid())
         emit selectionChanging(previous.row() + 1, previous.column() + 1);
@@ -314,7 +314,7 @@ void CGridCtrl::ReopenRefused(const QString& consequence)
     const QPointer<CGridCtrl> self(this); // the message may stand for long
     const RefusedText refused = *refused_;
     TellRefused(consequence);
-    if (!self || !Source())
+    if (!self || Source() == nullptr)
         return;
     refused_.reset();
     SetFocusCell(refused.cell.row, refused.cell.column);
@@ -324,7 +324,7 @@ void CGridCtrl::ReopenRefused(const QString& consequence)
         QTableView::edit(currentIndex());
     typing_ = false;
     QLineEdit* line = OpenLine();
-    if (!line)
+    if (line == nullptr)
         return;
     line->setText(refused.text);
     if (const qsizetype place = refused.text.indexOf(refused.why.part); place >= 0)
@@ -336,7 +336,7 @@ void CGridCtrl::ReopenRefused(const QString& consequence)
 bool CGridCtrl::CommitEditor(const QString& consequence)
 {
     QWidget* editor = IsEditing() ? indexWidget(currentIndex()) : nullptr;
-    if (editor) {
+    if (editor != nullptr) {
         QGuiApplication::inputMethod()->commit();
         commitData(editor);
     }
@@ -344,7 +344,7 @@ bool CGridCtrl::CommitEditor(const QString& consequence)
         ReopenRefused(consequence);
         return false;
     }
-    if (editor)
+    if (editor != nullptr)
         closeEditor(editor, QAbstractItemDelegate::NoHint);
     return true;
 }
@@ -352,7 +352,7 @@ bool CGridCtrl::CommitEditor(const QString& consequence)
 std::optional<CGridCtrl::OpenText> CGridCtrl::Edited() const
 {
     const QLineEdit* line = OpenLine();
-    return line ? std::optional(OpenText{line->text(), line->cursorPosition(), typing_}) : std::nullopt;
+    return line != nullptr ? std::optional(OpenText{line->text(), line->cursorPosition(), typing_}) : std::nullopt;
 }
 
 void CGridCtrl::EditAgain(const OpenText& open)
@@ -360,7 +360,7 @@ void CGridCtrl::EditAgain(const OpenText& open)
     if (!IsEditing())
         QTableView::edit(currentIndex());
     QLineEdit* line = OpenLine();
-    if (!line)
+    if (line == nullptr)
         return;
     line->setText(open.text);
     line->setCursorPosition(open.caret);

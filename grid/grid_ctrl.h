@@ -73,7 +73,7 @@ public:
     /// Opens the word list of the focused cell.
     void OpenList();
     /// True if Undo() would do something: end an edit, or take a step back.
-    [[nodiscard]] bool CanUndo() const { return IsEditing() || (Source() && Source()->CanUndo()); }
+    [[nodiscard]] bool CanUndo() const { return IsEditing() || (Source() != nullptr && Source()->CanUndo()); }
     /// Shows what is changed elsewhere.
     void ShowAll();
 

@@ -135,7 +135,7 @@ QRect CGridDelegate::TextRect(const QRect& cell, const QModelIndex& index) const
 
 void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    if (!grid_.Source())
+    if (grid_.Source() == nullptr)
         return;
     const GridCell cell = CGridModel::CellOf(index);
     const CGridSource& source = *grid_.Source();
@@ -181,7 +181,7 @@ void CGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
 bool CGridDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                               const QModelIndex& index)
 {
-    if (event->type() != QEvent::ToolTip || !grid_.Source() || !index.isValid())
+    if (event->type() != QEvent::ToolTip || grid_.Source() == nullptr || !index.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const GridCell cell = CGridModel::CellOf(index);
     constexpr int mostShown = 4000; // characters

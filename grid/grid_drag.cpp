@@ -27,7 +27,7 @@ CGridDrag::CGridDrag(CGridCtrl& grid) : QObject(&grid), grid_(grid)
 bool CGridDrag::Press(const QMouseEvent& event)
 {
     drag_ = Drag::None;
-    if (event.button() != Qt::LeftButton || !grid_.Source())
+    if (event.button() != Qt::LeftButton || grid_.Source() == nullptr)
         return false;
     pos_ = event.position().toPoint();
     fromFrozen_ = pos_.x() < grid_.FrozenWidth();

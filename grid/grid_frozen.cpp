@@ -144,7 +144,7 @@ void CGridCtrl::SetWidened(const std::map<int, int>& widened)
 {
     widened_.clear();
     for (const auto& [column, pixels] : widened)
-        if (Source() && column >= 1 && column <= model_->columnCount()) {
+        if (Source() != nullptr && column >= 1 && column <= model_->columnCount()) {
             widened_[column] = pixels;
             setColumnWidth(column - 1, std::max(head_->minimumSectionSize(),
                                                 (Source()->ColumnWidth(column) + pixels) * zoom_ / 100));
@@ -154,7 +154,7 @@ void CGridCtrl::SetWidened(const std::map<int, int>& widened)
 /// The user has pulled at a column, or made it fit.
 void CGridCtrl::KeepWidth(int section)
 {
-    if (!Source() || section < 0 || section >= model_->columnCount())
+    if (Source() == nullptr || section < 0 || section >= model_->columnCount())
         return;
     const int pixels = (columnWidth(section) * 100 + zoom_ / 2) / zoom_ - Source()->ColumnWidth(section + 1);
     if (pixels == 0)

@@ -33,7 +33,7 @@ void CGridCtrl::Undo()
         CommitEditor(); // the edit ends; the next undo takes it back
         return;
     }
-    const std::optional<GridCell> cell = Source() ? Source()->Undo() : std::nullopt;
+    const std::optional<GridCell> cell = Source() != nullptr ? Source()->Undo() : std::nullopt;
     if (!cell)
         return;
     const int column = cell->column > 0 ? cell->column : std::max(FocusCell().column, 1);
@@ -56,7 +56,7 @@ void CGridCtrl::Copy()
 {
     if (QLineEdit* line = OpenLine())
         line->copy();
-    else if (Source() && FocusCell().row > 0)
+    else if (Source() != nullptr && FocusCell().row > 0)
         PutOnClipboard(false);
 }
 
@@ -66,9 +66,9 @@ void CGridCtrl::Paste()
         line->paste();
         return;
     }
-    const QMimeData* onClipboard = Source() ? QApplication::clipboard()->mimeData() : nullptr;
+    const QMimeData* onClipboard = Source() != nullptr ? QApplication::clipboard()->mimeData() : nullptr;
     const QString text = onClipboard != nullptr ? ClipboardTable(*onClipboard) : QString();
-    if (!Source() || FocusCell().row == 0 || text.isEmpty())
+    if (Source() == nullptr || FocusCell().row == 0 || text.isEmpty())
         return;
     const GridRange range = SelectedRange();
     const GridPaste paste = Source()->PasteOver(range, text);
@@ -120,7 +120,7 @@ void CGridCtrl::Delete()
         line->del();
         return;
     }
-    if (!Source() || FocusCell().row == 0)
+    if (Source() == nullptr || FocusCell().row == 0)
         return;
     const GridRange range = SelectedRange();
     const GridEffect effect = Source()->Clear(range);
@@ -161,7 +161,7 @@ Command CGridCtrl::OwnCommandOf(const QKeyEvent& event) const
     const Command command = CommandOf(event);
     const bool fills =
         command == Command::FillDown || command == Command::FillRight || command == Command::FillSelection;
-    return fills && (!Source() || !Source()->CanFill()) ? Command::None : command;
+    return fills && (Source() == nullptr || !Source()->CanFill()) ? Command::None : command;
 }
 
 bool CGridCtrl::event(QEvent* event)
@@ -195,7 +195,7 @@ bool CGridCtrl::OpensList() const
 
 bool CGridCtrl::RunCommand(Command command)
 {
-    if (!Source())
+    if (Source() == nullptr)
         return false;
     const bool edits = IsEditing();
     switch (command) {
@@ -407,7 +407,7 @@ void CGridCtrl::keyPressEvent(QKeyEvent* event)
         GiveUpComposition();
         return;
     }
-    if (!Source() || IsEditing()) {
+    if (Source() == nullptr || IsEditing()) {
         QTableView::keyPressEvent(event);
         return;
     }
@@ -494,7 +494,7 @@ bool CGridCtrl::IsOnListButton(const QMouseEvent& event) const
 /// With the keyboard the focus comes to the first cell that takes text.
 void CGridCtrl::focusInEvent(QFocusEvent* event)
 {
-    if (Source() && !currentIndex().isValid() && event->reason() != Qt::MouseFocusReason
+    if (Source() != nullptr && !currentIndex().isValid() && event->reason() != Qt::MouseFocusReason
         && event->reason() != Qt::ActiveWindowFocusReason && model_->rowCount() > 0) {
         int column = 1;
         while (column < model_->columnCount() && !Source()->IsEditable(1, column))

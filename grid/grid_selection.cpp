@@ -151,7 +151,7 @@ QRect CGridCtrl::RectOf(const GridRange& range) const
 QRect CGridCtrl::FillHandle() const
 {
     constexpr int half = 3;
-    if (!Source() || !Source()->CanFill() || IsEditing() || FocusCell().row == 0)
+    if (Source() == nullptr || !Source()->CanFill() || IsEditing() || FocusCell().row == 0)
         return {};
     const QRect range = RectOf(SelectedRange());
     if (range.isEmpty() || (SelectedRange().right > SeenFrozen() && range.right() <= FrozenWidth() + half))
@@ -163,7 +163,7 @@ QRect CGridCtrl::FillHandle() const
 void CGridCtrl::paintEvent(QPaintEvent* event)
 {
     QTableView::paintEvent(event);
-    if (!Source())
+    if (Source() == nullptr)
         return;
     QPainter painter(viewport());
     PaintFrozen(painter);
@@ -192,7 +192,7 @@ void CGridCtrl::paintEvent(QPaintEvent* event)
 /// Makes a column as wide as its texts and its head need, and no wider than what is seen.
 void CGridCtrl::FitColumn(int section)
 {
-    if (!Source())
+    if (Source() == nullptr)
         return;
     constexpr int room = 2 * gridstyle::kPadding + 4;
     const int most = viewport()->width();
@@ -228,7 +228,7 @@ void CGridCtrl::SetZoom(int percent)
     QFont scaled = gridstyle::GridFont();
     scaled.setPixelSize(std::max(1, scaled.pixelSize() * percent / 100));
     setFont(scaled);
-    if (!Source())
+    if (Source() == nullptr)
         return;
     const QModelIndex top = indexAt({0, 0});
     for (int column = 0; column < model_->columnCount(); ++column) // those that the user made wider stay so

@@ -34,7 +34,8 @@ QString NameOfBlock(int block)
 {
     const CatalogueRow* row = FindBlock(block);
     const QString number = QString::number(block);
-    const QString text = row ? QString::fromUtf8(row->menuText.data(), qsizetype(row->menuText.size())) : QString();
+    const QString text =
+        row != nullptr ? QString::fromUtf8(row->menuText.data(), qsizetype(row->menuText.size())) : QString();
     return text.startsWith(number) ? text : number + u' ' + text;
 }
 
@@ -223,7 +224,7 @@ bool CInputPanel::SetUpAnew()
 void CInputPanel::ShowAnew(const LooseRows& loose)
 {
     const QWidget* focus = QApplication::focusWidget();
-    const bool hadFocus = focus && (focus == Grid() || Grid()->isAncestorOf(focus));
+    const bool hadFocus = focus != nullptr && (focus == Grid() || Grid()->isAncestorOf(focus));
     const std::optional<CGridCtrl::OpenText> open = Grid()->Edited();
     KeepPlace();
     SetUpWith(loose);

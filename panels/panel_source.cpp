@@ -255,7 +255,7 @@ QString CPanelSource::Copy(const GridRange& range) const
 GridEffect CPanelSource::Paste(int row, int column, const QString& text, GridRange* filled)
 {
     const GridPaste paste = PasteChecked(row, column, text);
-    if (filled)
+    if (filled != nullptr)
         *filled = paste.filled;
     return paste.effect;
 }

@@ -62,9 +62,9 @@ protected:
 };
 
 /// As wide as the choices are; in a narrow window they give way to the table and are rolled to both sides.
-class CChoicePane : public QScrollArea {
+class ChoicePane : public QScrollArea {
 public:
-    explicit CChoicePane(QWidget* choices)
+    explicit ChoicePane(QWidget* choices)
     {
         constexpr int leastWidth = 150;
         setWidget(choices);
@@ -154,7 +154,7 @@ void CResultChoices::MakeControls()
     left->addStretch();
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins({});
-    row->addWidget(new CChoicePane(choices));
+    row->addWidget(new ChoicePane(choices));
     row->addWidget(MakeExcludedChoice());
 }
 

@@ -166,7 +166,7 @@ GridEffect CResultSource::Paste(int row, int column, const QString& text, GridRa
             range.right = std::max(range.right, column + cell);
         }
     }
-    if (filled)
+    if (filled != nullptr)
         *filled = range;
     return GridEffect::All;
 }

@@ -225,7 +225,7 @@ void CDown999::OnTyped(const QString& line)
 void CDown999::FollowEditor(QWidget* editor)
 {
     QLineEdit* line = EditorLine(editor);
-    if (!line || Grid()->FocusCell().row != kLineRow)
+    if (line == nullptr || Grid()->FocusCell().row != kLineRow)
         return;
     cells_->KeepLine();
     connect(line, &QLineEdit::textEdited, this, &CDown999::OnTyped, Qt::UniqueConnection);
@@ -261,7 +261,7 @@ void CDown999::ShowDetail()
 SearchPlace CDown999::FocusedPlace() const
 {
     const SearchEntry* entry = cells_->Entry(Grid()->FocusCell().row);
-    return entry && IsJumpBlock(entry->place.block) ? entry->place : SearchPlace();
+    return entry != nullptr && IsJumpBlock(entry->place.block) ? entry->place : SearchPlace();
 }
 
 bool CDown999::CanJump() const

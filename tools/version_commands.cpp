@@ -91,7 +91,7 @@ std::string BlockText(int block, const CSbdData& data)
     if (block == 325)
         return RowsText(block, LRibRows(data));
     const TableBlock* table = data.Table(block);
-    return table ? RowsText(block, TableRows(*table)) : std::string();
+    return table != nullptr ? RowsText(block, TableRows(*table)) : std::string();
 }
 
 /// What a load of a file would not bring into a merge; empty: nothing.

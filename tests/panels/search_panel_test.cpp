@@ -299,7 +299,7 @@ void SearchPanelTest::TheScopeAndTheChoiceOfWordsAreFollowed()
     auto* items = Find<QCheckBox>(u"入力項目に検索"_s);
     auto* all = Find<QRadioButton>(u"全てが含まれる"_s);
     auto* any = Find<QRadioButton>(u"いずれかが含まれる"_s);
-    QVERIFY(topics && items && all && any);
+    QVERIFY(topics != nullptr && items != nullptr && all != nullptr && any != nullptr);
     QVERIFY(topics->isChecked() && items->isChecked() && all->isChecked());
     Line(u"スカーラップ"_s);
     const int both = Rows();

@@ -99,7 +99,7 @@ TEST(SectionLayouts, AreOneForEachTableBlock)
         const SectionLayout* layout = FindSectionLayout(row.block);
         tables += table ? 1 : 0;
         ASSERT_EQ(layout != nullptr, table) << row.block << (table ? " has no layout in the file" : " is no table");
-        EXPECT_TRUE(!layout || layout->block == row.block) << row.block;
+        EXPECT_TRUE(layout == nullptr || layout->block == row.block) << row.block;
     }
     EXPECT_EQ(SectionLayouts().size(), tables);
     EXPECT_EQ(FindSectionLayout(300), nullptr);

@@ -100,11 +100,11 @@ TEST(Writer, EverySectionIsClosedByItsEndLineAndAnEmptyLine)
     for (const int block : SectionOrder()) {
         const OptionBlock* options = FindOptionBlock(block);
         ASSERT_LT(line, lines.size());
-        EXPECT_EQ(lines[line], FromCp932(options ? options->header : FindSectionLayout(block)->header));
+        EXPECT_EQ(lines[line], FromCp932(options != nullptr ? options->header : FindSectionLayout(block)->header));
         while (line < lines.size() && !lines[line].starts_with("[E"))
             ++line;
         ASSERT_LT(line + 1, lines.size());
-        EXPECT_EQ(lines[line], FromCp932(options ? options->end : FindSectionLayout(block)->end));
+        EXPECT_EQ(lines[line], FromCp932(options != nullptr ? options->end : FindSectionLayout(block)->end));
         EXPECT_EQ(lines[line + 1], "");
         line += 2;
     }
