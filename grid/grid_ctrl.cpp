@@ -234,7 +234,8 @@ void CGridCtrl::currentChanged(const QModelIndex& current, const QModelIndex& pr
 bool CGridCtrl::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event)
 {
     const bool editing = IsEditing();
-    if (!editing && index.isValid()) // the first cell of a long selection may be out of sight
+    // The first cell of a long selection may be out of sight. Under the mouse nothing moves.
+    if (!editing && (trigger == AnyKeyPressed || trigger == EditKeyPressed))
         scrollTo(index);
     const bool opened = QTableView::edit(index, trigger, event);
     if (opened && !editing) {

@@ -238,7 +238,7 @@ TEST(ReaderRules, ABlockHasAControlRowOrHeadRowsNeverBoth)
     for (const CatalogueRow& row : Catalogue()) {
         const ControlRowRule* control = ControlRowOf(row.block);
         const bool head = !HeadRowsOf(row.block).empty();
-        EXPECT_FALSE(control != nullptr && head != nullptr) << row.block;
+        EXPECT_FALSE(control != nullptr && head) << row.block;
         if (head)
             heads.push_back(row.block);
         if (control != nullptr) {

@@ -304,7 +304,7 @@ void SvgPictureTest::thePaneIsSavedAsItIsShown()
     const QImage drawn = Drawn(bytes, shown.size());
     // The heading of a figure says of which measure its scale is: of the screen, or of the picture, whose inches are true.
     const QRect below = shown.rect().adjusted(0, isFigure || block == 253 ? 80 : 0, 0, 0);
-    constexpr double halfPixel = 40; // where such lines cross, on a filled ground
+    constexpr double halfPixel = 55; // where such lines cross, on a filled ground
     constexpr double smooth = 20;
     QCOMPARE(Difference(shown.copy(below), drawn.copy(below), isHelp ? halfPixel : smooth), QString());
 }
