@@ -7,6 +7,7 @@
 #include "sbdfile/writer.h"
 #include "tools/command_support.h"
 #include "tools/project_arguments.h"
+#include "tools/report.h"
 
 #include <nlohmann/json.hpp>
 
@@ -66,11 +67,7 @@ json ReturnedJson(const CSbdData& data, const std::vector<CellHit>& hits)
     json list = json::array();
     for (const ReturnedCell& cell : ReturnedCells(data))
         if (replaced.contains({cell.block, cell.row, cell.column}))
-            list.push_back({{"block", cell.block},
-                            {"row", cell.row},
-                            {"column", cell.column},
-                            {"is", FromCp932(cell.is)},
-                            {"returns", FromCp932(cell.returns)}});
+            list.push_back(ReturnedCellJson(cell));
     return list;
 }
 

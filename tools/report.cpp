@@ -99,6 +99,15 @@ json DifferenceJson(const Difference& difference)
     return object;
 }
 
+json ReturnedCellJson(const ReturnedCell& cell)
+{
+    return {{"block", cell.block},
+            {"row", cell.row},
+            {"column", cell.column},
+            {"is", FromCp932(cell.is)},
+            {"returns", FromCp932(cell.returns)}};
+}
+
 std::string NoteText(const ReadNote& note)
 {
     const std::string place =

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "check/file_check.h"
+#include "check/read_back.h"
 #include "compare/difference_text.h"
 #include "sbdfile/reader.h"
 
@@ -13,6 +14,8 @@
 namespace sbd {
 
 [[nodiscard]] nlohmann::json DifferenceJson(const Difference& difference);
+/// A cell that comes back from the file as another text.
+[[nodiscard]] nlohmann::json ReturnedCellJson(const ReturnedCell& cell);
 
 [[nodiscard]] std::string NoteText(const ReadNote& note);
 [[nodiscard]] nlohmann::json NoteJson(const ReadNote& note);

@@ -8,6 +8,7 @@
 #include "sbdfile/writer.h"
 #include "tools/command_support.h"
 #include "tools/project_arguments.h"
+#include "tools/report.h"
 
 #include <nlohmann/json.hpp>
 
@@ -198,11 +199,7 @@ json CellsJson(std::span<const ReturnedCell> cells)
 {
     json list = json::array();
     for (const ReturnedCell& cell : cells)
-        list.push_back({{"block", cell.block},
-                        {"row", cell.row},
-                        {"column", cell.column},
-                        {"is", FromCp932(cell.is)},
-                        {"returns", FromCp932(cell.returns)}});
+        list.push_back(ReturnedCellJson(cell));
     return list;
 }
 

@@ -16,7 +16,6 @@ namespace sbd {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 using testing::SizeIs;
 
 namespace {
@@ -233,7 +232,7 @@ TEST(MemberEnd, APlateOnTheGirdersWebReachesBehindItsLastBolt)
     EXPECT_THAT(Places(left), IsEmpty());
     const auto plates = ShapesOf(left, DrawingLayer::SplicePlate);
     ASSERT_THAT(plates, SizeIs(1)); // the lower flange is not joined
-    EXPECT_NEAR(Most(*plates[0], &DrawnPoint::x), 400 / 2 + 2 * 75 + 40, kNear);
+    EXPECT_NEAR(Most(*plates[0], &DrawnPoint::x), 400.0 / 2 + 2 * 75 + 40, kNear);
     EXPECT_NEAR(Least(*plates[0], &DrawnPoint::x), 0, kNear);
     EXPECT_NEAR(Height(*plates[0]), 230, kNear);
     const auto flanges = ShapesOf(left, DrawingLayer::Flange);

@@ -76,7 +76,7 @@ void GridSelectionTest::ControlWithTheMouseLeavesOneSelectionAroundTheFocus()
         return focus.row >= range.top && focus.row <= range.bottom && focus.column >= range.left
                && focus.column <= range.right
                && Grid().selectionModel()->selectedIndexes().size()
-                      == (range.bottom - range.top + 1) * (range.right - range.left + 1);
+                      == qsizetype(range.bottom - range.top + 1) * (range.right - range.left + 1);
     };
     Select(3, 6, 4, 6);
     QTest::mouseClick(Grid().viewport(), Qt::LeftButton, Qt::ControlModifier, Middle(6, 7));

@@ -64,7 +64,7 @@ bool RandomKeysTest::IsOneRangeAroundTheFocus() const
     return focus.row == 0 || selected.isEmpty() // then it is the focus alone
            || (focus.row >= range.top && focus.row <= range.bottom && focus.column >= range.left
                && focus.column <= range.right
-               && selected.size() == (range.bottom - range.top + 1) * (range.right - range.left + 1));
+               && selected.size() == qsizetype(range.bottom - range.top + 1) * (range.right - range.left + 1));
 }
 
 /// To whoever has the keyboard; a key may close a list, so that its release goes elsewhere.
@@ -138,7 +138,7 @@ void RandomKeysTest::PressAtRandom()
                               {Qt::Key_Escape},
                               {Qt::Key_Return, Qt::ControlModifier}};
     const Stroke& stroke = strokes[UpTo(int(std::size(strokes)) - 1)];
-    done_ = QKeySequence(stroke.key | stroke.modifiers.toInt()).toString();
+    done_ = QKeySequence(QKeyCombination(stroke.modifiers, stroke.key)).toString();
     Strike(stroke.key, stroke.modifiers);
 }
 
