@@ -91,7 +91,9 @@ function(sbd_resources folder)
     file(GLOB resources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.qrc")
     if(resources)
         add_library(sbd_${folder}_resources OBJECT ${resources})
-        set_target_properties(sbd_${folder}_resources PROPERTIES AUTORCC ON LINKER_LANGUAGE CXX)
+        # A Qt that was made without zstd, as the one for Windows, cannot unpack what rcc packs with it.
+        set_target_properties(sbd_${folder}_resources PROPERTIES
+            AUTORCC ON AUTORCC_OPTIONS --no-zstd LINKER_LANGUAGE CXX)
         target_link_libraries(sbd_${folder} INTERFACE $<TARGET_OBJECTS:sbd_${folder}_resources>)
     endif()
 endfunction()
