@@ -13,7 +13,8 @@ pictures=build/windows-kit/journey
 quick=
 # Tests of what is near the system: files, locks, processes, the registry, one instance.
 near=(tests/document/*_test.cpp tests/app/*_test.cpp
-    tests/frame/{engine_process_windows,engine_runner,engine_runs,document_life,settings}_test.cpp)
+    tests/frame/{engine_process_windows,engine_runner,engine_runs,engine_files,engine_window}_test.cpp
+    tests/frame/{document_life,settings,profile_file,profile_windows}_test.cpp)
 near=("${near[@]#tests/}")
 near=("${near[@]%.cpp}")
 case ${1:-} in

@@ -8,7 +8,9 @@ work=$root/build/windows-kit
 
 export WINEPREFIX=${WINEPREFIX:-$work/prefix}
 export WINEDEBUG=${WINEDEBUG:--all}
-export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" # no Mono, no browser, nothing in this desktop's menus
+# No Mono, no browser, nothing in this desktop's menus; and no debugger, for which a program that crashes would wait
+# minutes on a busy machine: engines that crash are part of the tests.
+export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=;winedbg.exe="
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 export WINEPATH="$(windows_path "$work/qt/bin");$(windows_path "$work/libraries/bin")"
 

@@ -43,6 +43,24 @@ Prompts DialogsOf(Answers& user)
     return prompts;
 }
 
+/// The program as a beginner has it before him, at its start.
+struct FirstDay {
+    PracticePlace place;
+    Answers user;
+    CMainFrame frame{DialogsOf(user)};
+    QString folder = QDir(place.path).filePath(u"はじめての橋"_s); // of the files to practise with
+
+    FirstDay()
+    {
+        user.practicePlace = place.path;
+        frame.resize(kWindow);
+        frame.show();
+        frame.activateWindow();
+        (void)QTest::qWaitForWindowActive(&frame);
+        frame.NewProject();
+    }
+};
+
 } // namespace
 
 class FirstBridgeTest : public QObject {
@@ -82,19 +100,10 @@ void FirstBridgeTest::theGuideIsReadWhole()
 
 void FirstBridgeTest::itsStepsAreTrue()
 {
-    const PracticePlace place;
-    Answers user;
-    user.practicePlace = place.path;
-    CMainFrame frame(DialogsOf(user));
-    frame.resize(kWindow);
-    frame.show();
-    frame.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&frame));
-    frame.NewProject(); // as at the start of the program
-    const QString folder = QDir(place.path).filePath(u"はじめての橋"_s);
-    CGuideHand hand(frame, user, FirstBridge(), folder);
+    FirstDay day;
+    CGuideHand hand(day.frame, day.user, FirstBridge(), day.folder);
     QByteArray project;
-    hand.saved = [&] { project = Bytes(QDir(folder).filePath(u"plate4.sbd"_s)); };
+    hand.saved = [&] { project = Bytes(QDir(day.folder).filePath(u"plate4.sbd"_s)); };
     QStringList pictures;
     hand.taken = [&](const QString& name, const QImage& picture) {
         pictures << name;
@@ -104,7 +113,7 @@ void FirstBridgeTest::itsStepsAreTrue()
     };
     const QStringList faults = hand.GoThrough();
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
-    QVERIFY2(user.warned.isEmpty(), qPrintable(user.warned.join(u'\n')));
+    QVERIFY2(day.user.warned.isEmpty(), qPrintable(day.user.warned.join(u'\n')));
     QCOMPARE(pictures.size(), FirstBridge().steps.size());
 
     // A beginner takes a second for each key and click, and half a minute to read each step but the short ones.
@@ -154,14 +163,8 @@ void FirstBridgeTest::aStepThatIsNoLongerTrueIsTold()
     Guide guide = ReadGuide(text.replace(is, was).toUtf8());
     while (guide.steps.last().name != step)
         guide.steps.removeLast();
-    const PracticePlace place;
-    Answers user;
-    user.practicePlace = place.path;
-    CMainFrame frame(DialogsOf(user));
-    frame.resize(kWindow);
-    frame.show();
-    frame.NewProject();
-    CGuideHand hand(frame, user, guide, QDir(place.path).filePath(u"はじめての橋"_s));
+    FirstDay day;
+    CGuideHand hand(day.frame, day.user, guide, day.folder);
     hand.patience = 1500;
     const QStringList faults = hand.GoThrough();
     QVERIFY2(faults.join(u'\n').contains(told), qPrintable(faults.join(u'\n')));

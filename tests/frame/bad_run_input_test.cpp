@@ -37,26 +37,6 @@ int MostMemory()
     return at < 0 ? 0 : status.mid(at + 6).simplified().split(' ').value(0).toInt() / 1024;
 }
 
-QWidget* EngineWindow()
-{
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == u"engineWindow"_s && window->isVisible())
-            return window;
-    }
-    return nullptr;
-}
-
-bool PressIn(QWidget* window, const QString& text)
-{
-    for (QPushButton* button : window == nullptr ? QList<QPushButton*>() : window->findChildren<QPushButton*>()) {
-        if (button->text().startsWith(text)) {
-            button->click();
-            return true;
-        }
-    }
-    return false;
-}
-
 /// Cancels the run once the engine has written ".args", and says yes.
 void CancelSoon(RunBench& bench)
 {

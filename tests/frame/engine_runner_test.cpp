@@ -24,12 +24,6 @@ const QStringList kEngineAlone = {u"folder"_s,      u"mutex"_s,        u"engine"
                                   u"(file free)"_s, u"mutex closed"_s, u"finished"_s};
 const QStringList kReload = {u"panel away"_s, u"panel back"_s, u"read"_s};
 
-/// Takes the messages that a run has left in the queue.
-void Settle()
-{
-    QApplication::processEvents();
-}
-
 } // namespace
 
 class EngineRunnerTest : public QObject {

@@ -278,12 +278,23 @@ private:
         for (; doc.NextUndo() != nullptr; ++steps)
             doc.Undo();
         if (WriteProject(Data()) != start_)
-            return u"%1 steps taken back are not the beginning; strokes: "_s.arg(steps) + done_.join(u' ');
-        while (doc.NextRedo() != nullptr)
+            return Differs(u"%1 steps taken back are not the beginning"_s.arg(steps), start_);
+        for (int i = 0; i < steps; ++i) // not what had been taken back before
             doc.Redo();
-        return WriteProject(Data()) == end
-                   ? QString()
-                   : u"%1 steps made again are not the end; strokes: "_s.arg(steps) + done_.join(u' ');
+        if (WriteProject(Data()) != end)
+            return Differs(u"%1 steps made again are not the end"_s.arg(steps), end);
+        return {};
+    }
+    [[nodiscard]] QString Differs(const QString& what, const std::string& wanted) const
+    {
+        const auto linesOf = [](const std::string& bytes) { return toQString(bytes).split(u'\n'); };
+        const QStringList is = linesOf(WriteProject(Data()));
+        const QStringList was = linesOf(wanted);
+        qsizetype line = 0;
+        while (line < std::min(is.size(), was.size()) && is[line] == was[line])
+            ++line;
+        return u"%1: line %2 is \"%3\", not \"%4\"; strokes: %5"_s.arg(what).arg(line + 1).arg(
+            is.value(line).trimmed(), was.value(line).trimmed(), done_.join(u' '));
     }
 
     std::mt19937 random_;
@@ -321,6 +332,8 @@ void RandomHandsTest::nothingIsLostWhateverTheHandsDo()
     const int strokes = qEnvironmentVariableIsSet("SBD_HANDS") ? qEnvironmentVariableIntValue("SBD_HANDS") : 400;
     Hands hands(example, seed);
     const QString fault = hands.Work(strokes);
+    if (!fault.isEmpty())
+        qWarning("%s", qPrintable(fault)); // whole: what a check prints is cut
     QVERIFY2(fault.isEmpty(), qPrintable(u"SBD_TEST_SEED=%1: %2"_s.arg(seed).arg(fault)));
 }
 

@@ -191,4 +191,40 @@ inline void AddRuns()
     QTest::newRow("support") << EngineRun::Support;
 }
 
+/// Takes the messages that a run has left in the queue.
+inline void Settle()
+{
+    QApplication::processEvents();
+}
+
+/// The texts of the log that begin with "told: ".
+inline QStringList Told(const RunBench& bench)
+{
+    return bench.log.filter(QStringLiteral("told: "));
+}
+
+/// The window of a running engine.
+inline QWidget* EngineWindow()
+{
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == QStringLiteral("engineWindow") && window->isVisible())
+            return window;
+    }
+    return nullptr;
+}
+
+/// Presses a button of a window by its text.
+inline bool PressIn(QWidget* window, const QString& text)
+{
+    if (window == nullptr)
+        return false;
+    for (QPushButton* button : window->findChildren<QPushButton*>()) {
+        if (button->text().startsWith(text) && button->isVisible()) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace sbd

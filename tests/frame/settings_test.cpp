@@ -1,103 +1,22 @@
-#include "frame/decimals_dialog.h"
+// The settings in the profile: their keys, limits and defaults.
 #include "frame/font_dialog.h"
 #include "frame/profile.h"
 #include "frame/settings.h"
+#include "profile_hands.h"
 
-#include <QCheckBox>
-#include <QDialogButtonBox>
-#include <QDir>
 #include <QFile>
-#include <QFontComboBox>
-#include <QFontDatabase>
-#include <QGroupBox>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace sbd;
+using namespace sbd::test;
 
-namespace {
-
-void Write(const QString& path, const QByteArray& bytes)
-{
-    QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
-
-QByteArray Read(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// The file of the profile, which a test sets before the program reads it.
-QString ProfileFile()
-{
-    return CProfile().fileName();
-}
-
-QStringList Copies(const QString& profile)
-{
-    const QFileInfo file(profile);
-    return file.dir().entryList({file.completeBaseName() + u".broken-*"_s}, QDir::Files, QDir::Name);
-}
-
-void Store(const QString& key, const QVariant& value)
-{
-    CProfile().setValue(key, value);
-}
-
-int Stored(const QString& key)
-{
-    return CProfile().value(key, -12345).toInt();
-}
-
-const PaneSizes kComputed{320, 400, 0};
-
-/// Looks at every setting once: none of them may change the file or stop.
-void ReadEverything()
-{
-    const CSettings settings;
-    (void)settings.Language();
-    (void)settings.Panes(kComputed);
-    (void)settings.Display();
-    (void)settings.RowHeight();
-    (void)settings.RowWidthMode();
-    (void)settings.ComboOrList();
-    (void)settings.TabbedWindows();
-    (void)CRecentFiles::List();
-}
-
-void VerifyDefaults()
-{
-    const CSettings settings;
-    QVERIFY(settings.Language() == TitleLanguage::Japanese);
-    QVERIFY(settings.Panes(kComputed) == kComputed);
-    QVERIFY(settings.Display() == DisplaySettings());
-    QCOMPARE(settings.RowHeight(), 18);
-    QCOMPARE(settings.RowWidthMode(), 0);
-    QCOMPARE(settings.ComboOrList(), 1);
-    QVERIFY(!settings.TabbedWindows());
-}
-
-} // namespace
-
-class SettingsTest : public QObject {
+class SettingsTest : public test::ProfileHands {
     Q_OBJECT
 
 private slots:
-    /// Each test has a profile of its own.
-    void init()
-    {
-        folder_ = std::make_unique<QTemporaryDir>();
-        QSettings::setDefaultFormat(QSettings::IniFormat);
-        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, folder_->path());
-    }
-    void cleanup() { folder_.reset(); }
+    void init() { BeginProfile(); }
+    void cleanup() { EndProfile(); }
 
     void withoutAFileAllIsAtItsDefault();
     void settingsSurviveARestart();
@@ -120,24 +39,6 @@ private slots:
     void resetKeepsRowHeightDecimalsLanguageAndLists();
     void blueStandsInTheHighByte();
     void aFontGoesThereAndBack();
-    void aRubbishFileGivesDefaultsAndStaysAsItIs_data();
-    void aRubbishFileGivesDefaultsAndStaysAsItIs();
-    void aRubbishFileIsKeptBesideBeforeTheFirstWrite_data();
-    void aRubbishFileIsKeptBesideBeforeTheFirstWrite();
-    void theSameRubbishIsKeptOnce();
-    void otherRubbishIsKeptToo();
-    void aSoundFileIsNotCopied();
-    void whatCouldBeReadOfABrokenFileStays();
-    void aFileThatCannotBeWrittenStaysAsItIs();
-    void aFolderInPlaceOfTheFileStopsNothing();
-    void theRecentFilesDoNotDestroyARubbishFile();
-    void decimalsAreAskedInTwoGroups();
-    void decimalsAreLimited();
-    void theFontDialogChangesNothingUntouched();
-    void theFontDialogTakesFontAndColor();
-
-private:
-    std::unique_ptr<QTemporaryDir> folder_;
 };
 
 void SettingsTest::withoutAFileAllIsAtItsDefault()
@@ -433,198 +334,6 @@ void SettingsTest::aFontGoesThereAndBack()
     QCOMPARE(display.fontFaceName, u"IPAMincho"_s);
     QVERIFY(display.fontUnderline && !display.fontItalic);
     QCOMPARE(FontOf(display).pixelSize(), 31);
-}
-
-void SettingsTest::aRubbishFileGivesDefaultsAndStaysAsItIs_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::newRow("a text") << QByteArray("this is\nno INI file at all\n");
-    QTest::newRow("broken head of a section") << QByteArray("[row_height\n\n\n");
-    QTest::newRow("a line without a value in a section") << QByteArray("[BackColor]\nthere is no value\n");
-    QTest::newRow("zeros") << QByteArray(5000, '\0');
-    QTest::newRow("bytes of no text") << QByteArray("[General]\nk=\xFF\xFE\x80\x81\n");
-    QByteArray noise;
-    for (int i = 0; i < 20'000; ++i)
-        noise.append(static_cast<char>((i * 7919 + i / 13 * 104729) >> 3 & 0xFF));
-    QTest::newRow("noise") << noise;
-}
-
-void SettingsTest::aRubbishFileGivesDefaultsAndStaysAsItIs()
-{
-    QFETCH(QByteArray, bytes);
-    const QString file = ProfileFile();
-    Write(file, bytes);
-    ReadEverything();
-    VerifyDefaults();
-    QCOMPARE(Read(file), bytes);
-    QVERIFY(Copies(file).isEmpty());
-}
-
-void SettingsTest::aRubbishFileIsKeptBesideBeforeTheFirstWrite_data()
-{
-    aRubbishFileGivesDefaultsAndStaysAsItIs_data();
-}
-
-void SettingsTest::aRubbishFileIsKeptBesideBeforeTheFirstWrite()
-{
-    QFETCH(QByteArray, bytes);
-    const QString file = ProfileFile();
-    Write(file, bytes);
-    ReadEverything(); // what has been read once is known to the library, and still broken
-    {
-        CSettings settings;
-        settings.SetPanes({1, 2, 3});
-        settings.ChangeRowHeight(3);
-    }
-    QCOMPARE(Copies(file).size(), 1);
-    QCOMPARE(Read(QFileInfo(file).dir().filePath(Copies(file).constFirst())), bytes);
-    QVERIFY(CSettings().Panes(kComputed) == (PaneSizes{1, 2, 3}));
-    QCOMPARE(CSettings().RowHeight(), 21);
-    CSettings().SetLanguage(TitleLanguage::English);
-    QCOMPARE(Copies(file).size(), 1); // the file is sound now
-}
-
-void SettingsTest::theSameRubbishIsKeptOnce()
-{
-    const QString file = ProfileFile();
-    for (int i = 0; i < 3; ++i) {
-        Write(file, "no settings here\n");
-        Store(u"row_height/up"_s, 30 + i);
-    }
-    QCOMPARE(Copies(file).size(), 1);
-}
-
-void SettingsTest::otherRubbishIsKeptToo()
-{
-    const QString file = ProfileFile();
-    Write(file, "no settings here\n");
-    Store(u"row_height/up"_s, 30);
-    Write(file, "nor here, and longer than before\n");
-    Store(u"row_height/up"_s, 31);
-    const QDir folder = QFileInfo(file).dir();
-    QCOMPARE(Copies(file).size(), 2);
-    QCOMPARE(Read(folder.filePath(Copies(file)[0])), QByteArray("no settings here\n"));
-    QCOMPARE(Read(folder.filePath(Copies(file)[1])), QByteArray("nor here, and longer than before\n"));
-}
-
-void SettingsTest::aSoundFileIsNotCopied()
-{
-    const QString file = ProfileFile();
-    Write(file,
-          "; a remark\n[row_height]\nup=40\n\n[SYSTEMFONT]\nF=\xEF\xBC\xAD\xEF\xBC\xB3 \xE6\x98\x8E\xE6\x9C\x9D\n");
-    QCOMPARE(CSettings().RowHeight(), 40);
-    QCOMPARE(CSettings().Display().fontFaceName, u"ＭＳ 明朝"_s);
-    CSettings().ChangeRowHeight(3);
-    QVERIFY(Copies(file).isEmpty());
-    QCOMPARE(CSettings().RowHeight(), 43);
-}
-
-void SettingsTest::whatCouldBeReadOfABrokenFileStays()
-{
-    Write(ProfileFile(), "[row_height]\nup=40\n[BackColor]\nR=1\nthis line is broken\nG=2\n");
-    CSettings().SetLanguage(TitleLanguage::English);
-    QCOMPARE(CSettings().RowHeight(), 40);
-    QCOMPARE(CSettings().Display().backColor, 0xFF0201U);
-}
-
-void SettingsTest::aFileThatCannotBeWrittenStaysAsItIs()
-{
-    const QString file = ProfileFile();
-    const QByteArray bytes("[row_height]\nup=40\n");
-    Write(file, bytes);
-    QVERIFY(QFile::setPermissions(file, QFile::ReadOwner));
-    if (QFileInfo(file).isWritable())
-        QSKIP("this user may write everything");
-    CSettings settings;
-    QCOMPARE(settings.ChangeRowHeight(3), 43); // holds for this session
-    settings.SetLanguage(TitleLanguage::English);
-    QCOMPARE(Read(file), bytes);
-}
-
-void SettingsTest::aFolderInPlaceOfTheFileStopsNothing()
-{
-    const QString file = ProfileFile();
-    QVERIFY(QDir().mkpath(file + u"/inside"_s));
-    ReadEverything();
-    CSettings().SetLanguage(TitleLanguage::English);
-    CSettings().ChangeRowHeight(3);
-    QVERIFY(QDir(file).exists(u"inside"_s));
-}
-
-void SettingsTest::theRecentFilesDoNotDestroyARubbishFile()
-{
-    const QString file = ProfileFile();
-    Write(file, "a text in the wrong place\n");
-    CRecentFiles::Add(u"/tmp/bridge.sbd"_s);
-    QCOMPARE(CRecentFiles::List().size(), 1);
-    QCOMPARE(Copies(file).size(), 1);
-}
-
-void SettingsTest::decimalsAreAskedInTwoGroups()
-{
-    CDecimalsDialog dialog(6, 1);
-    QCOMPARE(dialog.windowTitle(), u"小数点桁数"_s);
-    const QList<QGroupBox*> groups = dialog.findChildren<QGroupBox*>();
-    QCOMPARE(groups.size(), 2);
-    QCOMPARE(groups[0]->title(), u"m の場合"_s);
-    QCOMPARE(groups[1]->title(), u"mm の場合"_s);
-    auto* metres = groups[0]->findChild<QSpinBox*>();
-    auto* millimetres = groups[1]->findChild<QSpinBox*>();
-    QCOMPARE(metres->value(), 6);
-    QCOMPARE(millimetres->value(), 1);
-    dialog.show();
-    QTest::keyClicks(metres, u"3"_s); // the field's digits are selected at first
-    millimetres->setFocus();
-    millimetres->selectAll();
-    QTest::keyClicks(millimetres, u"0"_s);
-    QTest::keyClick(millimetres, Qt::Key_Return);
-    QCOMPARE(dialog.result(), static_cast<int>(QDialog::Accepted));
-    QCOMPARE(dialog.Metres(), 3);
-    QCOMPARE(dialog.Millimetres(), 0);
-}
-
-void SettingsTest::decimalsAreLimited()
-{
-    const CDecimalsDialog dialog(-3, 4000);
-    QCOMPARE(dialog.Metres(), 0);
-    QCOMPARE(dialog.Millimetres(), CDecimalsDialog::kMost);
-}
-
-void SettingsTest::theFontDialogChangesNothingUntouched()
-{
-    DisplaySettings display;
-    display.fontHeight = 22;
-    display.fontFaceName = u"ここにない字体"_s;
-    display.textColor = 0x123456;
-    display.rowHeight = 33;
-    const CFontDialog dialog(display);
-    QCOMPARE(dialog.windowTitle(), u"フォント"_s);
-    QVERIFY(dialog.Chosen() == display);
-}
-
-void SettingsTest::theFontDialogTakesFontAndColor()
-{
-    CFontDialog dialog{DisplaySettings()};
-    dialog.askColor = [](const QColor&, QWidget*) { return QColor(Qt::red); };
-    dialog.findChild<QFontComboBox*>()->setEditText(u"IPAMincho"_s);
-    dialog.findChild<QSpinBox*>()->setValue(27);
-    dialog.findChildren<QCheckBox*>().constFirst()->setChecked(true);
-    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
-        if (button->text().startsWith(u"文字色"_s))
-            button->click();
-    }
-    DisplaySettings expected;
-    expected.fontFaceName = u"IPAMincho"_s;
-    expected.fontHeight = -27;
-    expected.fontItalic = true;
-    expected.textColor = 0x0000FF;
-    QVERIFY(dialog.Chosen() == expected);
-    dialog.askColor = [](const QColor&, QWidget*) { return QColor(); };
-    for (QPushButton* button : dialog.findChildren<QPushButton*>()) {
-        if (button->text().startsWith(u"文字色"_s))
-            button->click();
-    }
-    QVERIFY(dialog.Chosen() == expected);
 }
 
 QTEST_MAIN(SettingsTest)
