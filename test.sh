@@ -10,8 +10,9 @@ build_preset() {
     cmake --preset "$1" >"build/$1.configure.log" 2>&1 || { cat "build/$1.configure.log"; return 1; }
     cmake --build --preset "$1" -j "$jobs" >"build/$1.build.log" 2>&1 || { tail -n 60 "build/$1.build.log"; return 1; }
 }
+# Some tests wait, so that one more than there are cores has something to do.
 test_preset() {
-    ctest --preset "$1" -j "$jobs" >"build/$1.test.log" 2>&1 || { grep -v ' Passed ' "build/$1.test.log"; return 1; }
+    ctest --preset "$1" -j "$((jobs + 1))" >"build/$1.test.log" 2>&1 || { grep -v ' Passed ' "build/$1.test.log"; return 1; }
     tail -n 3 "build/$1.test.log" | sed '/^$/d'
 }
 

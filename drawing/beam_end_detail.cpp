@@ -143,8 +143,7 @@ BridgeDrawing CMemberEndDrawer::Make()
             WeldedPlate(MemberPart::Lower, hasUpper ? -level : 0);
         // Beside the plates: how far its end is from the girder is not told.
         LappedWeb(toBeam_ * (half_ + 3 * kApart), 0);
-        build_.Note(
-            "連結板は主桁ウェブの中心から，ウェブは端から描いています(両者の間隔は実際と違います)．切込みは描いていません．");
+        build_.Note("連結板は主桁ウェブの中心から，ウェブは端から描いています(両者の間隔は実際と違います)．");
     } else {
         build_.Omit(connection->Place(typeColumn), "がどの連結形式か分からないため，図にできません．", type);
     }

@@ -92,6 +92,13 @@ std::optional<double> SpliceRow::Size(std::size_t column) const
     return value && std::abs(*value) <= kMostSize ? std::optional(std::abs(*value)) : std::nullopt;
 }
 
+void OmitInnerPlates(CDrawingBuild& build, const SpliceRow& plate, std::size_t thick)
+{
+    if (plate.Size(thick).value_or(0) > 0)
+        build.Omit(plate.Place(thick), "内側の添接板は板厚だけを記し，形は図に表していません．", {},
+                   OmissionKind::Limit);
+}
+
 std::optional<std::size_t> StepsIn(double length, double step)
 {
     if (length > -kTouch && length < kTouch)

@@ -79,6 +79,10 @@ void DrawWebBolts(CDrawingBuild& build, const WebBoltCells& cells);
 /// Half of the diameter that "M22(S10T)" names; 0, and omitted, if it names none.
 [[nodiscard]] double BoltRadius(CDrawingBuild& build, const SpliceRow& row, std::size_t column);
 
+/// Leaves out the inner splice plates of a row that has some: their thickness is told, their place across the flange is
+/// not. `thick`: the column of their thickness.
+void OmitInnerPlates(CDrawingBuild& build, const SpliceRow& plate, std::size_t thick);
+
 /// How many steps a length has; nothing if they do not come out even, or are too many.
 [[nodiscard]] std::optional<std::size_t> StepsIn(double length, double step);
 

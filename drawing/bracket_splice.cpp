@@ -71,6 +71,7 @@ void CMemberEndDrawer::BracketFlange(MemberPart part, double middle, const std::
         return;
     Rectangle(DrawingLayer::SplicePlate, -length / 2, length / 2, middle - plateWidth / 2, middle + plateWidth / 2,
               plate->Place(kWidth));
+    OmitInnerPlates(build_, *plate, kInnerThick);
     std::string text = Cp932("外 ") + LengthText(plate->Size(kOuterThick).value_or(0)) + "x" + LengthText(plateWidth)
                        + "x" + LengthText(length);
     if (const double inner = plate->Size(kInnerThick).value_or(0); inner > 0)

@@ -1,4 +1,5 @@
 // Gussets of a sway bracing: blocks 562 and 563.
+#include "drawing/cross_members.h"
 #include "drawing/member_end_drawer.h"
 #include "project/text.h"
 
@@ -96,6 +97,12 @@ void CMemberEndDrawer::Gussets()
     constexpr double apart = 1'000; // between both chords: their true distance stands in the section
     Gusset(MemberPart::Upper, 0);
     Gusset(MemberPart::Lower, -apart);
+    for (const int block : {552, 553, 554, 555}) {
+        CDrawingBuild apartBuild; // unknown names are told where the cross members are
+        const CTableRows rows(data_, block, 1);
+        if (const auto row = LastMemberRow(apartBuild, rows, grid_, end_.gap, end_.station, end_.end))
+            build_.Omit(rows.Place(*row, 0), "対傾構の弦材の連結板は図に表していません．", {}, OmissionKind::Limit);
+    }
     build_.Note("ガセットは取付縁から描いています．上下の間隔は実際と違います．");
 }
 

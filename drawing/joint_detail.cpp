@@ -52,7 +52,9 @@ public:
 private:
     [[nodiscard]] bool IsOfPart(std::string_view word, Part part, SourceCell place);
     [[nodiscard]] std::vector<DrawnPoint> AreaOf(Part part) const;
+    [[nodiscard]] bool IsOfThisJoint(const CTableRows& rows, std::size_t row);
     [[nodiscard]] std::optional<SpliceRow> RowOf(const CTableRows& rows, int block, Part part);
+    void OmitRibs();
     void Flange(Part part, const std::optional<SectionPlate>& left, const std::optional<SectionPlate>& right,
                 double middle);
     void BoxFlange(Part part, const std::optional<SectionPlate>& left, const std::optional<SectionPlate>& right,
@@ -101,27 +103,39 @@ std::vector<DrawnPoint> JointDrawer::AreaOf(Part part) const
     return {{-half_, top}, {half_, top}, {half_, bottom}, {-half_, bottom}};
 }
 
+/// Joints of another girder perhaps are not told: only a row that means this one is of interest.
+bool JointDrawer::IsOfThisJoint(const CTableRows& rows, std::size_t row)
+{
+    constexpr std::size_t fromColumn = 2;
+    if (!line_.IsNamed(build_, rows, row, 0))
+        return false;
+    const auto numberOf = [&](std::size_t column) {
+        return std::ranges::find(splices_, rows.Cell(row, column), &GirderSplice::name) - splices_.begin();
+    };
+    const auto [first, last] = std::minmax({numberOf(fromColumn), numberOf(fromColumn + 1)});
+    const auto joint = static_cast<std::ptrdiff_t>(joint_);
+    return last < std::ssize(splices_) && first <= joint && joint <= last;
+}
+
+/// Splices of ribs are not drawn: the first row of each block says so.
+void JointDrawer::OmitRibs()
+{
+    for (const CTableRows* rows : {&bolts_, &plates_, &flangePitches_, &webPitches_})
+        for (std::size_t row = rows->First(); row < rows->Count(); ++row)
+            if (rows->Cell(row, kPart).ends_with("RIB") && IsOfThisJoint(*rows, row)) {
+                build_.Omit(rows->Place(row, kPart), "縦リブの継手は図に表していません．", {}, OmissionKind::Limit);
+                break;
+            }
+}
+
 /// The one row of a block that speaks of a part; nothing, and omitted, if there is none or more than one: which one is used
 /// the pages do not say.
 std::optional<SpliceRow> JointDrawer::RowOf(const CTableRows& rows, int block, Part part)
 {
-    constexpr std::size_t fromColumn = 2;
-    const auto numberOf = [&](std::string_view name) {
-        const auto found = std::ranges::find(splices_, name, &GirderSplice::name);
-        return found == splices_.end() ? std::nullopt
-                                       : std::optional(static_cast<std::size_t>(found - splices_.begin()));
-    };
     std::optional<SpliceRow> result;
     for (std::size_t row = rows.First(); row < rows.Count(); ++row) {
         if (rows.IsEmpty(row) || !IsOfPart(rows.Cell(row, kPart), part, rows.Place(row, kPart))
-            || !line_.IsNamed(build_, rows, row, 0))
-            continue;
-        std::array<std::optional<std::size_t>, 2> ends;
-        for (std::size_t i = 0; i < ends.size(); ++i)
-            ends[i] = numberOf(rows.Cell(row, fromColumn + i));
-        if (!ends[0] || !ends[1]) // of another girder perhaps: told only if it means this joint
-            continue;
-        if (joint_ < std::min(*ends[0], *ends[1]) || joint_ > std::max(*ends[0], *ends[1]))
+            || !IsOfThisJoint(rows, row))
             continue;
         if (result) {
             build_.Omit(rows.Place(row, kPart),
@@ -193,6 +207,7 @@ void JointDrawer::Flange(Part part, const std::optional<SectionPlate>& left, con
         return;
     Rectangle(DrawingLayer::SplicePlate, -length / 2, length / 2, middle - width / 2, middle + width / 2,
               plate->Place(kOuterWidth));
+    OmitInnerPlates(build_, *plate, kInnerThick);
     build_.Label({half_ / 2, middle + width / 2 + kApart / 4}, PlateText(*plate, bolts), LabelRow::AtPoint,
                  plate->Place(kOuterThick));
     if (!bolts || !pitches)
@@ -244,6 +259,7 @@ void JointDrawer::BoxFlange(Part part, const std::optional<SectionPlate>& left,
         return;
     Rectangle(DrawingLayer::SplicePlate, -length / 2, length / 2, leftWeb - rows->right, leftWeb - rows->left,
               plate->Place(kOuterWidth));
+    OmitInnerPlates(build_, *plate, kInnerThick);
     build_.Label({half_ / 2, leftWeb - rows->left + kApart / 4}, PlateText(*plate, bolts), LabelRow::AtPoint,
                  plate->Place(kOuterThick));
     const auto size = [&](std::size_t column) { return pitches->Size(column).value_or(-1); };
@@ -394,6 +410,7 @@ BridgeDrawing JointDrawer::Make()
         if (lowerWidths)
             BoxFlange(Part::Lower, lowerLeft, lowerRight, lowerMiddle, *lowerWidths);
     }
+    OmitRibs();
     return build_.Take();
 }
 

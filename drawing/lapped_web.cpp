@@ -140,7 +140,7 @@ void CMemberEndDrawer::WeldedPlate(MemberPart part, double middle)
                     OmissionKind::Limit);
         return;
     }
-    enum ShapeColumn : std::size_t { kWidth = 6, kThick = 7 };
+    enum ShapeColumn : std::size_t { kWidth = 6, kThick = 7, kNotchRadius = 10 };
     enum BoltColumn : std::size_t { kKind = 6, kForm = 7, kCount = 8, kRows = 9 };
     enum SpacingColumn : std::size_t { kLc = 6, kLd = 7, kLeftEdge = 8, kRightEdge = 9, kBc = 10, kBe = 11 };
     const double width = Length(*shape, kWidth);
@@ -179,6 +179,8 @@ void CMemberEndDrawer::WeldedPlate(MemberPart part, double middle)
     const double plateEnd = last + size(plateEdge);
     const double flangeBegin = first - size(flangeEdge);
     half_ = std::max(half_, plateEnd + kBeyond);
+    if (shape->Size(kNotchRadius).value_or(0) > 0)
+        build_.Omit(shape->Place(kNotchRadius), "連結板の切込み(R)は図に表していません．", {}, OmissionKind::Limit);
     const double flangeWidth = section_ ? section_->Size(part == MemberPart::Upper ? 4 : 6).value_or(0) : 0;
     if (flangeWidth > 0)
         Rectangle(DrawingLayer::Flange, toBeam_ * flangeBegin, toBeam_ * half_, middle - flangeWidth / 2,

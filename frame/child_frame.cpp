@@ -237,6 +237,7 @@ void CChildFrame::RemovePanel()
     if (panel_ == nullptr)
         return;
     panel_->ClosePanel();
+    panel_->Grid()->ForgetTold(); // it was of a cell of this panel
     panel_.reset();
 }
 

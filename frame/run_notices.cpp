@@ -90,6 +90,21 @@ void ShowUntilSettled(CChildFrame& child, const QString& text,
     child.Notices().Show({kLostKey, text, actions, true, [keptIn] { SettleKeptInput(keptIn); }});
 }
 
+/// Closes the notice of lost changes when undo, in place of its button, has brought them back into the window.
+void CloseWhenBack(CChildFrame& child, const std::shared_ptr<const CSbdData>& unsaved)
+{
+    auto* watch = new QObject(&child);
+    const QString text = child.Notices().TextOf(kLostKey);
+    QObject::connect(&child.Doc(), &CKELDSectionDoc::stepped, watch, [&child, watch, text, unsaved] {
+        const bool stands = child.Notices().TextOf(kLostKey) == text;
+        if (stands && !unsaved->SameProject(child.Doc().Data()))
+            return;
+        if (stands)
+            child.Notices().Close(kLostKey);
+        watch->deleteLater(); // or the notice has gone, or another one has its place
+    });
+}
+
 QString KeptText(const QString& kept)
 {
     return kept.isEmpty() ? u"\n解析前の入力は保管できていません。"_s
@@ -166,6 +181,7 @@ void ShowLostChanges(CChildFrame& child, const QString& why, const std::shared_p
         text += u"\n保管した場所: "_s + QDir::toNativeSeparators(keptIn);
     ShowUntilSettled(
         child, text, [unsaved] { return unsaved; }, keptIn, show);
+    CloseWhenBack(child, unsaved);
 }
 
 void ShowKeptChanges(CChildFrame& child, const KeptInput& kept, const ShowDifferences& show)

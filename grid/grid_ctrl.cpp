@@ -223,8 +223,7 @@ void CGridCtrl::currentChanged(const QModelIndex& current, const QModelIndex& pr
     head_->SetFocusRow(current.row() + 1);
     numbers_->SetFocusRow(current.row() + 1);
     viewport()->update();
-    if (toldLocked_)
-        TellInStatusBar({});
+    ForgetTold();
     if (current.isValid())
         emit currentCellChanged(current.row() + 1, current.column() + 1);
 }

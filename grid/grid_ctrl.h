@@ -97,6 +97,8 @@ public:
     [[nodiscard]] QRect RectOf(const GridRange& range) const;
     /// Says something in the status bar, until the focus moves.
     void TellInStatusBar(const QString& text);
+    /// Takes away what it has said.
+    void ForgetTold();
     /// Size of texts and cells; 100: as they are.
     void SetZoom(int percent);
     [[nodiscard]] int Zoom() const { return zoom_; }
@@ -236,7 +238,7 @@ private:
     bool tabbing_ = false;       // the focus moves by Tab
     bool typing_ = false;        // the open edit was begun by typing
     bool closing_ = false;       // an editor
-    bool toldLocked_ = false;    // the status bar says why a cell takes nothing
+    bool hasTold_ = false;       // something in the status bar
     bool pressedButton_ = false; // the mouse is down on the button of a list
     bool pressedBeside_ = false; // the mouse is down where no cell is
     std::optional<RefusedText> refused_;

@@ -396,9 +396,15 @@ void CGridCtrl::TellLocked(const QKeyEvent& event)
 
 void CGridCtrl::TellInStatusBar(const QString& text)
 {
-    toldLocked_ = !text.isEmpty();
+    hasTold_ = !text.isEmpty();
     QStatusTipEvent event(text);
     QApplication::sendEvent(this, &event);
+}
+
+void CGridCtrl::ForgetTold()
+{
+    if (hasTold_)
+        TellInStatusBar({});
 }
 
 void CGridCtrl::keyPressEvent(QKeyEvent* event)

@@ -22,7 +22,7 @@ case ${1:-} in
             wine64 xvfb xauth xdotool openbox x11-utils imagemagick python3)
         ;;
     dev | ci)
-        packages+=(libgtest-dev libgmock-dev libbenchmark-dev clang-format-14)
+        packages+=(libgtest-dev libgmock-dev libbenchmark-dev clang-format-14 mold)
         if [[ $1 == ci ]]; then
             packages+=(clang-14 clang-tidy-14 libclang-rt-14-dev python3 xvfb openbox xdotool x11-utils imagemagick)
         fi

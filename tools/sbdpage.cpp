@@ -7,6 +7,7 @@
 #include "sbdpage_book.h"
 #include "sbdpage_drawings.h"
 #include "sbdpage_figures.h"
+#include "sbdpage_pictures.h"
 #include "upperview/draw_painter.h"
 #include "upperview/help_page.h"
 #include "upperview/page/page_check.h"
@@ -15,6 +16,7 @@
 #include "upperview/page/page_store.h"
 #include "upperview/page_unit.h"
 
+#include <QBuffer>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
@@ -22,7 +24,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 
 #include <map>
 #include <optional>
@@ -101,7 +102,8 @@ bool WritePng(const Job& job, const QString& path)
     painter.scale(scale, scale);
     Paint(painter, job);
     painter.end();
-    return image.save(path, "PNG");
+    QBuffer buffer;
+    return image.save(&buffer, "PNG") && WriteFile(path, buffer.data());
 }
 
 /// One sheet as large as the page, whatever its length, with a margin of 10 mm.
@@ -110,7 +112,9 @@ bool WritePdf(const Job& job, const QString& path)
     constexpr double margin = 10; // mm
     constexpr double unitsPerMillimetre = 10;
     const PageExtent extent = ExtentOf(job);
-    QPdfWriter writer(path);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
     writer.setResolution(kPdfDpi);
     const QSizeF size(extent.width / unitsPerMillimetre + 2 * margin, extent.height / unitsPerMillimetre + 2 * margin);
     writer.setPageSize(QPageSize(size, QPageSize::Millimeter, {}, QPageSize::ExactMatch));
@@ -121,25 +125,17 @@ bool WritePdf(const Job& job, const QString& path)
     painter.scale(kPdfDpi / kPageUnitsPerInch, kPdfDpi / kPageUnitsPerInch);
     painter.translate(margin * unitsPerMillimetre, margin * unitsPerMillimetre);
     Paint(painter, job);
-    return painter.end();
+    return painter.end() && WriteFile(path, buffer.data());
 }
 
-/// To a file, which is put in place whole; "-" is the standard output. A pipe or device is written to as it is.
+/// "-" is the standard output.
 bool WriteRecord(const Job& job, const QString& path)
 {
     PageExtent extent;
     const std::string json = Record(job, extent).ToJson();
     if (path == u"-"_s)
         return PrintText(stdout, json);
-    const QFileInfo place(path);
-    if (place.exists() && !place.isFile()) {
-        QFile stream(path);
-        return stream.open(QIODevice::WriteOnly | QIODevice::Unbuffered)
-               && stream.write(json.data(), static_cast<qint64>(json.size())) == static_cast<qint64>(json.size());
-    }
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(json.data(), static_cast<qint64>(json.size())) >= 0
-           && file.commit();
+    return WriteFile(path, QByteArray::fromStdString(json));
 }
 
 /// Faults of the labels of a page: of each of its branches and columns, in the projects in which it takes its forms and in

@@ -15,7 +15,6 @@
 
 #include <QCommandLineParser>
 #include <QPainter>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -160,12 +159,7 @@ std::optional<SheetLook> LookOf(const QCommandLineParser& parser)
 int WriteDxf(const QCommandLineParser& parser, const std::string& bytes)
 {
     const QString path = parser.value(u"dxf"_s);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)
-        || file.write(bytes.data(), static_cast<qint64>(bytes.size())) != static_cast<qint64>(bytes.size())
-        || !file.commit())
-        return FailCall(u"cannot write "_s + path);
-    return 0;
+    return WriteFile(path, QByteArray::fromStdString(bytes)) ? 0 : FailCall(u"cannot write "_s + path);
 }
 
 /// The general drawing as a picture of A3; as a DXF file in true measure, without frame and title block.

@@ -7,6 +7,8 @@
 
 #include <QBuffer>
 #include <QCommandLineParser>
+#include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
@@ -73,13 +75,17 @@ constexpr PictureOption kPictures[] = {
     {"svg", Svg, "Writes a picture of lines."},
 };
 
+} // namespace
+
 bool WriteFile(const QString& path, const QByteArray& bytes)
 {
+    if (const QFileInfo place(path); place.exists() && !place.isFile()) {
+        QFile stream(path);
+        return stream.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && stream.write(bytes) == bytes.size();
+    }
     return !bytes.isEmpty()
            && WriteOutputFile(ToPath(path), {bytes.constData(), static_cast<std::size_t>(bytes.size())}).Ok();
 }
-
-} // namespace
 
 int FailCall(const QString& message, int code)
 {

@@ -1,6 +1,7 @@
 // Pictures that the commands of sbdpage write.
 #pragma once
 
+#include <QByteArray>
 #include <QSize>
 #include <QString>
 
@@ -18,6 +19,10 @@ using PaintPane = std::function<void(QPainter&)>;
 
 /// Tells a fault of the call on the error output and gives `code`.
 int FailCall(const QString& message, int code = kBadPictureCall);
+
+/// Puts a file in place whole, but never over one of a project; a pipe or device is written to as it is. False without
+/// bytes.
+[[nodiscard]] bool WriteFile(const QString& path, const QByteArray& bytes);
 
 /// Options --png, --pdf and --svg.
 void AddPictureOptions(QCommandLineParser& parser);

@@ -29,19 +29,8 @@ case ${1:-} in
 esac
 export WINEPREFIX=$PWD/build/windows-kit/prefix
 
-# GoogleTest programs as wholes: a start under Wine takes longer than most tests.
 core_tests() {
-    local program output failed=0
-    for program in "$build"/tests/*_tests.exe; do
-        if output=$(timeout 600 "$here/wine.sh" "$program" --gtest_brief=1 --gtest_shuffle 2>&1 </dev/null); then
-            echo "$(basename "$program" .exe): $(grep -a -o '[0-9]* tests\.' <<<"$output" | tail -n 1)"
-        else
-            echo "$(basename "$program" .exe): FAILED"
-            tail -n 60 <<<"$output"
-            failed=1
-        fi
-    done
-    return "$failed"
+    SBD_LAUNCH="$here/wine.sh" scripts/whole-tests.sh "$build"/tests/*_tests.exe
 }
 
 # Wine's desktop comes with the first window and goes a second behind the last one. Of two programs that make it at the
@@ -65,7 +54,7 @@ window_tests() {
     local only=(-L qt) log=build/windows-kit/tests.log
     hold_desktop
     [[ -z $quick ]] || only=(-R "^($(IFS='|'; echo "${near[*]//\//\\.}"))\$")
-    ctest --preset windows "${only[@]}" -j "$(nproc)" >"$log" 2>&1 || { grep -v ' Passed ' "$log"; return 1; }
+    ctest --preset windows "${only[@]}" -j "$(($(nproc) + 1))" >"$log" 2>&1 || { grep -v ' Passed ' "$log"; return 1; }
     tail -n 3 "$log" | sed '/^$/d'
 }
 

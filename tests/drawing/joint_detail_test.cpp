@@ -257,6 +257,24 @@ TEST(JointDetail, TheFlangeOfABoxHasItsBoltsBetweenWebsAndRibs)
     EXPECT_NEAR(Most(**flange, &DrawnPoint::y), Most(**plate, &DrawnPoint::y), 1);
 }
 
+TEST(JointDetail, InnerPlatesAndSplicesOfRibsAreListedAsNotDrawn)
+{
+    SampleBridge bridge = FittingBox();
+    const auto places = [&](std::size_t joint) {
+        return Reasons(JointDetail(bridge.data, bridge.results, 0, GirderSide::Left, joint));
+    };
+    bridge.data.Table(342)->columns[6].Set(1, "");
+    EXPECT_THAT(places(0), testing::Not(Contains("342 2 7")));
+    bridge.data.Table(342)->columns[6].Set(1, "10"); // the inner thickness of the upper flange at J1
+    EXPECT_THAT(places(0), Contains("342 2 7"));
+    // A row of ribs at J1 alone.
+    TableBlock& bolts = *bridge.data.Table(341);
+    bolts.AppendRow({"G1", "G1", "J1", "J1", "URIB", "M22(S10T)", "4", "2"});
+    const std::string rib = "341 " + std::to_string(bolts.RowCount()) + " 5";
+    EXPECT_THAT(places(0), Contains(rib));
+    EXPECT_THAT(places(1), testing::Not(Contains(rib)));
+}
+
 TEST(JointDetail, APlateThatIsWiderThanItsBoxFlangeIsToldAndNotDrawn)
 {
     SampleBridge bridge = FittingBox();

@@ -16,6 +16,7 @@ namespace sbd {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 using testing::SizeIs;
 
 namespace {
@@ -95,7 +96,8 @@ constexpr double kLowerMiddle = -kWeb - kUpperMiddle;
 TEST(MemberEnd, TheSpliceOfABracketStandsByItsRows)
 {
     const BridgeDrawing drawing = EndOf(Bracketed(), 0);
-    EXPECT_THAT(Places(drawing), IsEmpty());
+    EXPECT_THAT(Places(drawing), ElementsAre("557 2 8", "557 3 8")); // the inner plates of the flanges
+    EXPECT_EQ(drawing.omissions[0].kind, OmissionKind::Limit);
     EXPECT_EQ(FromCp932(drawing.title), "C1 G1-G2 左端 横桁連結図 仕口");
     // 470/2 = 45 + 2 x 75 + 40: three columns of one row on each side.
     const auto upper = Bolts(drawing, 0, 5'000);
@@ -255,6 +257,10 @@ TEST(MemberEnd, WhatTheCellsOfAPlateDoNotTellIsListed)
     CSbdData rows = Welded();
     rows.Table(554)->columns[9].Set(1, "2");
     EXPECT_THAT(Places(EndOf(rows, 0)), Contains("554 2 10"));
+    CSbdData notched = Welded();
+    notched.Table(553)->columns[10].Set(1, "50");
+    EXPECT_THAT(Places(EndOf(notched, 0)), ElementsAre("553 2 11"));
+    EXPECT_THAT(ShapesOf(EndOf(notched, 0), DrawingLayer::SplicePlate), SizeIs(1));
     CSbdData width = Welded();
     width.Table(553)->columns[6].Set(1, "240");
     const BridgeDrawing drawing = EndOf(width, 0);
@@ -284,6 +290,19 @@ TEST(MemberEnd, AGussetHasTheOuterLineOfItsCells)
     const BridgeDrawing other = EndOf(data, 0);
     EXPECT_THAT(ShapesOf(other, DrawingLayer::Gusset), IsEmpty());
     EXPECT_THAT(Places(other), Contains("562 2 14"));
+}
+
+TEST(MemberEnd, TheChordPlatesOfASwayBracingAreListedAsNotDrawn)
+{
+    CSbdData data = WithMember("中間対傾構", "上下曲げ(1面摩擦)");
+    for (const int block : {552, 553, 554, 555}) {
+        AddRow(data, block, {"自動計算(YES_NO)", "NO"});
+        AddRow(data, block, {"C1", "C1", "G1", "G2", "要素左側", "上下", "1"});
+    }
+    for (const char* place : {"552 2 1", "553 2 1", "554 2 1", "555 2 1"}) {
+        EXPECT_THAT(Places(EndOf(data, 0)), Contains(place));
+        EXPECT_THAT(Places(EndOf(data, 1)), Not(Contains(place))); // these rows are of the left end
+    }
 }
 
 TEST(MemberEnd, EndsStandBehindTheJointsOfTheirGirderAndInFiles)

@@ -170,6 +170,7 @@ void ChangedFileTest::readingAgainKeepsTheEditsInReach()
     QCOMPARE(child->Notices().Texts().size(), 1);
     child->StepHistory(false); // the menu's undo reaches them too
     QCOMPARE(child->Doc().Data().Option(301, 0), std::string_view("MINE"));
+    QCOMPARE(child->Notices().Texts(), QStringList()); // nothing is lost any more
     // Now it is ours to save.
     station.Trigger(u"上書き保存"_s);
     QCOMPARE(station.user.asked.size(), 1);

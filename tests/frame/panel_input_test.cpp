@@ -9,6 +9,7 @@
 
 #include <QAccessible>
 #include <QElapsedTimer>
+#include <QStatusBar>
 
 using namespace Qt::StringLiterals;
 using namespace sbd;
@@ -35,6 +36,7 @@ private slots:
     void aPanelWithARefusedTextMayNotClose();
     void theBlockSwitchWaitsForARefusedText();
     void rowsAreAddedByNumber();
+    void whatWasSaidOfACellGoesWithItsPanel();
 };
 // --- input methods and screen readers ----------------------------------------------------------------
 
@@ -512,6 +514,19 @@ void PanelInputTest::rowsAreAddedByNumber()
     desk.Panel().AskRows();
     QCOMPARE(asked, 0); // the rows of an option block are fixed
     QVERIFY(!desk.Panel().CanAddRows());
+}
+
+void PanelInputTest::whatWasSaidOfACellGoesWithItsPanel()
+{
+    Desk desk;
+    QVERIFY(desk.OpenExample(u"plate4"_s, 313));
+    desk.Grid().SetFocusCell(1, 5); // the control row takes nothing there
+    QVERIFY(!desk.Grid().Source()->IsEditable(1, 5));
+    Type(u"1"_s);
+    const QStatusBar& bar = *desk.frame.statusBar();
+    QVERIFY(!bar.currentMessage().isEmpty());
+    desk.child->GoToBlock(302);
+    QCOMPARE(bar.currentMessage(), QString());
 }
 
 QTEST_MAIN(PanelInputTest)

@@ -3,6 +3,7 @@
 #include "project/option_rows.h"
 #include "project/sbd_data.h"
 #include "project/text.h"
+#include "tests/share.h"
 #include "upperview/page/page_families.h"
 #include "upperview/page/page_parser.h"
 #include "upperview/page/page_report.h"
@@ -122,6 +123,8 @@ TEST(Pages, NoLabelLeavesThePageOrStandsInTheWayAtAnyPaneWidth)
 {
     std::set<std::string> faults; // each once, whatever the row and the width
     for (const int block : BlocksWithPage()) {
+        if (!test::IsOfThisShare(block))
+            continue;
         const Page& page = *FindPage(block);
         for (const CSbdData& data : FormsOf(page, block))
             for (int row = 0; row <= LastRow(block); ++row)

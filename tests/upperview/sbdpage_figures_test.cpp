@@ -71,6 +71,8 @@ private slots:
     void theTableOfResultsIsPrinted();
     void oneCallWritesAllThreeKindsOfFile();
     void aRecordGoesIntoAPipe();
+    void nothingIsWrittenOverAProject_data();
+    void nothingIsWrittenOverAProject();
     void aWrongCallSaysWhatThereIs_data();
     void aWrongCallSaysWhatThereIs();
 };
@@ -238,6 +240,37 @@ void SbdpageFiguresTest::aRecordGoesIntoAPipe()
         const QJsonDocument record = QJsonDocument::fromJson(process.readAllStandardOutput());
         QVERIFY2(record.array().size() > 10, qPrintable(place));
     }
+}
+
+void SbdpageFiguresTest::nothingIsWrittenOverAProject_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    const QString project = Project(u"plate4"_s);
+    const QStringList page{u"--project"_s, project, u"313"_s};
+    QTest::newRow("page as pixels") << page + QStringList{u"--png"_s};
+    QTest::newRow("page as PDF") << page + QStringList{u"--pdf"_s};
+    QTest::newRow("page as JSON") << page + QStringList{u"--record"_s};
+    QTest::newRow("elevation as DXF") << QStringList{u"elevation"_s, project, u"--dxf"_s};
+    QTest::newRow("sheet as DXF") << QStringList{u"sheet"_s, project, u"--dxf"_s};
+    QTest::newRow("frame as lines") << QStringList{u"figure"_s, u"--project"_s, project, u"--svg"_s};
+}
+
+void SbdpageFiguresTest::nothingIsWrittenOverAProject()
+{
+    QFETCH(const QStringList, arguments);
+    const QString file = folder_.filePath(u"a bridge.sbd"_s);
+    QFile::remove(file);
+    QVERIFY(QFile::copy(Project(u"plate4"_s), file));
+    const auto bytes = [](const QString& path) {
+        QFile opened(path);
+        return opened.open(QFile::ReadOnly) ? opened.readAll() : QByteArray();
+    };
+    QVERIFY(RunPage(arguments + QStringList{file}).code != 0);
+    QCOMPARE(bytes(file), bytes(Project(u"plate4"_s)));
+    const QString other = folder_.filePath(u"a picture"_s); // the same call is sound
+    QFile::remove(other);
+    QCOMPARE(RunPage(arguments + QStringList{other}).code, 0);
+    QVERIFY(QFileInfo(other).size() > 0);
 }
 
 void SbdpageFiguresTest::aWrongCallSaysWhatThereIs_data()
