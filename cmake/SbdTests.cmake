@@ -72,6 +72,17 @@ if(SBD_SANITIZE)
     set(most_seconds 900)
 endif()
 
+# The test's own classes: <name>.moc, which the test includes. CMake's automatic moc takes a second a program, which a
+# hundred programs in three builds pay; this one 20 ms.
+function(sbd_moc_of_test target file name)
+    set(folder "${CMAKE_CURRENT_BINARY_DIR}/moc/${target}")
+    set(made "${folder}/${name}.moc")
+    file(MAKE_DIRECTORY "${folder}")
+    add_custom_command(OUTPUT "${made}" COMMAND Qt6::moc -o "${made}" "${file}" DEPENDS "${file}" VERBATIM)
+    target_sources(${target} PRIVATE "${made}")
+    target_include_directories(${target} PRIVATE "${folder}")
+endfunction()
+
 # One Qt Test program for each file of a folder with windows, on the offscreen platform and with a home of its own.
 function(sbd_qt_tests folder)
     set(source_folder "${PROJECT_SOURCE_DIR}/tests/${folder}")
@@ -88,7 +99,9 @@ function(sbd_qt_tests folder)
         set(target ${folder}_${name})
         # Headers of Qt Test are others where the network is linked, and what is precompiled has to suit all.
         set(links Qt6::Widgets Qt6::Network Qt6::Test)
-        sbd_executable(${target} QT SOURCES ${file} ${files} LINKS sbd_${folder} ${links})
+        sbd_executable(${target} SOURCES ${file} ${files} LINKS sbd_${folder} ${links})
+        sbd_qt_definitions(${target})
+        sbd_moc_of_test(${target} "${file}" ${name})
         sbd_precompiled(${target} widgets_tests ${links})
         sbd_test_surroundings(${target})
         add_test(NAME ${folder}.${name} COMMAND ${target})
