@@ -6,6 +6,7 @@
 #include "panels/panel.h"
 #include "project/catalogue.h"
 #include "sbdfile/writer.h"
+#include "tests/share.h"
 #include "tests/surroundings.h"
 
 #include <QAbstractItemView>
@@ -40,7 +41,7 @@ std::vector<int> Blocks()
 {
     std::vector<int> blocks;
     for (const CatalogueRow& row : Catalogue())
-        if (CanonicalBlock(row.block) == row.block)
+        if (CanonicalBlock(row.block) == row.block && test::IsOfThisShare(row.block))
             blocks.push_back(row.block);
     return blocks;
 }
