@@ -1,11 +1,9 @@
 #include "sbdpage_figures.h"
 
-#include "document/path.h"
 #include "document/result_session.h"
 #include "document/section_doc.h"
 #include "panels/result_output.h"
 #include "project/catalogue.h"
-#include "sbdfile/output_file.h"
 #include "sbdpage_pictures.h"
 #include "upperview/display_look.h"
 #include "upperview/result_diagram.h"
@@ -367,8 +365,7 @@ int DrawSheets(const QStringList& arguments)
     const QString path = parser.value(u"pdf"_s);
     if (path.isEmpty())
         return FailCall(u"--pdf says where to draw"_s);
-    const FileResult result = WriteOutputFile(ToPath(path), {pdf.constData(), static_cast<std::size_t>(pdf.size())});
-    return pdf.isEmpty() || !result.Ok() ? FailCall(u"cannot write "_s + path) : 0;
+    return WriteFile(path, pdf) ? 0 : FailCall(u"cannot write "_s + path);
 }
 
 // --- table -------------------------------------------------------------------------------------------
@@ -455,9 +452,7 @@ int PrintTable(const QStringList& arguments)
             SheetLayout(QPageSize::A4, IsWideTable(table) ? QPageLayout::Landscape : QPageLayout::Portrait));
         isDone = PrintResultTable(writer, table, selection, QGuiApplication::font(), ResultSessionOf(doc).State());
     }
-    const FileResult result =
-        WriteOutputFile(ToPath(path), {buffer.data().constData(), static_cast<std::size_t>(buffer.data().size())});
-    return !isDone || !result.Ok() ? FailCall(u"cannot write "_s + path) : 0;
+    return isDone && WriteFile(path, buffer.data()) ? 0 : FailCall(u"cannot write "_s + path);
 }
 
 } // namespace

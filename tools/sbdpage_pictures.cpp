@@ -79,12 +79,13 @@ constexpr PictureOption kPictures[] = {
 
 bool WriteFile(const QString& path, const QByteArray& bytes)
 {
+    if (bytes.isEmpty())
+        return false;
     if (const QFileInfo place(path); place.exists() && !place.isFile()) {
         QFile stream(path);
         return stream.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && stream.write(bytes) == bytes.size();
     }
-    return !bytes.isEmpty()
-           && WriteOutputFile(ToPath(path), {bytes.constData(), static_cast<std::size_t>(bytes.size())}).Ok();
+    return WriteOutputFile(ToPath(path), {bytes.constData(), static_cast<std::size_t>(bytes.size())}).Ok();
 }
 
 int FailCall(const QString& message, int code)
