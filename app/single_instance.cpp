@@ -47,7 +47,7 @@ std::optional<StartRequest> FromBytes(const QByteArray& line)
     if (!document.isObject())
         return std::nullopt;
     StartRequest request;
-    for (const QJsonValue& path : document[kPaths].toArray())
+    for (const auto& path : document[kPaths].toArray())
         request.paths.append(path.toString());
     request.activationToken = document[kToken].toString().toUtf8();
     return request;

@@ -308,14 +308,16 @@ void BM_FillOfAColumn(benchmark::State& state)
     state.counters["times_bare"] = fillTimes.Of(state.range(0)) / bareTimes.Of(state.range(0));
 }
 
+void ShowAllRows(QLineEdit& line)
+{
+    line.clear();
+    QApplication::processEvents();
+}
+
 /// Shows all rows again, off the clock.
 struct EndOfFilter {
     QLineEdit* line;
-    ~EndOfFilter()
-    {
-        line->clear();
-        QApplication::processEvents();
-    }
+    ~EndOfFilter() { ShowAllRows(*line); }
     EndOfFilter(QLineEdit* used) : line(used) {}
     EndOfFilter(EndOfFilter&& other) noexcept : line(other.line) {}
 };
@@ -329,7 +331,7 @@ void BM_Filter(benchmark::State& state)
     panel->Grid()->SetFocusCell(1, stationColumn);
     panel->FilterRows();
     QLineEdit* line = panel->findChild<QLineEdit*>();
-    EndOfFilter{line};
+    ShowAllRows(*line);
     Measure(state, filterTimes, [&] {
         line->setText(QStringLiteral("c1"));
         QApplication::processEvents();

@@ -83,7 +83,9 @@ FileResult WriteDifferenceSheets(const std::filesystem::path& path, const Report
                  "作成: " + sides.made + "  違い: " + (differences.empty() ? "ありません" : CountText(differences)));
     const std::string heads[] = {"ブロック", "種類", "行", "列", "列・項目", sides.before, sides.after};
     constexpr std::uint32_t headRow = 2;
-    for (std::uint16_t column = 0; column < std::size(heads); ++column) {
+    constexpr std::uint16_t columns{std::size(widths)};
+    static_assert(std::size(heads) == columns);
+    for (std::uint16_t column = 0; column < columns; ++column) {
         book.SetText(headRow, column, heads[column], HeadLook());
         book.SetWidth(column, widths[column]);
     }

@@ -87,7 +87,8 @@ ShownBlock Show(const CPanelModel& panel)
             shown.stored[static_cast<std::size_t>(row)] = stored++;
         for (int column = 1; column < shown.columns; ++column) {
             shown.texts[Place(shown, row, column)] = panel.Text(row, column);
-            shown.told[Place(shown, row, column)] = !panel.IsLocked(row, column) && !IsHeadWord(shown, row, column);
+            const bool told = !panel.IsLocked(row, column) && !IsHeadWord(shown, row, column);
+            shown.told[Place(shown, row, column)] = told ? 1 : 0;
         }
     }
     return shown;

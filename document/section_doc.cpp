@@ -233,7 +233,8 @@ void CKELDSectionDoc::Redo()
 void CKELDSectionDoc::Step(const EditStep& step, const EditPlace& where, const LooseRows& loose)
 {
     const EditPlace place = where;
-    const LooseRows shown = loose; // who is told may add steps
+    // Who is told may add steps. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const LooseRows shown = loose;
     const std::vector<ChangedRow> places = ChangedRows(step.changes);
     if (HoldsNames(places))
         RefreshSwayNames(data_);

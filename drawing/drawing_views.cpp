@@ -34,6 +34,46 @@ double DistanceOf(const DrawnPoint& at, const DrawnPoint& from, const DrawnPoint
     return std::hypot(at.x - from.x - share * x, at.y - from.y - share * y);
 }
 
+constexpr DrawingView kViewsInOrder[] = {DrawingView::Elevation, DrawingView::Section, DrawingView::Plan,
+                                         DrawingView::Joint};
+static_assert(std::size(kViewsInOrder) == kDrawingViews);
+constexpr std::size_t kMostDrawings = 400; // looked at for one row
+
+/// The drawings of a view, all alike but for what is drawn; not more than are looked at.
+std::vector<DrawingRequest> DrawingsOf(const CSbdData& data, const AnalysisResults& results, DrawingView view,
+                                       bool camber)
+{
+    std::vector<DrawingRequest> all;
+    DrawingRequest request;
+    request.view = view;
+    if (view == DrawingView::Plan)
+        return {request};
+    if (view == DrawingView::Section) {
+        const std::size_t stations = std::min(data.gridNames.swayNames.size(), kMostDrawings);
+        for (request.station = 0; request.station < stations; ++request.station)
+            all.push_back(request);
+        return all;
+    }
+    const std::vector<std::string>& girders = data.gridNames.girderNames;
+    request.camber = camber && view == DrawingView::Elevation;
+    for (request.girder = 0; request.girder < girders.size(); ++request.girder) {
+        const bool isBox = WebsOf(data, girders[request.girder]).IsBox();
+        for (request.side = GirderSide::Left;; request.side = GirderSide::Right) {
+            const std::size_t drawings =
+                view == DrawingView::Joint ? JointNames(data, results, request.girder, request.side).size() : 1;
+            for (request.joint = 0; request.joint < drawings; ++request.joint) {
+                if (all.size() == kMostDrawings)
+                    return all;
+                all.push_back(request);
+            }
+            request.joint = 0;
+            if (!isBox || request.side == GirderSide::Right)
+                break;
+        }
+    }
+    return all;
+}
+
 struct Nearness {
     double distance = 0; ///< of the outline; 0 within
     double area = 0;     ///< of the box around; 0 for a line
@@ -91,6 +131,36 @@ BridgeDrawing MakeDrawing(const CSbdData& data, const AnalysisResults& results, 
 bool IsReadBy(DrawingView view, int block)
 {
     return std::ranges::binary_search(kReads[static_cast<std::size_t>(view)], block);
+}
+
+bool SpeaksOf(const BridgeDrawing& drawing, const SourceCell& row)
+{
+    const auto isOfRow = [&](const auto& part) { return part.source.SameRow(row); };
+    return drawing.UseOf(row.block, row.row) != nullptr || std::ranges::any_of(drawing.shapes, isOfRow)
+           || std::ranges::any_of(drawing.labels, isOfRow);
+}
+
+std::optional<DrawingRequest> DrawingOfRow(const CSbdData& data, const AnalysisResults& results,
+                                           const DrawingRequest& request, const SourceCell& row)
+{
+    const auto shown = static_cast<std::size_t>(request.view);
+    std::size_t looked = 0;
+    for (std::size_t i = 0; i < kDrawingViews; ++i) {
+        const DrawingView view = kViewsInOrder[(shown + i) % kDrawingViews];
+        if (!IsReadBy(view, row.block))
+            continue;
+        std::vector<DrawingRequest> all = DrawingsOf(data, results, view, request.camber);
+        const auto at = std::ranges::find(all, request);
+        if (at != all.end())
+            std::ranges::rotate(all, at + 1);
+        for (const DrawingRequest& each : all) {
+            if (looked++ == kMostDrawings)
+                return std::nullopt;
+            if (SpeaksOf(MakeDrawing(data, results, each), row))
+                return each;
+        }
+    }
+    return std::nullopt;
 }
 
 const DrawnShape* PartAt(const BridgeDrawing& drawing, DrawnPoint at, double reach, double stretch)

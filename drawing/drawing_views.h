@@ -37,6 +37,14 @@ struct DrawingRequest {
 /// May a view be another one when this block has changed?
 [[nodiscard]] bool IsReadBy(DrawingView view, int block);
 
+/// Does the drawing show anything that this row of a block has made, or say where the row holds?
+[[nodiscard]] bool SpeaksOf(const BridgeDrawing& drawing, const SourceCell& row);
+
+/// The next drawing after `request`, and round again, that speaks of a row: of the same view first, then of the others that
+/// read its block. Some hundred drawings are looked at, no more; nothing where none of them speaks of it.
+[[nodiscard]] std::optional<DrawingRequest> DrawingOfRow(const CSbdData& data, const AnalysisResults& results,
+                                                         const DrawingRequest& request, const SourceCell& row);
+
 /// The part at a place: a line within `reach` (mm), else the smallest surface around it; null without any. Only parts
 /// that come from a cell are found. `stretch`: heights are seen that much larger.
 [[nodiscard]] const DrawnShape* PartAt(const BridgeDrawing& drawing, DrawnPoint at, double reach, double stretch);

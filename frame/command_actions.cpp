@@ -13,7 +13,7 @@
 
 namespace sbd {
 
-CCommandActions::CCommandActions(QWidget* window, std::function<void(Command command)> run)
+CCommandActions::CCommandActions(QWidget* window, const std::function<void(Command command)>& run)
     : QObject(window)
     , window_(window)
 {

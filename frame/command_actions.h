@@ -20,7 +20,7 @@ namespace sbd {
 class CCommandActions : public QObject {
 public:
     /// `run` is called with the command that the user gives.
-    CCommandActions(QWidget* window, std::function<void(Command command)> run);
+    CCommandActions(QWidget* window, const std::function<void(Command command)>& run);
 
     /// Null for Command::None.
     [[nodiscard]] QAction* Of(Command command) const;

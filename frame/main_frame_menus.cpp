@@ -127,7 +127,7 @@ void CMainFrame::FillRecentMenu(QMenu& menu)
     menu.clear();
     const QStringList files = CRecentFiles::List();
     for (qsizetype i = 0; i < files.size(); ++i) {
-        const QString file = files[i];
+        const QString& file = files[i];
         menu.addAction(Numbered(i, QDir::toNativeSeparators(file)), this, [this, file] { OpenProject(file); });
     }
     if (files.isEmpty())

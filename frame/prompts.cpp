@@ -297,7 +297,7 @@ Prompts ScreenPrompts()
     return prompts;
 }
 
-Prompts SilentPrompts(std::function<void(const QString& text)> told)
+Prompts SilentPrompts(const std::function<void(const QString& text)>& told)
 {
     Prompts prompts;
     prompts.openFileName = [](QWidget*, const QString&) { return QString(); };

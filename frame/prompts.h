@@ -114,6 +114,6 @@ struct Prompts {
 
 /// Nobody is there to answer: nothing is chosen, no question is answered with yes, no run is made. Messages go to
 /// `told`.
-[[nodiscard]] Prompts SilentPrompts(std::function<void(const QString& text)> told);
+[[nodiscard]] Prompts SilentPrompts(const std::function<void(const QString& text)>& told);
 
 } // namespace sbd

@@ -75,7 +75,8 @@ void CTailDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
         place.adjust(0, 0, -margin, 0);
     else
         place.setLeft(place.left() + margin + item.fontMetrics.horizontalAdvance(item.text) + kGap);
-    painter->drawText(place, Qt::AlignVCenter | (place_ == Place::RightEdge ? Qt::AlignRight : Qt::AlignLeft), tail);
+    const Qt::Alignment side = place_ == Place::RightEdge ? Qt::AlignRight : Qt::AlignLeft;
+    painter->drawText(place, static_cast<int>(Qt::AlignVCenter | side), tail);
     painter->restore();
 }
 

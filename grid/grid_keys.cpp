@@ -138,8 +138,8 @@ namespace {
 /// The command table's key, or one that the desktop has for the same (Shift+Del cuts).
 Command CommandOf(const QKeyEvent& event)
 {
-    const int modifiers = (event.modifiers() & ~Qt::KeypadModifier).toInt();
-    const std::string key = QKeySequence(event.key() | modifiers).toString(QKeySequence::PortableText).toStdString();
+    const QKeyCombination pressed(event.modifiers() & ~Qt::KeypadModifier, static_cast<Qt::Key>(event.key()));
+    const std::string key = QKeySequence(pressed).toString(QKeySequence::PortableText).toStdString();
     if (const std::optional<Command> command = CommandOfKey(KeyScope::Grid, key))
         return *command;
     if (event.matches(QKeySequence::Copy))

@@ -546,14 +546,14 @@ void CInputPanel::FreezeColumns()
     Doc().display.grids[block_].frozen = columns;
     Grid()->SetFrozenColumns(columns);
     Grid()->scrollTo(Grid()->currentIndex());
-    if (columns == 0)
-        Grid()->TellInStatusBar(tr("列の固定を解除しました。"));
-    else if (columns == 1)
-        Grid()->TellInStatusBar(tr("1 列目を固定しました。表が入力欄より広いとき、横に動かしても見えています。"));
-    else
-        Grid()->TellInStatusBar(
+    QString told = tr("列の固定を解除しました。");
+    if (columns == 1)
+        told = tr("1 列目を固定しました。表が入力欄より広いとき、横に動かしても見えています。");
+    if (columns > 1)
+        told =
             tr("1～%1 列目を固定しました。表が入力欄より広いとき、入力欄の半分に収まる列は、横に動かしても見えています。")
-                .arg(columns));
+                .arg(columns);
+    Grid()->TellInStatusBar(told);
     emit displayChanged();
     emit undoChanged(); // the mark at the command
 }

@@ -17,7 +17,7 @@ struct ReplaceOutcome;
 
 /// One block on show. Holds nothing lasting: what the user types is handed to the document when the focus moves, before
 /// a save and in ClosePanel(). A panel that is deleted without being closed leaves the document as it is.
-class CInputPanel : public CPanel {
+class CInputPanel final : public CPanel {
     Q_OBJECT
 
 public:

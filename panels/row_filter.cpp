@@ -64,7 +64,7 @@ QString CRowFilter::Told() const
 
 void CRowFilter::keyPressEvent(QKeyEvent* event)
 {
-    const QKeySequence key(event->key() | event->modifiers().toInt());
+    const QKeySequence key(event->keyCombination());
     if (event->key() == Qt::Key_Escape || KeysOf(RowOf(Command::FilterRows)).contains(key))
         emit ended();
     else

@@ -189,8 +189,12 @@ GridEffect CSearchPanelSource::Clear(const GridRange& range)
 QString CSearchPanelSource::Copy(const GridRange& range) const
 {
     QStringList lines;
-    for (int row = std::max(range.top, kLineRow); row <= std::min(range.bottom, ShownRows()); ++row)
-        lines << (row == kLineRow ? line_ : RowAt(row)->text);
+    for (int row = std::max(range.top, kLineRow); row <= std::min(range.bottom, ShownRows()); ++row) {
+        if (row == kLineRow)
+            lines << line_;
+        else if (const SearchRow* shown = RowAt(row))
+            lines << shown->text;
+    }
     return lines.join(u'\n');
 }
 

@@ -15,7 +15,7 @@ std::size_t SizeOf(const LooseRows& loose)
     for (const LooseRow& row : loose.rows) {
         bytes += sizeof(row);
         for (const std::string& cell : row.cells)
-            bytes += sizeof(cell) + cell.capacity();
+            bytes += sizeof(std::string) + cell.capacity();
     }
     return bytes;
 }

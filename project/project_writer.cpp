@@ -120,7 +120,7 @@ struct PlaceFinder {
 
 std::size_t Bytes(const std::string& text)
 {
-    return sizeof(text) + text.capacity();
+    return sizeof(std::string) + text.capacity();
 }
 
 template <typename Range>

@@ -363,6 +363,7 @@ void CResultTable::FindExtremes()
         }
         const double* const values = all + items_[row] * valuesOfItem_;
         for (Probe& probe : probes) {
+            // Null only where there is no row. NOLINTNEXTLINE(clang-analyzer-core.NullDereference)
             const double value = values[probe.place] * probe.factor;
             if (!std::isfinite(value)) {
                 ++notNumbers_;

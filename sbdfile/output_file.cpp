@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <type_traits>
 
 namespace sbd {
 
@@ -19,7 +20,7 @@ bool HasOwnExtension(const std::filesystem::path& path)
     const std::filesystem::path name = path.filename();
     std::string letters;                         // small ones; what is not ASCII is none of the extensions'
     for (const auto character : name.native()) { // wide on Windows
-        const auto code = static_cast<std::uint32_t>(character);
+        const auto code = static_cast<std::make_unsigned_t<std::filesystem::path::value_type>>(character);
         const char letter = code > 0x7F ? '?' : static_cast<char>(character);
         letters += letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
     }

@@ -4,6 +4,7 @@
 #include "document/section_doc.h"
 #include "drawing/joint_detail.h"
 #include "panelmodel/panel_model.h"
+#include "project/block_rules.h"
 #include "project/catalogue.h"
 #include "upperview/bridge_sheet.h"
 #include "upperview/display_look.h"
@@ -18,6 +19,7 @@
 #include <QPainter>
 #include <QSignalBlocker>
 #include <QSplitter>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -58,6 +60,7 @@ CDrawingPane::CDrawingPane(CKELDSectionDoc* doc, QWidget* parent)
     , sides_(new QComboBox)
     , camber_(new QCheckBox(u"キャンバー"_s))
     , exaggerations_(new QComboBox)
+    , goToRow_(new QToolButton)
     , told_(new QLabel)
     , canvas_(new CDrawingCanvas)
     , listTitle_(new QLabel)
@@ -103,6 +106,11 @@ void CDrawingPane::MakeChoosers()
     items_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     for (QWidget* each : std::initializer_list<QWidget*>{views_, items_, sides_, exaggerations_, camber_})
         bar->addWidget(each);
+    goToRow_->setText(u"この行の図へ"_s);
+    goToRow_->setToolTip(u"カーソルの行が出ている図に切り替える"_s);
+    goToRow_->setFocusPolicy(Qt::TabFocus); // a click leaves the keyboard in the table
+    goToRow_->hide();
+    bar->addWidget(goToRow_);
     bar->addWidget(told_, 1);
     told_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
@@ -141,6 +149,7 @@ void CDrawingPane::MakeChoosers()
     });
     connect(sides_, &QComboBox::currentIndexChanged, this, &CDrawingPane::OnChoice);
     connect(camber_, &QCheckBox::toggled, this, &CDrawingPane::OnChoice);
+    connect(goToRow_, &QToolButton::clicked, this, &CDrawingPane::GoToRow);
     connect(exaggerations_, &QComboBox::currentIndexChanged, this,
             [this](int index) { canvas_->SetExaggeration(kExaggerations[static_cast<std::size_t>(index)]); });
 }
@@ -158,6 +167,31 @@ void CDrawingPane::Show(DrawingView view)
 void CDrawingPane::ShowItem(std::size_t number)
 {
     items_->setCurrentIndex(static_cast<int>(number));
+}
+
+void CDrawingPane::GoToRow()
+{
+    const std::optional<DrawingRequest> found = DrawingOfRow(doc_->Data(), doc_->Results(), Request(), Selected());
+    if (goToRow_->hasFocus())
+        canvas_->setFocus(); // the button goes
+    if (!found) {
+        goToRow_->hide();
+        told_->setText(u"カーソルの行は、どの図にも出ていません。"_s);
+        told_->setToolTip(told_->text());
+        return;
+    }
+    const GridNames& grid = doc_->Data().gridNames;
+    if (found->view == DrawingView::Elevation || found->view == DrawingView::Joint) {
+        const QSignalBlocker quiet(sides_);
+        sides_->setCurrentIndex(found->side == GirderSide::Right ? 1 : 0);
+        chosen_[Index(DrawingView::Elevation)] = grid.girderNames[found->girder];
+    }
+    if (found->view == DrawingView::Joint)
+        chosen_[Index(DrawingView::Joint)] =
+            JointNames(doc_->Data(), doc_->Results(), found->girder, found->side)[found->joint];
+    if (found->view == DrawingView::Section)
+        chosen_[Index(DrawingView::Section)] = grid.swayNames[found->station];
+    Show(found->view);
 }
 
 void CDrawingPane::SetExaggeration(int times)
@@ -268,11 +302,32 @@ void CDrawingPane::Refresh()
     ShowSelected();
 }
 
+SourceCell CDrawingPane::Selected() const
+{
+    return {CanonicalBlock(doc_->HelpBlock() >= 0 ? doc_->HelpBlock() : doc_->CurrentBlock()), doc_->HelpRow(), 0};
+}
+
+/// Is it a row with data that some drawing may show, though not this one?
+bool CDrawingPane::MayBeElsewhere(const SourceCell& row) const
+{
+    const auto reads = [&](const ViewRow& view) { return IsReadBy(view.view, row.block); };
+    if (doc_->HelpBlock() < 0 || row.row <= WordRowsOf(row.block) || !std::ranges::any_of(kViews, reads)
+        || SpeaksOf(canvas_->Drawing(), row))
+        return false;
+    const std::unique_ptr<CPanelModel> model = MakePanelModel(doc_->Data(), row.block);
+    if (model == nullptr || row.row > model->BlockRows())
+        return false;
+    for (int column = 1; column < model->ColumnCount(); ++column)
+        if (!model->Text(row.row, column).empty())
+            return true;
+    return false;
+}
+
 /// The row under the cursor. Where it says nothing of this drawing although the drawing reads its block, that is told.
 void CDrawingPane::ShowSelected()
 {
-    const int block = CanonicalBlock(doc_->HelpBlock() >= 0 ? doc_->HelpBlock() : doc_->CurrentBlock());
-    const SourceCell selected{block, doc_->HelpRow(), 0};
+    const SourceCell selected = Selected();
+    const int block = selected.block;
     canvas_->SetSelected(selected);
     const BridgeDrawing& drawing = canvas_->Drawing();
     QString text = drawing.provisional ? u"寸法は仮です。"_s : QString();
@@ -296,6 +351,7 @@ void CDrawingPane::ShowSelected()
     }
     told_->setText(text);
     told_->setToolTip(text);
+    goToRow_->setVisible(MayBeElsewhere(selected));
     // The list follows too.
     for (int i = 0; i < omissions_->count(); ++i) {
         const QList<QVariant> place = omissions_->item(i)->data(kPlaceRole).toList();

@@ -18,6 +18,7 @@ class QComboBox;
 class QLabel;
 class QListWidget;
 class QPainter;
+class QToolButton;
 
 namespace sbd {
 
@@ -41,6 +42,9 @@ public:
     [[nodiscard]] DrawingRequest Request() const;
     /// Shows a girder or a cross line of the bridge by its number.
     void ShowItem(std::size_t number);
+    /// Shows the next drawing that speaks of the row under the cursor, of another view where this one has none; where no
+    /// drawing does, that is told.
+    void GoToRow();
     void SetExaggeration(int times);
 
     [[nodiscard]] CDrawingCanvas& Canvas() { return *canvas_; }
@@ -74,6 +78,8 @@ private:
     void Update();
     void ShowOmissions();
     void ShowSelected();
+    [[nodiscard]] SourceCell Selected() const;
+    [[nodiscard]] bool MayBeElsewhere(const SourceCell& row) const;
 
     CKELDSectionDoc* doc_;
     QComboBox* views_;
@@ -81,6 +87,7 @@ private:
     QComboBox* sides_;
     QCheckBox* camber_;
     QComboBox* exaggerations_;
+    QToolButton* goToRow_; // while the drawing does not speak of the row under the cursor
     QLabel* told_;
     CDrawingCanvas* canvas_;
     QLabel* listTitle_;

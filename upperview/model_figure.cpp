@@ -257,7 +257,8 @@ private:
             if (!IsInPane(at, scale_.screen, kDotRadius))
                 continue;
             const QPoint dot(static_cast<int>(at.x), static_cast<int>(at.y));
-            const auto pixel = static_cast<std::size_t>((dot.y() + kDotRadius) * columns + dot.x() + kDotRadius);
+            const auto pixel = static_cast<std::size_t>(dot.y() + kDotRadius) * static_cast<std::size_t>(columns)
+                               + static_cast<std::size_t>(dot.x() + kDotRadius);
             if (pixel < taken.size() && taken[pixel])
                 continue;
             if (pixel < taken.size())

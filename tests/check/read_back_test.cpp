@@ -235,8 +235,8 @@ TEST_F(ReadBackRandom, LookingAtChangedRowsTellsWhatLookingAtEverythingTells)
             const std::size_t edits = 1 + UpTo(2);
             std::string what;
             for (std::size_t i = 0; i < edits; ++i) {
-                const int row = 1 + static_cast<int>(UpTo(static_cast<std::size_t>(panel->BlockRows() + 1)));
-                const int column = 1 + static_cast<int>(UpTo(static_cast<std::size_t>(panel->ColumnCount() - 2)));
+                const int row = 1 + static_cast<int>(UpTo(static_cast<std::size_t>(panel->BlockRows()) + 1));
+                const int column = 1 + static_cast<int>(UpTo(static_cast<std::size_t>(panel->ColumnCount()) - 2));
                 const std::string text = RandomText(random);
                 editor.SetCell(row, column, text);
                 what += std::to_string(block) + "/" + std::to_string(row) + "/" + std::to_string(column) + " "

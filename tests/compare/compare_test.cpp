@@ -14,7 +14,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-using testing::StartsWith;
 
 std::string KindText(DifferenceKind kind)
 {

@@ -44,7 +44,7 @@ struct Bench {
 
     [[nodiscard]] QString Path(const QString& name) const { return folder.filePath(name); }
 
-    QString Copy(const QString& name = u"bridge.sbd"_s) const
+    [[nodiscard]] QString Copy(const QString& name = u"bridge.sbd"_s) const
     {
         const QString path = Path(name);
         QFile::copy(kExample + u".sbd"_s, path);
@@ -439,7 +439,7 @@ void SaveFlowTest::aReloadTakesTheLockOfTheFileThatStandsThere()
     bench.Open(path);
     bench.lock.Release(); // for a run, which puts another file in place
     QVERIFY(QFile::remove(path));
-    bench.Copy();
+    (void)bench.Copy();
     QVERIFY(ReloadDocument(bench.doc, bench.lock));
     QVERIFY(IsHeldByUs(path));
 }

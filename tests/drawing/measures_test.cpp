@@ -10,7 +10,6 @@
 
 namespace sbd {
 
-using testing::DoubleNear;
 using testing::IsEmpty;
 using testing::SizeIs;
 

@@ -73,7 +73,7 @@ struct Answers {
             asked.append(text);
             return changedFile.isEmpty() ? ChangedFileAnswer::Cancel : changedFile.takeFirst();
         };
-        prompts.showDifferences = [this](QWidget*, DifferenceView view) {
+        prompts.showDifferences = [this](QWidget*, const DifferenceView& view) {
             shown.append(view);
             if (withDifferences)
                 withDifferences(view);

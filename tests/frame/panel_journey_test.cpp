@@ -259,7 +259,7 @@ void PanelJourneyTest::keysMoveAsInASpreadsheet_data()
     QTest::addColumn<QString>("selected");
     const int ctrl = Qt::ControlModifier;
     const int shift = Qt::ShiftModifier;
-    const auto row = [](const char* name, QList<int> keys, const char* focus, const char* selected) {
+    const auto row = [](const char* name, const QList<int>& keys, const char* focus, const char* selected) {
         QTest::newRow(name) << keys << QString::fromLatin1(focus) << QString::fromLatin1(selected);
     };
     // From cell (3, 5) of block 313 with 9 columns and filled rows 1 to 5.

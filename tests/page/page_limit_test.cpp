@@ -11,7 +11,6 @@ using namespace sbd;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::IsSupersetOf;
 using testing::Not;
 
 namespace {

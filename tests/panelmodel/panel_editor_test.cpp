@@ -9,7 +9,6 @@ namespace sbd {
 namespace {
 
 using namespace test;
-using ::testing::ElementsAre;
 
 class PanelEditor : public ::testing::Test {
 protected:

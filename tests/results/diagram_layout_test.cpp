@@ -244,7 +244,7 @@ TEST(DiagramLayout, WhatIsNoNumberIsLeftOutAndCounted)
     const GirderDiagram diagram = MakeGirderDiagram(results, 0, "", ResultKind::Force, 4);
     EXPECT_EQ(diagram.notNumbers, 2U);
     for (const PlacedText& text : PageOf(diagram, 900, 500).texts)
-        EXPECT_EQ(text.text.find("n"), std::string::npos) << text.text;
+        EXPECT_EQ(text.text.find('n'), std::string::npos) << text.text;
     const FigureHeading heading =
         DiagramHeading(results, {}, diagram, FitDiagram(diagram, {900, 500}, kFitZoom, {}), {});
     EXPECT_EQ(heading.back().front(),

@@ -95,10 +95,10 @@ TEST(Camber, OtherCharactersKeepTheirBytes)
 
 TEST(Camber, TheDocumentKeepsTheMarks)
 {
-    CSbdData data = Load("[CAMBER]\n  主桁 D1-->(荷重名は無効)\n[END]\n");
-    const CSbdData before = data;
+    const char* const text = "[CAMBER]\n  主桁 D1-->(荷重名は無効)\n[END]\n";
+    const CSbdData data = Load(text);
     static_cast<void>(WriteProject(data));
-    EXPECT_TRUE(data.SameProject(before));
+    EXPECT_TRUE(data.SameProject(Load(text)));
     EXPECT_EQ(RowText(data, 259, 0), "主桁|D1-->(荷重名は無効)");
 }
 

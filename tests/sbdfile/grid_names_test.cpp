@@ -14,7 +14,6 @@ namespace sbd {
 
 namespace {
 
-using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;

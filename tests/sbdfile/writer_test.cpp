@@ -125,10 +125,10 @@ TEST(Writer, ASectionIsWrittenFromItsLeastNumberOfRowsOn)
 
 TEST(Writer, WritingChangesNothingInTheProject)
 {
-    CSbdData data = Load("[SEC_V_STIFF]\n G1 G2\n[END]\n[CBD_GRID]\n 主桁 1 G1\n[END]\n[X]\n[END]\n");
-    const CSbdData before = data;
+    const char* const text = "[SEC_V_STIFF]\n G1 G2\n[END]\n[CBD_GRID]\n 主桁 1 G1\n[END]\n[X]\n[END]\n";
+    const CSbdData data = Load(text);
     const std::string first = WriteProject(data);
-    EXPECT_TRUE(data.SameProject(before));
+    EXPECT_TRUE(data.SameProject(Load(text)));
     EXPECT_EQ(first, WriteProject(data));
 }
 

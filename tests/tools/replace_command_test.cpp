@@ -5,7 +5,6 @@ namespace sbd {
 namespace {
 
 using nlohmann::json;
-using testing::HasSubstr;
 
 constexpr std::string_view kProject = "TITLE:X\n[SEC_GROUP]\n G1 G2\n G2 G10\n[END]\n";
 

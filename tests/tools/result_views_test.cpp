@@ -8,7 +8,6 @@
 namespace sbd {
 
 using nlohmann::json;
-using testing::ElementsAre;
 using testing::SizeIs;
 
 namespace {

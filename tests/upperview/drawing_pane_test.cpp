@@ -15,6 +15,7 @@
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolButton>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -94,6 +95,8 @@ private slots:
     void thePointerIsToldBlockRowAndValues();
     void theRowUnderTheCursorIsRed();
     void aRowThatIsNotInTheDrawingIsSaid();
+    void theDrawingOfTheRowIsAClickAway();
+    void aRowThatNoDrawingShowsIsSaid();
     void onlyWhatAChangeConcernsIsMadeAgain();
     void theWheelKeepsWhatLiesUnderThePointer();
     void aRectangleFillsThePaneAndADoubleClickFits();
@@ -182,6 +185,54 @@ void DrawingPaneTest::aRowThatIsNotInTheDrawingIsSaid()
     const QList<QLabel*> labels = shown.pane->findChildren<QLabel*>();
     QVERIFY(std::ranges::any_of(labels,
                                 [](const QLabel* label) { return label->text().contains(u"この図にありません"_s); }));
+}
+
+void DrawingPaneTest::theDrawingOfTheRowIsAClickAway()
+{
+    Shown shown;
+    auto* button = shown.pane->findChild<QToolButton*>();
+    QVERIFY(button->isHidden());
+    const auto goTo = [&](int block, int row) {
+        shown.doc.SetCurrentBlock(block);
+        shown.doc.SetHelpCell(block, row, 1);
+        shown.pane->Refresh();
+        QVERIFY2(button->isVisible(), qPrintable(u"%1 row %2"_s.arg(block).arg(row)));
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(button->isHidden());
+        QVERIFY(SpeaksOf(shown.Canvas().Drawing(), {block, row, 0}));
+    };
+    shown.Type(313, 2, 2, "G1"); // the first row is of G1 alone now
+    shown.pane->ShowItem(3);
+    goTo(313, 2);
+    QCOMPARE(shown.pane->Request().view, DrawingView::Elevation);
+    QCOMPARE(shown.pane->Request().girder, 0U);
+    goTo(341, 24); // another view: the eighth joint
+    QCOMPARE(shown.pane->Request().view, DrawingView::Joint);
+    QCOMPARE(shown.pane->Request().joint, 7U);
+    goTo(341, 2); // the same view, round the end of its names
+    QCOMPARE(shown.pane->Request().joint, 0U);
+}
+
+void DrawingPaneTest::aRowThatNoDrawingShowsIsSaid()
+{
+    Shown shown;
+    auto* button = shown.pane->findChild<QToolButton*>();
+    shown.doc.SetCurrentBlock(341);
+    for (const int row : {1, 900}) { // the control row; one that is yet to be typed
+        shown.doc.SetHelpCell(341, row, 1);
+        shown.pane->Refresh();
+        QVERIFY(button->isHidden());
+    }
+    shown.Type(341, 24, 3, "J99");
+    shown.doc.SetHelpCell(341, 24, 3);
+    shown.pane->Refresh();
+    QVERIFY(button->isVisible());
+    const DrawingRequest before = shown.pane->Request();
+    QTest::mouseClick(button, Qt::LeftButton);
+    QVERIFY(button->isHidden());
+    QCOMPARE(shown.pane->Request(), before);
+    const QList<QLabel*> labels = shown.pane->findChildren<QLabel*>();
+    QVERIFY(std::ranges::any_of(labels, [](const QLabel* label) { return label->text().contains(u"どの図にも"_s); }));
 }
 
 void DrawingPaneTest::onlyWhatAChangeConcernsIsMadeAgain()

@@ -371,7 +371,7 @@ void ModelFigureTest::thousandsOfDotsArePaintedAsOneByOne()
     AnalysisResults results;
     constexpr int count = 5000;              // more than the pane's size asks for
     for (int node = 0; node < count; ++node) // each on pixels of its own
-        results.nodeTable.coordinates.push_back({double(node * 7 % 300), double(node * 7 / 300), 0});
+        results.nodeTable.coordinates.push_back({double(node * 7 % 300), std::floor(node * 7 / 300.0), 0});
     results.nodeTable.nodeFlags.resize(count);
     results.nodeTable.nodeValues.resize(count);
     results.model.nodeCount = count;

@@ -85,20 +85,20 @@ public:
     }
 
 private:
-    int X(const SketchElement& element, std::size_t i) const
+    [[nodiscard]] int X(const SketchElement& element, std::size_t i) const
     {
         return static_cast<int>(element.numbers[i] * scaleX_) + corner_.x;
     }
-    int Y(const SketchElement& element, std::size_t i) const
+    [[nodiscard]] int Y(const SketchElement& element, std::size_t i) const
     {
         return static_cast<int>(element.numbers[i] * scaleY_) + corner_.y;
     }
-    int Size(const SketchElement& element, std::size_t i) const
+    [[nodiscard]] int Size(const SketchElement& element, std::size_t i) const
     {
         return static_cast<int>(element.numbers[i] * scaleX_);
     }
 
-    std::vector<DrawPoint> Points(const SketchElement& element) const
+    [[nodiscard]] std::vector<DrawPoint> Points(const SketchElement& element) const
     {
         std::vector<DrawPoint> points;
         for (std::size_t i = 0; i + 1 < element.numbers.size(); i += 2)
@@ -106,7 +106,7 @@ private:
         return points;
     }
 
-    std::vector<DrawPoint> Corners(const SketchElement& element) const
+    [[nodiscard]] std::vector<DrawPoint> Corners(const SketchElement& element) const
     {
         const DrawPoint a{X(element, 0), Y(element, 1)};
         const DrawPoint b{X(element, 2), Y(element, 3)};
