@@ -34,44 +34,41 @@ double DistanceOf(const DrawnPoint& at, const DrawnPoint& from, const DrawnPoint
     return std::hypot(at.x - from.x - share * x, at.y - from.y - share * y);
 }
 
-constexpr DrawingView kViewsInOrder[] = {DrawingView::Elevation, DrawingView::Section, DrawingView::Plan,
-                                         DrawingView::Joint};
-static_assert(std::size(kViewsInOrder) == kDrawingViews);
 constexpr std::size_t kMostDrawings = 400; // looked at for one row
 
-/// The drawings of a view, all alike but for what is drawn; not more than are looked at.
-std::vector<DrawingRequest> DrawingsOf(const CSbdData& data, const AnalysisResults& results, DrawingView view,
-                                       bool camber)
+/// Calls `look` with each drawing of a view, all alike but for what is drawn, until it says that it is enough.
+template <typename Look>
+void ForEachDrawing(const CSbdData& data, const AnalysisResults& results, DrawingView view, bool camber,
+                    const Look& look)
 {
-    std::vector<DrawingRequest> all;
     DrawingRequest request;
     request.view = view;
-    if (view == DrawingView::Plan)
-        return {request};
+    if (view == DrawingView::Plan) {
+        static_cast<void>(look(request));
+        return;
+    }
     if (view == DrawingView::Section) {
-        const std::size_t stations = std::min(data.gridNames.swayNames.size(), kMostDrawings);
-        for (request.station = 0; request.station < stations; ++request.station)
-            all.push_back(request);
-        return all;
+        for (; request.station < data.gridNames.swayNames.size(); ++request.station)
+            if (!look(request))
+                return;
+        return;
     }
     const std::vector<std::string>& girders = data.gridNames.girderNames;
     request.camber = camber && view == DrawingView::Elevation;
-    for (request.girder = 0; request.girder < girders.size(); ++request.girder) {
+    for (; request.girder < girders.size(); ++request.girder) {
         const bool isBox = WebsOf(data, girders[request.girder]).IsBox();
-        for (request.side = GirderSide::Left;; request.side = GirderSide::Right) {
+        for (const GirderSide side : {GirderSide::Left, GirderSide::Right}) {
+            if (side == GirderSide::Right && !isBox)
+                continue;
+            request.side = side;
             const std::size_t drawings =
-                view == DrawingView::Joint ? JointNames(data, results, request.girder, request.side).size() : 1;
-            for (request.joint = 0; request.joint < drawings; ++request.joint) {
-                if (all.size() == kMostDrawings)
-                    return all;
-                all.push_back(request);
-            }
+                view == DrawingView::Joint ? JointNames(data, results, request.girder, side).size() : 1;
+            for (request.joint = 0; request.joint < drawings; ++request.joint)
+                if (!look(request))
+                    return;
             request.joint = 0;
-            if (!isBox || request.side == GirderSide::Right)
-                break;
         }
     }
-    return all;
 }
 
 struct Nearness {
@@ -140,27 +137,40 @@ bool SpeaksOf(const BridgeDrawing& drawing, const SourceCell& row)
            || std::ranges::any_of(drawing.labels, isOfRow);
 }
 
-std::optional<DrawingRequest> DrawingOfRow(const CSbdData& data, const AnalysisResults& results,
-                                           const DrawingRequest& request, const SourceCell& row)
+DrawingSearch DrawingOfRow(const CSbdData& data, const AnalysisResults& results, const DrawingRequest& request,
+                           const SourceCell& row, std::chrono::milliseconds most)
 {
-    const auto shown = static_cast<std::size_t>(request.view);
+    const auto end = std::chrono::steady_clock::now() + most;
+    const auto isLate = [&] { return std::chrono::steady_clock::now() >= end; };
+    DrawingSearch search;
     std::size_t looked = 0;
-    for (std::size_t i = 0; i < kDrawingViews; ++i) {
-        const DrawingView view = kViewsInOrder[(shown + i) % kDrawingViews];
+    for (std::size_t i = 0; i < kDrawingViews && search.all && !search.found; ++i) {
+        const auto view = static_cast<DrawingView>((static_cast<std::size_t>(request.view) + i) % kDrawingViews);
         if (!IsReadBy(view, row.block))
             continue;
-        std::vector<DrawingRequest> all = DrawingsOf(data, results, view, request.camber);
-        const auto at = std::ranges::find(all, request);
-        if (at != all.end())
-            std::ranges::rotate(all, at + 1);
-        for (const DrawingRequest& each : all) {
-            if (looked++ == kMostDrawings)
-                return std::nullopt;
-            if (SpeaksOf(MakeDrawing(data, results, each), row))
-                return each;
+        std::vector<DrawingRequest> drawings;
+        ForEachDrawing(data, results, view, request.camber, [&](const DrawingRequest& each) {
+            search.all = looked + drawings.size() < kMostDrawings && !isLate();
+            if (search.all)
+                drawings.push_back(each);
+            return search.all;
+        });
+        const auto shown = std::ranges::find(drawings, request);
+        if (shown != drawings.end())
+            std::ranges::rotate(drawings, shown + 1);
+        for (const DrawingRequest& each : drawings) {
+            if (isLate()) {
+                search.all = false;
+                break;
+            }
+            ++looked;
+            if (SpeaksOf(MakeDrawing(data, results, each), row)) {
+                search.found = each;
+                break;
+            }
         }
     }
-    return std::nullopt;
+    return search;
 }
 
 const DrawnShape* PartAt(const BridgeDrawing& drawing, DrawnPoint at, double reach, double stretch)

@@ -6,6 +6,7 @@
 #include "project/sbd_data.h"
 #include "results/records.h"
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
@@ -40,10 +41,16 @@ struct DrawingRequest {
 /// Does the drawing show anything that this row of a block has made, or say where the row holds?
 [[nodiscard]] bool SpeaksOf(const BridgeDrawing& drawing, const SourceCell& row);
 
+struct DrawingSearch {
+    std::optional<DrawingRequest> found;
+    bool all = true; ///< every drawing was looked at that might have been the one
+};
+
 /// The next drawing after `request`, and round again, that speaks of a row: of the same view first, then of the others that
-/// read its block. Some hundred drawings are looked at, no more; nothing where none of them speaks of it.
-[[nodiscard]] std::optional<DrawingRequest> DrawingOfRow(const CSbdData& data, const AnalysisResults& results,
-                                                         const DrawingRequest& request, const SourceCell& row);
+/// read its block. Some hundred drawings are looked at, none is begun after `most` has passed.
+[[nodiscard]] DrawingSearch DrawingOfRow(const CSbdData& data, const AnalysisResults& results,
+                                         const DrawingRequest& request, const SourceCell& row,
+                                         std::chrono::milliseconds most);
 
 /// The part at a place: a line within `reach` (mm), else the smallest surface around it; null without any. Only parts
 /// that come from a cell are found. `stretch`: heights are seen that much larger.

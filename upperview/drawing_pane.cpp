@@ -32,6 +32,7 @@ namespace {
 
 constexpr int kExaggerations[] = {1, 2, 5};
 constexpr int kPlaceRole = Qt::UserRole;
+constexpr std::chrono::milliseconds kSearch{1000}; // for the drawing of a row
 
 struct ViewRow {
     DrawingView view;
@@ -171,27 +172,29 @@ void CDrawingPane::ShowItem(std::size_t number)
 
 void CDrawingPane::GoToRow()
 {
-    const std::optional<DrawingRequest> found = DrawingOfRow(doc_->Data(), doc_->Results(), Request(), Selected());
+    const DrawingSearch search = DrawingOfRow(doc_->Data(), doc_->Results(), Request(), Selected(), kSearch);
     if (goToRow_->hasFocus())
         canvas_->setFocus(); // the button goes
-    if (!found) {
+    if (!search.found) {
         goToRow_->hide();
-        told_->setText(u"カーソルの行は、どの図にも出ていません。"_s);
+        told_->setText(search.all ? u"カーソルの行は、どの図にも出ていません。"_s
+                                  : u"図が多いため、カーソルの行の図を途中まで探しましたが、見つかりません。"_s);
         told_->setToolTip(told_->text());
         return;
     }
+    const DrawingRequest& found = *search.found;
     const GridNames& grid = doc_->Data().gridNames;
-    if (found->view == DrawingView::Elevation || found->view == DrawingView::Joint) {
+    if (found.view == DrawingView::Elevation || found.view == DrawingView::Joint) {
         const QSignalBlocker quiet(sides_);
-        sides_->setCurrentIndex(found->side == GirderSide::Right ? 1 : 0);
-        chosen_[Index(DrawingView::Elevation)] = grid.girderNames[found->girder];
+        sides_->setCurrentIndex(found.side == GirderSide::Right ? 1 : 0);
+        chosen_[Index(DrawingView::Elevation)] = grid.girderNames[found.girder];
     }
-    if (found->view == DrawingView::Joint)
+    if (found.view == DrawingView::Joint)
         chosen_[Index(DrawingView::Joint)] =
-            JointNames(doc_->Data(), doc_->Results(), found->girder, found->side)[found->joint];
-    if (found->view == DrawingView::Section)
-        chosen_[Index(DrawingView::Section)] = grid.swayNames[found->station];
-    Show(found->view);
+            JointNames(doc_->Data(), doc_->Results(), found.girder, found.side)[found.joint];
+    if (found.view == DrawingView::Section)
+        chosen_[Index(DrawingView::Section)] = grid.swayNames[found.station];
+    Show(found.view);
 }
 
 void CDrawingPane::SetExaggeration(int times)
