@@ -3,7 +3,7 @@
 #   scripts/check-format.sh [--fix]
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
-mapfile -t files < <(git ls-files '*.cpp' '*.h')
+mapfile -t files < <(git ls-files --cached --others --exclude-standard '*.cpp' '*.h')
 if [[ ${1:-} == --fix ]]; then
     clang-format-14 -i "${files[@]}"
     exit

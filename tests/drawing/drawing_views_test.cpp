@@ -1,5 +1,4 @@
 #include "drawing/drawing_views.h"
-
 #include "tests/drawing/sample_bridges.h"
 
 #include <set>
