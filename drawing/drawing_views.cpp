@@ -157,7 +157,7 @@ DrawingSearch DrawingOfRow(const CSbdData& data, const AnalysisResults& results,
         });
         const auto shown = std::ranges::find(drawings, request);
         if (shown != drawings.end())
-            std::ranges::rotate(drawings, shown + 1);
+            std::rotate(drawings.begin(), shown + 1, drawings.end()); // clang has no ranges::rotate with this library
         for (const DrawingRequest& each : drawings) {
             if (isLate()) {
                 search.all = false;
