@@ -55,7 +55,8 @@ void AddBlock(CWorkbook& book, const BookBlock& block)
     for (std::size_t row = 0; row < block.rows.size(); ++row) {
         const std::vector<std::string>& cells = block.rows[row];
         const bool isFixed = row < block.headRows;
-        for (std::uint16_t column = 0; column < std::min(columns, static_cast<std::uint16_t>(cells.size())); ++column) {
+        for (std::size_t i = 0; i < std::min(cells.size(), widths.size()); ++i) {
+            const auto column = static_cast<std::uint16_t>(i);
             CellLook look = isFixed ? fixed : framed;
             look.centred = column == 0; // the row's number
             const double characters = Characters(cells[column]);

@@ -130,11 +130,15 @@ bool IsReadBy(DrawingView view, int block)
     return std::ranges::binary_search(kReads[static_cast<std::size_t>(view)], block);
 }
 
-bool SpeaksOf(const BridgeDrawing& drawing, const SourceCell& row)
+bool IsDrawn(const BridgeDrawing& drawing, const SourceCell& row)
 {
     const auto isOfRow = [&](const auto& part) { return part.source.SameRow(row); };
-    return drawing.UseOf(row.block, row.row) != nullptr || std::ranges::any_of(drawing.shapes, isOfRow)
-           || std::ranges::any_of(drawing.labels, isOfRow);
+    return std::ranges::any_of(drawing.shapes, isOfRow) || std::ranges::any_of(drawing.labels, isOfRow);
+}
+
+bool SpeaksOf(const BridgeDrawing& drawing, const SourceCell& row)
+{
+    return drawing.UseOf(row.block, row.row) != nullptr || IsDrawn(drawing, row);
 }
 
 DrawingSearch DrawingOfRow(const CSbdData& data, const AnalysisResults& results, const DrawingRequest& request,

@@ -38,7 +38,9 @@ struct DrawingRequest {
 /// May a view be another one when this block has changed?
 [[nodiscard]] bool IsReadBy(DrawingView view, int block);
 
-/// Does the drawing show anything that this row of a block has made, or say where the row holds?
+/// Has this row of a block made a part or a label of the drawing?
+[[nodiscard]] bool IsDrawn(const BridgeDrawing& drawing, const SourceCell& row);
+/// Is the row drawn, or does the drawing say where it holds?
 [[nodiscard]] bool SpeaksOf(const BridgeDrawing& drawing, const SourceCell& row);
 
 struct DrawingSearch {

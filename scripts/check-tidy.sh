@@ -19,8 +19,11 @@ if [[ -z $base ]]; then
     fi
 fi
 
-# The most changed files first; a sweep over the whole tree is looked at in part, and that is said.
-mapfile -t changed < <(git diff --numstat --diff-filter=d "$base" -- '*.cpp' | sort -rn | cut -f3)
+# The files that changed last; what was older was looked at when it was new. How many are left out is said.
+mapfile -t changed < <({
+    git diff --name-only HEAD -- '*.cpp'
+    git log --format= --name-only "$base..HEAD" -- '*.cpp'
+} | awk 'NF && !seen[$0]++' | while read -r file; do [[ ! -f $file ]] || echo "$file"; done)
 if ((${#changed[@]} == 0)); then
     echo "tidy: no source file changed since $(git rev-parse --short "$base")"
     exit

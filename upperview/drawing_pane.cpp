@@ -336,14 +336,10 @@ void CDrawingPane::ShowSelected()
     QString text = drawing.provisional ? u"寸法は仮です。"_s : QString();
     if (selected.row > 0 && doc_->HelpBlock() >= 0 && IsReadBy(shown_, block)) {
         const RowUse* use = drawing.UseOf(block, selected.row);
-        const bool isDrawn =
-            std::ranges::any_of(drawing.shapes, [&](const DrawnShape& shape) { return shape.source.SameRow(selected); })
-            || std::ranges::any_of(drawing.labels,
-                                   [&](const DrawnLabel& label) { return label.source.SameRow(selected); });
         const QString row = u"%1 の %2 行目"_s.arg(block).arg(selected.row);
         if (use != nullptr && use->covered)
             text += row + u"は、後の行がすべての範囲で優先されます。"_s;
-        else if (isDrawn)
+        else if (IsDrawn(drawing, selected))
             text += row + u"を赤で示しています。"_s;
         else if (use == nullptr)
             text += row + u"は、この図にありません。"_s;

@@ -82,9 +82,8 @@ void EngineWindowTest::theWindowCannotBeClosed()
     bool stood = false;
     QTimer::singleShot(400, [&] {
         QWidget* window = EngineWindow();
-        if (window == nullptr) {
+        if (window == nullptr)
             return;
-        }
         QVERIFY(!window->windowFlags().testFlag(Qt::WindowCloseButtonHint));
         QTest::keyClick(window->windowHandle(), Qt::Key_Escape);
         QTest::keyClick(window->windowHandle(), Qt::Key_Return);

@@ -58,7 +58,8 @@ void Hatches(QPainter& painter)
     for (const Qt::BrushStyle style : {Qt::HorPattern, Qt::VerPattern, Qt::CrossPattern, Qt::BDiagPattern,
                                        Qt::FDiagPattern, Qt::DiagCrossPattern, Qt::Dense2Pattern, Qt::Dense6Pattern}) {
         painter.setBrush(QBrush(i % 2 == 0 ? Qt::black : Qt::red, style));
-        painter.drawRect(QRectF(8 + i % 4 * 78, 8 + (i - i % 4) * 29, 70, 108));
+        const int line = i / 4;
+        painter.drawRect(QRectF(8 + i % 4 * 78, 8 + line * 116, 70, 108));
         ++i;
     }
 }
