@@ -1,7 +1,6 @@
 #include "sbdfile/output_file.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <string>
 #include <string_view>
 #include <system_error>
